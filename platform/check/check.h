@@ -1,0 +1,8 @@
+// The process stop: the one answer to a programming fault (a table that isn't attached, a NULL that can't
+// be). Not for input and not for hardware: those are answered to the station. It ends the process with
+// status 1 and writes nothing; the three texts are there for a debugger and a core dump.
+#pragma once
+
+[[noreturn]] void check_failed(const char* expr, const char* file, int line);
+
+#define HVT_CHECK(expr) ((expr) ? void(0) : check_failed(#expr, __FILE__, __LINE__))

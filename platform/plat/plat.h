@@ -1,0 +1,134 @@
+// The one seam to the operating system. Modules reach files, nodes, shell lines, libraries, clocks and waits
+// through these functions and through nothing else, so that the same modules run on the phone (plat_linux)
+// and on the virtual phone (a table of its own). Every function has the shape, the results and the errno of
+// the POSIX or Linux function whose name it carries. Threads, mutexes, zlib, Lua and libasound aren't here:
+// they are called directly. plat_attach comes before everything else in main.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <ctime>
+#include <dirent.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <csignal>
+#include <string>
+#include <sys/mman.h>
+#include <sys/select.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/types.h>
+#include <sys/vfs.h>
+#include <unistd.h>
+
+// The callout table. Its owner keeps it alive for the life of the process.
+struct plat_callouts {
+    // files and nodes
+    int (*open)(const char* path, int flags, mode_t mode);
+    int (*close)(int fd);
+    ssize_t (*read)(int fd, void* buf, std::size_t size);
+    ssize_t (*write)(int fd, const void* buf, std::size_t size);
+    off_t (*lseek)(int fd, off_t offset, int whence);
+    int (*ftruncate)(int fd, off_t length);
+    int (*fsync)(int fd);
+    int (*ioctl)(int fd, unsigned long request, void* arg);
+    int (*fcntl)(int fd, int cmd, long arg);
+    void* (*mmap)(void* addr, std::size_t size, int prot, int flags, int fd, off_t offset);
+    int (*munmap)(void* addr, std::size_t size);
+    int (*pipe)(int fds[2]);
+    int (*poll)(pollfd* fds, nfds_t count, int timeout_ms);
+    int (*select)(int nfds, fd_set* rd, fd_set* wr, fd_set* ex, timeval* timeout);
+    int (*stat)(const char* path, struct stat* p_out);
+    int (*access)(const char* path, int mode);
+    DIR* (*opendir)(const char* path);
+    dirent* (*readdir)(DIR* dir);
+    int (*closedir)(DIR* dir);
+    int (*rename)(const char* from, const char* to);
+    int (*unlink)(const char* path);
+    int (*symlink)(const char* target, const char* path);
+    int (*mkdir)(const char* path, mode_t mode);
+    int (*rmdir)(const char* path);
+    // the system
+    int (*system)(const char* line);
+    FILE* (*popen)(const char* line, const char* mode);
+    int (*pclose)(FILE* stream);
+    int (*mount)(const char* device, const char* dir, const char* type, unsigned long flags, const void* data);
+    int (*umount)(const char* dir);
+    int (*statfs)(const char* path, struct statfs* p_out);
+    void (*sync)();
+    void* (*dlopen)(const char* name, int flags);
+    void* (*dlsym)(void* library, const char* name);
+    int (*dlclose)(void* library);
+    int (*uevent_open)();
+    ssize_t (*uevent_recv)(int fd, void* buf, std::size_t size, std::uint32_t* p_sender, ucred* p_cred);
+    // time
+    int (*clock_gettime)(clockid_t clock, timespec* p_out);
+    int (*nanosleep)(const timespec* p_time, timespec* p_left);
+    int (*timer_create)(clockid_t clock, sigevent* p_event, timer_t* p_timer);
+    int (*timer_settime)(timer_t timer, int flags, const itimerspec* p_new, itimerspec* p_old);
+    int (*timer_gettime)(timer_t timer, itimerspec* p_out);
+    int (*timer_delete)(timer_t timer);
+    // where a library must open a file by itself
+    std::string (*host_path)(const char* path);
+};
+
+// Puts a table in force; it must be whole.
+void plat_attach(const plat_callouts* p_co);
+
+int plat_open(const char* path, int flags, mode_t mode = 0);
+int plat_close(int fd);
+ssize_t plat_read(int fd, void* buf, std::size_t size);
+ssize_t plat_write(int fd, const void* buf, std::size_t size);
+off_t plat_lseek(int fd, off_t offset, int whence);
+int plat_ftruncate(int fd, off_t length);
+int plat_fsync(int fd);
+int plat_ioctl(int fd, unsigned long request, void* arg);
+int plat_fcntl(int fd, int cmd, long arg = 0);
+void* plat_mmap(void* addr, std::size_t size, int prot, int flags, int fd, off_t offset);
+int plat_munmap(void* addr, std::size_t size);
+int plat_pipe(int fds[2]);
+int plat_poll(pollfd* fds, nfds_t count, int timeout_ms);
+int plat_select(int nfds, fd_set* rd, fd_set* wr, fd_set* ex, timeval* timeout);
+int plat_stat(const char* path, struct stat* p_out);
+int plat_access(const char* path, int mode);
+DIR* plat_opendir(const char* path);
+dirent* plat_readdir(DIR* dir);
+int plat_closedir(DIR* dir);
+int plat_rename(const char* from, const char* to);
+int plat_unlink(const char* path);
+int plat_symlink(const char* target, const char* path);
+int plat_mkdir(const char* path, mode_t mode);
+int plat_rmdir(const char* path);
+
+// A stdio stream over plat_open, plat_read, plat_write and plat_lseek; `mode` as for fopen. Closed with fclose.
+FILE* plat_fopen(const char* path, const char* mode);
+
+int plat_system(const char* line);
+FILE* plat_popen(const char* line, const char* mode);
+int plat_pclose(FILE* stream);
+int plat_mount(const char* device, const char* dir, const char* type, unsigned long flags, const void* data);
+int plat_umount(const char* dir);
+int plat_statfs(const char* path, struct statfs* p_out);
+void plat_sync();
+void* plat_dlopen(const char* name, int flags);
+void* plat_dlsym(void* library, const char* name);
+int plat_dlclose(void* library);
+
+// A descriptor that hears the kernel's uevents (netlink, group 1), close-on-exec; -1 and errno when that fails.
+int plat_uevent_open();
+
+// One uevent into `buf` of `size` bytes. `*p_sender` is the netlink port of the sender, 0 for the kernel;
+// `*p_cred` its credentials, pid and uid -1 when it came without. Result and errno as of recvmsg.
+ssize_t plat_uevent_recv(int fd, void* buf, std::size_t size, std::uint32_t* p_sender, ucred* p_cred);
+
+int plat_clock_gettime(clockid_t clock, timespec* p_out);
+int plat_nanosleep(const timespec* p_time, timespec* p_left);
+int plat_timer_create(clockid_t clock, sigevent* p_event, timer_t* p_timer);
+int plat_timer_settime(timer_t timer, int flags, const itimerspec* p_new, itimerspec* p_old);
+int plat_timer_gettime(timer_t timer, itimerspec* p_out);
+int plat_timer_delete(timer_t timer);
+
+// Where `path` of the phone lies for a library that opens files by itself (Lua's loader, gzopen): the path
+// itself on the phone. An empty text when the path can't be resolved.
+std::string plat_host_path(const char* path);

@@ -1,0 +1,103 @@
+#include "plat_linux/plat_linux.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <dlfcn.h>
+#include <linux/netlink.h>
+#include <sys/ioctl.h>
+#include <sys/mount.h>
+
+namespace {
+
+int linux_uevent_open()
+{
+    const int fd = socket(AF_NETLINK, SOCK_DGRAM | SOCK_CLOEXEC, NETLINK_KOBJECT_UEVENT);
+    if (fd < 0)
+        return -1;
+    const int on = 1;
+    sockaddr_nl addr{};
+    addr.nl_family = AF_NETLINK;
+    addr.nl_groups = 1;
+    if (setsockopt(fd, SOL_SOCKET, SO_PASSCRED, &on, sizeof on) != 0 ||
+        bind(fd, reinterpret_cast<const sockaddr*>(&addr), sizeof addr) != 0) {
+        const int error = errno;
+        close(fd);
+        errno = error;
+        return -1;
+    }
+    return fd;
+}
+
+ssize_t linux_uevent_recv(int fd, void* buf, std::size_t size, std::uint32_t* p_sender, ucred* p_cred)
+{
+    sockaddr_nl addr{};
+    iovec part{buf, size};
+    alignas(cmsghdr) char control[CMSG_SPACE(sizeof(ucred))];
+    msghdr msg{};
+    msg.msg_name = &addr;
+    msg.msg_namelen = sizeof addr;
+    msg.msg_iov = &part;
+    msg.msg_iovlen = 1;
+    msg.msg_control = control;
+    msg.msg_controllen = sizeof control;
+    const ssize_t n = recvmsg(fd, &msg, 0);
+    if (n < 0)
+        return n;
+    *p_sender = addr.nl_pid;
+    *p_cred = {-1, static_cast<uid_t>(-1), static_cast<gid_t>(-1)};
+    for (cmsghdr* p = CMSG_FIRSTHDR(&msg); p != nullptr; p = CMSG_NXTHDR(&msg, p))
+        if (p->cmsg_level == SOL_SOCKET && p->cmsg_type == SCM_CREDENTIALS)
+            std::memcpy(p_cred, CMSG_DATA(p), sizeof *p_cred);
+    return n;
+}
+
+} // namespace
+
+// clang-format off
+const plat_callouts plat_linux_co = {
+    .open          = [](const char* path, int flags, mode_t mode) { return open(path, flags, mode); },
+    .close         = close,
+    .read          = read,
+    .write         = write,
+    .lseek         = lseek,
+    .ftruncate     = ftruncate,
+    .fsync         = fsync,
+    .ioctl         = [](int fd, unsigned long request, void* arg) { return ioctl(fd, request, arg); },
+    .fcntl         = [](int fd, int cmd, long arg) { return fcntl(fd, cmd, arg); },
+    .mmap          = mmap,
+    .munmap        = munmap,
+    .pipe          = pipe,
+    .poll          = poll,
+    .select        = select,
+    .stat          = stat,
+    .access        = access,
+    .opendir       = opendir,
+    .readdir       = readdir,
+    .closedir      = closedir,
+    .rename        = rename,
+    .unlink        = unlink,
+    .symlink       = symlink,
+    .mkdir         = mkdir,
+    .rmdir         = rmdir,
+    .system        = system,
+    .popen         = popen,
+    .pclose        = pclose,
+    .mount         = mount,
+    .umount        = umount,
+    .statfs        = statfs,
+    .sync          = sync,
+    .dlopen        = dlopen,
+    .dlsym         = dlsym,
+    .dlclose       = dlclose,
+    .uevent_open   = linux_uevent_open,
+    .uevent_recv   = linux_uevent_recv,
+    .clock_gettime = clock_gettime,
+    .nanosleep     = nanosleep,
+    .timer_create  = timer_create,
+    .timer_settime = timer_settime,
+    .timer_gettime = timer_gettime,
+    .timer_delete  = timer_delete,
+    .host_path     = [](const char* path) { return std::string(path); },
+};
+// clang-format on
