@@ -13,7 +13,8 @@ TEST(Pbuf, ByteOrder)
 {
     bytes out(15);
     EXPECT_EQ(pbuf_pack(out.data(), "HhWwbB", 0x1234, 0x1234, 0x89ABCDEFU, 0x89ABCDEFU, 0x1F0, -1), 14);
-    EXPECT_EQ(out, (bytes{0x12, 0x34, 0x34, 0x12, 0x89, 0xAB, 0xCD, 0xEF, 0xEF, 0xCD, 0xAB, 0x89, 0xF0, 0xFF, 0}));
+    EXPECT_EQ(out,
+              (bytes{0x12, 0x34, 0x34, 0x12, 0x89, 0xAB, 0xCD, 0xEF, 0xEF, 0xCD, 0xAB, 0x89, 0xF0, 0xFF, 0}));
 }
 
 TEST(Pbuf, WhatItPacksItUnpacks)
@@ -32,7 +33,8 @@ TEST(Pbuf, WhatItPacksItUnpacks)
         unsigned short h1, h2;
         unsigned char b1;
         bytes back(data.size());
-        ASSERT_EQ(pbuf_unpack(wire.data(), "bsdWhwH", &b1, count, back.data(), &w1, &h1, &w2, &h2), count + 13);
+        ASSERT_EQ(pbuf_unpack(wire.data(), "bsdWhwH", &b1, count, back.data(), &w1, &h1, &w2, &h2),
+                  count + 13);
         EXPECT_EQ(back, data);
         EXPECT_TRUE(b1 == b && w1 == w && w2 == ~w && h1 == h && h2 == h);
     }

@@ -18,7 +18,7 @@ struct cio_stdio {
     cio_dev_obj obj;
     bool open;
     termios saved;
-    core_rd_client rd_client;
+    core_rd_cb_client rd_client;
 };
 
 bool cio_stdio_used;

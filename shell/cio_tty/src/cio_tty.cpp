@@ -20,7 +20,7 @@ struct cio_tty {
     const cio_tty_config* p_cfg;
     int fd; // -1 when closed
     termios tio;
-    core_rd_client rd_client;
+    core_rd_cb_client rd_client;
 };
 
 cio_tty* self(cio_dev_obj* p_obj)
