@@ -5,6 +5,7 @@
 // they are called directly. plat_attach comes before everything else in main.
 #pragma once
 
+#include <csignal>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -12,7 +13,6 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <poll.h>
-#include <csignal>
 #include <string>
 #include <sys/mman.h>
 #include <sys/select.h>
@@ -53,7 +53,8 @@ struct plat_callouts {
     int (*system)(const char* line);
     FILE* (*popen)(const char* line, const char* mode);
     int (*pclose)(FILE* stream);
-    int (*mount)(const char* device, const char* dir, const char* type, unsigned long flags, const void* data);
+    int (*mount)(const char* device, const char* dir, const char* type, unsigned long flags,
+                 const void* data);
     int (*umount)(const char* dir);
     int (*statfs)(const char* path, struct statfs* p_out);
     void (*sync)();
@@ -101,7 +102,8 @@ int plat_symlink(const char* target, const char* path);
 int plat_mkdir(const char* path, mode_t mode);
 int plat_rmdir(const char* path);
 
-// A stdio stream over plat_open, plat_read, plat_write and plat_lseek; `mode` as for fopen. Closed with fclose.
+// A stdio stream over plat_open, plat_read, plat_write and plat_lseek; `mode` as for fopen. Closed with
+// fclose.
 FILE* plat_fopen(const char* path, const char* mode);
 
 int plat_system(const char* line);
@@ -115,7 +117,8 @@ void* plat_dlopen(const char* name, int flags);
 void* plat_dlsym(void* library, const char* name);
 int plat_dlclose(void* library);
 
-// A descriptor that hears the kernel's uevents (netlink, group 1), close-on-exec; -1 and errno when that fails.
+// A descriptor that hears the kernel's uevents (netlink, group 1), close-on-exec; -1 and errno when that
+// fails.
 int plat_uevent_open();
 
 // One uevent into `buf` of `size` bytes. `*p_sender` is the netlink port of the sender, 0 for the kernel;

@@ -1,0 +1,514 @@
+#include "core/clock.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <condition_variable>
+#include <cstdio>
+#include <list>
+#include <memory>
+#include <mutex>
+#include <sys/eventfd.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+#include "core/control.h"
+#include "core/text.h"
+
+namespace phone {
+
+namespace {
+
+constexpr nanoseconds ns_per_ms = 1'000'000;
+constexpr nanoseconds ns_per_s = 1'000'000'000;
+
+// A thread that is blocked: until when, and the eventfd that wakes it before.
+struct waiter {
+    nanoseconds deadline;
+    int kick_fd;
+    bool counted; // a step has already counted it as at work again
+};
+
+struct timer {
+    int id;
+    nanoseconds deadline; // forever when disarmed
+    nanoseconds interval;
+    std::shared_ptr<std::function<void()>> fire;
+};
+
+std::mutex clock_mutex; // guards all below
+std::condition_variable work_changed;
+nanoseconds host_base;  // the host's clock at the last change of pace
+nanoseconds phone_base; // the phone's clock at that moment
+nanoseconds wall_offset;
+double pace = 1;
+bool held;
+std::list<waiter*> waiters;
+std::list<timer> timers;
+int next_timer = 1;
+int at_work;            // threads that aren't blocked
+std::uint64_t activity; // grows with every block and wake, so that a stuck worker can be told from a busy one
+
+// The main loop's last wait for input.
+bool loop_ran;
+bool loop_waits;
+int loop_nfds;
+fd_set loop_rd;
+std::thread::id main_thread;
+
+nanoseconds host_now(clockid_t clock)
+{
+    timespec t;
+    ::clock_gettime(clock, &t);
+    return t.tv_sec * ns_per_s + t.tv_nsec;
+}
+
+nanoseconds now_locked()
+{
+    if (held)
+        return phone_base;
+    return phone_base +
+           static_cast<nanoseconds>(static_cast<double>(host_now(CLOCK_MONOTONIC) - host_base) * pace);
+}
+
+void rebase_locked()
+{
+    phone_base = now_locked();
+    host_base = host_now(CLOCK_MONOTONIC);
+}
+
+void kick_locked()
+{
+    for (const waiter* w : waiters) {
+        const std::uint64_t one = 1;
+        [[maybe_unused]] const ssize_t n = ::write(w->kick_fd, &one, sizeof one);
+    }
+}
+
+// How long the host waits for `deadline`; forever while the clock stands.
+nanoseconds host_time_to_locked(nanoseconds deadline)
+{
+    if (deadline == forever || held)
+        return forever;
+    const nanoseconds left = deadline - now_locked();
+    if (left <= 0)
+        return 0;
+    const double host = static_cast<double>(left) / pace;
+    return host > 1e18 ? forever : static_cast<nanoseconds>(host) + 1;
+}
+
+// Each thread's own wake-up descriptor, and its place in the count of those at work.
+struct thread_mark {
+    int kick_fd = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    bool known = false; // its work is counted
+    ~thread_mark()
+    {
+        if (known)
+            leave();
+        close(kick_fd);
+    }
+    void enter()
+    {
+        const std::lock_guard lock(clock_mutex);
+        known = true;
+        at_work++;
+    }
+    void leave()
+    {
+        const std::lock_guard lock(clock_mutex);
+        known = false;
+        at_work--;
+        activity++;
+        work_changed.notify_all();
+    }
+};
+
+thread_local thread_mark mark;
+
+// Blocks with `wait_host(timeout)` until it gives a result other than 0, or the deadline comes. wait_host
+// waits for the thread's kick_fd too and gives 0 when only that, or its time-out, ended it.
+template <typename Wait>
+int block(nanoseconds deadline, Wait wait_host)
+{
+    waiter w{deadline, mark.kick_fd, false};
+    std::unique_lock lock(clock_mutex);
+    if (!mark.known) {
+        mark.known = true; // a thread of the program that the clock meets for the first time
+        at_work++;
+    }
+    waiters.push_back(&w);
+    at_work--;
+    activity++;
+    work_changed.notify_all();
+    int result = 0;
+    while (result == 0 && now_locked() < deadline) {
+        const nanoseconds timeout = host_time_to_locked(deadline);
+        lock.unlock();
+        result = wait_host(timeout);
+        std::uint64_t kicks;
+        [[maybe_unused]] const ssize_t n = ::read(w.kick_fd, &kicks, sizeof kicks);
+        lock.lock();
+        if (result < 0)
+            break;
+    }
+    if (!w.counted)
+        at_work++;
+    activity++;
+    waiters.remove(&w);
+    return result;
+}
+
+timespec to_timespec(nanoseconds t)
+{
+    return {t / ns_per_s, t % ns_per_s};
+}
+
+void run_timer(std::shared_ptr<std::function<void()>> fire)
+{
+    mark.known = true; // counted by who started it
+    (*fire)();
+}
+
+// Fires what is due. The expiries count as work from now on.
+void fire_due_locked()
+{
+    const nanoseconds now = now_locked();
+    for (;;) {
+        timer* p_due = nullptr;
+        for (timer& t : timers)
+            if (t.deadline <= now && (p_due == nullptr || t.deadline < p_due->deadline))
+                p_due = &t;
+        if (p_due == nullptr)
+            return;
+        p_due->deadline = p_due->interval > 0 ? p_due->deadline + p_due->interval : forever;
+        at_work++;
+        activity++;
+        std::thread(run_timer, p_due->fire).detach();
+    }
+}
+
+nanoseconds next_timer_locked()
+{
+    nanoseconds next = forever;
+    for (const timer& t : timers)
+        next = std::min(next, t.deadline);
+    return next;
+}
+
+std::condition_variable timers_changed;
+
+void timer_loop()
+{
+    std::unique_lock lock(clock_mutex);
+    for (;;) {
+        fire_due_locked();
+        const nanoseconds timeout = host_time_to_locked(next_timer_locked());
+        if (timeout == forever)
+            timers_changed.wait(lock);
+        else
+            timers_changed.wait_for(lock, std::chrono::nanoseconds(std::min(timeout, 3600 * ns_per_s)));
+    }
+}
+
+void time_changed_locked()
+{
+    kick_locked();
+    timers_changed.notify_all();
+}
+
+// The loop waits, and what it waits for isn't there.
+bool loop_idle_locked()
+{
+    if (!loop_waits)
+        return false;
+    fd_set rd = loop_rd;
+    timeval none{};
+    return ::select(loop_nfds, &rd, nullptr, nullptr, &none) == 0;
+}
+
+bool loop_has_input_locked()
+{
+    return loop_waits && !loop_idle_locked();
+}
+
+// Waits until no thread is at work and the loop has nothing to read. A thread that has gone to wait for
+// something the clock can't see (a lock, a condition) is given 200 ms without a sign of life.
+void settle(std::unique_lock<std::mutex>& lock)
+{
+    const auto bound = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    auto quiet_since = std::chrono::steady_clock::now();
+    std::uint64_t seen = activity;
+    while (at_work > 0 || loop_has_input_locked()) {
+        work_changed.wait_for(lock, std::chrono::microseconds(at_work > 0 ? 2000 : 50));
+        const auto now = std::chrono::steady_clock::now();
+        if (activity != seen) {
+            seen = activity;
+            quiet_since = now;
+        }
+        if (now > bound || now - quiet_since > std::chrono::milliseconds(200))
+            return;
+    }
+}
+
+// Moves the clock on to `target`, one deadline after the other, and lets the work of each be done.
+void step(nanoseconds span)
+{
+    std::unique_lock lock(clock_mutex);
+    rebase_locked();
+    const bool was_held = held;
+    held = true;
+    const nanoseconds target = phone_base + span;
+    for (;;) {
+        settle(lock);
+        nanoseconds next = next_timer_locked();
+        for (const waiter* w : waiters)
+            if (!w->counted)
+                next = std::min(next, w->deadline);
+        if (next > target)
+            break;
+        phone_base = std::max(phone_base, next);
+        for (waiter* w : waiters) {
+            if (w->deadline > phone_base || w->counted)
+                continue;
+            w->counted = true;
+            at_work++;
+        }
+        fire_due_locked();
+        time_changed_locked();
+    }
+    phone_base = std::max(phone_base, target);
+    rebase_locked();
+    held = was_held;
+    time_changed_locked();
+}
+
+std::string word_clock(request& rq)
+{
+    if (rq.args.size() == 1 && (rq.args[0] == "hold" || rq.args[0] == "run")) {
+        const std::lock_guard lock(clock_mutex);
+        rebase_locked();
+        held = rq.args[0] == "hold";
+        time_changed_locked();
+        return {};
+    }
+    if (rq.args.size() == 1 && rq.args[0].starts_with('+')) {
+        const auto ms = number(std::string_view(rq.args[0]).substr(1));
+        if (ms && *ms >= 0 && *ms <= INT32_MAX) {
+            step(*ms * ns_per_ms);
+            return {};
+        }
+    }
+    if (rq.args.empty()) {
+        char text[64];
+        std::snprintf(text, sizeof text, "%lld",
+                      static_cast<long long>(clock_now(CLOCK_MONOTONIC) / ns_per_ms));
+        rq.answer = text;
+        return {};
+    }
+    return "hold, run or +MS with 0 to 2147483647 ms is wanted";
+}
+
+std::string word_speed(request& rq)
+{
+    if (rq.args.empty()) {
+        const std::lock_guard lock(clock_mutex);
+        char text[32];
+        std::snprintf(text, sizeof text, "%g", pace);
+        rq.answer = text;
+        return {};
+    }
+    char* p_end;
+    const double factor = std::strtod(rq.args[0].c_str(), &p_end);
+    if (*p_end != '\0' || rq.args.size() != 1 || !(factor >= 1 && factor <= 1000))
+        return "a factor from 1 to 1000 is wanted";
+    clock_set_speed(factor);
+    return {};
+}
+
+std::string word_idle(request&)
+{
+    const auto bound = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    std::unique_lock lock(clock_mutex);
+    while (!loop_idle_locked()) {
+        work_changed.wait_for(lock, std::chrono::microseconds(100));
+        if (std::chrono::steady_clock::now() > bound)
+            return "the program has been at work for 60 s";
+    }
+    return {};
+}
+
+} // namespace
+
+nanoseconds clock_now(clockid_t clock)
+{
+    const std::lock_guard lock(clock_mutex);
+    return now_locked() + (clock == CLOCK_REALTIME ? wall_offset : 0);
+}
+
+void clock_sleep_until(nanoseconds deadline)
+{
+    block(deadline, [](nanoseconds timeout) {
+        pollfd fd{mark.kick_fd, POLLIN, 0};
+        const timespec t = to_timespec(timeout);
+        ::ppoll(&fd, 1, timeout == forever ? nullptr : &t, nullptr);
+        return 0;
+    });
+}
+
+int clock_poll(pollfd* fds, nfds_t count, nanoseconds timeout)
+{
+    if (timeout == 0)
+        return ::poll(fds, count, 0);
+    std::vector<pollfd> all(fds, fds + count);
+    all.push_back({mark.kick_fd, POLLIN, 0});
+    const nanoseconds deadline = timeout == forever ? forever : clock_now(CLOCK_MONOTONIC) + timeout;
+    return block(deadline, [&](nanoseconds host) {
+        const timespec t = to_timespec(host);
+        int n = ::ppoll(all.data(), all.size(), host == forever ? nullptr : &t, nullptr);
+        if (n > 0 && all.back().revents != 0)
+            n--;
+        for (nfds_t i = 0; i < count; i++)
+            fds[i].revents = all[i].revents;
+        return n;
+    });
+}
+
+int clock_select(int nfds, fd_set* rd, fd_set* wr, fd_set* ex, nanoseconds timeout)
+{
+    const auto given = [](const fd_set* p) {
+        fd_set none;
+        FD_ZERO(&none);
+        return p != nullptr ? *p : none;
+    };
+    const fd_set sets[3] = {given(rd), given(wr), given(ex)};
+    fd_set found[3];
+    const bool is_loop = timeout == forever && std::this_thread::get_id() == main_thread;
+    if (is_loop) {
+        const std::lock_guard lock(clock_mutex);
+        loop_ran = true;
+        loop_waits = true;
+        loop_nfds = nfds;
+        loop_rd = sets[0];
+    }
+    const nanoseconds deadline = timeout == forever ? forever : clock_now(CLOCK_MONOTONIC) + timeout;
+    const int result = block(deadline, [&](nanoseconds host) {
+        std::copy(std::begin(sets), std::end(sets), std::begin(found));
+        FD_SET(mark.kick_fd, &found[0]);
+        const timespec t = to_timespec(host);
+        const int n = ::pselect(std::max(nfds, mark.kick_fd + 1), &found[0], &found[1], &found[2],
+                                host == forever ? nullptr : &t, nullptr);
+        if (n <= 0 || !FD_ISSET(mark.kick_fd, &found[0]))
+            return n;
+        FD_CLR(mark.kick_fd, &found[0]);
+        return n - 1;
+    });
+    if (is_loop) {
+        const std::lock_guard lock(clock_mutex);
+        loop_waits = false;
+    }
+    fd_set* const results[3] = {rd, wr, ex};
+    for (int i = 0; i < 3 && result >= 0; i++) {
+        if (results[i] == nullptr)
+            continue;
+        if (result > 0)
+            *results[i] = found[i];
+        else
+            FD_ZERO(results[i]);
+    }
+    return result;
+}
+
+void clock_kick()
+{
+    const std::lock_guard lock(clock_mutex);
+    kick_locked();
+}
+
+int clock_timer_create(std::function<void()> fire)
+{
+    const std::lock_guard lock(clock_mutex);
+    timers.push_back({next_timer, forever, 0, std::make_shared<std::function<void()>>(std::move(fire))});
+    return next_timer++;
+}
+
+namespace {
+
+timer* find_timer_locked(int id)
+{
+    for (timer& t : timers)
+        if (t.id == id)
+            return &t;
+    return nullptr;
+}
+
+} // namespace
+
+bool clock_timer_set(int id, nanoseconds time, nanoseconds interval)
+{
+    const std::lock_guard lock(clock_mutex);
+    timer* p = find_timer_locked(id);
+    if (p == nullptr)
+        return false;
+    p->deadline = time > 0 ? now_locked() + time : forever;
+    p->interval = interval;
+    timers_changed.notify_all();
+    return true;
+}
+
+bool clock_timer_get(int id, nanoseconds* p_left, nanoseconds* p_interval)
+{
+    const std::lock_guard lock(clock_mutex);
+    const timer* p = find_timer_locked(id);
+    if (p == nullptr)
+        return false;
+    // An armed timer never reads as disarmed, even when its moment is here.
+    *p_left = p->deadline == forever ? 0 : std::max<nanoseconds>(p->deadline - now_locked(), 1);
+    *p_interval = p->interval;
+    return true;
+}
+
+bool clock_timer_delete(int id)
+{
+    const std::lock_guard lock(clock_mutex);
+    return timers.remove_if([id](const timer& t) { return t.id == id; }) > 0;
+}
+
+void clock_thread(std::function<void()> body)
+{
+    {
+        const std::lock_guard lock(clock_mutex);
+        at_work++;
+    }
+    std::thread([body = std::move(body)] {
+        mark.known = true;
+        body();
+    }).detach();
+}
+
+bool clock_loop_runs()
+{
+    const std::lock_guard lock(clock_mutex);
+    return loop_ran;
+}
+
+void clock_set_speed(double factor)
+{
+    const std::lock_guard lock(clock_mutex);
+    rebase_locked();
+    pace = factor;
+    time_changed_locked();
+}
+
+void clock_attach()
+{
+    host_base = phone_base = host_now(CLOCK_MONOTONIC);
+    wall_offset = host_now(CLOCK_REALTIME) - phone_base;
+    main_thread = std::this_thread::get_id();
+    mark.enter();
+    word_add("clock", "hold|run|+MS", "stops the phone's clocks, lets them run, moves them on", word_clock);
+    word_add("speed", "[F]", "how many times as fast as real time the phone lives, 1 to 1000", word_speed);
+    word_add("idle", "", "answers when the program's loop waits for input and has none", word_idle);
+    std::thread(timer_loop).detach();
+}
+
+} // namespace phone

@@ -1,0 +1,49 @@
+// The phone's time. It may run F times as fast as the host's, stand still, or be moved on in steps; the wall
+// clock, the monotonic clock, sleeps, timers, time-outs and the phone's own devices all live by it. It also
+// knows which threads are at work, so that a step goes on only when the work of the step before is done.
+#pragma once
+
+#include <csignal>
+#include <cstdint>
+#include <ctime>
+#include <functional>
+#include <poll.h>
+#include <sys/select.h>
+
+namespace phone {
+
+using nanoseconds = std::int64_t;
+constexpr nanoseconds forever = INT64_MAX;
+
+// CLOCK_REALTIME, or for any other clock the monotonic one.
+nanoseconds clock_now(clockid_t clock);
+
+// Blocks the calling thread until the monotonic clock reaches `deadline`.
+void clock_sleep_until(nanoseconds deadline);
+
+// poll and select, the time-out in the phone's time. They look at their descriptors anew after clock_kick.
+int clock_poll(pollfd* fds, nfds_t count, nanoseconds timeout);
+int clock_select(int nfds, fd_set* rd, fd_set* wr, fd_set* ex, nanoseconds timeout);
+
+// Wakes every blocked thread, so that it looks at its descriptors and at the time again.
+void clock_kick();
+
+// One-shot or periodic timers that call `fire` on a thread of its own at each expiry. Times are relative;
+// 0 disarms.
+int clock_timer_create(std::function<void()> fire);
+bool clock_timer_set(int timer, nanoseconds time, nanoseconds interval);
+bool clock_timer_get(int timer, nanoseconds* p_left, nanoseconds* p_interval);
+bool clock_timer_delete(int timer);
+
+// A thread of the phone's own whose work counts as the phone's work: `body` runs with the thread known to the
+// clock, and blocks only through the calls above.
+void clock_thread(std::function<void()> body);
+
+// True once the program's main loop has waited for input for the first time.
+bool clock_loop_runs();
+
+// Starts the clock; the calling thread is the program's main thread. Adds the words `clock`, `speed`, `idle`.
+void clock_attach();
+void clock_set_speed(double factor);
+
+} // namespace phone

@@ -1,0 +1,117 @@
+#include "core/conf.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <map>
+#include <set>
+#include <unistd.h>
+
+#include "core/control.h"
+#include "core/files.h"
+#include "core/home.h"
+#include "core/text.h"
+
+namespace phone {
+
+namespace {
+
+struct word_line {
+    int number;
+    std::string text;
+};
+
+std::map<std::string, conf_fn, std::less<>> keys;
+std::set<std::string, std::less<>> word_keys;
+std::map<std::string, void (*)(), std::less<>> offers;
+std::vector<word_line> word_lines;
+
+std::string wrong_line(int line, const std::string& what)
+{
+    return home_path("phone.conf") + ", line " + std::to_string(line) + ": " + what;
+}
+
+std::string read_line(int line, std::string_view text)
+{
+    const std::vector<std::string> found = words(text.substr(0, text.find('#')));
+    if (found.empty())
+        return {};
+    if (word_keys.contains(found[0])) {
+        word_lines.push_back({line, std::string(trimmed(text.substr(0, text.find('#'))))});
+        return {};
+    }
+    const auto key = keys.find(found[0]);
+    if (key == keys.end())
+        return wrong_line(line, "\"" + found[0] + "\" isn't understood");
+    const std::string wrong = key->second({found.begin() + 1, found.end()});
+    return wrong.empty() ? "" : wrong_line(line, wrong);
+}
+
+std::string conf_without(const std::vector<std::string>& args)
+{
+    if (args.size() != 1 || args[0][0] != '/')
+        return "without wants one path";
+    path_without(args[0]);
+    return {};
+}
+
+std::string conf_with(const std::vector<std::string>& args)
+{
+    if (args.size() != 1)
+        return "with wants one path";
+    const auto found = offers.find(args[0]);
+    if (found == offers.end())
+        return "no phone has " + args[0];
+    found->second();
+    return {};
+}
+
+} // namespace
+
+void conf_add(std::string_view key, conf_fn fn)
+{
+    keys.emplace(key, fn);
+}
+
+void conf_add_word(std::string_view word)
+{
+    word_keys.emplace(word);
+}
+
+std::string conf_read()
+{
+    const std::string path = home_path("phone.conf");
+    if (access(path.c_str(), F_OK) != 0)
+        return {};
+    std::ifstream file(path);
+    if (!file)
+        return path + ": can't be read: " + std::strerror(errno);
+    std::string text;
+    for (int line = 1; std::getline(file, text); line++)
+        if (std::string wrong = read_line(line, text); !wrong.empty())
+            return wrong;
+    return {};
+}
+
+std::string conf_run_words()
+{
+    for (const word_line& line : word_lines) {
+        const std::string answer = control_request(line.text);
+        if (answer.starts_with("error: "))
+            return wrong_line(line.number, std::string(trimmed(answer.substr(7))));
+    }
+    return {};
+}
+
+void conf_attach()
+{
+    conf_add("without", conf_without);
+    conf_add("with", conf_with);
+}
+
+void conf_offer(std::string_view path, void (*add)())
+{
+    offers.emplace(path, add);
+}
+
+} // namespace phone

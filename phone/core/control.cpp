@@ -1,0 +1,145 @@
+#include "core/control.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <map>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <thread>
+#include <unistd.h>
+
+#include "core/home.h"
+#include "core/text.h"
+
+namespace phone {
+
+namespace {
+
+struct word {
+    std::string usage;
+    std::string help;
+    word_fn fn;
+};
+
+constexpr std::size_t request_limit = 1 << 20;
+constexpr int connection_limit = 32;
+
+std::map<std::string, word, std::less<>> control_words;
+std::atomic<int> connections;
+
+bool send_all(int fd, std::string_view text)
+{
+    while (!text.empty()) {
+        const ssize_t n = send(fd, text.data(), text.size(), MSG_NOSIGNAL);
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
+            return false;
+        text.remove_prefix(static_cast<std::size_t>(n));
+    }
+    return true;
+}
+
+void serve(int fd)
+{
+    std::string pending;
+    char part[4096];
+    ssize_t n;
+    while ((n = recv(fd, part, sizeof part, 0)) > 0) {
+        pending.append(part, static_cast<std::size_t>(n));
+        std::size_t end;
+        while ((end = pending.find('\n')) != pending.npos) {
+            const std::string answer = control_request(std::string_view(pending).substr(0, end));
+            pending.erase(0, end + 1);
+            if (!send_all(fd, answer))
+                break;
+        }
+        if (pending.size() > request_limit) {
+            send_all(fd, "error: the request is too long\n");
+            break;
+        }
+    }
+    close(fd);
+    connections--;
+}
+
+void accept_loop(int listener)
+{
+    for (;;) {
+        const int fd = accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
+        if (fd < 0) {
+            if (errno == EMFILE || errno == ENFILE)
+                std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            continue;
+        }
+        if (connections >= connection_limit) {
+            send_all(fd, "error: too many connections\n");
+            close(fd);
+            continue;
+        }
+        connections++;
+        std::thread(serve, fd).detach();
+    }
+}
+
+std::string list_words(request& rq)
+{
+    for (const auto& [name, w] : control_words) {
+        std::string line = name + (w.usage.empty() ? "" : " " + w.usage);
+        if (line.size() < 40)
+            line.resize(40, ' ');
+        rq.answer += (rq.answer.empty() ? "" : "\n") + line + " " + w.help;
+    }
+    return {};
+}
+
+} // namespace
+
+void word_add(std::string_view name, std::string_view usage, std::string_view help, word_fn fn)
+{
+    control_words.emplace(name, word{std::string(usage), std::string(help), fn});
+}
+
+std::string control_request(std::string_view line)
+{
+    line = trimmed(line);
+    const std::string_view name = line.substr(0, line.find_first_of(" \t"));
+    const auto found = control_words.find(name);
+    if (found == control_words.end())
+        return "error: no word \"" + escaped(name) + "\"; \"help\" lists them\n";
+    request rq;
+    rq.rest = std::string(trimmed(line.substr(name.size())));
+    rq.args = words(rq.rest);
+    const std::string wrong = found->second.fn(rq);
+    if (!wrong.empty())
+        return "error: " + wrong + "\n";
+    return (rq.answer.empty() ? "" : rq.answer + "\n") + "ok\n";
+}
+
+std::string control_start()
+{
+    word_add("help", "", "lists the words of this build", list_words);
+    const std::string path = home_path("control");
+    const int dir = open(home_path("").c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    const int listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    // By way of the folder's descriptor, since a socket's path is short and DIR may be long.
+    sockaddr_un addr{};
+    addr.sun_family = AF_UNIX;
+    std::snprintf(addr.sun_path, sizeof addr.sun_path, "/proc/self/fd/%d/control", dir);
+    unlink(path.c_str());
+    const bool bound = dir >= 0 && listener >= 0 &&
+                       bind(listener, reinterpret_cast<const sockaddr*>(&addr), sizeof addr) == 0 &&
+                       listen(listener, 8) == 0;
+    const std::string wrong = bound ? "" : path + ": can't be opened: " + std::strerror(errno);
+    if (dir >= 0)
+        close(dir);
+    if (bound)
+        std::thread(accept_loop, listener).detach();
+    return wrong;
+}
+
+} // namespace phone

@@ -1,0 +1,29 @@
+// The control port, DIR/control: one request a line, answered by any number of lines and "ok" or "error:
+// ...". Devices add the words that set them from outside; `help` lists them. Each connection has a thread.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace phone {
+
+struct request {
+    std::vector<std::string> args; // the words behind the first
+    std::string rest;              // the same as one text, blanks as given
+    std::string answer;            // lines joined by line ends; an empty answer is "ok" alone
+};
+
+// Carries out a request; the result is empty, or why it can't be done.
+using word_fn = std::string (*)(request& rq);
+
+// `usage` shows the values, `help` says the effect in a few words. Only before control_start.
+void word_add(std::string_view name, std::string_view usage, std::string_view help, word_fn fn);
+
+// Carries out one request line; the result is what goes back, final line included.
+std::string control_request(std::string_view line);
+
+// Opens the port and serves it. The result is empty, or what is wrong.
+std::string control_start();
+
+} // namespace phone

@@ -1,0 +1,235 @@
+#include "core/files.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <map>
+#include <mutex>
+#include <set>
+#include <sys/eventfd.h>
+#include <unistd.h>
+#include <vector>
+
+#include "core/files_table.h"
+#include "core/home.h"
+#include "core/text.h"
+#include "core/watch.h"
+
+namespace phone {
+
+namespace {
+
+constexpr int link_limit = 40;
+
+std::map<std::string, const node*, std::less<>> nodes;           // written before the program runs
+std::map<std::string, const attribute*, std::less<>> attributes; // likewise
+std::set<std::string, std::less<>> lacking;                      // likewise
+std::set<std::string, std::less<>> optional_paths;               // likewise
+
+std::mutex table_mutex;
+std::vector<std::shared_ptr<open_file>> table; // by descriptor
+
+bool is_kernel_path(std::string_view path)
+{
+    return path.starts_with("/sys/") || path.starts_with("/proc/") || path.starts_with("/dev/");
+}
+
+void enter(std::shared_ptr<open_file> file)
+{
+    const std::lock_guard lock(table_mutex);
+    const auto at = static_cast<std::size_t>(file->fd);
+    if (table.size() <= at)
+        table.resize(at + 1);
+    table[at] = std::move(file);
+}
+
+int open_node(const std::shared_ptr<open_file>& file, int flags)
+{
+    file->fd = file->p_node->open != nullptr ? file->p_node->open(*file, flags)
+                                             : eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    return file->fd;
+}
+
+int open_plain(const std::shared_ptr<open_file>& file, int flags, mode_t mode)
+{
+    if (file->attribute)
+        flags &= ~(O_CREAT | O_EXCL);
+    if (const auto found = attributes.find(file->path); found != attributes.end())
+        if (found->second->before_read != nullptr && (flags & O_ACCMODE) != O_WRONLY)
+            found->second->before_read(file->path);
+    const std::string host = host_path(file->path);
+    if (host.empty())
+        return -1;
+    file->fd = ::open(host.c_str(), flags | O_CLOEXEC, mode);
+    if (file->fd < 0 && errno == ENOENT && is_kernel_path(file->path) && !optional_paths.contains(file->path))
+        strange("open " + file->path);
+    return file->fd;
+}
+
+ssize_t write_attribute(open_file& file, const void* buf, std::size_t size)
+{
+    if (ftruncate(file.fd, 0) != 0)
+        return -1;
+    const ssize_t n = pwrite(file.fd, buf, size, 0);
+    const auto found = attributes.find(file.path);
+    if (n > 0 && found != attributes.end() && found->second->after_write != nullptr)
+        found->second->after_write(file.path, {static_cast<const char*>(buf), static_cast<std::size_t>(n)});
+    return n;
+}
+
+} // namespace
+
+void node_add(std::string_view path, const node* p_node)
+{
+    nodes[std::string(path)] = p_node;
+}
+
+void attribute_add(std::string_view path, const attribute* p_attribute)
+{
+    attributes[std::string(path)] = p_attribute;
+}
+
+void path_without(std::string_view path)
+{
+    lacking.emplace(path);
+}
+
+void path_optional(std::string_view path)
+{
+    optional_paths.emplace(path);
+}
+
+bool path_is_lacking(std::string_view path)
+{
+    return lacking.contains(path);
+}
+
+std::string host_path(std::string_view path, bool follow_last)
+{
+    const std::string top = home_path("root");
+    std::string done; // below top, resolved
+    std::vector<std::string> todo;
+    const auto push = [&todo](std::string_view text) {
+        const auto parts = split(text, '/');
+        for (auto it = parts.rbegin(); it != parts.rend(); ++it)
+            if (!it->empty() && *it != ".")
+                todo.emplace_back(*it);
+    };
+    push(path);
+    for (int links = 0; !todo.empty();) {
+        const std::string part = std::move(todo.back());
+        todo.pop_back();
+        if (part == "..") {
+            done.erase(done.empty() ? 0 : done.rfind('/'));
+            continue;
+        }
+        const std::string here = top + done + "/" + part;
+        char target[4096];
+        const ssize_t n = follow_last || !todo.empty() ? readlink(here.c_str(), target, sizeof target) : -1;
+        if (n < 0) {
+            done += "/" + part;
+            continue;
+        }
+        if (++links > link_limit) {
+            errno = ELOOP;
+            return {};
+        }
+        if (target[0] == '/')
+            done.clear();
+        push({target, static_cast<std::size_t>(n)});
+    }
+    return top + done;
+}
+
+std::shared_ptr<open_file> file_of(int fd)
+{
+    const std::lock_guard lock(table_mutex);
+    const auto at = static_cast<std::size_t>(fd);
+    return fd >= 0 && at < table.size() ? table[at] : nullptr;
+}
+
+int files_open(const char* path, int flags, mode_t mode)
+{
+    auto file = std::make_shared<open_file>();
+    file->path = path;
+    file->attribute = is_kernel_path(file->path);
+    if (path_is_lacking(file->path)) {
+        errno = ENOENT;
+        return -1;
+    }
+    const auto found = nodes.find(file->path);
+    file->p_node = found != nodes.end() ? found->second : nullptr;
+    const int fd = file->p_node != nullptr ? open_node(file, flags) : open_plain(file, flags, mode);
+    if (fd >= 0)
+        enter(std::move(file));
+    return fd;
+}
+
+int files_close(int fd)
+{
+    std::shared_ptr<open_file> file;
+    {
+        const std::lock_guard lock(table_mutex);
+        const auto at = static_cast<std::size_t>(fd);
+        if (fd >= 0 && at < table.size())
+            file.swap(table[at]);
+    }
+    if (file != nullptr && file->p_node != nullptr && file->p_node->close != nullptr)
+        file->p_node->close(*file);
+    return ::close(fd);
+}
+
+ssize_t files_read(open_file* p_file, int fd, void* buf, std::size_t size)
+{
+    if (p_file != nullptr && p_file->p_node != nullptr && p_file->p_node->read != nullptr)
+        return p_file->p_node->read(*p_file, buf, size);
+    return ::read(fd, buf, size);
+}
+
+ssize_t files_write(open_file* p_file, int fd, const void* buf, std::size_t size)
+{
+    if (p_file != nullptr && p_file->p_node != nullptr && p_file->p_node->write != nullptr)
+        return p_file->p_node->write(*p_file, buf, size);
+    if (p_file != nullptr && p_file->p_node == nullptr && p_file->attribute)
+        return write_attribute(*p_file, buf, size);
+    return ::write(fd, buf, size);
+}
+
+bool node_exists(std::string_view path)
+{
+    return nodes.contains(path) && !path_is_lacking(path);
+}
+
+bool file_read(std::string_view path, std::string& text)
+{
+    const int fd = files_open(std::string(path).c_str(), O_RDONLY | O_CLOEXEC, 0);
+    if (fd < 0)
+        return false;
+    const auto file = file_of(fd);
+    char part[4096];
+    ssize_t n;
+    text.clear();
+    while ((n = files_read(file.get(), fd, part, sizeof part)) > 0)
+        text.append(part, static_cast<std::size_t>(n));
+    files_close(fd);
+    return n == 0;
+}
+
+bool file_write(std::string_view path, std::string_view text, bool append)
+{
+    const int flags = O_WRONLY | O_CREAT | O_CLOEXEC | (append ? O_APPEND : O_TRUNC);
+    const int fd = files_open(std::string(path).c_str(), flags, 0666);
+    if (fd < 0)
+        return false;
+    const auto file = file_of(fd);
+    bool written = true;
+    while (written && !text.empty()) {
+        const ssize_t n = files_write(file.get(), fd, text.data(), text.size());
+        written = n > 0;
+        text.remove_prefix(n > 0 ? static_cast<std::size_t>(n) : 0);
+    }
+    return files_close(fd) == 0 && written;
+}
+
+} // namespace phone

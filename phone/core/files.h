@@ -1,0 +1,68 @@
+// The phone's file tree and its descriptors. A path that a device claims is served by the device; every other
+// path is a plain file below DIR/root, and nothing outside it can be reached. Attributes (/sys, /proc, /dev)
+// behave as the kernel's do: a write replaces the content, and nothing new can be made there.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <sys/stat.h>
+#include <sys/types.h>
+
+namespace phone {
+
+struct node;
+
+// An open descriptor of the program.
+struct open_file {
+    int fd;
+    std::string path;           // as it was opened
+    const node* p_node;         // NULL for a plain file
+    bool attribute;             // under /sys, /proc or /dev: a write replaces the content
+    std::shared_ptr<void> data; // the device's own, for this descriptor
+};
+
+// What stands behind a path. Calls may come from any thread, several at a time. An empty slot: read and write
+// go to the descriptor itself, ioctl is strange and fails with ENOTTY, close has nothing to do.
+struct node {
+    // Gives a real descriptor, or -1 and errno. Without this slot it is an eventfd.
+    int (*open)(open_file& file, int flags) = nullptr;
+    ssize_t (*read)(open_file& file, void* buf, std::size_t size) = nullptr;
+    ssize_t (*write)(open_file& file, const void* buf, std::size_t size) = nullptr;
+    int (*ioctl)(open_file& file, unsigned long request, void* arg) = nullptr;
+    off_t (*lseek)(open_file& file, off_t offset, int whence) = nullptr;
+    void (*close)(open_file& file) = nullptr;
+};
+
+// A plain attribute file with a life of its own: `before_read` may bring the file's content up to date when
+// the program opens it for reading, `after_write` acts on what the program has written (line end included).
+struct attribute {
+    void (*before_read)(std::string_view path) = nullptr;
+    void (*after_write)(std::string_view path, std::string_view text) = nullptr;
+};
+
+// Claims a path. The record must live as long as the process.
+void node_add(std::string_view path, const node* p_node);
+void attribute_add(std::string_view path, const attribute* p_attribute);
+
+// The phone lacks, or has, what stands at `path`, whatever its file tree says.
+void path_without(std::string_view path);
+
+// A path that not every phone has: that it isn't there is nothing strange.
+void path_optional(std::string_view path);
+
+// Where a path of the phone lies on the host: links are followed inside DIR/root only, ".." stops at its top.
+// With `follow_last` false a link at the end is left as it is. Empty, and errno, when there is no such place.
+std::string host_path(std::string_view path, bool follow_last = true);
+
+// Whole files of the phone, for devices and tools: no fault is drawn, attributes keep their rules. Failures
+// give false and errno.
+bool file_read(std::string_view path, std::string& text);
+bool file_write(std::string_view path, std::string_view text, bool append = false);
+
+// For device models that keep descriptors in hand: the open files of a path.
+std::shared_ptr<open_file> file_of(int fd);
+bool path_is_lacking(std::string_view path);
+
+} // namespace phone

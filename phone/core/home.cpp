@@ -1,0 +1,157 @@
+#include "core/home.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace phone {
+
+namespace {
+
+std::string home_dir;
+std::string seed_trouble;
+int lock_fd = -1;
+bool first_start;
+
+std::string trouble(const std::string& path, const char* what)
+{
+    return path + ": can't " + what + ": " + std::strerror(errno);
+}
+
+bool make_dirs(const std::string& path)
+{
+    if (mkdir(path.c_str(), 0777) == 0)
+        return true;
+    if (errno == EEXIST) {
+        struct stat st;
+        if (stat(path.c_str(), &st) == 0 && S_ISDIR(st.st_mode))
+            return true;
+        errno = ENOTDIR;
+        return false;
+    }
+    if (errno != ENOENT)
+        return false;
+    const std::size_t slash = path.rfind('/');
+    if (slash == path.npos || slash == 0 || !make_dirs(path.substr(0, slash)))
+        return false;
+    return mkdir(path.c_str(), 0777) == 0 || errno == EEXIST;
+}
+
+// The process that the lock file names, 0 when it names none.
+int holder()
+{
+    char text[32] = {};
+    const ssize_t n = pread(lock_fd, text, sizeof text - 1, 0);
+    int pid = 0;
+    return n > 0 && std::sscanf(text, "%d", &pid) == 1 ? pid : 0;
+}
+
+std::string lock()
+{
+    const std::string path = home_path("hvt.pid");
+    if (lock_fd < 0)
+        lock_fd = open(path.c_str(), O_RDWR | O_CREAT, 0666); // not close-on-exec: see home_lock_fd
+    if (lock_fd < 0)
+        return trouble(path, "be opened");
+    if (flock(lock_fd, LOCK_EX | LOCK_NB) != 0) {
+        if (errno != EWOULDBLOCK)
+            return trouble(path, "be locked");
+        return home_dir + " is already running (process " + std::to_string(holder()) + "); \"./hvt down " +
+               home_dir + "\" stops it";
+    }
+    const std::string pid = std::to_string(getpid()) + "\n";
+    if (ftruncate(lock_fd, 0) != 0 || pwrite(lock_fd, pid.data(), pid.size(), 0) != ssize_t(pid.size()))
+        return trouble(path, "be written");
+    return {};
+}
+
+bool write_whole(const std::string& path, std::string_view text)
+{
+    const int fd = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    if (fd < 0)
+        return false;
+    const bool written = write(fd, text.data(), text.size()) == ssize_t(text.size());
+    const int error = errno;
+    if (close(fd) == 0 && written)
+        return true;
+    if (!written)
+        errno = error;
+    return false;
+}
+
+} // namespace
+
+std::string home_take(const std::string& dir)
+{
+    home_dir = dir;
+    while (home_dir.size() > 1 && home_dir.ends_with('/'))
+        home_dir.pop_back();
+    if (!make_dirs(home_dir))
+        return trouble(home_dir, "be made");
+    if (std::string wrong = lock(); !wrong.empty())
+        return wrong;
+    struct stat st;
+    first_start = stat(home_path("log").c_str(), &st) != 0;
+    for (const char* below : {"root", "units", "card"})
+        if (!make_dirs(home_path(below)))
+            return trouble(home_path(below), "be made");
+    if (!first_start && (!S_ISDIR(st.st_mode) || access(home_path("log").c_str(), W_OK | X_OK) != 0)) {
+        errno = S_ISDIR(st.st_mode) ? errno : ENOTDIR;
+        return trouble(home_path("log"), "be used");
+    }
+    return {};
+}
+
+bool home_is_first_start()
+{
+    return first_start;
+}
+
+std::string home_seeded()
+{
+    if (!seed_trouble.empty())
+        return seed_trouble;
+    // The log folder comes last: it tells the next start that the seeds are whole.
+    if (first_start && !make_dirs(home_path("log")))
+        return trouble(home_path("log"), "be made");
+    first_start = false;
+    return {};
+}
+
+void home_seed(std::string_view path, std::string_view text)
+{
+    if (!first_start || !seed_trouble.empty())
+        return;
+    const std::string file = home_path("root") + std::string(path);
+    if (access(file.c_str(), F_OK) == 0)
+        return;
+    const std::string half = file + ".seed";
+    bool done = write_whole(half, text);
+    if (!done && errno == ENOENT && make_dirs(file.substr(0, file.rfind('/'))))
+        done = write_whole(half, text);
+    if (done && rename(half.c_str(), file.c_str()) == 0)
+        return;
+    seed_trouble = trouble(file, "be written");
+    unlink(half.c_str());
+}
+
+std::string home_path(std::string_view below)
+{
+    return home_dir + "/" + std::string(below);
+}
+
+int home_lock_fd()
+{
+    return lock_fd;
+}
+
+void home_inherit_lock(int fd)
+{
+    lock_fd = fd;
+}
+
+} // namespace phone

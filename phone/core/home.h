@@ -1,0 +1,31 @@
+// The phone's folder DIR: where everything of one virtual phone lies, who holds it, and what a first start
+// puts into it. One process at a time holds a DIR; the lock goes over a restart with the process.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace phone {
+
+// Takes DIR: makes what is missing of it and locks it. Returns an empty text, or what is wrong in a sentence
+// that names the thing (not writable, damaged, already running, disk full).
+std::string home_take(const std::string& dir);
+
+// True until home_seeded: this DIR never held a phone that started up whole.
+bool home_is_first_start();
+
+// Ends the first start: from now on the seeds of this DIR stand.
+std::string home_seeded();
+
+// At a first start, gives the phone's file `path` ("/sys/...") the content `text`, unless it is there
+// already. A failure is kept, and home_seeded reports it.
+void home_seed(std::string_view path, std::string_view text);
+
+// A path below DIR ("root/sys/..." or "log/kmsg"), for the host's own calls.
+std::string home_path(std::string_view below);
+
+// Keeps the lock of DIR over an exec: its descriptor, to be handed on; and the call that takes it up again.
+int home_lock_fd();
+void home_inherit_lock(int fd);
+
+} // namespace phone

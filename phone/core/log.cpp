@@ -1,0 +1,151 @@
+#include "core/log.h"
+
+#include <array>
+#include <cerrno>
+#include <condition_variable>
+#include <fcntl.h>
+#include <fstream>
+#include <mutex>
+#include <sstream>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+#include "core/control.h"
+#include "core/home.h"
+#include "core/text.h"
+
+namespace phone {
+
+namespace {
+
+constexpr std::array log_files = {"log/kmsg", "log/shell", "log/port"};
+constexpr std::size_t log_limit = 1 << 20;
+constexpr std::size_t log_keep = log_limit / 2;
+
+std::mutex gather_mutex; // guards what is gathered
+std::mutex file_mutex;   // one writer at a time
+std::condition_variable gathered;
+std::array<std::string, log_files.size()> pending;
+
+std::string content(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+// Leaves the newest whole lines of a log that has grown too long.
+void cut(const std::string& path)
+{
+    const std::string all = content(path);
+    const std::size_t from = all.find('\n', all.size() - std::min(all.size(), log_keep));
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    if (from != all.npos)
+        file << std::string_view(all).substr(from + 1);
+}
+
+void append(std::size_t log, const std::string& text)
+{
+    const std::string path = home_path(log_files[log]);
+    const int fd = open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
+    if (fd < 0)
+        return;
+    std::size_t done = 0;
+    while (done < text.size()) {
+        const ssize_t n = write(fd, text.data() + done, text.size() - done);
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
+            break; // a full disk: the phone goes on without its log
+        done += static_cast<std::size_t>(n);
+    }
+    struct stat st {};
+    fstat(fd, &st);
+    close(fd);
+    if (static_cast<std::size_t>(st.st_size) > log_limit)
+        cut(path);
+}
+
+void writer()
+{
+    for (;;) {
+        {
+            std::unique_lock lock(gather_mutex);
+            gathered.wait(lock, [] {
+                for (const std::string& text : pending)
+                    if (!text.empty())
+                        return true;
+                return false;
+            });
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        log_flush();
+    }
+}
+
+std::string show(log_name log, request& rq)
+{
+    std::int64_t count = 20;
+    if (!rq.args.empty()) {
+        const auto given = number(rq.args[0]);
+        if (!given || *given < 1 || *given > 100000)
+            return "a count of lines from 1 to 100000 is wanted";
+        count = *given;
+    }
+    rq.answer = log_tail(log, static_cast<std::size_t>(count));
+    return {};
+}
+
+} // namespace
+
+void log_line(log_name log, std::string_view line)
+{
+    const std::lock_guard lock(gather_mutex);
+    std::string& text = pending[log];
+    const bool wake = text.empty();
+    if (text.size() < log_limit) // a writer that can't keep up must not eat the memory
+        text.append(line).push_back('\n');
+    if (wake)
+        gathered.notify_one();
+}
+
+void log_flush()
+{
+    const std::lock_guard files(file_mutex);
+    for (std::size_t log = 0; log < log_files.size(); log++) {
+        std::string text;
+        {
+            const std::lock_guard lock(gather_mutex);
+            text.swap(pending[log]);
+        }
+        if (!text.empty())
+            append(log, text);
+    }
+}
+
+std::string log_tail(log_name log, std::size_t count)
+{
+    log_flush();
+    std::string all = content(home_path(log_files[log]));
+    if (all.ends_with('\n'))
+        all.pop_back();
+    std::size_t at = all.size();
+    while (count-- > 0 && at != all.npos && at > 0)
+        at = all.rfind('\n', at - 1);
+    return at == all.npos ? all : all.substr(all.empty() || at == 0 ? 0 : at + 1);
+}
+
+void log_attach()
+{
+    word_add("kmsg", "[COUNT]", "the last lines of the kernel log",
+             [](request& rq) { return show(log_kmsg, rq); });
+    word_add("shell", "[COUNT]", "the last shell lines, each behind its exit status",
+             [](request& rq) { return show(log_shell, rq); });
+    word_add("port", "[COUNT]", "what crossed the station's port last: < from the station, > to it",
+             [](request& rq) { return show(log_port, rq); });
+    std::thread(writer).detach();
+}
+
+} // namespace phone

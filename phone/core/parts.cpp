@@ -1,0 +1,33 @@
+#include "core/parts.h"
+
+#include "core/conf.h"
+#include "core/log.h"
+#include "core/uevents.h"
+#include "core/watch.h"
+#include "devices/kmsg.h"
+#include "devices/port.h"
+#include "devices/usb_state.h"
+#include "tools/tools.h"
+
+namespace phone {
+
+namespace {
+
+// clang-format off
+constexpr phone_part parts[] = {
+    // name     attach           seed              start
+    { "log",    log_attach,      nullptr,          nullptr },
+    { "watch",  watch_attach,    nullptr,          nullptr },
+    { "conf",   conf_attach,     nullptr,          nullptr },
+    { "tools",  tools_attach,    nullptr,          nullptr },
+    { "uevent", uevents_attach,  nullptr,          nullptr },
+    { "kmsg",   kmsg_attach,     nullptr,          nullptr },
+    { "usb",    port_attach,     usb_state_seed,   nullptr },
+};
+// clang-format on
+
+} // namespace
+
+constinit const std::span<const phone_part> phone_parts = parts;
+
+} // namespace phone

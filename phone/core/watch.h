@@ -1,0 +1,30 @@
+// Watches every platform call: counts it, shows it (`log on`), records it (`calls`), and makes it fail when a
+// fault is armed (`fail`). Also keeps what the program asked of the phone that no model knows (`strange`).
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace phone {
+
+enum class fault { none, eio, shortened, eof };
+
+// To be called at the head of each platform call with its operation and path (or shell line, or library). An
+// armed fault that fits is used up and returned; errno is EIO then. `shortened` and `eof` come for "read" and
+// "write" only. A fault of kind slow has waited before this returns none.
+fault watch_call(const char* operation, std::string_view path);
+
+// The same for the register of a chip or another inner target ("i2c 5 18 02"): true when it has to fail.
+bool watch_target(std::string_view target);
+
+// The result of a call, for `log on`. Keeps errno.
+void watch_result(const char* operation, std::string_view path, long long result);
+
+// Something that no model of the phone knows: a path, a request, a register, a tool.
+void strange(std::string_view what);
+
+// The words `fail`, `log`, `calls`, `strange`.
+void watch_attach();
+
+} // namespace phone

@@ -1,0 +1,60 @@
+// hvt-virtual: the program on the virtual phone, in one process.
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "core/log.h"
+#include "core/power.h"
+#include "core/table.h"
+#include "plat/plat.h"
+#include "s_qat_korvat/s_qat_korvat.h"
+
+namespace {
+
+int usage()
+{
+    std::fputs("usage: hvt-virtual [--background] [--speed F] DIR\n"
+               "Starts the virtual phone that lives in the folder DIR.\n"
+               "  --background   returns when the program serves its console\n"
+               "  --speed F      lives F times as fast as real time, 1 to 1000\n",
+               stderr);
+    return 2;
+}
+
+bool read_options(int argc, char** argv, phone::start_options& options)
+{
+    for (int i = 1; i < argc; i++) {
+        if (std::strcmp(argv[i], "--background") == 0) {
+            options.background = true;
+        } else if (std::strcmp(argv[i], "--speed") == 0 && i + 1 < argc) {
+            char* end;
+            options.speed = std::strtod(argv[++i], &end);
+            if (*end != '\0' || !(options.speed >= 1 && options.speed <= 1000))
+                return false;
+        } else if (argv[i][0] != '-' && options.dir.empty()) {
+            options.dir = argv[i];
+        } else {
+            return false;
+        }
+    }
+    return !options.dir.empty();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    phone::start_options options;
+    if (!read_options(argc, argv, options))
+        return usage();
+    const std::string wrong = phone::power_on(options, argv);
+    if (!wrong.empty()) {
+        std::fprintf(stderr, "hvt: %s\n", wrong.c_str());
+        std::_Exit(1);
+    }
+    plat_attach(&phone::phone_co);
+    const int status = s_main(argc, argv);
+    phone::log_flush();
+    // The phone's threads live on; what they use must not be torn down.
+    std::_Exit(status);
+}

@@ -1,0 +1,189 @@
+#include "nav/nav.h"
+
+#include "check/check.h"
+#include "scf/scf.h"
+
+#include <algorithm>
+#include <cstring>
+
+std::uint32_t nav_ireg[NAV_REGISTERS];
+
+namespace {
+
+constexpr std::int32_t FIXEDPOINT_SCALE = 1000;
+constexpr std::size_t REPEAT_BACK = 3; // how much of a used-up format is read again: ",%v"
+
+std::uint32_t get_number(char** pp, unsigned radix)
+{
+    const char* s = *pp;
+    const std::int32_t value = scf_ascii_to_bin(&s, radix);
+    *pp += s - *pp;
+    return static_cast<std::uint32_t>(value);
+}
+
+std::uint32_t get_fixedpoint(char** pp)
+{
+    const char* s = *pp;
+    const std::int32_t value = scf_ascii_to_fixedpoint(&s, FIXEDPOINT_SCALE);
+    *pp += s - *pp;
+    return static_cast<std::uint32_t>(value);
+}
+
+// Each `&` raises the level, each `*` lowers it.
+int get_level(char** pp)
+{
+    int level = 0;
+    char* s = *pp;
+    for (; *s == '&' || *s == '*'; s++)
+        level += *s == '&' ? 1 : -1;
+    *pp = s;
+    return level;
+}
+
+// The index behind an R, which no number of digits brings back below the end of the registers.
+unsigned get_register_index(char** pp)
+{
+    unsigned index = 0;
+    char* s = *pp;
+    for (; *s >= '0' && *s <= '9'; s++)
+        index = std::min(index * 10 + static_cast<unsigned>(*s - '0'), NAV_REGISTERS);
+    *pp = s;
+    return index;
+}
+
+// A number or a register, or with `&` the address of either. What would read memory at an address that the
+// line gives is refused.
+bool get_value(nav_values* p_dst, int i, char** pp, int level)
+{
+    const std::uint32_t* p_value = &p_dst->held[i];
+    if (**pp == 'R' || **pp == 'r') {
+        ++*pp;
+        const unsigned index = get_register_index(pp);
+        if (index >= NAV_REGISTERS)
+            return false;
+        p_value = &nav_ireg[index];
+    } else {
+        const char* s = *pp;
+        const bool hex = s[0] && (s[1] == 'x' || s[1] == 'X');
+        p_dst->held[i] = get_number(pp, hex ? 16 : 10);
+    }
+    if (level == 0)
+        p_dst->word[i] = *p_value;
+    else
+        p_dst->word[i] = reinterpret_cast<std::uintptr_t>(p_value);
+    return level == 0 || level == 1;
+}
+
+// A text in quotes, which the closing one ends in place; without an opening quote a null word.
+bool get_string(nav_values* p_dst, int i, char** pp, int level)
+{
+    char* s = *pp;
+    p_dst->word[i] = 0;
+    if (level != 0 || *s != '"')
+        return level == 0;
+    p_dst->word[i] = reinterpret_cast<std::uintptr_t>(++s);
+    while (*s && *s != '"')
+        s += s[0] == '\\' && s[1] ? 2 : 1;
+    if (*s)
+        *s++ = 0;
+    *pp = s;
+    return true;
+}
+
+// Converts value `i` by its directive; false for a syntax error.
+bool get_directive(nav_values* p_dst, int i, char** pp, char directive)
+{
+    const int level = get_level(pp);
+    std::uintptr_t& word = p_dst->word[i];
+    switch (directive) {
+    case 'v':
+    case 'p':
+        return get_value(p_dst, i, pp, level);
+    case 'd':
+        word = get_number(pp, 10);
+        return true;
+    case 'x':
+        word = get_number(pp, 16);
+        return true;
+    case 'f':
+        word = get_fixedpoint(pp);
+        return true;
+    case 'c':
+        word = static_cast<unsigned char>(**pp);
+        *pp += **pp ? 1 : 0;
+        return true;
+    case 's':
+        return get_string(p_dst, i, pp, level);
+    case 't':
+        word = reinterpret_cast<std::uintptr_t>(*pp);
+        *pp += std::strlen(*pp);
+        return true;
+    default:
+        HVT_CHECK(!"directive");
+        return false;
+    }
+}
+
+} // namespace
+
+char* nav_get_name(std::size_t* p_len, char** pp)
+{
+    // Names are short. Behind sixteen characters the line is none that anybody waits for, and may be long.
+    constexpr std::size_t SHORT = 16;
+    char* const name = *pp;
+    std::size_t len = 0;
+    while (len < SHORT && name[len] && name[len] != '=' && name[len] != '?')
+        len++;
+    if (len == SHORT)
+        len += std::strcspn(name + SHORT, "=?");
+    *p_len = len;
+    *pp = name + len;
+    return name;
+}
+
+int nav_get_action(char** pp)
+{
+    char* const s = *pp;
+    if (s[0] == 0)
+        return NAV_SET;
+    if (s[0] == '?') {
+        *pp = s + 1;
+        return NAV_READ;
+    }
+    if (s[0] != '=')
+        return NAV_SYNTAX;
+    *pp = s + (s[1] == '?' ? 2 : 1);
+    return s[1] == '?' ? NAV_TEST : NAV_SET;
+}
+
+int nav_get_val(nav_values* p_dst, char** pp, const char* p_fmt)
+{
+    char* s = *pp;
+    const char* f = p_fmt;
+    int n = 0;
+    if (!*s)
+        return 0;
+    while (*f || *s) {
+        if (*f == '%') {
+            if (n == NAV_MAX_VALUES || !get_directive(p_dst, n, &s, f[1])) {
+                n = -1;
+                break;
+            }
+            f += 2;
+            n++;
+        } else if (*f == *s) {
+            f++;
+            s++;
+        } else if (!*s) {
+            break;
+        } else if (!*f && static_cast<std::size_t>(f - p_fmt) >= REPEAT_BACK && *(f - REPEAT_BACK) == *s) {
+            f -= REPEAT_BACK - 1;
+            s++;
+        } else {
+            n = -1;
+            break;
+        }
+    }
+    *pp = s;
+    return n;
+}
