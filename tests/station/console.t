@@ -132,7 +132,7 @@ what is sent without a cable is lost
   expect   S3:0x2c, 0x0d,OK
 
 a write that fails loses that text and nothing else
-  phone    fail "write /dev/ttyGS0" 1
+  phone    fail write /dev/ttyGS0 1
   send     case?
   expect   ,OK
   send     case?

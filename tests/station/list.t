@@ -16,7 +16,6 @@ the mask wants its blank
 
 the rows come in table order: the shell's own table before the console's
   send     list="", 1
-  raw      
   expect   case      ,s3        ,s4        ,OK
 
 the test form names the groups, and the usage line follows
