@@ -25,6 +25,7 @@ constexpr int link_limit = 40;
 std::map<std::string, const node*, std::less<>> nodes;           // written before the program runs
 std::map<std::string, const attribute*, std::less<>> attributes; // likewise
 std::set<std::string, std::less<>> lacking;                      // likewise
+std::set<std::string, std::less<>> optional_paths;               // likewise
 
 std::mutex table_mutex;
 std::vector<std::shared_ptr<open_file>> table; // by descriptor
@@ -61,7 +62,7 @@ int open_plain(const std::shared_ptr<open_file>& file, int flags, mode_t mode)
     if (host.empty())
         return -1;
     file->fd = ::open(host.c_str(), flags | O_CLOEXEC, mode);
-    if (file->fd < 0 && errno == ENOENT && is_kernel_path(file->path))
+    if (file->fd < 0 && errno == ENOENT && is_kernel_path(file->path) && !optional_paths.contains(file->path))
         strange("open " + file->path);
     return file->fd;
 }
@@ -92,6 +93,11 @@ void attribute_add(std::string_view path, const attribute* p_attribute)
 void path_without(std::string_view path)
 {
     lacking.emplace(path);
+}
+
+void path_optional(std::string_view path)
+{
+    optional_paths.emplace(path);
 }
 
 bool path_is_lacking(std::string_view path)

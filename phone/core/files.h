@@ -49,6 +49,9 @@ void attribute_add(std::string_view path, const attribute* p_attribute);
 // The phone lacks, or has, what stands at `path`, whatever its file tree says.
 void path_without(std::string_view path);
 
+// A path that not every phone has: that it isn't there is nothing strange.
+void path_optional(std::string_view path);
+
 // Where a path of the phone lies on the host: links are followed inside DIR/root only, ".." stops at its top.
 // With `follow_last` false a link at the end is left as it is. Empty, and errno, when there is no such place.
 std::string host_path(std::string_view path, bool follow_last = true);

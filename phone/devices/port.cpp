@@ -150,6 +150,7 @@ std::string word_usb(request& rq)
 void port_attach()
 {
     node_add("/dev/ttyGS0", &port_node);
+    path_optional("/dev/ttyGS1");
     conf_offer("/dev/ttyGS1", [] { node_add("/dev/ttyGS1", &port_node); });
     word_add("usb", "on|off", "plugs or pulls the station's cable", word_usb);
     conf_add_word("usb");

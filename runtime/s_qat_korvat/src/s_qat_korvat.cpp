@@ -1,6 +1,61 @@
 #include "s_qat_korvat/s_qat_korvat.h"
 
-int s_main(int, char**)
+#include "autoinit/autoinit.h"
+#include "cio_tty/cio_tty.h"
+#include "cio_v2/cio.h"
+#include "core/core.h"
+#include "dcp/dcp.h"
+#include "plat/plat.h"
+#include "tiers.h"
+#include "tmr/tmr.h"
+
+namespace {
+
+constexpr const char* start_line = "echo \"Korvat HVT is starting up...\" > /dev/kmsg";
+constexpr const char* vmrk_rev = "@(#) s_qat_korvat_1_32_2_5_b";
+
+cio cio_clnt;
+char cmd_ln[32768];
+cio_tty_config cio_tty_cfg = {nullptr, 115200};
+
+bool s_dev_exist(const char* path)
 {
+    const int fd = plat_open(path, O_RDWR);
+    if (fd < 0)
+        return false;
+    plat_close(fd);
+    return true;
+}
+
+// The console is on the second serial port where the phone has one.
+void s_cfg_comm_path()
+{
+    cio_tty_cfg.path = s_dev_exist("/dev/ttyGS1") ? "/dev/ttyGS1" : "/dev/ttyGS0";
+}
+
+// The start-up sequence. The order is fixed: later steps rely on earlier ones. A step that fails is passed
+// over, since a phone with a dead part must still be testable.
+int s_entry(int, char**)
+{
+    plat_system(start_line);
+    core_init(vmrk_rev);
+    autoinit(tier_initcompif, tier_initcomp, tier_initcompcmd);
+    s_cfg_comm_path();
+    cio_s3_set(',', '\r');
+    cio_s4_set(0, '\n', 0);
+    dcp_case_set(0);
+    cio_init(&cio_clnt, cmd_ln, sizeof cmd_ln, "console", "tty", &cio_tty_cfg, nullptr);
+    cio_start(&cio_clnt);
+    return core_start();
+}
+
+} // namespace
+
+int s_main(int argc, char** argv)
+{
+    dcp_init();
+    tmr_init();
+    autoinit_init();
+    s_entry(argc, argv);
     return 0;
 }

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstring>
 #include <string>
+#include <utility>
 
 dcp_printf_fn dcp_printf = dcp_printf_def;
 

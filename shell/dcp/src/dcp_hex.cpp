@@ -12,6 +12,7 @@ constexpr std::size_t ROW_BYTES = 16;
 
 // Room for a row: "0x%08x:" and sixteen items of three characters, a blank and sixteen characters.
 constexpr std::size_t MAX_ROW = 80;
+constexpr std::size_t MAX_ITEM = 10; // "0x%08x"
 
 // Bytes 0x80 to 0xFF as characters of Latin-1; the station's data come in the code page of a PC.
 // clang-format off
@@ -49,13 +50,28 @@ std::uint32_t item_at(const unsigned char* p_data, std::size_t width)
     return *p_data;
 }
 
+// An item as text, with its prefix by width; gives its characters.
+std::size_t put_item(char* p_txt, std::size_t room, const unsigned char* p_data, std::size_t width)
+{
+    const std::uint32_t item = item_at(p_data, width);
+    int n;
+    if (width == 4)
+        n = std::snprintf(p_txt, room, "0x%08x", item);
+    else if (width == 2)
+        n = std::snprintf(p_txt, room, "0x%04x", item);
+    else
+        n = std::snprintf(p_txt, room, "%02x", item);
+    return static_cast<std::size_t>(n);
+}
+
 // The items of a row, and behind bytes their characters.
-void put_items(char* p_txt, std::size_t room, const unsigned char* p_data, std::size_t width, std::size_t bytes)
+void put_items(char* p_txt, std::size_t room, const unsigned char* p_data, std::size_t width,
+               std::size_t bytes)
 {
     std::size_t n = 0;
     for (std::size_t i = 0; i < bytes; i += width) {
-        const char* fmt = width == 4 ? " 0x%08x" : width == 2 ? " 0x%04x" : " %02x";
-        n += static_cast<std::size_t>(std::snprintf(p_txt + n, room - n, fmt, item_at(p_data + i, width)));
+        p_txt[n++] = ' ';
+        n += put_item(p_txt + n, room - n, p_data + i, width);
     }
     if (width != 1)
         return;
@@ -92,10 +108,11 @@ void dcp_hex_dump(int id, char sep, const void* p_data, unsigned width, std::siz
 {
     const auto* p = static_cast<const unsigned char*>(p_data);
     width = known_width(width);
-    const char* fmt = width == 4 ? "0x%08x%c" : width == 2 ? "0x%04x%c" : "%02x%c";
     for (std::size_t i = 0; i < size / width; i++, p += width) {
-        char txt[16];
-        std::snprintf(txt, sizeof txt, fmt, item_at(p, width), sep);
+        char txt[MAX_ITEM + 2];
+        const std::size_t n = put_item(txt, sizeof txt, p, width);
+        txt[n] = sep;
+        txt[n + 1] = 0;
         dcp_resp_dspl(id, DCP_DSPL_DUMP, 1, txt);
     }
 }

@@ -10,8 +10,8 @@
 
 namespace {
 
-// Names of up to eight characters fit a word: they are compared as one. A longer one is in the index under its
-// first eight, and the rest is compared as text.
+// Names of up to eight characters fit a word: they are compared as one. A longer one is in the index under
+// its first eight, and the rest is compared as text.
 constexpr std::size_t KEY_CHARS = 8;
 
 struct index_row {

@@ -1,0 +1,251 @@
+#include "core/core.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <cstdlib>
+#include <memory>
+#include <mutex>
+
+#include "check/check.h"
+#include "plat/plat.h"
+#include "tmr/tmr.h"
+
+namespace {
+
+constexpr int select_failures_in_a_row = 16;
+constexpr std::uint32_t select_failed_pause_us = 10000;
+
+struct core_free {
+    void operator()(void* p) const { std::free(p); }
+};
+
+struct dfc_rec {
+    slnk lnk;
+    core_fn fn;
+    void* p1;
+    void* p2;
+};
+
+struct dfc_delayed {
+    tmr_link link; // first: the timer's callback gets its address
+    core_fn fn;
+    void* p1;
+    void* p2;
+};
+
+std::atomic<bool> core_started;
+int pfd[2];
+
+std::mutex core_dfc_mutex; // guards the deferred list
+slnk core_dfc_list_head;
+slnk* core_dfc_list_tail = &core_dfc_list_head; // an append must not cost a walk
+
+std::mutex core_rcc_mutex; // guards the read clients and their descriptors
+slnk core_rcc_list_head;
+fd_set core_readfds;
+fd_set core_ready; // what the pass under way still has to serve
+int core_nfds;
+
+template <class T>
+T* allocate()
+{
+    void* p = std::malloc(sizeof(T));
+    HVT_CHECK(p != nullptr);
+    return static_cast<T*>(p);
+}
+
+bool fits_set(int fd)
+{
+    return fd >= 0 && fd < FD_SETSIZE;
+}
+
+void watch_fd(int fd)
+{
+    if (!fits_set(fd))
+        return;
+    FD_SET(fd, &core_readfds);
+    core_nfds = std::max(core_nfds, fd + 1);
+}
+
+void set_nonblocking(int fd)
+{
+    const int flags = plat_fcntl(fd, F_GETFL);
+    HVT_CHECK(flags != -1);
+    HVT_CHECK(plat_fcntl(fd, F_SETFL, flags | O_NONBLOCK) != -1);
+}
+
+dfc_rec* pop_deferred()
+{
+    std::lock_guard lock(core_dfc_mutex);
+    slnk* p_obj = slnk_remove_next(&core_dfc_list_head);
+    if (slnk_next(&core_dfc_list_head) == nullptr)
+        core_dfc_list_tail = &core_dfc_list_head;
+    return reinterpret_cast<dfc_rec*>(p_obj);
+}
+
+void run_deferred()
+{
+    while (dfc_rec* p_rec = pop_deferred()) {
+        const std::unique_ptr<dfc_rec, core_free> owner(p_rec);
+        p_rec->fn(p_rec->p1, p_rec->p2);
+    }
+}
+
+void empty_pipe()
+{
+    char bytes[256];
+    ssize_t n;
+    do {
+        n = plat_read(pfd[0], bytes, sizeof bytes);
+    } while (n > 0 || (n < 0 && errno == EINTR));
+}
+
+// On the timer thread.
+void core_tmr_cb(tmr_link* p_link, std::uint32_t)
+{
+    const std::unique_ptr<dfc_delayed, core_free> owner(reinterpret_cast<dfc_delayed*>(p_link));
+    core_dfc(owner->fn, owner->p1, owner->p2, 0);
+}
+
+// A descriptor that was closed under its client makes every select fail; without it the others live on.
+void drop_closed_fds()
+{
+    std::lock_guard lock(core_rcc_mutex);
+    for (int fd = 0; fd < core_nfds; fd++)
+        if (FD_ISSET(fd, &core_readfds) && plat_fcntl(fd, F_GETFD) == -1 && errno == EBADF)
+            FD_CLR(fd, &core_readfds);
+}
+
+// Waits until something is readable: true with the answer in `*p_ready`, false when the wait failed.
+bool wait_readable(fd_set* p_ready)
+{
+    std::unique_lock lock(core_rcc_mutex);
+    *p_ready = core_readfds;
+    const int nfds = core_nfds;
+    lock.unlock();
+    for (;;) {
+        if (plat_select(nfds, p_ready, nullptr, nullptr, nullptr) >= 0)
+            return true;
+        if (errno == EBADF)
+            drop_closed_fds();
+        if (errno != EINTR)
+            return false;
+    }
+}
+
+slnk* next_client(const slnk* p_obj)
+{
+    std::lock_guard lock(core_rcc_mutex);
+    return slnk_next(p_obj);
+}
+
+bool client_ready(const core_rd_cb_client* p_client)
+{
+    std::lock_guard lock(core_rcc_mutex);
+    return fits_set(p_client->fd) && FD_ISSET(p_client->fd, &core_ready);
+}
+
+void serve_clients(const fd_set& ready)
+{
+    {
+        std::lock_guard lock(core_rcc_mutex);
+        core_ready = ready;
+    }
+    for (slnk* p_obj = next_client(&core_rcc_list_head); p_obj != nullptr; p_obj = next_client(p_obj)) {
+        const auto* p_client = reinterpret_cast<core_rd_cb_client*>(p_obj);
+        if (client_ready(p_client))
+            p_client->fn(p_client->p1, p_client->p2);
+    }
+}
+
+void start_watching()
+{
+    std::lock_guard lock(core_rcc_mutex);
+    watch_fd(pfd[0]);
+    for (slnk* p_obj = slnk_next(&core_rcc_list_head); p_obj != nullptr; p_obj = slnk_next(p_obj))
+        watch_fd(reinterpret_cast<core_rd_cb_client*>(p_obj)->fd);
+    core_started = true;
+}
+
+[[noreturn]] void run_loop()
+{
+    for (int failures = 0;;) {
+        fd_set ready;
+        if (!wait_readable(&ready)) {
+            if (++failures >= select_failures_in_a_row)
+                tmr_usleep(select_failed_pause_us);
+            continue;
+        }
+        failures = 0;
+        if (FD_ISSET(pfd[0], &ready)) {
+            empty_pipe();
+            run_deferred();
+        }
+        serve_clients(ready);
+    }
+}
+
+} // namespace
+
+void core_init(const char*)
+{
+    slnk_init(&core_dfc_list_head);
+    core_dfc_list_tail = &core_dfc_list_head;
+    slnk_init(&core_rcc_list_head);
+}
+
+int core_start()
+{
+    FD_ZERO(&core_readfds);
+    if (plat_pipe(pfd) != 0)
+        return -1;
+    HVT_CHECK(fits_set(pfd[0]));
+    set_nonblocking(pfd[0]);
+    set_nonblocking(pfd[1]);
+    start_watching();
+    run_deferred();
+    run_loop();
+}
+
+void core_dfc(core_fn fn, void* p1, void* p2, std::uint32_t delay_us)
+{
+    if (delay_us != 0 && core_started) {
+        auto* p_rec = allocate<dfc_delayed>();
+        p_rec->fn = fn;
+        p_rec->p1 = p1;
+        p_rec->p2 = p2;
+        tmr_cb_add(&p_rec->link, core_tmr_cb, delay_us);
+        return;
+    }
+    auto* p_rec = allocate<dfc_rec>();
+    p_rec->fn = fn;
+    p_rec->p1 = p1;
+    p_rec->p2 = p2;
+    {
+        std::lock_guard lock(core_dfc_mutex);
+        slnk_insert(core_dfc_list_tail, &p_rec->lnk);
+        core_dfc_list_tail = &p_rec->lnk;
+    }
+    // A full pipe is as good: the bytes in it wake the loop.
+    if (core_started && plat_write(pfd[1], "x", 1) < 0)
+        return;
+}
+
+void core_add_rd_cb_client(core_rd_cb_client* p_client)
+{
+    std::lock_guard lock(core_rcc_mutex);
+    slnk_add(&core_rcc_list_head, &p_client->lnk);
+    if (core_started)
+        watch_fd(p_client->fd);
+}
+
+void core_rm_rd_cb_client(core_rd_cb_client* p_client)
+{
+    std::lock_guard lock(core_rcc_mutex);
+    slnk_remove(&core_rcc_list_head, &p_client->lnk);
+    if (!core_started || !fits_set(p_client->fd))
+        return;
+    FD_CLR(p_client->fd, &core_readfds);
+    FD_CLR(p_client->fd, &core_ready); // should it be added again at once, the next pass serves it
+}

@@ -1,0 +1,35 @@
+// The order within each tier is fixed: it is the order in which command tables are searched and listed, and
+// drivers rely on what stands before them. A module that isn't built yet has no line.
+#include "tiers.h"
+
+#include "cio_stdio/cio_stdio.h"
+#include "cio_tty/cio_tty.h"
+#include "cio_v2/cio.h"
+#include "fsm/fsm.h"
+#include "queue/queue.h"
+
+namespace {
+
+// Interfaces: clear their state, set up their lists, open what they alone own.
+constexpr autoinit_entry initcompif[] = {
+    cio_dev_init,
+    fsm_init,
+};
+
+// Drivers: attach a callout table to their interface.
+constexpr autoinit_entry initcomp[] = {
+    cio_stdio_init,
+    cio_tty_init,
+    queue_init,
+};
+
+// Commands: add a command table.
+constexpr autoinit_entry initcompcmd[] = {
+    cio_cmd_init,
+};
+
+} // namespace
+
+constinit const std::span<const autoinit_entry> tier_initcompif = initcompif;
+constinit const std::span<const autoinit_entry> tier_initcomp = initcomp;
+constinit const std::span<const autoinit_entry> tier_initcompcmd = initcompcmd;

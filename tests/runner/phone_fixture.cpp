@@ -1,0 +1,141 @@
+#include "runner/phone_fixture.h"
+
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <poll.h>
+#include <spawn.h>
+#include <sstream>
+#include <sys/file.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+#include "client/control_client.h"
+#include "client/port_client.h"
+
+std::string hvt_virtual;
+
+namespace {
+
+using namespace std::chrono_literals;
+
+std::string content(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+int wait_for(pid_t pid)
+{
+    int status = 0;
+    while (waitpid(pid, &status, 0) < 0 && errno == EINTR) {
+    }
+    return status;
+}
+
+} // namespace
+
+phone_fixture::phone_fixture()
+{
+    const char* tmp = std::getenv("TMPDIR");
+    std::string pattern = std::string(tmp != nullptr ? tmp : "/tmp") + "/hvt-phone-XXXXXX";
+    if (mkdtemp(pattern.data()) == nullptr) {
+        std::perror("mkdtemp");
+        std::exit(1);
+    }
+    dir = pattern;
+}
+
+phone_fixture::~phone_fixture()
+{
+    down();
+    if (port >= 0)
+        close(port);
+    std::error_code ignored;
+    std::filesystem::remove_all(dir, ignored);
+}
+
+std::string phone_fixture::up()
+{
+    std::string background = "--background";
+    char* argv[] = {hvt_virtual.data(), background.data(), dir.data(), nullptr};
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    const std::string errors = dir + "/start-errors";
+    posix_spawn_file_actions_addopen(&actions, 2, errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
+    pid_t pid;
+    const int error = posix_spawn(&pid, hvt_virtual.c_str(), &actions, nullptr, argv, environ);
+    posix_spawn_file_actions_destroy(&actions);
+    if (error != 0)
+        return hvt_virtual + " can't be started";
+    const int status = wait_for(pid);
+    if (status != 0)
+        return "the phone doesn't start: " + content(errors);
+    if (port < 0)
+        port = port_open_raw(dir + "/ttyGS0");
+    if (port < 0)
+        return "the station's port can't be opened";
+    return reconnect() ? "" : "the control port can't be reached";
+}
+
+bool phone_fixture::reconnect()
+{
+    if (control >= 0)
+        close(control);
+    for (int turn = 0; turn < 1000; turn++) {
+        control = control_connect(dir);
+        if (control >= 0)
+            return true;
+        std::this_thread::sleep_for(5ms);
+    }
+    return false;
+}
+
+bool phone_fixture::runs() const
+{
+    const int fd = open((dir + "/hvt.pid").c_str(), O_RDWR | O_CLOEXEC);
+    if (fd < 0)
+        return false;
+    const bool locked = flock(fd, LOCK_EX | LOCK_NB) != 0;
+    close(fd);
+    return locked;
+}
+
+std::string phone_fixture::down()
+{
+    if (control >= 0)
+        close(control);
+    control = -1;
+    const int pid = std::atoi(content(dir + "/hvt.pid").c_str());
+    if (pid > 0 && runs())
+        kill(pid, SIGTERM);
+    for (int turn = 0; turn < 2000 && runs(); turn++) {
+        if (turn == 1500)
+            kill(pid, SIGKILL);
+        std::this_thread::sleep_for(5ms);
+    }
+    return content(dir + "/log/output");
+}
+
+bool phone_fixture::ask(std::string_view line, std::string& answer)
+{
+    return control_ask(control, line, answer);
+}
+
+void phone_fixture::receive(std::string& got, std::size_t size) const
+{
+    const auto end = std::chrono::steady_clock::now() + 30s;
+    while (got.size() < size && std::chrono::steady_clock::now() < end) {
+        pollfd p{port, POLLIN, 0};
+        if (poll(&p, 1, 100) > 0 && !port_take(port, got))
+            return;
+    }
+}

@@ -1,0 +1,36 @@
+// A virtual phone of a test's own: a fresh folder, the program in it, its two ports. Everything goes with it.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+struct phone_fixture {
+    std::string dir;
+    int port = -1;
+    int control = -1;
+
+    phone_fixture();
+    ~phone_fixture();
+    phone_fixture(const phone_fixture&) = delete;
+    phone_fixture& operator=(const phone_fixture&) = delete;
+
+    // Starts the program; the result is empty, or why it can't. The station's port is kept over a restart.
+    std::string up();
+
+    // Ends it; the result is empty, or what it had to complain of (a sanitizer's report, a crash).
+    std::string down();
+
+    bool runs() const;
+
+    // One control request. True on "ok"; `answer` as control_ask gives it.
+    bool ask(std::string_view line, std::string& answer);
+
+    // Takes up the control port again after the program has restarted by itself.
+    bool reconnect();
+
+    // Reads until `got` holds at least `size` bytes, the port is gone, or 30 s are over.
+    void receive(std::string& got, std::size_t size) const;
+};
+
+// Where hvt-virtual lies; the runner's main sets it.
+extern std::string hvt_virtual;

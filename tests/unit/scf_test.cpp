@@ -1,0 +1,232 @@
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "exact_text.h"
+#include "scf/scf.h"
+
+namespace {
+
+struct number_row {
+    const char* title;
+    const char* text;
+    unsigned radix;
+    std::int32_t value;
+    const char* rest;
+};
+
+// clang-format off
+constexpr number_row numbers[] = {
+    { "a plain number ends at a comma",              "305,7",        10, 305,         ",7"   },
+    { "nothing is 0 and nothing is used",            "",             10, 0,           ""     },
+    { "a comma is 0 and isn't used",                 ",",            10, 0,           ","    },
+    { "0x works in radix 10",                        "0x1F",         10, 31,          ""     },
+    { "an X in the middle discards what came before","12x5",         10, 5,           ""     },
+    { "and so does a second one",                    "0x12X34",      16, 0x34,        ""     },
+    { "the sign stays over an X",                    "-0x10",        10, -16,         ""     },
+    { "F is no digit of radix 10",                   "FF",           10, 0,           "FF"   },
+    { "both cases are digits of radix 16",           "aBcD",         16, 0xABCD,      ""     },
+    { "g ends a number of radix 16",                 "fg",           16, 15,          "g"    },
+    { "8 is no digit of radix 8",                    "1782",         8,  15,          "82"   },
+    { "a sign ends a number",                        "5-3",          10, 5,           "-3"   },
+    { "a second sign is none",                       "--3",          10, 0,           "-3"   },
+    { "there is no plus sign",                       "+3",           10, 0,           "+3"   },
+    { "a sign alone is used up",                     "-",            10, 0,           ""     },
+    { "characters between 9 and A end it",           "1:;<=>?@",     16, 1,           ":;<=>?@" },
+    { "characters between Z and a end it",           "1[",           16, 1,           "["    },
+    { "bytes above ASCII end it",                    "1\xB5",        16, 1,           "\xB5" },
+    { "32 bits wrap",                                "4294967297",   10, 1,           ""     },
+    { "the top bit is the sign",                     "ffffffff",     16, -1,          ""     },
+};
+// clang-format on
+
+TEST(Scf, NumbersFromText)
+{
+    for (const number_row& row : numbers) {
+        SCOPED_TRACE(row.title);
+        const auto text = exact_text(row.text);
+        const char* p = text.get();
+        EXPECT_EQ(scf_ascii_to_bin(&p, row.radix), row.value);
+        EXPECT_STREQ(p, row.rest);
+    }
+}
+
+// Every one byte behind a digit: strtoul knows which ones are digits of the radix.
+TEST(Scf, OnlyDigitsAndXContinueANumber)
+{
+    for (unsigned radix : {2U, 8U, 10U, 16U})
+        for (int c = 1; c < 256; c++) {
+            const auto text = exact_text({"1\0", 2});
+            text[1] = static_cast<char>(c);
+            if (c == 'x' || c == 'X')
+                continue;
+            char digit[2] = {static_cast<char>(c), 0};
+            char* p_end;
+            const unsigned long d = std::strtoul(digit, &p_end, static_cast<int>(radix));
+            const bool is_digit = c > ' ' && *p_end == 0;
+            const char* p = text.get();
+            EXPECT_EQ(scf_ascii_to_bin(&p, radix), is_digit ? static_cast<int>(radix + d) : 1) << c;
+            EXPECT_EQ(p - text.get(), is_digit ? 2 : 1) << c;
+        }
+}
+
+TEST(Scf, DecimalFractions)
+{
+    // clang-format off
+    const number_row rows[] = {
+        { "a fraction",                      "1.5",               1000, 1500,    ""    },
+        { "the finest one",                  "-0.001",            1000, -1,      ""    },
+        { "finer ones are cut",              "0.0019",            1000, 1,       ""    },
+        { "towards 0 on both sides",         "-7.8129",           1000, -7812,   ""    },
+        { "no point",                        "-12",               1000, -12000,  ""    },
+        { "no digit before the point",       ".25",               1000, 250,     ""    },
+        { "no digit behind it",              "3.,4",              1000, 3000,    ",4"  },
+        { "letters end it",                  "2x",                1000, 2000,    "x"   },
+        { "a second point starts anew",      "1.2.3",             1000, 12300,   ""    },
+        { "more digits than 32 bits hold",   "1.23456789012345",  1000, 1234,    ""    },
+        { "a hundred digits divide by no 0", "0.0000000000000000000000000000000000000000000000000000000000"
+                                             "000000000000000000000000000000000000000000000001", 1000, 0, "" },
+        { "another scale",                   "0.5",               256,  128,     ""    },
+        { "nothing",                         "",                  1000, 0,       ""    },
+    };
+    // clang-format on
+    for (const number_row& row : rows) {
+        SCOPED_TRACE(row.title);
+        const auto text = exact_text(row.text);
+        const char* p = text.get();
+        EXPECT_EQ(scf_ascii_to_fixedpoint(&p, static_cast<int>(row.radix)), row.value);
+        EXPECT_STREQ(p, row.rest);
+    }
+}
+
+TEST(Scf, ListsOfNumbers)
+{
+    std::uint8_t bytes[4] = {9, 9, 9, 9};
+    EXPECT_EQ(scf_str_to_uint8(bytes, 4, exact_text("1,ff 103").get(), 16), 3);
+    EXPECT_EQ(std::vector<int>(bytes, bytes + 4), (std::vector<int>{1, 0xff, 3, 9}));
+    std::uint16_t halves[2];
+    EXPECT_EQ(scf_str_to_uint16(halves, 2, exact_text("65535:65537:3").get(), 10), 2);
+    EXPECT_EQ(std::vector<int>(halves, halves + 2), (std::vector<int>{65535, 1}));
+    std::int32_t words[2];
+    EXPECT_EQ(scf_str_to_int32(words, 2, exact_text("-5,").get(), 10), 1);
+    EXPECT_EQ(words[0], -5);
+    EXPECT_EQ(scf_str_to_int32(words, 2, "", 10), 0);
+}
+
+TEST(Scf, NumbersToText)
+{
+    char txt[40];
+    std::mt19937 random(1);
+    for (int i = 0; i < 2000; i++) {
+        const auto value = static_cast<std::uint32_t>(random() >> random() % 32);
+        for (unsigned radix : {2U, 7U, 10U, 16U}) {
+            EXPECT_EQ(*scf_uint_to_ascii(txt, value, radix), 0);
+            EXPECT_EQ(std::strtoul(txt, nullptr, static_cast<int>(radix)), value);
+        }
+        scf_sint_to_ascii(txt, static_cast<std::int32_t>(value), 10);
+        EXPECT_EQ(txt, std::to_string(static_cast<std::int32_t>(value)));
+    }
+    scf_sint_to_ascii(txt, INT32_MIN, 10);
+    EXPECT_STREQ(txt, "-2147483648");
+    EXPECT_EQ(scf_uint_to_ascii(txt, 0, 10), txt + 1);
+    EXPECT_STREQ(txt, "0");
+    scf_uint_to_ascii(txt, 0xBEEF, 16);
+    EXPECT_STREQ(txt, "beef");
+    EXPECT_EQ(slo_digit_lc(11), 'b');
+    EXPECT_EQ(slo_digit_uc(11), 'B');
+}
+
+TEST(Scf, BytesAsHex)
+{
+    const std::uint8_t data[] = {0xAB, 0xCD, 0x01, 0x00};
+    const auto txt = std::make_unique<char[]>(12); // three digits pairs, separators, NUL: exactly
+    EXPECT_EQ(scf_bin_to_ascii(txt.get(), data, 2, ','), 5);
+    EXPECT_STREQ(txt.get(), "AB,CD");
+    EXPECT_EQ(scf_bin_to_ascii(txt.get(), data, 4, 0), 8);
+    EXPECT_STREQ(txt.get(), "ABCD0100");
+    EXPECT_EQ(scf_bin_to_hex(txt.get(), 12, data, 4), 8);
+    EXPECT_STREQ(txt.get(), "abcd0100");
+    const std::uint16_t half = 0x12EF;
+    const std::uint64_t both = 0x0123456789abcdef;
+    char wide[64];
+    EXPECT_EQ(scf_bin_to_hexstr(wide, sizeof wide, &half, 1, 2, ' '), 6);
+    EXPECT_STREQ(wide, "0x12ef");
+    EXPECT_EQ(scf_bin_to_hexstr(wide, sizeof wide, &both, 1, 8, ' '), 18);
+    EXPECT_STREQ(wide, "0x0123456789abcdef");
+    EXPECT_EQ(scf_bin_to_hexstr(wide, sizeof wide, data, 3, 1, ','), 14);
+    EXPECT_STREQ(wide, "0xab,0xcd,0x01");
+}
+
+// No size is overrun, and what is cut is cut at whole items: an item with its separator takes the five
+// characters that must be left for it.
+TEST(Scf, HexStopsInTime)
+{
+    const std::uint8_t data[] = {0xAB, 0xCD, 0xEF};
+    const char* const texts[] = {"", "0xab", "0xab,0xcd", "0xab,0xcd,0xef"};
+    const int counts[] = {0, 5, 10, 14};
+    for (int size = 1; size <= 20; size++) {
+        const auto txt = std::make_unique<char[]>(static_cast<std::size_t>(size));
+        const int whole = std::min(size / 5, 3);
+        EXPECT_EQ(scf_bin_to_hexstr(txt.get(), size, data, 3, 1, ','), counts[whole]) << size;
+        EXPECT_STREQ(txt.get(), texts[whole]) << size;
+    }
+}
+
+TEST(Scf, CleaningALine)
+{
+    struct row {
+        const char *text, *chars, *clean;
+    };
+    for (const row& r : {row{"ab\bc", "", "ac"}, row{"\b\bx", "", "x"}, row{"a\r\nb\r\n", "\r\n", "ab"},
+                         row{"ab\r\b", "\r\n", "a"}, row{"ab\b\b\b\bcd", "", "cd"}, row{"\r\n", "\r\n", ""},
+                         row{"", "\r\n", ""}, row{"\xff\x80 ~", "\r\n", "\xff\x80 ~"}}) {
+        const auto text = exact_text(r.text);
+        EXPECT_EQ(scf_clean(text.get(), r.chars), std::strlen(r.clean));
+        EXPECT_STREQ(text.get(), r.clean);
+    }
+}
+
+TEST(Scf, SplittingInPlace)
+{
+    const auto items = [](const char* str, int max) {
+        const auto text = exact_text(str);
+        char* ptrs[8];
+        const int count = scf_split(text.get(), ptrs, max, ',');
+        return std::vector<std::string>(ptrs, ptrs + count);
+    };
+    using list = std::vector<std::string>;
+    EXPECT_EQ(items("a,,b", 8), (list{"a", "b"}));
+    EXPECT_EQ(items(",a", 8), (list{"a"}));
+    EXPECT_EQ(items("one,two,", 8), (list{"one", "two"}));
+    EXPECT_EQ(items("a,b,c", 2), (list{"a", "b"}));
+    EXPECT_EQ(items(",,,", 8), list{});
+    EXPECT_EQ(items("", 8), list{});
+    EXPECT_EXIT(scf_split(nullptr, nullptr, 0, ','), testing::ExitedWithCode(1), "^$");
+}
+
+TEST(Scf, CaseAndWidth)
+{
+    std::string all;
+    for (int c = 0; c < 256; c++)
+        all += static_cast<char>(c);
+    std::string upper = all;
+    std::string lower = all;
+    scf_case_to_upper(upper.data(), upper.size());
+    scf_case_to_lower(lower.data(), lower.size());
+    for (int c = 0; c < 256; c++) {
+        const auto i = static_cast<std::size_t>(c);
+        EXPECT_EQ(upper[i], c < 128 ? static_cast<char>(std::toupper(c)) : all[i]);
+        EXPECT_EQ(lower[i], c < 128 ? static_cast<char>(std::tolower(c)) : all[i]);
+    }
+    std::uint16_t wide[3];
+    EXPECT_EQ(scf_c_to_t(wide, exact_text("ab").get(), 3), 3);
+    EXPECT_EQ(std::vector<int>(wide, wide + 3), (std::vector<int>{'a', 'b', 0}));
+    char narrow[3] = {'-', '-', '-'};
+    EXPECT_EQ(scf_t_to_c(narrow, wide, 3), 2);
+    EXPECT_EQ(std::string(narrow, 3), "ab-");
+    EXPECT_EQ(scf_c_to_t(wide, "xyz", 1), 1);
+}
+
+} // namespace
