@@ -1,0 +1,53 @@
+# help lists commands in the form of their usage line: name in 10 columns, range in 50, call. A name is cut
+# to 10 characters, a range to 57, a call to 32.
+
+a pattern lists the names that begin with it, in table order
+  send     help="hel"
+  expect   help      ["a..z"[,(1-15)]]                                 help(string,group),OK
+  send     help="s3"
+  expect   s3        0xB[,0xB]                                         s3(ct,final),OK
+  send     help?"s4"
+  expect   s4        0xB[,0xB[,0xB]]                                   s4(lt,final,prompt),OK
+
+a pattern is compared as it is written, the command's own name isn't
+  send     HELP="S3"
+  expect   NOT FOUND
+  send     HeLp="s3"
+  expect   s3        0xB[,0xB]                                         s3(ct,final),OK
+
+a mask selects by group bits: 1 is invisible, 2 standard
+  send     help="cas",1
+  expect   case      [(0,1)]                                           case(en),OK
+  send     help="cas",0xFE
+  expect   NOT FOUND
+  send     help="hel",3
+  expect   help      ["a..z"[,(1-15)]]                                 help(string,group),OK
+
+a mask without a pattern goes through the letters
+  send     help=,0x80
+  expect   NOT FOUND
+
+what matches no row isn't found, and isn't OK
+  send     help="nosuch"
+  expect   NOT FOUND
+  send     help="hel",4
+  expect   NOT FOUND
+
+a string that isn't closed ends with the line
+  send     help="hel
+  expect   help      ["a..z"[,(1-15)]]                                 help(string,group),OK
+  send     help="hel\\
+  expect   NOT FOUND
+
+the test form names the groups, and the usage line follows
+  send     help=?
+  expect   HELP:invisible   0x01,HELP:standard    0x02,HELP:production  0x04,HELP:software    0x08,HELP:precond     0x10,HELP:deprecated  0x20,help      ["a..z"[,(1-15)]]                                 help(string,group),OK
+
+values that don't fit get the usage line and aren't run
+  send     help="hel", 4
+  expect   help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
+  send     help=hel
+  expect   help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
+  send     help="hel",x,
+  # one value more than the pattern and the mask: the mask's directive repeats, and is passed over
+  expect   NOT FOUND

@@ -1,0 +1,48 @@
+# s3 sets the first byte of the line term, which ends each result, and of the final sequence, which ends the
+# answer. Both stand as hexadecimal numbers, in the line and in the reply.
+
+the start-up setting is a comma and a carriage return
+  send     s3?
+  expect   S3:0x2c, 0x0d,OK
+
+the reply to a setting has the new terminators
+  send     s3=d,d
+  read     S3:0x0d, 0x0d\rOK\r\n
+  send     case?
+  read     CASE:false\rOK\r\n
+  send     s3=3b,21
+  read     S3:0x3b, 0x21;OK!\n
+
+one value sets both, and its low byte counts
+  send     s3=12c
+  read     S3:0x2c, 0x2c,OK,\n
+
+a zero byte leaves the text without a terminator
+  send     s3=0,d
+  read     S3:0x00, 0x0dOK\r\n
+  send     help="s"
+  read     s3        0xB[,0xB]                                         s3(ct,final)s4        0xB[,0xB[,0xB]]                                   s4(lt,final,prompt)OK\r\n
+
+no value, and more than two, set both to carriage return
+  send     s3
+  read     S3:0x0d, 0x0d\rOK\r\n
+  send     s3=2c,d
+  expect   S3:0x2c, 0x0d,OK
+  send     s3=2c,d,9
+  read     S3:0x0d, 0x0d\rOK\r\n
+
+a read applies nothing
+  send     s3?21,21
+  expect   S3:0x2c, 0x0d,OK
+  send     s3?
+  expect   S3:0x2c, 0x0d,OK
+
+the test form is the usage line
+  send     s3=?
+  expect   s3        0xB[,0xB]                                         s3(ct,final),OK
+
+a line that doesn't fit gets the usage line
+  send     s3=g
+  expect   s3        0xB[,0xB]                                         s3(ct,final),SYNTAX
+  send     s3=1;2
+  expect   s3        0xB[,0xB]                                         s3(ct,final),SYNTAX

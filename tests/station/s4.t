@@ -1,0 +1,51 @@
+# s4 sets the second byte of the line term and of the final sequence, and the prompt behind the latter.
+
+the start-up setting has no second byte in the term, a line feed in the final sequence and no prompt
+  send     s4?
+  expect   S4:0x00, 0x0a,OK
+
+with s3 it brings back line ends and a prompt
+  send     s3=d,d
+  read     S3:0x0d, 0x0d\rOK\r\n
+  send     s4=a,a,3e
+  read     S4:0x0a, 0x0a\r\nOK\r\n>
+  send     case?
+  read     CASE:false\r\nOK\r\n>
+
+two values leave the prompt as it is, and 0 removes it
+  send     s4=0,a,3e
+  read     S4:0x00, 0x0a,OK\r\n>
+  send     s4=0,a
+  read     S4:0x00, 0x0a,OK\r\n>
+  send     s4=0,a,0
+  expect   S4:0x00, 0x0a,OK
+
+one value sets both
+  send     s4=21
+  read     S4:0x21, 0x21,!OK\r!
+
+no value, and more than three, set both to line feed
+  send     s4
+  read     S4:0x0a, 0x0a,\nOK\r\n
+  send     s4=0,a
+  expect   S4:0x00, 0x0a,OK
+  send     s4=1,2,3,4
+  read     S4:0x0a, 0x0a,\nOK\r\n
+
+a zero in the final sequence ends it before the prompt
+  send     s4=0,0,3e
+  read     S4:0x00, 0x00,OK\r
+  send     s4=0,a
+  read     S4:0x00, 0x0a,OK\r\n>
+
+a read applies nothing
+  send     s4?21,21,21
+  expect   S4:0x00, 0x0a,OK
+
+the test form is the usage line
+  send     s4=?
+  expect   s4        0xB[,0xB[,0xB]]                                   s4(lt,final,prompt),OK
+
+a line that doesn't fit gets the usage line
+  send     s4=a a
+  expect   s4        0xB[,0xB[,0xB]]                                   s4(lt,final,prompt),SYNTAX
