@@ -21,4 +21,4 @@ a name without quotes is a syntax error
 the names are listed with the latest first
   send     rev=?
   expect   REV:space_num,REV:bld_time,REV:bld_date,REV:vmrk_rev,
-  +rev       (name)                                            revision(object),OK
+  + rev       (name)                                            revision(object),OK

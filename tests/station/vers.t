@@ -26,4 +26,9 @@ two values are a syntax error
 the parameters are told
   send     vers=?
   expect   VERS:Parameters: 0=All, 1=QAT, 2=App OS 3=Modem,
-  +vers      [(0-3)]                                           vers(val),OK
+  + vers      [(0-3)]                                           vers(val),OK
+
+a new phone has a kernel
+  send     vers=2
+  expect   VERS:Linux version 3.4.0-perf-g5d2c81e (build@korvat) (gcc version 4.7 (GCC) ) #1 SMP\x20
+  + PREEMPT Mon Jul 29 19:12:44 2013,OK
