@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <cstdio>
 #include <map>
 #include <string>
 #include <vector>
+
+#include "row.h"
 
 namespace {
 
@@ -50,11 +51,7 @@ int bench_ratio_main(int argc, char** argv, std::span<const ratio_row> rows)
         const auto base = reporter.least.find(row.base);
         if (subject == reporter.least.end() || base == reporter.least.end())
             continue;
-        const double ratio = subject->second / base->second;
-        const bool good = ratio <= row.limit;
-        std::printf("%-34s %12.1f ns %12.1f ns  ratio %7.2f  limit %6.2f%s\n", row.subject, subject->second,
-                    base->second, ratio, row.limit, good ? "" : "  OVER");
-        over += good ? 0 : 1;
+        over += bench_row(row.subject, subject->second, base->second, row.limit);
     }
     return over > 0 ? 1 : 0;
 }

@@ -1,0 +1,4 @@
+// The driver of msm over two debugfs files. Attaches itself; call msm.
+#pragma once
+
+void msm_linux_init();

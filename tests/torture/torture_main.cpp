@@ -1,0 +1,284 @@
+// The fault campaign. For each command line: counts its platform calls, then runs it once for each of them
+// with that call failing, once and then for good. Four verdicts on each run: the reply ends in its final
+// sequence; no reply says OK though its call failed, unless the call is a harmless one; what outlives the
+// command is whole (each unit holds its old or its new bytes, no descriptor is left open); the next line
+// works.
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "client/port_client.h"
+#include "runner/phone_fixture.h"
+#include "runner/transcript.h"
+#include "torture/harmless.h"
+
+namespace {
+
+constexpr const char* port_call = "/dev/ttyGS";
+
+struct torture_line {
+    bool fixed_part;
+    std::vector<std::string> words;  // control words before it
+    std::vector<std::string> before; // command lines before it
+    std::string text;
+};
+
+using unit_files = std::map<std::string, std::string>;
+
+struct tally {
+    int runs = 0;
+    int failed = 0;
+};
+
+std::vector<std::string> split_lines(const std::string& text)
+{
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+std::vector<torture_line> read_lines(const std::string& path)
+{
+    std::ifstream file(path);
+    std::vector<torture_line> lines;
+    for (std::string text; std::getline(file, text);) {
+        if (text.empty() || text[0] == '#')
+            continue;
+        torture_line line{text.starts_with("* "), {}, {}, ""};
+        if (line.fixed_part)
+            text.erase(0, 2);
+        std::size_t at;
+        while ((at = text.find(" ;; ")) != text.npos) {
+            const std::string part = text.substr(0, at);
+            if (part.starts_with("phone "))
+                line.words.push_back(part.substr(6));
+            else if (part.starts_with("before "))
+                line.before.push_back(part.substr(7));
+            text.erase(0, at + 4);
+        }
+        line.text = text;
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+unit_files read_units(const phone_fixture& phone)
+{
+    unit_files units;
+    for (const auto& entry : std::filesystem::directory_iterator(phone.dir + "/units")) {
+        std::ifstream file(entry.path(), std::ios::binary);
+        std::ostringstream text;
+        text << file.rdbuf();
+        units[entry.path().filename()] = text.str();
+    }
+    return units;
+}
+
+// The program's open descriptors, by what is behind them.
+std::multiset<std::string> descriptors(const phone_fixture& phone)
+{
+    std::ifstream file(phone.dir + "/hvt.pid");
+    std::string pid;
+    file >> pid;
+    std::multiset<std::string> open;
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/" + pid + "/fd", error)) {
+        std::string target = std::filesystem::read_symlink(entry.path(), error).string();
+        open.insert(target.substr(0, target.find(':')));
+    }
+    return open;
+}
+
+// Sends a line and gives its whole reply: all that comes until the program's loop waits again.
+bool exchange(phone_fixture& phone, const std::string& line, std::string& reply, std::string& wrong)
+{
+    reply.clear();
+    std::string answer;
+    if (!port_send(phone.port, line + "\r", reply, 10'000) || !phone.ask("idle", answer)) {
+        wrong = phone.runs() ? "the program hangs" : "the program has ended";
+        return false;
+    }
+    port_take(phone.port, reply);
+    return true;
+}
+
+bool is_harmless(const std::string& call)
+{
+    for (const harmless_row& row : harmless)
+        if (call.starts_with(row.call))
+            return true;
+    return false;
+}
+
+std::string check_units(const unit_files& before, const unit_files& after, const unit_files& now)
+{
+    for (const auto& [name, bytes] : now) {
+        const auto old_unit = before.find(name);
+        const auto new_unit = after.find(name);
+        if ((old_unit == before.end() || old_unit->second != bytes) &&
+            (new_unit == after.end() || new_unit->second != bytes))
+            return "unit file " + name + " holds neither its old nor its new bytes";
+    }
+    return {};
+}
+
+struct campaign {
+    phone_fixture phone;
+    const torture_line& line;
+    std::vector<std::string> calls;
+    std::string good_reply;
+    unit_files units_before;
+    unit_files units_after;
+    std::multiset<std::string> descriptors_before;
+};
+
+// One run with one fault armed; the result is empty or the verdict.
+std::string run_with_fault(campaign& c, const std::string& arm, const std::string& call)
+{
+    std::string answer;
+    std::string reply;
+    std::string wrong;
+    if (!c.phone.ask(arm, answer))
+        return "\"" + arm + "\" isn't taken: " + answer;
+    if (!exchange(c.phone, c.line.text, reply, wrong))
+        return wrong;
+    if (!c.phone.ask("fail off", answer))
+        return "the control port: " + answer;
+    if (answer != "0")
+        return "the fault was armed and never reached";
+    if (!reply.ends_with("\r\n"))
+        return "the reply doesn't end: " + shown(reply);
+    const bool says_ok = reply.ends_with("OK\r\n");
+    if (says_ok && c.good_reply.ends_with("OK\r\n") && !is_harmless(call))
+        return "the reply says OK though its call failed: " + shown(reply);
+    if (wrong = check_units(c.units_before, c.units_after, read_units(c.phone)); !wrong.empty())
+        return wrong;
+    if (!exchange(c.phone, "case?", reply, wrong))
+        return wrong;
+    if (reply != "CASE:false,OK\r\n")
+        return "the next line isn't answered right: " + shown(reply);
+    if (descriptors(c.phone).size() > c.descriptors_before.size())
+        return "a descriptor is left open";
+    return {};
+}
+
+std::string prepare(campaign& c)
+{
+    std::string wrong = c.phone.up();
+    std::string answer;
+    if (!wrong.empty())
+        return wrong;
+    for (const std::string& word : c.line.words)
+        if (!c.phone.ask(word, answer))
+            return word + ": " + answer;
+    if (!c.phone.ask("speed 1000", answer) || !c.phone.ask("idle", answer))
+        return answer;
+    std::string reply;
+    port_take(c.phone.port, reply);
+    for (const std::string& text : c.line.before)
+        if (!exchange(c.phone, text, reply, wrong))
+            return wrong;
+    c.units_before = read_units(c.phone);
+    c.phone.ask("calls on", answer);
+    if (!exchange(c.phone, c.line.text, c.good_reply, wrong))
+        return wrong;
+    c.phone.ask("calls off", answer);
+    c.phone.ask("calls", answer);
+    c.calls = split_lines(answer);
+    c.units_after = read_units(c.phone);
+    c.descriptors_before = descriptors(c.phone);
+    return {};
+}
+
+void report(const torture_line& line, std::size_t number, const std::string& call, bool for_good,
+            const std::string& verdict)
+{
+    std::printf("FAIL %s\n     call %zu, %s, failing %s: %s\n     again: ./hvt torture --call %zu%s '%s'\n",
+                line.text.c_str(), number, call.c_str(), for_good ? "for good" : "once", verdict.c_str(),
+                number, for_good ? " --for-good" : "", line.text.c_str());
+}
+
+struct options {
+    std::string lines;
+    std::string only;
+    std::size_t call = 0;
+    bool for_good_only = false;
+    bool fixed_part = false;
+};
+
+void run_line(const torture_line& line, const options& o, tally& t)
+{
+    campaign c{{}, line, {}, {}, {}, {}, {}};
+    std::string verdict = prepare(c);
+    if (!verdict.empty()) {
+        std::printf("FAIL %s: %s\n", line.text.c_str(), verdict.c_str());
+        t.failed++;
+        return;
+    }
+    std::printf("%s: %zu calls\n", line.text.c_str(), c.calls.size());
+    for (std::size_t i = 0; i < c.calls.size(); i++) {
+        const std::string& call = c.calls[i];
+        if (call.find(port_call) != call.npos || (o.call != 0 && o.call != i + 1))
+            continue;
+        for (const bool for_good : {false, true}) {
+            if (!for_good && o.for_good_only)
+                continue;
+            const std::string arm =
+                for_good ? "fail " + call + " all eio" : "fail call " + std::to_string(i + 1);
+            verdict = run_with_fault(c, arm, call);
+            t.runs++;
+            if (verdict.empty())
+                continue;
+            t.failed++;
+            report(line, i + 1, call, for_good, verdict);
+            if (!c.phone.runs())
+                return;
+            std::string ignored;
+            c.phone.ask("fail off", ignored);
+        }
+    }
+    const std::string complaint = c.phone.down();
+    if (!complaint.empty()) {
+        std::printf("FAIL %s: the program complains:\n%s", line.text.c_str(), complaint.c_str());
+        t.failed++;
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    options o;
+    const std::string here = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+    hvt_virtual = here + "/../phone/hvt-virtual";
+    o.lines = std::string(HVT_SOURCE_DIR) + "/tests/torture/lines.txt";
+    for (int i = 1; i < argc; i++) {
+        if (std::strcmp(argv[i], "--fixed-part") == 0)
+            o.fixed_part = true;
+        else if (std::strcmp(argv[i], "--for-good") == 0)
+            o.for_good_only = true;
+        else if (std::strcmp(argv[i], "--call") == 0 && i + 1 < argc)
+            o.call = std::strtoul(argv[++i], nullptr, 10);
+        else
+            o.only = argv[i];
+    }
+    tally t;
+    int lines = 0;
+    for (const torture_line& line : read_lines(o.lines)) {
+        if ((o.fixed_part && !line.fixed_part) || line.text.find(o.only) == std::string::npos)
+            continue;
+        lines++;
+        run_line(line, o, t);
+    }
+    std::printf("%d lines, %d runs: %d passed, %d failed\n", lines, t.runs, t.runs - t.failed, t.failed);
+    return lines > 0 && t.failed == 0 ? 0 : 1;
+}

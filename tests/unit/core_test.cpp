@@ -1,0 +1,328 @@
+// The loop never returns, so every case runs in a process of its own: it ends with status 0 when what it
+// waits for has happened in the right order, and with 2 when not.
+#include <array>
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "autoinit/autoinit.h"
+#include "core/core.h"
+#include "plat_fake.h"
+#include "plat_linux/plat_linux.h"
+#include "tmr/tmr.h"
+
+namespace {
+
+std::string trail;
+int passes; // selects so far
+
+void* text(const char* t)
+{
+    return const_cast<char*>(t);
+}
+
+void note(void* p1, void*)
+{
+    trail += static_cast<const char*>(p1);
+}
+
+void end(bool good)
+{
+    if (!good)
+        std::fprintf(stderr, "trail \"%s\" after %d passes\n", trail.c_str(), passes);
+    std::_Exit(good ? 0 : 2);
+}
+
+void end_with_trail(void* p1, void*)
+{
+    end(trail == static_cast<const char*>(p1));
+}
+
+// A read client on a pipe of its own. Its name goes to the trail with the number of the pass.
+struct reader {
+    core_rd_cb_client client;
+    int fds[2];
+    const char* name;
+    void (*then)(reader*);
+
+    void make(const char* name_, void (*then_)(reader*) = nullptr)
+    {
+        name = name_;
+        then = then_;
+        if (pipe(fds) != 0)
+            end(false);
+        client = {{}, fds[0], call, this, nullptr};
+        core_add_rd_cb_client(&client);
+    }
+    void feed()
+    {
+        if (write(fds[1], "!", 1) != 1)
+            end(false);
+    }
+    static void call(void* p1, void*)
+    {
+        auto* p_me = static_cast<reader*>(p1);
+        char byte;
+        if (read(p_me->fds[0], &byte, 1) != 1)
+            end(false);
+        trail += p_me->name + std::to_string(passes) + " ";
+        if (p_me->then != nullptr)
+            p_me->then(p_me);
+    }
+};
+
+reader a, b, c;
+
+void begin()
+{
+    plat_fake_reset();
+    plat_fake_co.select = [](int nfds, fd_set* rd, fd_set* wr, fd_set* ex, timeval* tv) {
+        passes++;
+        return plat_linux_co.select(nfds, rd, wr, ex, tv);
+    };
+    tmr_init();
+    core_init("test");
+}
+
+[[noreturn]] void run()
+{
+    core_start();
+    std::_Exit(3);
+}
+
+#define EXPECT_GOOD_END(scenario) EXPECT_EXIT(scenario(), testing::ExitedWithCode(0), "^$")
+
+// A delay before the start is ignored; a call queued during the first drain runs in it.
+void deferred_before_start()
+{
+    begin();
+    core_dfc(note, text("late "), nullptr, 5000000);
+    core_dfc(
+        [](void*, void*) {
+            trail += "outer ";
+            core_dfc(note, text("inner "), nullptr, 0);
+            core_dfc([](void*, void*) { end(trail == "late outer second inner " && passes == 0); }, nullptr,
+                     nullptr, 0);
+        },
+        nullptr, nullptr, 0);
+    core_dfc(note, text("second "), nullptr, 0);
+    run();
+}
+
+void deferred_before_readers()
+{
+    begin();
+    a.make("a", [](reader* p) {
+        if (passes == 1) {
+            core_dfc(note, text("deferred "), nullptr, 0);
+            p->feed();
+        }
+    });
+    b.make("b", [](reader* p) {
+        if (passes == 2)
+            end(trail == "a1 b1 deferred a2 b2 ");
+        p->feed();
+    });
+    a.feed(), b.feed();
+    run();
+}
+
+void delay_counts_once_running()
+{
+    begin();
+    core_dfc(
+        [](void*, void*) {
+            core_dfc(note, text("delayed "), nullptr, 20000);
+            plat_fake_advance_us(19999);
+            core_dfc(note, text("first "), nullptr, 0);
+            plat_fake_advance_us(1);
+            core_dfc(end_with_trail, text("first delayed "), nullptr, 0);
+        },
+        nullptr, nullptr, 0);
+    run();
+}
+
+// The one that goes to the tail ends the walk of the pass: the others wait for the next.
+void reader_moves_itself_to_the_tail()
+{
+    begin();
+    a.make("a", [](reader* p) {
+        core_rm_rd_cb_client(&p->client);
+        core_add_rd_cb_client(&p->client);
+    });
+    b.make("b");
+    c.make("c", [](reader*) { a.feed(), a.then = [](reader*) { end(trail == "a1 b2 c2 a3 "); }; });
+    a.feed(), b.feed(), c.feed();
+    run();
+}
+
+// One that another takes out isn't served, and not by the old answer of select when it comes back at once.
+void reader_removed_by_another()
+{
+    begin();
+    a.make("a", [](reader*) {
+        core_rm_rd_cb_client(&b.client);
+        core_rm_rd_cb_client(&c.client);
+        core_add_rd_cb_client(&c.client);
+    });
+    b.make("b");
+    c.make("c", [](reader*) { end(trail == "a1 c2 "); });
+    a.feed(), b.feed(), c.feed();
+    run();
+}
+
+// The pipe holds 65536 bytes; the calls past that are not lost.
+void burst_fills_the_pipe()
+{
+    begin();
+    core_dfc(
+        [](void*, void*) {
+            static int ran;
+            static constexpr int calls = 200000;
+            for (int i = 0; i < calls; i++)
+                core_dfc([](void*, void*) { ran++; }, nullptr, nullptr, 0);
+            core_dfc([](void*, void*) { a.then = [](reader*) { end(ran == calls); }, a.feed(); }, nullptr,
+                     nullptr, 0);
+        },
+        nullptr, nullptr, 0);
+    a.make("a");
+    run();
+}
+
+void failing_selects_start_over()
+{
+    begin();
+    plat_fake_co.select = [](int nfds, fd_set* rd, fd_set* wr, fd_set* ex, timeval* tv) {
+        if (++passes < 40) {
+            errno = passes % 2 != 0 ? EINTR : ENOMEM;
+            return -1;
+        }
+        return plat_linux_co.select(nfds, rd, wr, ex, tv);
+    };
+    a.make("a", [](reader*) { end(passes == 40); });
+    a.feed();
+    run();
+}
+
+void descriptor_closed_under_its_client()
+{
+    begin();
+    a.make("a");
+    b.make("b", [](reader*) { end(trail == "b" + std::to_string(passes) + " " && passes < 5); });
+    core_dfc(
+        [](void*, void*) {
+            close(a.fds[0]);
+            b.feed();
+        },
+        nullptr, nullptr, 0);
+    run();
+}
+
+void clients_without_usable_descriptor()
+{
+    begin();
+    static core_rd_cb_client none{{}, -1, [](void*, void*) { end(false); }, nullptr, nullptr};
+    static core_rd_cb_client high{{}, FD_SETSIZE, [](void*, void*) { end(false); }, nullptr, nullptr};
+    core_add_rd_cb_client(&none);
+    core_add_rd_cb_client(&high);
+    a.make("a", [](reader*) {
+        core_rm_rd_cb_client(&none);
+        core_rm_rd_cb_client(&high);
+        end(true);
+    });
+    a.feed();
+    run();
+}
+
+// Four threads queue calls and take a client of their own in and out; each thread's calls keep their order.
+void many_threads()
+{
+    constexpr int threads = 4, each = 3000;
+    plat_attach(&plat_linux_co);
+    tmr_init();
+    core_init("test");
+    static std::array<int, threads> next;
+    static int done;
+    for (std::intptr_t t = 0; t < threads; t++)
+        std::thread([t] {
+            reader own;
+            own.make("");
+            for (std::intptr_t i = 0; i < each; i++) {
+                core_dfc(
+                    [](void* p1, void* p2) {
+                        int& want = next[reinterpret_cast<std::size_t>(p1)];
+                        if (want++ != static_cast<int>(reinterpret_cast<std::intptr_t>(p2)))
+                            end(false);
+                        if (want == each && ++done == threads)
+                            end(true);
+                    },
+                    reinterpret_cast<void*>(t), reinterpret_cast<void*>(i), 0);
+                core_rm_rd_cb_client(&own.client);
+                core_add_rd_cb_client(&own.client);
+            }
+            core_rm_rd_cb_client(&own.client);
+        }).detach();
+    run();
+}
+
+} // namespace
+
+TEST(Core, Deferred)
+{
+    EXPECT_GOOD_END(deferred_before_start);
+    EXPECT_GOOD_END(deferred_before_readers);
+    EXPECT_GOOD_END(delay_counts_once_running);
+    EXPECT_GOOD_END(burst_fills_the_pipe);
+}
+
+TEST(Core, Readers)
+{
+    EXPECT_GOOD_END(reader_moves_itself_to_the_tail);
+    EXPECT_GOOD_END(reader_removed_by_another);
+    EXPECT_GOOD_END(clients_without_usable_descriptor);
+    EXPECT_GOOD_END(descriptor_closed_under_its_client);
+    EXPECT_GOOD_END(failing_selects_start_over);
+}
+
+TEST(Core, Threads)
+{
+    EXPECT_GOOD_END(many_threads);
+}
+
+TEST(Core, PipeThatCantBeMade)
+{
+    begin();
+    plat_fake_fail("pipe", 1, EMFILE);
+    EXPECT_EQ(core_start(), -1);
+}
+
+TEST(Core, PipeThatCantBeSetUpStopsTheProcess)
+{
+    static int calls_left;
+    begin();
+    plat_fake_co.fcntl = [](int fd, int cmd, long arg) {
+        return calls_left-- == 0 ? -1 : plat_linux_co.fcntl(fd, cmd, arg);
+    };
+    core_dfc([](void*, void*) { end(true); }, nullptr, nullptr, 0);
+    for (int call = 0; call < 4; call++) {
+        calls_left = call;
+        EXPECT_EXIT(run(), testing::ExitedWithCode(1), "^$") << "fcntl " << call;
+    }
+    calls_left = 4;
+    EXPECT_EXIT(run(), testing::ExitedWithCode(0), "^$");
+}
+
+TEST(Autoinit, RunsTheTiersInOrder)
+{
+    trail.clear();
+    constexpr autoinit_entry interfaces[] = {[] { trail += "i1 "; }, [] { trail += "i2 "; }};
+    constexpr autoinit_entry drivers[] = {[] { trail += "d1 "; }};
+    constexpr autoinit_entry commands[] = {[] { trail += "c1 "; }, [] { trail += "c2 "; }};
+    autoinit_init();
+    autoinit(interfaces, drivers, commands);
+    EXPECT_EQ(trail, "i1 i2 d1 c1 c2 ");
+}

@@ -1,0 +1,210 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <numeric>
+#include <random>
+#include <vector>
+
+#include "dlnk/dlnk.h"
+#include "rlnk/rlnk.h"
+#include "slnk/slnk.h"
+
+namespace {
+
+std::vector<const void*> nodes_of(const slnk& head)
+{
+    std::vector<const void*> nodes;
+    for (const slnk* p = slnk_next(&head); p != nullptr; p = slnk_next(p))
+        nodes.push_back(p);
+    return nodes;
+}
+
+// Both directions, which must agree.
+std::vector<const void*> nodes_of(const dlnk& head)
+{
+    std::vector<const void*> forward, backward;
+    for (const dlnk* p = dlnk_next(&head); p != &head; p = dlnk_next(p))
+        forward.push_back(p);
+    for (const dlnk* p = dlnk_prev(&head); p != &head; p = dlnk_prev(p))
+        backward.push_back(p);
+    std::reverse(backward.begin(), backward.end());
+    EXPECT_EQ(forward, backward);
+    return forward;
+}
+
+using nodes = std::vector<const void*>;
+
+} // namespace
+
+TEST(Slnk, OrderOfLinkingAndUnlinking)
+{
+    slnk head, a{}, b{}, c{}, d{};
+    slnk_init(&head);
+    EXPECT_EQ(slnk_remove_next(&head), nullptr);
+    EXPECT_EQ(slnk_add(&head, &a), &a);
+    slnk_add(&head, &b);
+    slnk_insert(&head, &c);
+    slnk_insert(&a, &d);
+    EXPECT_EQ(nodes_of(head), (nodes{&c, &a, &d, &b}));
+
+    EXPECT_EQ(slnk_remove(&head, &a), &a);
+    EXPECT_EQ(slnk_next(&a), &d) << "a walk that stands on a removed node must get on";
+    EXPECT_EQ(slnk_remove(&head, &a), &a);
+    EXPECT_EQ(nodes_of(head), (nodes{&c, &d, &b}));
+    EXPECT_EQ(slnk_remove_next(&c), &d);
+    EXPECT_EQ(slnk_remove_next(&head), &c);
+    EXPECT_EQ(slnk_remove(&head, &b), &b);
+    EXPECT_EQ(slnk_next(&head), nullptr);
+}
+
+TEST(Slnk, WalkStopsAndMayUnlink)
+{
+    slnk head, node[3]{};
+    slnk_init(&head);
+    for (slnk& n : node)
+        slnk_add(&head, &n);
+    struct {
+        slnk* p_head;
+        nodes seen;
+    } arg{&head, {}};
+    const auto stop_at_second = [](slnk* p, void* a) {
+        auto* p_seen = &static_cast<decltype(arg)*>(a)->seen;
+        p_seen->push_back(p);
+        return p_seen->size() == 2 ? 7 : 0;
+    };
+    EXPECT_EQ(slnk_for_each(&head, stop_at_second, &arg), 0);
+    EXPECT_EQ(arg.seen, (nodes{&node[0], &node[1]}));
+
+    arg.seen.clear();
+    const auto unlink = [](slnk* p, void* a) {
+        auto* p_arg = static_cast<decltype(arg)*>(a);
+        p_arg->seen.push_back(slnk_remove(p_arg->p_head, p));
+        p->p_next = p;
+        return 0;
+    };
+    EXPECT_EQ(slnk_for_each(&head, unlink, &arg), 1);
+    EXPECT_EQ(arg.seen, (nodes{&node[0], &node[1], &node[2]}));
+    EXPECT_EQ(slnk_next(&head), nullptr);
+}
+
+// A flat image whose links lie in both directions is moved to another place.
+TEST(Slnk, SerializedImageCanMove)
+{
+    struct image {
+        slnk head;
+        struct {
+            slnk lnk;
+            int value;
+        } rec[3];
+    };
+    image one{};
+    for (const int i : {1, 0, 2}) {
+        one.rec[i].value = i;
+        slnk_add(&one.head, &one.rec[i].lnk);
+    }
+    slnk_serialize(1, &one.head);
+    EXPECT_EQ(reinterpret_cast<std::intptr_t>(one.head.p_next) * 4,
+              static_cast<std::intptr_t>(offsetof(image, rec[1]) - offsetof(image, head)));
+    EXPECT_EQ(reinterpret_cast<std::intptr_t>(one.rec[1].lnk.p_next) * 4,
+              -static_cast<std::intptr_t>(sizeof one.rec[0]));
+    EXPECT_EQ(one.rec[2].lnk.p_next, nullptr);
+
+    image two = one;
+    one = {};
+    slnk_serialize(0, &two.head);
+    EXPECT_EQ(nodes_of(two.head), (nodes{&two.rec[1], &two.rec[0], &two.rec[2]}));
+
+    slnk empty{};
+    slnk_serialize(1, &empty);
+    slnk_serialize(0, &empty);
+    EXPECT_EQ(empty.p_next, nullptr);
+}
+
+TEST(Dlnk, OrderOfLinkingAndUnlinking)
+{
+    dlnk head, a, b, c, d;
+    dlnk_init(&head);
+    EXPECT_EQ(nodes_of(head), nodes{});
+    EXPECT_EQ(dlnk_insert(&head, &a), &head);
+    dlnk_insert(&head, &b);
+    EXPECT_EQ(dlnk_add(&head, &c), &a);
+    EXPECT_EQ(dlnk_add(&b, &d), &head);
+    EXPECT_EQ(nodes_of(head), (nodes{&c, &a, &b, &d}));
+
+    const auto is = [](dlnk* p, void* wanted) { return p == wanted ? 1 : 0; };
+    EXPECT_EQ(dlnk_for_each(&head, is, &b), &b);
+    EXPECT_EQ(dlnk_for_each(&head, is, nullptr), nullptr);
+
+    EXPECT_EQ(dlnk_remove(&a), &b);
+    EXPECT_EQ(dlnk_next(&a), &a);
+    EXPECT_EQ(dlnk_remove(&a), &a) << "a node in no list stays alone";
+    EXPECT_EQ(dlnk_remove(&d), &head);
+    EXPECT_EQ(nodes_of(head), (nodes{&c, &b}));
+    dlnk never{};
+    EXPECT_EQ(dlnk_remove(&never), &never);
+}
+
+TEST(Rlnk, EqualDistancesStandInOrderOfInsertion)
+{
+    rlnk head, a, b, c, alone;
+    rlnk_init(&head, 0);
+    rlnk_init(&a, 100);
+    rlnk_init(&b, 100);
+    rlnk_init(&c, 40);
+    rlnk_init(&alone, 5);
+    EXPECT_EQ(rlnk_insert(&head, &a), 100u);
+    EXPECT_EQ(rlnk_insert(&head, &b), 0u);
+    EXPECT_EQ(rlnk_insert(&head, &c), 40u);
+    EXPECT_EQ(nodes_of(head.lnk), (nodes{&c, &a, &b}));
+    EXPECT_EQ(a.rank, 60u);
+    EXPECT_EQ(head.rank, 0u);
+
+    rlnk_remove(&head, &alone);
+    EXPECT_EQ(nodes_of(head.lnk), (nodes{&c, &a, &b}));
+    EXPECT_EQ(rlnk_derank(&head, 25), &c);
+    EXPECT_EQ(rlnk_remove(&head, &c), &a);
+    EXPECT_EQ(a.rank, 85u);
+    EXPECT_EQ(rlnk_remove(&head, &b), &head);
+    EXPECT_EQ(rlnk_remove(&head, &a), &head);
+    EXPECT_EQ(head.rank, 0u);
+    EXPECT_EQ(rlnk_derank(&head, 9), &head);
+    EXPECT_EQ(head.rank, 0u) << "an empty list keeps no rank";
+}
+
+// Against plain times in a stable sort, with removals in between and distances up to the largest.
+TEST(Rlnk, AgreesWithSortedPlainTimes)
+{
+    std::mt19937 random(1);
+    for (int round = 0; round < 50; round++) {
+        struct plain {
+            rlnk lnk;
+            std::uint32_t distance;
+        };
+        std::vector<plain> all(40);
+        rlnk head;
+        rlnk_init(&head, 0);
+        std::vector<plain*> want;
+        for (plain& p : all) {
+            p.distance = round % 2 != 0 ? random() % 10 : random();
+            rlnk_init(&p.lnk, p.distance);
+            rlnk_insert(&head, &p.lnk);
+            want.push_back(&p);
+            if (random() % 4 == 0) {
+                const auto victim = want.begin() + static_cast<std::ptrdiff_t>(random() % want.size());
+                rlnk_remove(&head, &(*victim)->lnk);
+                want.erase(victim);
+            }
+        }
+        std::stable_sort(want.begin(), want.end(),
+                         [](plain* l, plain* r) { return l->distance < r->distance; });
+        std::uint32_t sum = 0;
+        const rlnk* p = rlnk_next(&head);
+        for (const plain* p_want : want) {
+            ASSERT_EQ(static_cast<const void*>(p), p_want);
+            sum += p->rank;
+            EXPECT_EQ(sum, p_want->distance);
+            p = rlnk_next(p);
+        }
+        EXPECT_EQ(p, &head);
+        EXPECT_EQ(head.rank, 0u);
+    }
+}

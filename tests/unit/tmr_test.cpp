@@ -1,0 +1,277 @@
+#include <array>
+#include <atomic>
+#include <future>
+#include <gtest/gtest.h>
+#include <random>
+#include <thread>
+#include <vector>
+
+#include "plat_fake.h"
+#include "plat_linux/plat_linux.h"
+#include "tmr/tmr.h"
+
+namespace {
+
+using periods = std::vector<std::uint64_t>;
+
+std::vector<const tmr_link*> fired;
+
+void note(tmr_link* p_link, std::uint32_t)
+{
+    fired.push_back(p_link);
+}
+
+using links = std::vector<const tmr_link*>;
+
+class Tmr : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        plat_fake_reset();
+        fired.clear();
+        tmr_init();
+    }
+    tmr_link a{}, b{}, c{};
+};
+
+} // namespace
+
+TEST_F(Tmr, ClockWrapsOnlyIn32Bits)
+{
+    EXPECT_EQ(tmr_get64(), 0u);
+    plat_fake_advance_us((1ull << 32) - 10);
+    const std::uint32_t before = tmr_get();
+    plat_fake_advance_us(25);
+    EXPECT_EQ(tmr_get(), 15u);
+    EXPECT_EQ(tmr_get() - before, 25u);
+    EXPECT_EQ(tmr_get64(), (1ull << 32) + 15);
+}
+
+TEST_F(Tmr, SleepsAreWholeThoughSignalsCome)
+{
+    tmr_usleep(2500000);
+    EXPECT_EQ(tmr_get64(), 2500000u);
+    plat_fake_fail("nanosleep", 3, EINTR);
+    tmr_msleep(8000);
+    EXPECT_EQ(tmr_get64(), 10500000u);
+    tmr_msleep(UINT32_MAX);
+    EXPECT_EQ(tmr_get64(), 10500000u + 1000ull * UINT32_MAX);
+    plat_fake_fail("nanosleep", 1000000, EIO);
+    tmr_usleep(1); // a sleep that can't work comes back
+    plat_fake_fail("nanosleep", 1, EIO);
+    const auto before = tmr_get64();
+    tmr_usleep(70);
+    EXPECT_EQ(tmr_get64() - before, 70u);
+}
+
+TEST_F(Tmr, EqualExpiriesFireLastAddedFirst)
+{
+    tmr_cb_add(&a, note, 500);
+    plat_fake_advance_us(100);
+    tmr_cb_add(&b, note, 400);
+    tmr_cb_add(&c, note, 400);
+    EXPECT_EQ(plat_fake_periods(), periods{500});
+    plat_fake_advance_us(399);
+    EXPECT_EQ(fired, links{});
+    EXPECT_EQ(tmr_cb_left(), 1u);
+    plat_fake_advance_us(1);
+    EXPECT_EQ(fired, (links{&c, &b, &a}));
+    EXPECT_EQ(tmr_cb_left(), 0u);
+}
+
+TEST_F(Tmr, OnlyANewFirstTimerReprograms)
+{
+    tmr_cb_add(&a, note, 1000);
+    plat_fake_advance_us(300);
+    tmr_cb_add(&b, note, 701); // 700 are left
+    EXPECT_EQ(plat_fake_periods(), periods{1000});
+    tmr_cb_add(&c, note, 699);
+    EXPECT_EQ(plat_fake_periods(), (periods{1000, 699}));
+    plat_fake_advance_us(699);
+    EXPECT_EQ(fired, links{&c});
+    plat_fake_advance_us(1);
+    EXPECT_EQ(fired, (links{&c, &a}));
+    plat_fake_advance_us(1);
+    EXPECT_EQ(fired, (links{&c, &a, &b}));
+    EXPECT_EQ(plat_fake_periods(), (periods{1000, 699, 1, 1}));
+}
+
+TEST_F(Tmr, RemovingTheFirstRunsForTheNext)
+{
+    tmr_cb_add(&a, note, 100);
+    tmr_cb_add(&b, note, 250);
+    plat_fake_advance_us(60);
+    tmr_cb_rm(&c); // never armed
+    tmr_cb_rm(&a);
+    EXPECT_EQ(plat_fake_periods(), (periods{100, 190}));
+    tmr_cb_rm(&a);
+    EXPECT_EQ(tmr_cb_left(), 190u);
+    tmr_cb_rm(&b);
+    EXPECT_EQ(plat_fake_periods(), (periods{100, 190, 0}));
+    plat_fake_advance_us(1000);
+    EXPECT_EQ(fired, links{});
+}
+
+TEST_F(Tmr, CallbackMayArmItsOwnLinkAndGetsThePeriod)
+{
+    static std::vector<std::uint64_t> at;
+    at.clear();
+    tmr_cb_add(
+        &a,
+        [](tmr_link* p_link, std::uint32_t tm) {
+            EXPECT_EQ(tm, 20000u);
+            at.push_back(tmr_get64());
+            if (at.size() < 3)
+                tmr_cb_add(p_link, p_link->cb, 20000);
+        },
+        20000);
+    plat_fake_advance_us(100000);
+    EXPECT_EQ(at, (std::vector<std::uint64_t>{20000, 40000, 60000}));
+}
+
+// The expiry of a timer that is removed meanwhile must not be taken for its successor's.
+TEST_F(Tmr, ExpiryOnItsWayEndsQuietly)
+{
+    plat_fake_hold_expiries(true);
+    tmr_cb_add(&a, note, 100);
+    tmr_cb_add(&b, note, 150);
+    plat_fake_advance_us(100);
+    tmr_cb_rm(&a);
+    plat_fake_deliver();
+    EXPECT_EQ(fired, links{});
+    plat_fake_advance_us(49);
+    plat_fake_deliver();
+    EXPECT_EQ(fired, links{});
+    plat_fake_advance_us(1);
+    plat_fake_deliver();
+    EXPECT_EQ(fired, links{&b});
+
+    tmr_cb_add(&a, note, 10);
+    plat_fake_advance_us(10);
+    tmr_cb_rm(&a);
+    plat_fake_deliver(); // finds no timer at all
+    EXPECT_EQ(fired, links{&b});
+
+    tmr_cb_add(&a, note, 10);
+    plat_fake_advance_us(10);
+    tmr_cb_add(&b, note, 5); // while a's expiry is on its way
+    plat_fake_deliver();
+    EXPECT_EQ(fired, (links{&b, &a}));
+    plat_fake_advance_us(5);
+    plat_fake_deliver();
+    EXPECT_EQ(fired, (links{&b, &a, &b}));
+}
+
+TEST_F(Tmr, AgreesWithPlainTimes)
+{
+    struct timer {
+        tmr_link link;
+        std::uint64_t due, fired_at;
+    };
+    static std::vector<timer> timers;
+    timers.assign(300, {});
+    std::mt19937 random(7);
+    for (timer& t : timers) {
+        const std::uint32_t time = 1 + random() % 5000;
+        t.due = tmr_get64() + time;
+        tmr_cb_add(
+            &t.link, [](tmr_link* p, std::uint32_t) { reinterpret_cast<timer*>(p)->fired_at += tmr_get64(); },
+            time);
+        plat_fake_advance_us(random() % 50);
+        timer& victim = timers[random() % timers.size()];
+        if (random() % 5 == 0 && victim.due > tmr_get64()) {
+            tmr_cb_rm(&victim.link);
+            victim.due = 0;
+        }
+    }
+    plat_fake_advance_us(10000);
+    for (const timer& t : timers)
+        EXPECT_EQ(t.fired_at, t.due);
+}
+
+TEST_F(Tmr, FailuresGoToTheKernelLog)
+{
+    using lines = std::vector<std::string>;
+    plat_fake_fail("timer_settime", 1, EINVAL);
+    tmr_cb_add(&a, note, 100);
+    EXPECT_EQ(plat_fake_shell(), lines{"echo \"QAT: tmr_cb.c: timer_settime failed\" > /dev/kmsg"});
+    plat_fake_advance_us(100);
+    EXPECT_EQ(fired, links{});
+    tmr_cb_add(&b, note, 300); // makes up for the failed arming
+    plat_fake_advance_us(300);
+    EXPECT_EQ(fired, (links{&a, &b}));
+
+    plat_fake_reset();
+    plat_fake_fail("timer_create", 1, EAGAIN);
+    tmr_init();
+    EXPECT_EQ(plat_fake_shell(), lines{"echo \"QAT: tmr_cb.c: timer_create failed\" > /dev/kmsg"});
+    tmr_cb_add(&a, note, 100);
+    tmr_cb_rm(&a);
+    EXPECT_EQ(tmr_cb_left(), 0u);
+
+    plat_fake_reset();
+    tmr_init();
+    sigevent event = plat_fake_timer_event();
+    EXPECT_EQ(event.sigev_notify, SIGEV_THREAD);
+    event.sigev_value.sival_int++;
+    event.sigev_notify_function(event.sigev_value);
+    EXPECT_EQ(plat_fake_shell(), lines{"echo \"QAT: tmr_cb.c: Unknown signal received\" > /dev/kmsg"});
+}
+
+TEST_F(Tmr, ProgrammingFaultsStopTheProcess)
+{
+    EXPECT_EXIT(tmr_cb_add(&a, note, 0), testing::ExitedWithCode(1), "^$");
+    EXPECT_EXIT(tmr_cb_add(&a, nullptr, 1), testing::ExitedWithCode(1), "^$");
+    EXPECT_EXIT(tmr_cb_add(nullptr, note, 1), testing::ExitedWithCode(1), "^$");
+}
+
+// Four threads against the thread that fires: what isn't removed fires once, what is removed at most once.
+TEST_F(Tmr, ManyThreads)
+{
+    struct timer {
+        tmr_link link;
+        std::atomic<int> count;
+        bool removed;
+    };
+    static std::array<timer, 4000> timers;
+    std::atomic<bool> stop = false;
+    std::thread time([&stop] {
+        while (!stop)
+            plat_fake_advance_us(50);
+    });
+    std::vector<std::thread> threads;
+    for (unsigned t = 0; t < 4; t++)
+        threads.emplace_back([t] {
+            std::mt19937 random(t);
+            for (std::size_t i = t; i < timers.size(); i += 4) {
+                tmr_cb_add(
+                    &timers[i].link, [](tmr_link* p, std::uint32_t) { reinterpret_cast<timer*>(p)->count++; },
+                    1 + random() % 2000);
+                timers[i].removed = random() % 3 == 0;
+                if (timers[i].removed)
+                    tmr_cb_rm(&timers[i].link);
+            }
+        });
+    for (std::thread& t : threads)
+        t.join();
+    stop = true;
+    time.join();
+    plat_fake_advance_us(2000);
+    for (const timer& t : timers)
+        EXPECT_TRUE(t.count == 1 || (t.removed && t.count == 0));
+}
+
+// The sanitizer doesn't know the threads that the C library makes for SIGEV_THREAD.
+#ifndef __SANITIZE_THREAD__
+TEST(TmrReal, CallbacksComeOnAThreadOfTheirOwn)
+{
+    static std::promise<std::thread::id> done;
+    static tmr_link link;
+    plat_attach(&plat_linux_co);
+    tmr_init();
+    tmr_cb_add(
+        &link, [](tmr_link*, std::uint32_t) { done.set_value(std::this_thread::get_id()); }, 100);
+    EXPECT_NE(done.get_future().get(), std::this_thread::get_id());
+    EXPECT_GE(tmr_get64(), 100u);
+}
+#endif
