@@ -124,8 +124,8 @@ bool get_directive(nav_values* p_dst, int i, char** pp, char directive)
     }
 }
 
-// Characters before the first `=`, `?` or the end, for long texts.
-std::size_t length_to_stop(const char* text)
+// Characters before the first `=`, `?` or the end, for long texts. Kept out of the way of the short ones.
+[[gnu::noinline]] std::size_t length_to_stop(const char* text)
 {
     std::size_t len = std::strlen(text);
     for (const char stop : {'=', '?'})
