@@ -6,6 +6,7 @@
 #include "core/watch.h"
 #include "devices/kmsg.h"
 #include "devices/port.h"
+#include "devices/proc.h"
 #include "devices/usb_state.h"
 #include "tools/tools.h"
 
@@ -22,6 +23,7 @@ constexpr phone_part parts[] = {
     { "tools",  tools_attach,    nullptr,          nullptr },
     { "uevent", uevents_attach,  nullptr,          nullptr },
     { "kmsg",   kmsg_attach,     nullptr,          nullptr },
+    { "proc",   nullptr,         proc_seed,        nullptr },
     { "usb",    port_attach,     usb_state_seed,   nullptr },
 };
 // clang-format on
