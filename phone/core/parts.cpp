@@ -9,6 +9,7 @@
 #include "devices/gpio.h"
 #include "devices/kmsg.h"
 #include "devices/port.h"
+#include "devices/proc.h"
 #include "devices/processor.h"
 #include "devices/regulators.h"
 #include "devices/rtc.h"
@@ -30,6 +31,7 @@ constexpr phone_part parts[] = {
     { "tools",  tools_attach,    nullptr,          nullptr },
     { "uevent", uevents_attach,  nullptr,          nullptr },
     { "kmsg",   kmsg_attach,     nullptr,          nullptr },
+    { "proc",   nullptr,         proc_seed,        nullptr },
     { "usb",    port_attach,     usb_state_seed,   nullptr },
     { "gpio",   gpio_attach,     nullptr,          nullptr },
     { "i2c",    i2c_attach,      nullptr,          nullptr },

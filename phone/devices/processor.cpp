@@ -42,8 +42,6 @@ constexpr setting of_chip[] = {
     { "/sys/module/lpm_resources/enable_low_power/vdd_mem",            "0"  },
     { "/sys/kernel/debug/msm/pvsr",                                    "3"  },
     { "/sys/kernel/debug/msm/msmv",                                    "497 2 17" },
-    { "/proc/version", "Linux version 3.4.0-perf-g6c1a6c4 (builder@line) (gcc version 4.7 (GCC) ) "
-                       "#1 SMP PREEMPT Mon Jul 29 19:12:44 2013" },
 };
 // clang-format on
 

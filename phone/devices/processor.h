@@ -1,4 +1,4 @@
-// The main chip as the kernel shows it: processors and their power settings, fuses, the kernel's version.
+// The main chip as the kernel shows it: processors and their power settings, fuses.
 #pragma once
 
 namespace phone {

@@ -11,6 +11,7 @@
 
 #include "autoinit/autoinit.h"
 #include "core/core.h"
+#include "dcp/dcp.h"
 #include "plat_fake.h"
 #include "plat_linux/plat_linux.h"
 #include "tmr/tmr.h"
@@ -84,6 +85,7 @@ void begin()
         passes++;
         return plat_linux_co.select(nfds, rd, wr, ex, tv);
     };
+    dcp_init();
     tmr_init();
     core_init("test");
 }
@@ -243,6 +245,7 @@ void many_threads()
 {
     constexpr int threads = 4, each = 3000;
     plat_attach(&plat_linux_co);
+    dcp_init();
     tmr_init();
     core_init("test");
     static std::array<int, threads> next;

@@ -5,7 +5,9 @@
 #include "cio_v2/cio.h"
 #include "core/core.h"
 #include "dcp/dcp.h"
+#include "hwp/hwp.h"
 #include "plat/plat.h"
+#include "rev/rev.h"
 #include "tiers.h"
 #include "tmr/tmr.h"
 
@@ -14,6 +16,9 @@ namespace {
 constexpr const char* start_line = "echo \"Korvat HVT is starting up...\" > /dev/kmsg";
 constexpr const char* vmrk_rev = "@(#) s_qat_korvat_1_32_2_5_b";
 
+constexpr hwp board_hwp = {0, 0, 1};
+
+rev_rec space_num;
 cio cio_clnt;
 char cmd_ln[32768];
 cio_tty_config cio_tty_cfg = {nullptr, 115200};
@@ -33,6 +38,14 @@ void s_cfg_comm_path()
     cio_tty_cfg.path = s_dev_exist("/dev/ttyGS1") ? "/dev/ttyGS1" : "/dev/ttyGS0";
 }
 
+// What differs from board to board.
+void s_cfg_init()
+{
+    hwp_init();
+    hwp old;
+    hwp_set(&old, board_hwp.family, board_hwp.model, board_hwp.rev);
+}
+
 // The start-up sequence. The order is fixed: later steps rely on earlier ones. A step that fails is passed
 // over, since a phone with a dead part must still be testable.
 int s_entry(int, char**)
@@ -41,6 +54,8 @@ int s_entry(int, char**)
     core_init(vmrk_rev);
     autoinit(tier_initcompif, tier_initcomp, tier_initcompcmd);
     s_cfg_comm_path();
+    s_cfg_init();
+    rev_add(&space_num, "space_num", "8842-1170");
     cio_s3_set(',', '\r');
     cio_s4_set(0, '\n', 0);
     dcp_case_set(0);

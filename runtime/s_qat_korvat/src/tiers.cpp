@@ -2,11 +2,16 @@
 // drivers rely on what stands before them. A module that isn't built yet has no line.
 #include "tiers.h"
 
+#include "cfg/cfg.h"
 #include "cio_stdio/cio_stdio.h"
 #include "cio_tty/cio_tty.h"
 #include "cio_v2/cio.h"
+#include "f_qat/f_qat.h"
 #include "fsm/fsm.h"
 #include "queue/queue.h"
+#include "t_vers/t_vers.h"
+#include "vers/vers.h"
+#include "vers_linux/vers_linux.h"
 
 namespace {
 
@@ -14,18 +19,19 @@ namespace {
 constexpr autoinit_entry initcompif[] = {
     cio_dev_init,
     fsm_init,
+    vers_init,
 };
 
 // Drivers: attach a callout table to their interface.
 constexpr autoinit_entry initcomp[] = {
-    cio_stdio_init,
-    cio_tty_init,
-    queue_init,
+    cfg_init, cio_stdio_init, cio_tty_init, queue_init, vers_linux_init,
 };
 
 // Commands: add a command table.
 constexpr autoinit_entry initcompcmd[] = {
     cio_cmd_init,
+    f_qat_init,
+    t_vers_init,
 };
 
 } // namespace

@@ -1,0 +1,24 @@
+one record by its name
+  send     rev="space_num"
+  expect   REV:space_num: 8842-1170,OK
+  send     rev?"vmrk_rev"
+  expect   REV:vmrk_rev: @(#) s_qat_korvat_1_32_2_5_b,OK
+
+an unknown record is an error, and names are matched whole and by case
+  send     rev="nosuch"
+  expect   ERROR
+  send     rev="space"
+  expect   ERROR
+  send     rev="SPACE_NUM"
+  expect   ERROR
+  send     rev=""
+  expect   ERROR
+
+a name without quotes is a syntax error
+  send     rev=nosuch
+  expect   rev       (name)                                            revision(object),SYNTAX
+
+the names are listed with the latest first
+  send     rev=?
+  expect   REV:space_num,REV:bld_time,REV:bld_date,REV:vmrk_rev,
+  + rev       (name)                                            revision(object),OK

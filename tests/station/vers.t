@@ -1,0 +1,34 @@
+the application system's version is the kernel's, without its line end
+  write    /proc/version Linux version 3.4.0 (builder@host) #1 SMP PREEMPT\n
+  send     vers=2
+  expect   VERS:Linux version 3.4.0 (builder@host) #1 SMP PREEMPT,OK
+  send     VERS?2
+  expect   VERS:Linux version 3.4.0 (builder@host) #1 SMP PREEMPT,OK
+
+line ends within the text go, and an empty one is an empty value
+  write    /proc/version one\r\ntwo\n
+  send     vers=2
+  expect   VERS:onetwo,OK
+  write    /proc/version \x20
+  send     vers=2
+  expect   VERS:,OK
+
+a value above 3 is an error without a line
+  send     vers=4
+  expect   ERROR
+  send     vers=-1
+  expect   ERROR
+
+two values are a syntax error
+  send     vers=1,2
+  expect   vers      [(0-3)]                                           vers(val),SYNTAX
+
+the parameters are told
+  send     vers=?
+  expect   VERS:Parameters: 0=All, 1=QAT, 2=App OS 3=Modem,
+  + vers      [(0-3)]                                           vers(val),OK
+
+a new phone has a kernel
+  send     vers=2
+  expect   VERS:Linux version 3.4.0-perf-g5d2c81e (build@korvat) (gcc version 4.7 (GCC) ) #1 SMP\x20
+  + PREEMPT Mon Jul 29 19:12:44 2013,OK
