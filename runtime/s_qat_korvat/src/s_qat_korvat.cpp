@@ -5,6 +5,7 @@
 #include "cio_v2/cio.h"
 #include "core/core.h"
 #include "dcp/dcp.h"
+#include "ftm_linux/ftm_linux.h"
 #include "hwp/hwp.h"
 #include "plat/plat.h"
 #include "rev/rev.h"
@@ -59,6 +60,7 @@ int s_entry(int, char**)
     cio_s3_set(',', '\r');
     cio_s4_set(0, '\n', 0);
     dcp_case_set(0);
+    ftm_start();
     cio_init(&cio_clnt, cmd_ln, sizeof cmd_ln, "console", "tty", &cio_tty_cfg, nullptr);
     cio_start(&cio_clnt);
     return core_start();
