@@ -36,7 +36,7 @@ constexpr phone_part parts[] = {
     { "gpio",   gpio_attach,     nullptr,          nullptr },
     { "i2c",    i2c_attach,      nullptr,          nullptr },
     { "spmi",   spmi_attach,     spmi_seed,        spmi_start },
-    { "vreg",   nullptr,         regulators_seed,  nullptr },
+    { "vreg",   regulators_attach, regulators_seed,  nullptr },
     { "adc",    nullptr,         converters_seed,  nullptr },
     { "cpu",    nullptr,         processor_seed,   nullptr },
     { "rtc",    rtc_attach,      nullptr,          rtc_start },

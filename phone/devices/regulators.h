@@ -3,6 +3,7 @@
 
 namespace phone {
 
+void regulators_attach();
 void regulators_seed();
 
 } // namespace phone

@@ -98,6 +98,7 @@ void store_seed()
 {
     if (!home_is_first_start())
         return;
+    home_seed("/data/.layout_version", "2\n"); // the folder that unit dumps go to
     for (const seed_row& row : seeds) {
         const auto bytes = hex_bytes(row.hex);
         if (units::size(units_dir, row.unit) < 0)
