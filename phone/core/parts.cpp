@@ -4,6 +4,7 @@
 #include "core/log.h"
 #include "core/uevents.h"
 #include "core/watch.h"
+#include "devices/diag.h"
 #include "devices/kmsg.h"
 #include "devices/port.h"
 #include "devices/proc.h"
@@ -24,6 +25,7 @@ constexpr phone_part parts[] = {
     { "uevent", uevents_attach,  nullptr,          nullptr },
     { "kmsg",   kmsg_attach,     nullptr,          nullptr },
     { "proc",   nullptr,         proc_seed,        nullptr },
+    { "diag",   diag_attach,     nullptr,          nullptr },
     { "usb",    port_attach,     usb_state_seed,   nullptr },
 };
 // clang-format on
