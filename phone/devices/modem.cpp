@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <initializer_list>
 #include <string_view>
 
 #include "core/clock.h"
@@ -54,8 +55,9 @@ void put_u32(packet& bytes, std::size_t at, std::uint32_t value)
 
 packet error(std::uint8_t code, request_bytes request)
 {
-    packet answer{code};
-    answer.insert(answer.end(), request.begin(), request.end());
+    packet answer(1 + request.size());
+    answer[0] = code;
+    std::copy(request.begin(), request.end(), answer.begin() + 1);
     return answer;
 }
 
@@ -64,23 +66,28 @@ packet echo(request_bytes request)
     return {request.begin(), request.end()};
 }
 
+packet joined(std::initializer_list<std::uint8_t> head, std::string_view text,
+              std::initializer_list<std::uint8_t> tail)
+{
+    packet bytes(head.size() + text.size() + tail.size());
+    auto at = std::copy(head.begin(), head.end(), bytes.begin());
+    at = std::copy(text.begin(), text.end(), at);
+    std::copy(tail.begin(), tail.end(), at);
+    return bytes;
+}
+
 // Version and time of the modem's build: 11 and 8 characters of the compilation, the same of the release, the
 // directory, and numbers.
 packet version(request_bytes)
 {
     constexpr std::string_view text = "Jul 12 201319:45:30Jul 16 201308:02:11korvat01";
-    packet answer{0x00};
-    answer.insert(answer.end(), text.begin(), text.end());
-    answer.insert(answer.end(), {0x00, 0x06, 0x5F, 0x15, 0x28, 0x02, 0x01, 0x00});
-    return answer;
+    return joined({0x00}, text, {0x00, 0x06, 0x5F, 0x15, 0x28, 0x02, 0x01, 0x00});
 }
 
 packet build_id(request_bytes)
 {
     constexpr std::string_view text("M8974A-KORVAT-1.0.4085\0MSM8974", 31);
-    packet answer{0x7C, 0x01, 0x00, 0x00, 0xE1, 0x90, 0x07, 0x00, 0x6C, 0x0F, 0x00, 0x00};
-    answer.insert(answer.end(), text.begin(), text.end());
-    return answer;
+    return joined({0x7C, 0x01, 0x00, 0x00, 0xE1, 0x90, 0x07, 0x00, 0x6C, 0x0F, 0x00, 0x00}, text, {});
 }
 
 packet log_configuration(request_bytes request)
