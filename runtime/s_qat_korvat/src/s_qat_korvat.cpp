@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "autoinit/autoinit.h"
+#include "autopoff/autopoff.h"
 #include "board_maps.h"
 #include "cfg/cfg.h"
 #include "cio_tty/cio_tty.h"
@@ -109,6 +110,7 @@ int s_entry(int, char**)
     cio_start(&cio_clnt);
     usb_linux_set_cfg(&usb_linux_cfg);
     usb_evt_attach(&usb_tpok_con, usb_cb_tpok_con);
+    autopoff_start();
     usb_start();
     rfbv_setup();
     syscfg_set_mode(0);

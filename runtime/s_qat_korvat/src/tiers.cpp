@@ -5,7 +5,11 @@
 #include "adc/adc.h"
 #include "adcr/adcr.h"
 #include "adcr_brenk/adcr_brenk.h"
+#include "autopoff/autopoff.h"
+#include "battery/battery.h"
 #include "cfg/cfg.h"
+#include "charge/charge.h"
+#include "charge_qpnp/charge_qpnp.h"
 #include "cio_stdio/cio_stdio.h"
 #include "cio_tty/cio_tty.h"
 #include "cio_v2/cio.h"
@@ -60,6 +64,8 @@ namespace {
 constexpr autoinit_entry initcompif[] = {
     adc_init,
     adcr_init,
+    battery_init,
+    charge_init,
     cio_dev_init,
     fsm_init,
     pin_init,
@@ -79,7 +85,9 @@ constexpr autoinit_entry initcompif[] = {
 // Drivers: attach a callout table to their interface.
 constexpr autoinit_entry initcomp[] = {
     adcr_brenk_init,
+    autopoff_init,
     cfg_init,
+    charge_qpnp_init,
     cio_stdio_init,
     cio_tty_init,
     ftm_init,
