@@ -13,7 +13,9 @@
 #include "f_ftm/f_ftm.h"
 #include "f_ftm_gps_gen8/f_ftm_gps_gen8.h"
 #include "f_i2c/f_i2c.h"
+#include "f_kill/f_kill.h"
 #include "f_msm/f_msm.h"
+#include "f_poff/f_poff.h"
 #include "f_pp/f_pp.h"
 #include "f_qat/f_qat.h"
 #include "f_rfbv/f_rfbv.h"
@@ -22,6 +24,7 @@
 #include "f_syscfg/f_syscfg.h"
 #include "f_ta/f_ta.h"
 #include "f_temp/f_temp.h"
+#include "f_usb/f_usb.h"
 #include "fsm/fsm.h"
 #include "ftm_linux/ftm_linux.h"
 #include "i2c/i2c.h"
@@ -41,6 +44,9 @@
 #include "t_vreg/t_vreg.h"
 #include "ta/ta.h"
 #include "trim/trim.h"
+#include "uevent/uevent.h"
+#include "usb/usb.h"
+#include "usb_linux/usb_linux.h"
 #include "vers/vers.h"
 #include "vers_amss/vers_amss.h"
 #include "vers_linux/vers_linux.h"
@@ -64,6 +70,8 @@ constexpr autoinit_entry initcompif[] = {
     syscfg_init,
     ta_if_init,
     trim_init,
+    uevent_init,
+    usb_init,
     vers_init,
     vreg_init,
 };
@@ -81,6 +89,7 @@ constexpr autoinit_entry initcomp[] = {
     rtc_linux_init,
     spmi_linux_init,
     syscfg_brenk_init,
+    usb_linux_init,
     vers_amss_init,
     vers_linux_init,
     vreg_linux_init,
@@ -94,6 +103,8 @@ constexpr autoinit_entry initcompcmd[] = {
     f_ftm_init,
     f_ftm_gps_init,
     f_i2c_init,
+    f_kill_init,
+    f_poff_init,
     f_pp_init,
     f_msm_init,
     f_rfbv_init,
@@ -102,6 +113,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_syscfg_init,
     f_ta_init,
     f_temp_init,
+    f_usb_init,
     rfbv_brenk_init,
     t_vers_init,
     t_vreg_init,
