@@ -8,12 +8,20 @@ the variant is stored at the first start
   expect   PPRE:L1234578_20W12458,OK
 
 a variant that is stored stays, whatever is measured
+  phone    idle
   write    /sys/devices/qpnp-vadc-8/rf_id Result:1500000 Raw:38229\n
   send     rfbv?
   expect   RFBV:0, 1500,OK
   phone    unit 800009F7 -> 4C313233343537385F323057313234353800
   restart
   phone    unit 800009F7 -> 4C313233343537385F323057313234353800
+
+at the first start the voltage counts
+  write    /sys/devices/qpnp-vadc-8/rf_id Result:909500 Raw:32850\n
+  send     rfbv
+  expect   RFBV:0, 909,OK
+  # "L124578_17W12458"
+  phone    unit 800009F7 -> 4C3132343537385F313757313234353800
 
 with the unit gone, the voltage gives the variant
   phone    unit 800009F7 -

@@ -1,6 +1,6 @@
 # The real time clock, set: year in full, month from 1.
 
-a date that is set is there after a restart
+a date that is set is the clock's from then on
   phone    clock hold
   send     rtcw=2013,7,29,20,0,36
   expect   RTCW: ,OK

@@ -36,6 +36,7 @@ a setting that fails or isn't there is an error
   expect   SYSCFG: ,ERROR
 
 the help lists all settings with their texts, of which 200 characters count
+  phone    idle
   write    /sys/module/pm_8x60/modes/cpu0/standalone_power_collapse/suspend_enabled abcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuv\nxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuv
   send     syscfg=?
   expect   SYSCFG:0 /sys/devices/system/cpu/cpu0/online = 1,

@@ -17,6 +17,7 @@ a phone starts in mode 0
   file     /sys/module/lpm_resources/enable_low_power/vdd_mem -> 1
 
 mode 1 keeps the current steady: one frequency, no sleep
+  phone    idle
   write    /sys/devices/system/cpu/cpufreq/ondemand/up_threshold 55
   send     sysmode=1
   expect   SYSMODE: ,OK
@@ -28,6 +29,7 @@ mode 1 keeps the current steady: one frequency, no sleep
   file     /sys/module/lpm_resources/enable_low_power/pxo -> 0
 
 mode 2 leaves three processors offline and writes nothing else for them
+  phone    idle
   write    /sys/devices/system/cpu/cpu1/cpufreq/scaling_governor untouched
   write    /sys/devices/system/cpu/cpu2/cpufreq/scaling_max_freq untouched
   write    /sys/devices/system/cpu/cpu3/cpufreq/scaling_min_freq untouched
