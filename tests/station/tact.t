@@ -272,3 +272,45 @@ a disk that is full makes a dump an error
   expect   TACT:,OK
   send     tact=12,1
   expect   TACT:,ERROR
+
+the modem's NV memory is moved into the store, in steps or until it is done
+  phone    clock hold
+  send     tact=4,1
+  phone    clock +20
+  expect   TACT:1,OK
+  phone    diag last -> 4B0B0080070000000000000000000000
+  phone    clock +400
+  send     tact=4,1
+  phone    clock +20
+  expect   TACT:0,OK
+  send     tact=4
+  phone    clock +200
+  phone    clock +400
+  expect   TACT:,OK
+  send     tact=4,2
+  expect   TACT:0,ERROR
+
+a transfer to a unit is the same and wants the store open
+  send     tact=10,5,6
+  expect   TACT:,ERROR
+  send     tact=1
+  expect   TACT:,OK
+  send     tact=10,5,6
+  expect   TACT:,OK
+  phone    diag last -> 4B0B0080070000000000000000000000
+  send     tact=10,5,6,7
+  expect   TACT:,SYNTAX
+
+a modem that fails, answers something else or nothing makes a transfer fail
+  phone    diag 4B0B008007 4B0B0080070000000000020000000000 1
+  send     tact=4,1
+  expect   TACT:0,ERROR
+  phone    diag 4B0B008007 4B0B00800700000000000000000000 1
+  send     tact=4,1
+  expect   TACT:0,ERROR
+  phone    diag 4B0B008007 4B0B0081070000000000000000000000 1
+  send     tact=4,1
+  expect   TACT:0,ERROR
+  phone    diag 4B0B008007 empty 1
+  send     tact=4
+  expect   TACT:,ERROR
