@@ -1,6 +1,7 @@
 #include "s_qat_korvat/s_qat_korvat.h"
 
 #include "autoinit/autoinit.h"
+#include "battery/battery.h"
 #include "board_maps.h"
 #include "cio_tty/cio_tty.h"
 #include "cio_v2/cio.h"
@@ -26,6 +27,14 @@ constexpr const char* start_line = "echo \"Korvat HVT is starting up...\" > /dev
 constexpr const char* vmrk_rev = "@(#) s_qat_korvat_1_32_2_5_b";
 
 constexpr hwp board_hwp = {0, 0, 1};
+
+constexpr battery_cfg board_battery_cfg = {
+    .algorithm = 1,
+    .model = 3,
+    .ires = 135,
+    .type_path = "/sys/class/power_supply/battery/technology",
+    .temp_path = "/sys/class/power_supply/battery/temp",
+};
 
 rev_rec space_num;
 cio cio_clnt;
@@ -59,6 +68,7 @@ void s_cfg_init()
     pin_map_set(map.pins.get, map.pins.rev);
     trim_map_set(map.trims.get, map.trims.rev);
     i2c_cfg(i2c_cfg_tab);
+    battery_set_cfg(&board_battery_cfg);
 }
 
 // The start-up sequence. The order is fixed: later steps rely on earlier ones. A step that fails is passed
