@@ -5,6 +5,7 @@
 #include "core/log.h"
 #include "core/uevents.h"
 #include "core/watch.h"
+#include "devices/battery.h"
 #include "devices/converters.h"
 #include "devices/diag.h"
 #include "devices/gpio.h"
@@ -38,6 +39,7 @@ constexpr phone_part parts[] = {
     { "gpio",   gpio_attach,     nullptr,          nullptr },
     { "i2c",    i2c_attach,      nullptr,          nullptr },
     { "spmi",   spmi_attach,     spmi_seed,        spmi_start },
+    { "battery", battery_attach, battery_seed,     battery_start },
     { "vreg",   regulators_attach, regulators_seed,  nullptr },
     { "adc",    nullptr,         converters_seed,  nullptr },
     { "cpu",    nullptr,         processor_seed,   nullptr },

@@ -15,8 +15,8 @@ constexpr int FUELGAUGE_MISSING = 4; // no driver has the operation
 struct fg_co {
     int (*read_voltage)(int* p_mv);
     int (*read_current)(int* p_ma);
-    int (*flash_cal)(const char* path); // a null path: the driver's own file
-    int (*flash_firmware)(const char* path);
+    int (*flash_cal)(std::uintptr_t path);
+    int (*flash_firmware)(std::uintptr_t path);
     int (*write_custom)(std::uint32_t reg, std::uint32_t data);
     int (*read_custom)(std::uint32_t reg, int* p_val);
     int (*init_capacity)();
@@ -32,8 +32,11 @@ void fuelgauge_cmd_co_attach(const fg_co* p_co);
 
 int fuelgauge_read_voltage(int* p_mv);
 int fuelgauge_read_current(int* p_ma); // negative while the battery gives off current
-int fuelgauge_flash_cal(const char* path);
-int fuelgauge_flash_firmware(const char* path);
+
+// `path` is what the requester has for the file, 0 for the driver's own.
+int fuelgauge_flash_cal(std::uintptr_t path);
+int fuelgauge_flash_firmware(std::uintptr_t path);
+
 int fuelgauge_write_custom(std::uint32_t reg, std::uint32_t data);
 int fuelgauge_read_custom(std::uint32_t reg, int* p_val);
 int fuelgauge_init_capacity();

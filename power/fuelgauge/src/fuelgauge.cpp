@@ -47,12 +47,12 @@ int fuelgauge_read_current(int* p_ma)
     return call(co.read_current, p_ma);
 }
 
-int fuelgauge_flash_cal(const char* path)
+int fuelgauge_flash_cal(std::uintptr_t path)
 {
     return call(co.flash_cal, path);
 }
 
-int fuelgauge_flash_firmware(const char* path)
+int fuelgauge_flash_firmware(std::uintptr_t path)
 {
     return call(co.flash_firmware, path);
 }

@@ -4,6 +4,7 @@
 
 #include "autoinit/autoinit.h"
 #include "autopoff/autopoff.h"
+#include "battery/battery.h"
 #include "board_maps.h"
 #include "cfg/cfg.h"
 #include "cio_tty/cio_tty.h"
@@ -32,6 +33,14 @@ constexpr const char* start_line = "echo \"Korvat HVT is starting up...\" > /dev
 constexpr const char* vmrk_rev = "@(#) s_qat_korvat_1_32_2_5_b";
 
 constexpr hwp board_hwp = {0, 0, 1};
+
+constexpr battery_cfg board_battery_cfg = {
+    .algorithm = 1,
+    .model = 3,
+    .ires = 135,
+    .type_path = "/sys/class/power_supply/battery/technology",
+    .temp_path = "/sys/class/power_supply/battery/temp",
+};
 
 rev_rec space_num;
 cio cio_clnt;
@@ -72,6 +81,7 @@ void s_cfg_init()
     trim_map_set(map.trims.get, map.trims.rev);
     i2c_cfg(i2c_cfg_tab);
     cfg_set_int("f_poff", "param1_delay", 1);
+    battery_set_cfg(&board_battery_cfg);
 }
 
 void usb_cb_tpok_con(unsigned event);
