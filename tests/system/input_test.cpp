@@ -70,8 +70,8 @@ TEST_F(Input, EveryByteValueInEveryPlace)
 {
     for (int byte = 0; byte < 256; byte++) {
         const char c = static_cast<char>(byte);
-        for (const std::string& line : {std::string(1, c), "case?" + std::string(3, c), std::string("s3=") + c,
-                                       std::string("help=\"") + c + "\"," + c})
+        for (const std::string& line : {std::string(1, c), "case?" + std::string(3, c),
+                                        std::string("s3=") + c, std::string("help=\"") + c + "\"," + c})
             exchange(line + "\r");
         if (c != '\r' && c != '\n')
             exchange("\r");

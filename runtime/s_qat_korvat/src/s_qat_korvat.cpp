@@ -1,15 +1,24 @@
 #include "s_qat_korvat/s_qat_korvat.h"
 
 #include "autoinit/autoinit.h"
+#include "board_maps.h"
 #include "cio_tty/cio_tty.h"
 #include "cio_v2/cio.h"
 #include "core/core.h"
 #include "dcp/dcp.h"
+#include "ftm_linux/ftm_linux.h"
+#include "gpio_linux/gpio_linux.h"
 #include "hwp/hwp.h"
+#include "i2c/i2c.h"
+#include "pin/pin.h"
 #include "plat/plat.h"
 #include "rev/rev.h"
+#include "rfbv/rfbv.h"
+#include "syscfg/syscfg.h"
+#include "ta_generic/ta_generic.h"
 #include "tiers.h"
 #include "tmr/tmr.h"
+#include "trim/trim.h"
 
 namespace {
 
@@ -44,6 +53,12 @@ void s_cfg_init()
     hwp_init();
     hwp old;
     hwp_set(&old, board_hwp.family, board_hwp.model, board_hwp.rev);
+    hwp own;
+    hwp_get(&own);
+    const cfg_map_row& map = s_cfg_map(own);
+    pin_map_set(map.pins.get, map.pins.rev);
+    trim_map_set(map.trims.get, map.trims.rev);
+    i2c_cfg(i2c_cfg_tab);
 }
 
 // The start-up sequence. The order is fixed: later steps rely on earlier ones. A step that fails is passed
@@ -59,8 +74,13 @@ int s_entry(int, char**)
     cio_s3_set(',', '\r');
     cio_s4_set(0, '\n', 0);
     dcp_case_set(0);
+    gpio_linux_init(PIN_GRP_GPIO);
+    ta_generic_init(TA_OPTION_LOW_UNITS);
+    ftm_start();
     cio_init(&cio_clnt, cmd_ln, sizeof cmd_ln, "console", "tty", &cio_tty_cfg, nullptr);
     cio_start(&cio_clnt);
+    rfbv_setup();
+    syscfg_set_mode(0);
     return core_start();
 }
 
