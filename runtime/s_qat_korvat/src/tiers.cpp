@@ -13,6 +13,8 @@
 #include "f_ftm/f_ftm.h"
 #include "f_ftm_gps_gen8/f_ftm_gps_gen8.h"
 #include "f_i2c/f_i2c.h"
+#include "f_kbd/f_kbd.h"
+#include "f_light/f_light.h"
 #include "f_msm/f_msm.h"
 #include "f_pp/f_pp.h"
 #include "f_qat/f_qat.h"
@@ -25,6 +27,11 @@
 #include "fsm/fsm.h"
 #include "ftm_linux/ftm_linux.h"
 #include "i2c/i2c.h"
+#include "kbd/kbd.h"
+#include "kbd_qpnp/kbd_qpnp.h"
+#include "light/light.h"
+#include "light_linux/light_linux.h"
+#include "light_pm8941/light_pm8941.h"
 #include "msm/msm.h"
 #include "msm_linux/msm_linux.h"
 #include "pin/pin.h"
@@ -56,6 +63,8 @@ constexpr autoinit_entry initcompif[] = {
     adcr_init,
     cio_dev_init,
     fsm_init,
+    kbd_init,
+    light_init,
     pin_init,
     msm_init,
     rfbv_init,
@@ -76,6 +85,9 @@ constexpr autoinit_entry initcomp[] = {
     cio_tty_init,
     ftm_init,
     i2c_init,
+    kbd_qpnp_init,
+    light_linux_init,
+    light_pm8941_init,
     msm_linux_init,
     queue_init,
     rtc_linux_init,
@@ -94,6 +106,8 @@ constexpr autoinit_entry initcompcmd[] = {
     f_ftm_init,
     f_ftm_gps_init,
     f_i2c_init,
+    f_kbd_init,
+    f_light_init,
     f_pp_init,
     f_msm_init,
     f_rfbv_init,
