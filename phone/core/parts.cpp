@@ -6,6 +6,7 @@
 #include "core/uevents.h"
 #include "core/watch.h"
 #include "devices/converters.h"
+#include "devices/diag.h"
 #include "devices/gpio.h"
 #include "devices/input.h"
 #include "devices/kmsg.h"
@@ -36,6 +37,7 @@ constexpr phone_part parts[] = {
     { "uevent", uevents_attach,  nullptr,          nullptr },
     { "kmsg",   kmsg_attach,     nullptr,          nullptr },
     { "proc",   nullptr,         proc_seed,        nullptr },
+    { "diag",   diag_attach,     nullptr,          nullptr },
     { "usb",    port_attach,     usb_state_seed,   nullptr },
     { "gpio",   gpio_attach,     nullptr,          nullptr },
     { "i2c",    i2c_attach,      nullptr,          nullptr },

@@ -14,8 +14,10 @@
 #include "f_ftm_gps_gen8/f_ftm_gps_gen8.h"
 #include "f_i2c/f_i2c.h"
 #include "f_kbd/f_kbd.h"
+#include "f_kill/f_kill.h"
 #include "f_light/f_light.h"
 #include "f_msm/f_msm.h"
+#include "f_poff/f_poff.h"
 #include "f_pp/f_pp.h"
 #include "f_qat/f_qat.h"
 #include "f_rfbv/f_rfbv.h"
@@ -24,6 +26,7 @@
 #include "f_syscfg/f_syscfg.h"
 #include "f_ta/f_ta.h"
 #include "f_temp/f_temp.h"
+#include "f_usb/f_usb.h"
 #include "fsm/fsm.h"
 #include "ftm_linux/ftm_linux.h"
 #include "i2c/i2c.h"
@@ -48,6 +51,9 @@
 #include "t_vreg/t_vreg.h"
 #include "ta/ta.h"
 #include "trim/trim.h"
+#include "uevent/uevent.h"
+#include "usb/usb.h"
+#include "usb_linux/usb_linux.h"
 #include "vers/vers.h"
 #include "vers_amss/vers_amss.h"
 #include "vers_linux/vers_linux.h"
@@ -73,6 +79,8 @@ constexpr autoinit_entry initcompif[] = {
     syscfg_init,
     ta_if_init,
     trim_init,
+    uevent_init,
+    usb_init,
     vers_init,
     vreg_init,
 };
@@ -93,6 +101,7 @@ constexpr autoinit_entry initcomp[] = {
     rtc_linux_init,
     spmi_linux_init,
     syscfg_brenk_init,
+    usb_linux_init,
     vers_amss_init,
     vers_linux_init,
     vreg_linux_init,
@@ -107,7 +116,10 @@ constexpr autoinit_entry initcompcmd[] = {
     f_ftm_gps_init,
     f_i2c_init,
     f_kbd_init,
+
+    f_kill_init,
     f_light_init,
+    f_poff_init,
     f_pp_init,
     f_msm_init,
     f_rfbv_init,
@@ -116,6 +128,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_syscfg_init,
     f_ta_init,
     f_temp_init,
+    f_usb_init,
     rfbv_brenk_init,
     t_vers_init,
     t_vreg_init,
