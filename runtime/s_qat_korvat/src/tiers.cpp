@@ -116,7 +116,6 @@ constexpr autoinit_entry initcompcmd[] = {
     f_ftm_gps_init,
     f_i2c_init,
     f_kbd_init,
-
     f_kill_init,
     f_light_init,
     f_poff_init,
