@@ -163,7 +163,7 @@ timespec to_timespec(nanoseconds t)
     return {t / ns_per_s, t % ns_per_s};
 }
 
-void run_timer(std::shared_ptr<std::function<void()>> fire)
+void run_timer(const std::shared_ptr<std::function<void()>>& fire)
 {
     mark.known = true; // counted by who started it
     (*fire)();

@@ -134,7 +134,7 @@ std::string control_start()
     const bool bound = dir >= 0 && listener >= 0 &&
                        bind(listener, reinterpret_cast<const sockaddr*>(&addr), sizeof addr) == 0 &&
                        listen(listener, 8) == 0;
-    const std::string wrong = bound ? "" : path + ": can't be opened: " + std::strerror(errno);
+    std::string wrong = bound ? "" : path + ": can't be opened: " + std::strerror(errno);
     if (dir >= 0)
         close(dir);
     if (bound)

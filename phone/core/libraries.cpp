@@ -13,6 +13,8 @@ namespace phone {
 
 namespace {
 
+const phone_library_host* p_library_host;
+
 std::string beside_program(const char* name)
 {
     char path[4096];
@@ -23,7 +25,20 @@ std::string beside_program(const char* name)
     return program.substr(0, program.rfind('/')) + "/closed/" + name;
 }
 
+// Introduces a library to the phone, if it wants that.
+void introduce(void* library)
+{
+    void* const symbol = dlsym(library, "phone_library_attach");
+    if (symbol != nullptr && p_library_host != nullptr)
+        reinterpret_cast<phone_library_attach_fn>(symbol)(p_library_host);
+}
+
 } // namespace
+
+void libraries_host(const phone_library_host* p_host)
+{
+    p_library_host = p_host;
+}
 
 void* libraries_open(const char* name, int flags)
 {
@@ -34,7 +49,10 @@ void* libraries_open(const char* name, int flags)
         strange("dlopen " + std::string(name));
         return nullptr;
     }
-    return ::dlopen(path.c_str(), flags);
+    void* const library = ::dlopen(path.c_str(), flags);
+    if (library != nullptr)
+        introduce(library);
+    return library;
 }
 
 } // namespace phone

@@ -3,7 +3,12 @@
 // the phone's file tree.
 #pragma once
 
+#include "closed/host.h"
+
 namespace phone {
+
+// What every library that asks for it gets when it is loaded.
+void libraries_host(const phone_library_host* p_host);
 
 void* libraries_open(const char* name, int flags);
 

@@ -1,12 +1,21 @@
 #include "core/parts.h"
 
+#include "chips/i2c_bus.h"
 #include "core/conf.h"
 #include "core/log.h"
 #include "core/uevents.h"
 #include "core/watch.h"
+#include "devices/converters.h"
+#include "devices/diag.h"
+#include "devices/gpio.h"
 #include "devices/kmsg.h"
 #include "devices/port.h"
 #include "devices/proc.h"
+#include "devices/processor.h"
+#include "devices/regulators.h"
+#include "devices/rtc.h"
+#include "devices/spmi.h"
+#include "devices/store.h"
 #include "devices/usb_state.h"
 #include "tools/tools.h"
 
@@ -24,7 +33,16 @@ constexpr phone_part parts[] = {
     { "uevent", uevents_attach,  nullptr,          nullptr },
     { "kmsg",   kmsg_attach,     nullptr,          nullptr },
     { "proc",   nullptr,         proc_seed,        nullptr },
+    { "diag",   diag_attach,     nullptr,          nullptr },
     { "usb",    port_attach,     usb_state_seed,   nullptr },
+    { "gpio",   gpio_attach,     nullptr,          nullptr },
+    { "i2c",    i2c_attach,      nullptr,          nullptr },
+    { "spmi",   spmi_attach,     spmi_seed,        spmi_start },
+    { "vreg",   regulators_attach, regulators_seed,  nullptr },
+    { "adc",    nullptr,         converters_seed,  nullptr },
+    { "cpu",    nullptr,         processor_seed,   nullptr },
+    { "rtc",    rtc_attach,      nullptr,          rtc_start },
+    { "store",  store_attach,    store_seed,       nullptr },
 };
 // clang-format on
 

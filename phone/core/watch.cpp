@@ -245,6 +245,11 @@ bool watch_target(std::string_view target)
     return false;
 }
 
+bool watch_active()
+{
+    return watching.load(std::memory_order_relaxed);
+}
+
 void watch_result(const char* operation, std::string_view path, long long result)
 {
     if (!showing.load(std::memory_order_relaxed))

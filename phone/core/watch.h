@@ -18,6 +18,9 @@ fault watch_call(const char* operation, std::string_view path);
 // The same for the register of a chip or another inner target ("i2c 5 18 02"): true when it has to fail.
 bool watch_target(std::string_view target);
 
+// Whether anybody watches at all: for callers to whom forming the text of a call is dear.
+bool watch_active();
+
 // The result of a call, for `log on`. Keeps errno.
 void watch_result(const char* operation, std::string_view path, long long result);
 

@@ -12,6 +12,7 @@
 #include <spawn.h>
 #include <sstream>
 #include <sys/file.h>
+#include <sys/mman.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -24,6 +25,8 @@ std::string hvt_virtual;
 namespace {
 
 using namespace std::chrono_literals;
+
+constexpr const char* greeting = "TP,OK\r\n";
 
 std::string content(const std::string& path)
 {
@@ -69,21 +72,35 @@ std::string phone_fixture::up()
     char* argv[] = {hvt_virtual.data(), background.data(), dir.data(), nullptr};
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    const std::string errors = dir + "/start-errors";
-    posix_spawn_file_actions_addopen(&actions, 2, errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
+    const int errors = memfd_create("start-errors", MFD_CLOEXEC);
+    posix_spawn_file_actions_adddup2(&actions, errors, 2);
     pid_t pid;
     const int error = posix_spawn(&pid, hvt_virtual.c_str(), &actions, nullptr, argv, environ);
     posix_spawn_file_actions_destroy(&actions);
-    if (error != 0)
+    if (error != 0) {
+        close(errors);
         return hvt_virtual + " can't be started";
+    }
     const int status = wait_for(pid);
+    const std::string complaint = content("/proc/self/fd/" + std::to_string(errors));
+    close(errors);
     if (status != 0)
-        return "the phone doesn't start: " + content(errors);
+        return "the phone doesn't start: " + complaint;
     if (port < 0)
         port = port_open_raw(dir + "/ttyGS0");
     if (port < 0)
         return "the station's port can't be opened";
-    return reconnect() ? "" : "the control port can't be reached";
+    return reconnect() ? take_greeting() : "the control port can't be reached";
+}
+
+std::string phone_fixture::take_greeting() const
+{
+    std::string answer;
+    if (!control_ask(control, "idle", answer))
+        return "the program doesn't come to rest: " + answer;
+    std::string got;
+    port_take(port, got);
+    return got.empty() || got == greeting ? "" : "the phone begins with something else: " + got;
 }
 
 bool phone_fixture::reconnect()

@@ -2,7 +2,7 @@
 #pragma once
 
 struct harmless_row {
-    const char* call;   // what the call's text begins with, "operation path"
+    const char* call; // what the call's text begins with, "operation path"
     const char* reason;
 };
 

@@ -219,11 +219,11 @@ std::uint32_t ta_generic_get_next_id()
 int ta_generic_xfer_nv_to_ta()
 {
     constexpr std::uint8_t request[16] = {0x4B, 0x0B, 0x00, 0x80, 0x07, 0x00};
-    constexpr std::size_t RESPONSE_ROOM = 32768; // the largest that the channel gives
+    constexpr std::uint32_t RESPONSE_ROOM = 32768; // the largest that the channel gives
     constexpr std::size_t RESULT = 10;
     const auto p_response = std::make_unique<std::uint8_t[]>(RESPONSE_ROOM);
     std::uint32_t size = 0;
-    if (!ftm_cmd(request, sizeof request, p_response.get(), &size) || size != sizeof request ||
+    if (!ftm_cmd(request, sizeof request, p_response.get(), RESPONSE_ROOM, &size) || size != sizeof request ||
         std::memcmp(p_response.get(), request, 4) != 0)
         return TA_XFER_FAILED;
     return p_response[RESULT] < TA_XFER_FAILED ? p_response[RESULT] : TA_XFER_FAILED;

@@ -2,37 +2,123 @@
 // drivers rely on what stands before them. A module that isn't built yet has no line.
 #include "tiers.h"
 
+#include "adc/adc.h"
+#include "adcr/adcr.h"
+#include "adcr_brenk/adcr_brenk.h"
 #include "cfg/cfg.h"
 #include "cio_stdio/cio_stdio.h"
 #include "cio_tty/cio_tty.h"
 #include "cio_v2/cio.h"
+#include "f_adcr/f_adcr.h"
+#include "f_ftm/f_ftm.h"
+#include "f_ftm_gps_gen8/f_ftm_gps_gen8.h"
+#include "f_i2c/f_i2c.h"
+#include "f_kill/f_kill.h"
+#include "f_msm/f_msm.h"
+#include "f_poff/f_poff.h"
+#include "f_pp/f_pp.h"
 #include "f_qat/f_qat.h"
+#include "f_rfbv/f_rfbv.h"
+#include "f_rtc/f_rtc.h"
+#include "f_spmi/f_spmi.h"
+#include "f_syscfg/f_syscfg.h"
+#include "f_ta/f_ta.h"
+#include "f_temp/f_temp.h"
+#include "f_usb/f_usb.h"
 #include "fsm/fsm.h"
+#include "ftm_linux/ftm_linux.h"
+#include "i2c/i2c.h"
+#include "msm/msm.h"
+#include "msm_linux/msm_linux.h"
+#include "pin/pin.h"
 #include "queue/queue.h"
+#include "rfbv/rfbv.h"
+#include "rfbv_brenk/rfbv_brenk.h"
+#include "rtc/rtc.h"
+#include "rtc_linux/rtc_linux.h"
+#include "spmi/spmi.h"
+#include "spmi_linux/spmi_linux.h"
+#include "syscfg/syscfg.h"
+#include "syscfg_brenk/syscfg_brenk.h"
 #include "t_vers/t_vers.h"
+#include "t_vreg/t_vreg.h"
+#include "ta/ta.h"
+#include "trim/trim.h"
+#include "uevent/uevent.h"
+#include "usb/usb.h"
+#include "usb_linux/usb_linux.h"
 #include "vers/vers.h"
+#include "vers_amss/vers_amss.h"
 #include "vers_linux/vers_linux.h"
+#include "vreg/vreg.h"
+#include "vreg_linux/vreg_linux.h"
 
 namespace {
 
+// clang-format off
 // Interfaces: clear their state, set up their lists, open what they alone own.
 constexpr autoinit_entry initcompif[] = {
+    adc_init,
+    adcr_init,
     cio_dev_init,
     fsm_init,
+    pin_init,
+    msm_init,
+    rfbv_init,
+    rtc_init,
+    spmi_init,
+    syscfg_init,
+    ta_if_init,
+    trim_init,
+    uevent_init,
+    usb_init,
     vers_init,
+    vreg_init,
 };
 
 // Drivers: attach a callout table to their interface.
 constexpr autoinit_entry initcomp[] = {
-    cfg_init, cio_stdio_init, cio_tty_init, queue_init, vers_linux_init,
+    adcr_brenk_init,
+    cfg_init,
+    cio_stdio_init,
+    cio_tty_init,
+    ftm_init,
+    i2c_init,
+    msm_linux_init,
+    queue_init,
+    rtc_linux_init,
+    spmi_linux_init,
+    syscfg_brenk_init,
+    usb_linux_init,
+    vers_amss_init,
+    vers_linux_init,
+    vreg_linux_init,
 };
 
 // Commands: add a command table.
 constexpr autoinit_entry initcompcmd[] = {
     cio_cmd_init,
+    f_adcr_init,
     f_qat_init,
+    f_ftm_init,
+    f_ftm_gps_init,
+    f_i2c_init,
+    f_kill_init,
+    f_poff_init,
+    f_pp_init,
+    f_msm_init,
+    f_rfbv_init,
+    f_rtc_init,
+    f_spmi_init,
+    f_syscfg_init,
+    f_ta_init,
+    f_temp_init,
+    f_usb_init,
+    rfbv_brenk_init,
     t_vers_init,
+    t_vreg_init,
 };
+// clang-format on
 
 } // namespace
 

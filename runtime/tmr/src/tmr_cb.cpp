@@ -54,7 +54,7 @@ bool tmr_cb_set(std::uint32_t time_us)
 {
     itimerspec its{};
     its.it_value.tv_sec = time_us / us_per_s;
-    its.it_value.tv_nsec = static_cast<long>(time_us % us_per_s * ns_per_us);
+    its.it_value.tv_nsec = static_cast<long>(time_us % us_per_s) * ns_per_us;
     tm = time_us;
     set_failed = !tid_valid || plat_timer_settime(tid, 0, &its, nullptr) != 0;
     return !set_failed;

@@ -124,6 +124,16 @@ bool get_directive(nav_values* p_dst, int i, char** pp, char directive)
     }
 }
 
+// Characters before the first `=`, `?` or the end, for long texts. Kept out of the way of the short ones.
+[[gnu::noinline]] std::size_t length_to_stop(const char* text)
+{
+    std::size_t len = std::strlen(text);
+    for (const char stop : {'=', '?'})
+        if (const void* p = std::memchr(text, stop, len))
+            len = static_cast<std::size_t>(static_cast<const char*>(p) - text);
+    return len;
+}
+
 } // namespace
 
 char* nav_get_name(std::size_t* p_len, char** pp)
@@ -135,7 +145,7 @@ char* nav_get_name(std::size_t* p_len, char** pp)
     while (len < SHORT && name[len] && name[len] != '=' && name[len] != '?')
         len++;
     if (len == SHORT)
-        len += std::strcspn(name + SHORT, "=?");
+        len += length_to_stop(name + SHORT);
     *p_len = len;
     *pp = name + len;
     return name;

@@ -1,0 +1,44 @@
+#include "board_maps.h"
+
+#include <iterator>
+
+#include "pin_brenk/pin_brenk.h"
+#include "trim_brenk/trim_brenk.h"
+
+namespace {
+
+// clang-format off
+constexpr cfg_map_row cfg_map_tab[] = {
+    // family, model, rev   pins                      calibration items
+    { { 0, 0, 1 },          { pin_brenk_co_get, 1 },  { trim_brenk_co_get, 1 } },
+};
+// clang-format on
+
+} // namespace
+
+// clang-format off
+const i2c_cfg_row i2c_cfg_tab[] = {
+    // name              bus  address
+    { "sii8334",         4,   0x00 }, // several: the driver says which
+    { "pn65",            2,   0x28 },
+    { "bmi055-aclm",     5,   0x18 },
+    { "bmi055-gyro",     5,   0x68 },
+    { "ak8963",          5,   0x0C },
+    { "apds_9930-als",   5,   0x39 },
+    { "apds_9930-prox",  5,   0x39 },
+    { "isdb",            4,   0x69 },
+    { "",                0,   0x00 },
+};
+// clang-format on
+
+const cfg_map_row& s_cfg_map(const hwp& board)
+{
+    for (std::size_t i = 0;; i++) {
+        const cfg_map_row& row = cfg_map_tab[i];
+        const bool last = i + 1 == std::size(cfg_map_tab);
+        const bool last_of_family = last || cfg_map_tab[i + 1].board.family != row.board.family;
+        const bool fits = row.board.family == board.family && row.board.model == board.model;
+        if (last || (fits && (row.board.rev == board.rev || last_of_family)))
+            return row;
+    }
+}

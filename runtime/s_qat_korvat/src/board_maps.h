@@ -1,0 +1,18 @@
+// What differs from board to board: where the pins, the calibration items and the chips are.
+#pragma once
+
+#include "hwp/hwp.h"
+#include "i2c/i2c.h"
+#include "pin/pin.h"
+#include "trim/trim.h"
+
+struct cfg_map_row {
+    hwp board;
+    pin_map_sel pins;
+    trim_map_sel trims;
+};
+
+extern const i2c_cfg_row i2c_cfg_tab[];
+
+// The row whose maps fit a board: the one of its revision, or the last of its family.
+const cfg_map_row& s_cfg_map(const hwp& board);

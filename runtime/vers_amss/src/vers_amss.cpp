@@ -1,0 +1,59 @@
+#include "vers_amss/vers_amss.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+#include "ftm_linux/ftm_linux.h"
+#include "vers/vers.h"
+
+namespace {
+
+constexpr std::uint8_t build_id_request = 0x7C;
+constexpr std::uint32_t build_id_at_text = 12;
+constexpr std::size_t build_id_room = 100;
+
+constexpr std::uint8_t version_request = 0x00;
+constexpr std::uint32_t version_at_text = 1;
+constexpr std::size_t version_room = 20;
+
+struct reply_free {
+    void operator()(char* p) const { std::free(p); }
+};
+
+char amss_rev[256];
+
+// The text at `offset` of the modem's answer to a request of one byte; NULL if it doesn't answer.
+const char* ask(std::uint8_t request, char* reply, std::uint32_t offset)
+{
+    std::uint32_t size = 0;
+    if (ftm_cmd(&request, 1, reinterpret_cast<std::uint8_t*>(reply), FTM_MAX_RESP_LEN - 1, &size) != 1)
+        return nullptr;
+    reply[size] = '\0';
+    return offset < size ? reply + offset : "";
+}
+
+const char* vers_amss_get(void*)
+{
+    amss_rev[0] = '\0';
+    const std::unique_ptr<char, reply_free> reply(static_cast<char*>(std::malloc(FTM_MAX_RESP_LEN)));
+    if (reply == nullptr || ftm_active() == 0)
+        return amss_rev;
+    const char* text = ask(build_id_request, reply.get(), build_id_at_text);
+    if (text == nullptr)
+        return amss_rev;
+    std::snprintf(amss_rev, build_id_room, "%s,", text);
+    text = ask(version_request, reply.get(), version_at_text);
+    if (text != nullptr)
+        std::snprintf(amss_rev + std::strlen(amss_rev), version_room, "%s", text);
+    return amss_rev;
+}
+
+} // namespace
+
+void vers_amss_init()
+{
+    vers_co_attach(VERS_TYPE_MODEM, vers_amss_get);
+}

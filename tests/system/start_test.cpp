@@ -1,0 +1,145 @@
+// How a phone starts, or says why it can't.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <sys/mount.h>
+#include <unistd.h>
+
+#include "runner/phone_fixture.h"
+
+namespace {
+
+std::string content(const std::string& path)
+{
+    std::ifstream file(path);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+TEST(Start, ASecondStartOnTheSameFolderSaysSo)
+{
+    phone_fixture phone;
+    ASSERT_EQ(phone.up(), "");
+    phone_fixture second;
+    const std::string own = second.dir;
+    second.dir = phone.dir;
+    const std::string wrong = second.up();
+    second.dir = own;
+    const std::string pid = std::to_string(std::atoi(content(phone.dir + "/hvt.pid").c_str()));
+    EXPECT_NE(wrong.find("hvt: " + phone.dir + " is already running (process " + pid + "); \"./hvt down " +
+                         phone.dir + "\" stops it"),
+              std::string::npos)
+        << wrong;
+    EXPECT_TRUE(phone.runs());
+}
+
+TEST(Start, WhatLiesInTheFolderSurvives)
+{
+    phone_fixture phone;
+    const std::string state = "/sys/devices/virtual/android_usb/android0/state";
+    std::filesystem::create_directories(phone.dir + "/root/sys/class/x");
+    std::ofstream(phone.dir + "/root/sys/class/x/y") << "mine";
+    ASSERT_EQ(phone.up(), "");
+    EXPECT_EQ(content(phone.dir + "/root/sys/class/x/y"), "mine");
+    EXPECT_EQ(content(phone.dir + "/root" + state), "CONFIGURED\n");
+    ASSERT_EQ(phone.down(), "");
+    std::filesystem::remove(phone.dir + "/root" + state);
+    ASSERT_EQ(phone.up(), "");
+    EXPECT_FALSE(std::filesystem::exists(phone.dir + "/root" + state)) << "only a first start lays seeds";
+}
+
+TEST(Start, ADamagedFolderIsNamed)
+{
+    for (const char* part : {"root", "units", "log", "hvt.pid"}) {
+        phone_fixture phone;
+        const std::string path = phone.dir + "/" + part;
+        if (std::string(part) == "hvt.pid")
+            std::filesystem::create_directory(path);
+        else
+            std::ofstream(path) << "not a folder";
+        const std::string wrong = phone.up();
+        EXPECT_NE(wrong.find("hvt: " + path + ": can't be "), std::string::npos) << part << ": " << wrong;
+    }
+}
+
+TEST(Start, AnUnwritableFolderIsNamed)
+{
+    // Even root can't make a folder in /proc.
+    phone_fixture phone;
+    const std::string own = phone.dir;
+    phone.dir = "/proc/nobody/phone";
+    const std::string wrong = phone.up();
+    phone.dir = own;
+    EXPECT_NE(wrong.find("hvt: /proc/nobody/phone: can't be made: "), std::string::npos) << wrong;
+}
+
+TEST(Start, AFullDiskIsNamedAndNothingIsLost)
+{
+    phone_fixture phone;
+    if (mount("none", phone.dir.c_str(), "tmpfs", 0, "size=16k") != 0)
+        GTEST_SKIP() << "a small file system can't be mounted here";
+    std::filesystem::create_directories(phone.dir + "/root/keep");
+    std::ofstream(phone.dir + "/root/keep/this") << "as it was";
+    std::ofstream(phone.dir + "/filler") << std::string(1 << 20, 'x');
+    const std::string wrong = phone.up();
+    EXPECT_NE(wrong.find("No space left on device"), std::string::npos) << wrong;
+    EXPECT_EQ(content(phone.dir + "/root/keep/this"), "as it was");
+    // With room again the phone starts and is whole.
+    std::filesystem::remove(phone.dir + "/filler");
+    EXPECT_EQ(phone.down(), "");
+    ASSERT_EQ(mount("none", phone.dir.c_str(), "tmpfs", MS_REMOUNT, "size=64m"), 0);
+    EXPECT_EQ(phone.up(), "");
+    EXPECT_EQ(content(phone.dir + "/root/sys/devices/virtual/android_usb/android0/state"), "CONFIGURED\n");
+    phone.down();
+    close(phone.port);
+    phone.port = -1;
+    umount2(phone.dir.c_str(), MNT_DETACH);
+}
+
+TEST(Start, AWrongLineOfPhoneConfIsNamed)
+{
+    const char* const lines[][2] = {
+        {"\n# fine\ncolour red\n", "line 3: \"colour\" isn't understood"},
+        {"with /dev/nonsense\n", "line 1: no phone has /dev/nonsense"},
+        {"without\n", "line 1: without wants one path"},
+        {"usb sideways\n", "line 1: on or off is wanted"},
+    };
+    for (const auto& [text, reason] : lines) {
+        phone_fixture phone;
+        std::ofstream(phone.dir + "/phone.conf") << text;
+        const std::string wrong = phone.up();
+        EXPECT_NE(wrong.find("hvt: " + phone.dir + "/phone.conf, " + reason), std::string::npos) << wrong;
+    }
+}
+
+TEST(Start, TheConsoleIsOnTheSecondPortWhereThereIsOne)
+{
+    for (const bool second : {false, true}) {
+        phone_fixture phone;
+        std::ofstream(phone.dir + "/phone.conf") << (second ? "with /dev/ttyGS1\n" : "");
+        ASSERT_EQ(phone.up(), "");
+        std::string answer;
+        ASSERT_TRUE(phone.ask("calls on", answer));
+        ASSERT_GT(write(phone.port, "case?\r", 6), 0);
+        ASSERT_TRUE(phone.ask("idle", answer));
+        ASSERT_TRUE(phone.ask("calls", answer));
+        EXPECT_EQ(answer.substr(0, answer.find('\n')), second ? "read /dev/ttyGS1" : "read /dev/ttyGS0");
+    }
+}
+
+TEST(Start, WithoutAPortTheProgramRunsOn)
+{
+    phone_fixture phone;
+    std::ofstream(phone.dir + "/phone.conf") << "without /dev/ttyGS0\n";
+    ASSERT_EQ(phone.up(), "");
+    std::string answer;
+    EXPECT_TRUE(phone.ask("idle", answer)) << answer;
+    EXPECT_TRUE(phone.runs());
+}
+
+} // namespace
