@@ -178,7 +178,8 @@ struct ellipse_axis {
     {
         const float from = centre - radius, to = centre + radius;
         fraction = from - std::floor(from);
-        first = static_cast<int>(std::max(std::floor(from), fraction > 0 ? -1.0f : 0.0f));
+        const float start = std::max(std::floor(from), fraction > 0 ? -1.0f : 0.0f);
+        first = static_cast<int>(std::min<double>(start, limit)); // beyond the last when off the screen
         last = static_cast<int>(std::min(std::ceil(static_cast<double>(to) - fraction) - 1, limit - 1.0));
     }
 
@@ -207,7 +208,7 @@ void screen_ellipse(uint32_t cx, uint32_t cy, uint32_t w, uint32_t h, uint32_t c
     if (filled == 0 || w == 0 || h == 0 || width == 0 || height == 0)
         return;
     const ellipse_axis x(cx, w, width), y(cy, h, height);
-    if (x.first > x.last)
+    if (x.first > x.last || y.first > y.last)
         return;
     const int middle = x.nearest();
     const float middle_term = x.term(middle);

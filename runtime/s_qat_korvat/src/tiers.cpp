@@ -5,12 +5,9 @@
 #include "adc/adc.h"
 #include "adcr/adcr.h"
 #include "adcr_brenk/adcr_brenk.h"
-<<<<<<< HEAD
 #include "autopoff/autopoff.h"
-=======
 #include "backcap/backcap.h"
 #include "backcap_qpnp/backcap_qpnp.h"
->>>>>>> h6
 #include "battery/battery.h"
 #include "cfg/cfg.h"
 #include "charge/charge.h"
@@ -86,10 +83,7 @@ namespace {
 constexpr autoinit_entry initcompif[] = {
     adc_init,
     adcr_init,
-<<<<<<< HEAD
-=======
     backcap_init,
->>>>>>> h6
     battery_init,
     charge_init,
     cio_dev_init,
@@ -115,11 +109,8 @@ constexpr autoinit_entry initcompif[] = {
 // Drivers: attach a callout table to their interface.
 constexpr autoinit_entry initcomp[] = {
     adcr_brenk_init,
-<<<<<<< HEAD
     autopoff_init,
-=======
     backcap_qpnp_init,
->>>>>>> h6
     cfg_init,
     charge_qpnp_init,
     cio_stdio_init,
