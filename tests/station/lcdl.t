@@ -91,10 +91,13 @@ a panel with one page of memory and 16 bits shows the same screen
 
 a console node in front of the panel is put into graphics mode
   conf     with /dev/tty0
+  phone    fail ioctl /dev/tty0
   send     lcdl=1,0
-  expect   LCDL: ,OK
-  phone    calls on
-  send     lcdl=3,0
+  expect   LCDL: ,ERROR
+  phone    fail open /dev/tty0
+  send     lcdl=1,0
+  expect   LCDL: ,ERROR
+  send     lcdl=1,0
   expect   LCDL: ,OK
 
 a device that doesn't answer is an error, and the next start finds it

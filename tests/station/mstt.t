@@ -44,7 +44,6 @@ files survive a restart
   send     mstt=3,1,"kept.txt","still here"
   expect   MSTT:,OK
   restart
-  read     TP,OK\r\n
   send     mstt=2,3,"kept.txt"
   expect   MSTT:still here,OK
 
