@@ -5,10 +5,13 @@
 #include "core/log.h"
 #include "core/uevents.h"
 #include "core/watch.h"
+#include "devices/battery.h"
 #include "devices/converters.h"
 #include "devices/diag.h"
 #include "devices/gpio.h"
+#include "devices/input.h"
 #include "devices/kmsg.h"
+#include "devices/leds.h"
 #include "devices/port.h"
 #include "devices/proc.h"
 #include "devices/processor.h"
@@ -16,7 +19,9 @@
 #include "devices/rtc.h"
 #include "devices/spmi.h"
 #include "devices/store.h"
+#include "devices/touch_panel.h"
 #include "devices/usb_state.h"
+#include "tools/insmod.h"
 #include "tools/tools.h"
 
 namespace phone {
@@ -38,11 +43,16 @@ constexpr phone_part parts[] = {
     { "gpio",   gpio_attach,     nullptr,          nullptr },
     { "i2c",    i2c_attach,      nullptr,          nullptr },
     { "spmi",   spmi_attach,     spmi_seed,        spmi_start },
+    { "battery", battery_attach, battery_seed,     battery_start },
     { "vreg",   regulators_attach, regulators_seed,  nullptr },
     { "adc",    nullptr,         converters_seed,  nullptr },
     { "cpu",    nullptr,         processor_seed,   nullptr },
     { "rtc",    rtc_attach,      nullptr,          rtc_start },
     { "store",  store_attach,    store_seed,       nullptr },
+    { "insmod", insmod_attach,   nullptr,          nullptr },
+    { "input",  input_attach,    nullptr,          nullptr },
+    { "touch",  touch_panel_attach, touch_panel_seed, nullptr },
+    { "leds",   leds_attach,     leds_seed,        nullptr },
 };
 // clang-format on
 
