@@ -40,6 +40,8 @@ struct Chips : testing::Test {
         forget_strange();
     }
 
+    void TearDown() override { forget_strange(); }
+
     static void forget_strange() { control_request("strange off"); }
     static bool strange_now() { return control_request("strange") != "ok\n"; }
 };
