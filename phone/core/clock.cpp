@@ -140,17 +140,15 @@ int block(nanoseconds deadline, Wait wait_host)
     at_work--;
     activity++;
     work_changed.notify_all();
-    int result = 0;
-    while (result == 0 && now_locked() < deadline) {
+    int result;
+    do {
         const nanoseconds timeout = host_time_to_locked(deadline);
         lock.unlock();
         result = wait_host(timeout);
         std::uint64_t kicks;
         [[maybe_unused]] const ssize_t n = ::read(w.kick_fd, &kicks, sizeof kicks);
         lock.lock();
-        if (result < 0)
-            break;
-    }
+    } while (result == 0 && now_locked() < deadline);
     if (!w.counted)
         at_work++;
     activity++;

@@ -7,6 +7,7 @@
 #include "core/watch.h"
 #include "devices/battery.h"
 #include "devices/converters.h"
+#include "devices/diag.h"
 #include "devices/gpio.h"
 #include "devices/kmsg.h"
 #include "devices/port.h"
@@ -33,6 +34,7 @@ constexpr phone_part parts[] = {
     { "uevent", uevents_attach,  nullptr,          nullptr },
     { "kmsg",   kmsg_attach,     nullptr,          nullptr },
     { "proc",   nullptr,         proc_seed,        nullptr },
+    { "diag",   diag_attach,     nullptr,          nullptr },
     { "usb",    port_attach,     usb_state_seed,   nullptr },
     { "gpio",   gpio_attach,     nullptr,          nullptr },
     { "i2c",    i2c_attach,      nullptr,          nullptr },

@@ -127,6 +127,12 @@ std::string read_count_and_kind(const std::vector<std::string>& args, std::size_
     return at == args.size() ? "" : "\"" + args[at] + "\" is too much";
 }
 
+// How many words belong to a pattern at least: the numbers of a chip's register aren't counts.
+std::size_t words_of_target(const std::string& first)
+{
+    return first == "i2c" ? 4 : first == "spmi" ? 2 : 1;
+}
+
 // The pattern may hold blanks: it ends before a count or a kind.
 std::string word_fail(request& rq)
 {
@@ -142,7 +148,7 @@ std::string word_fail(request& rq)
         return wrong.empty() ? add_rule(r) : wrong;
     }
     std::size_t end = rq.args.size();
-    for (std::size_t i = 1; i < end; i++) {
+    for (std::size_t i = end > 0 ? words_of_target(rq.args[0]) : 0; i < end; i++) {
         rule probe = r;
         if (read_count_and_kind(rq.args, i, probe).empty()) {
             end = i;

@@ -26,6 +26,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
+constexpr const char* greeting = "TP,OK\r\n";
+
 std::string content(const std::string& path)
 {
     std::ifstream file(path, std::ios::binary);
@@ -58,8 +60,6 @@ phone_fixture::phone_fixture()
 phone_fixture::~phone_fixture()
 {
     down();
-    if (port >= 0)
-        close(port);
     std::error_code ignored;
     std::filesystem::remove_all(dir, ignored);
 }
@@ -88,7 +88,17 @@ std::string phone_fixture::up()
         port = port_open_raw(dir + "/ttyGS0");
     if (port < 0)
         return "the station's port can't be opened";
-    return reconnect() ? "" : "the control port can't be reached";
+    return reconnect() ? take_greeting() : "the control port can't be reached";
+}
+
+std::string phone_fixture::take_greeting() const
+{
+    std::string answer;
+    if (!control_ask(control, "idle", answer))
+        return "the program doesn't come to rest: " + answer;
+    std::string got;
+    port_take(port, got);
+    return got.empty() || got == greeting ? "" : "the phone begins with something else: " + got;
 }
 
 bool phone_fixture::reconnect()
@@ -119,6 +129,10 @@ std::string phone_fixture::down()
     if (control >= 0)
         close(control);
     control = -1;
+    // With the process its end of the port goes, and the station's end is dead.
+    if (port >= 0)
+        close(port);
+    port = -1;
     const int pid = std::atoi(content(dir + "/hvt.pid").c_str());
     if (pid > 0 && runs())
         kill(pid, SIGTERM);

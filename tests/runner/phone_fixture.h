@@ -14,7 +14,8 @@ struct phone_fixture {
     phone_fixture(const phone_fixture&) = delete;
     phone_fixture& operator=(const phone_fixture&) = delete;
 
-    // Starts the program; the result is empty, or why it can't. The station's port is kept over a restart.
+    // Starts the program and takes its greeting, which a phone with the cable in sends; the result is empty,
+    // or why it can't. The station's port stays open until down.
     std::string up();
 
     // Ends it; the result is empty, or what it had to complain of (a sanitizer's report, a crash).
@@ -27,6 +28,9 @@ struct phone_fixture {
 
     // Takes up the control port again after the program has restarted by itself.
     bool reconnect();
+
+    // Reads the greeting of a program that has just started, if it sends one; the result is as for up.
+    std::string take_greeting() const;
 
     // Reads until `got` holds at least `size` bytes, the port is gone, or 30 s are over.
     void receive(std::string& got, std::size_t size) const;

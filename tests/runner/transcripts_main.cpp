@@ -130,19 +130,30 @@ std::string wait_off(session& s)
 std::string power_cycle(session& s)
 {
     const std::string complaint = s.p_phone->down();
-    return complaint.empty() ? s.p_phone->up() : "the program complains:\n" + complaint;
+    if (!complaint.empty())
+        return "the program complains:\n" + complaint;
+    const std::string wrong = s.p_phone->up();
+    s.port = s.p_phone->port;
+    return wrong;
 }
 
-// The program has restarted by itself when a new one serves the control port.
+// The program has restarted by itself when a new one serves the control port. The old one may still take a
+// connection that it never answers.
 std::string wait_reboot(session& s)
 {
     std::string answer;
+    bool gone = false;
     for (int turn = 0; turn < 6000; turn++) {
-        if (!s.p_phone->ask("idle", answer))
-            return s.p_phone->reconnect() && s.p_phone->ask("idle", answer) ? "" : "no restart: " + answer;
+        const bool answers = s.p_phone->ask("idle", answer);
+        if (gone && answers)
+            return s.p_phone->take_greeting();
+        if (!answers) {
+            gone = true;
+            s.p_phone->reconnect();
+        }
         std::this_thread::sleep_for(5ms);
     }
-    return "the phone hasn't restarted";
+    return gone ? "no restart: " + answer : "the phone hasn't restarted";
 }
 
 std::string run_step(session& s, const step& st)

@@ -120,14 +120,18 @@ the cable is pulled in the middle of a line, and the line goes on
   raw      ca
   phone    idle
   phone    usb off
+  phone    idle
   phone    usb on
+  read     TP,OK\r\n
   raw      se?\r
   expect   CASE:false,OK
 
 what is sent without a cable is lost
   phone    usb off
   raw      case?\r
+  phone    idle
   phone    usb on
+  read     TP,OK\r\n
   send     s3?
   expect   S3:0x2c, 0x0d,OK
 

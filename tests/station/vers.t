@@ -32,3 +32,33 @@ a new phone has a kernel
   send     vers=2
   expect   VERS:Linux version 3.4.0-perf-g5d2c81e (build@korvat) (gcc version 4.7 (GCC) ) #1 SMP\x20
   + PREEMPT Mon Jul 29 19:12:44 2013,OK
+
+the modem's version is its build and the time of its build
+  send     vers=3
+  expect   VERS:M8974A-KORVAT-1.0.4085,Jul 12 201319:45:30,OK
+  phone    diag recent -> 7C\n00
+
+the build is cut at 99 characters with its comma, the time at 19
+  # 12 bytes, then 120 times "A"
+  phone    diag 7C 7C0000000000000000000000
+  + 414141414141414141414141414141414141414141414141414141414141
+  + 414141414141414141414141414141414141414141414141414141414141
+  + 414141414141414141414141414141414141414141414141414141414141
+  + 414141414141414141414141414141414141414141414141414141414141
+  # 1 byte, then 25 times "B"
+  phone    diag 00 0042424242424242424242424242424242424242424242424242
+  send     vers=3
+  expect   VERS:AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA
+  + AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAABBBBBBBBBBBBBBBBBBB,OK
+
+responses too short for a text, and none at all
+  phone    diag 7C 7C00
+  send     vers=3
+  expect   VERS:,Jul 12 201319:45:30,OK
+  phone    speed 1000
+  phone    diag 00 silent
+  send     vers=3
+  expect   VERS:,,OK
+  phone    diag 7C empty
+  send     vers=3
+  expect   VERS:,OK

@@ -71,7 +71,7 @@ attempt try_once(std::uint32_t cmd_size, ftm_block* p_response, const ftm_reply&
 
 int ftm_ioctl(unsigned long request, void* arg)
 {
-    return plat_ioctl(fd, request, arg);
+    return fd > 0 ? plat_ioctl(fd, request, arg) : -1;
 }
 
 void ftm_reply_set(const ftm_reply& reply, const std::uint8_t* p_data, std::uint32_t size)

@@ -1,8 +1,12 @@
 #include "s_qat_korvat/s_qat_korvat.h"
 
+#include <string_view>
+
 #include "autoinit/autoinit.h"
+#include "autopoff/autopoff.h"
 #include "battery/battery.h"
 #include "board_maps.h"
+#include "cfg/cfg.h"
 #include "cio_tty/cio_tty.h"
 #include "cio_v2/cio.h"
 #include "core/core.h"
@@ -20,6 +24,8 @@
 #include "tiers.h"
 #include "tmr/tmr.h"
 #include "trim/trim.h"
+#include "usb/usb.h"
+#include "usb_linux/usb_linux.h"
 
 namespace {
 
@@ -40,6 +46,12 @@ rev_rec space_num;
 cio cio_clnt;
 char cmd_ln[32768];
 cio_tty_config cio_tty_cfg = {nullptr, 115200};
+
+constexpr std::string_view greeting_ok = "TP,OK\r\n";
+constexpr usb_linux_config usb_linux_cfg = {"/sys/devices/virtual/android_usb/android0/state", "CONFIGURED",
+                                            "DISCONNECTED", nullptr};
+usb_listener usb_tpok_con = {{nullptr}, USB_EVT_CONNECTED, nullptr};
+usb_listener usb_tpok_discon = {{nullptr}, USB_EVT_DISCONNECTED, nullptr};
 
 bool s_dev_exist(const char* path)
 {
@@ -68,7 +80,24 @@ void s_cfg_init()
     pin_map_set(map.pins.get, map.pins.rev);
     trim_map_set(map.trims.get, map.trims.rev);
     i2c_cfg(i2c_cfg_tab);
+    cfg_set_int("f_poff", "param1_delay", 1);
     battery_set_cfg(&board_battery_cfg);
+}
+
+void usb_cb_tpok_con(unsigned event);
+
+void usb_cb_tpok_discon(unsigned)
+{
+    usb_evt_detach(&usb_tpok_discon);
+    usb_evt_attach(&usb_tpok_con, usb_cb_tpok_con);
+}
+
+// Each new connection is greeted once, past the parser and its rules for responses.
+void usb_cb_tpok_con(unsigned)
+{
+    usb_evt_detach(&usb_tpok_con);
+    cio_wr(&cio_clnt, greeting_ok.data(), greeting_ok.size());
+    usb_evt_attach(&usb_tpok_discon, usb_cb_tpok_discon);
 }
 
 // The start-up sequence. The order is fixed: later steps rely on earlier ones. A step that fails is passed
@@ -89,6 +118,10 @@ int s_entry(int, char**)
     ftm_start();
     cio_init(&cio_clnt, cmd_ln, sizeof cmd_ln, "console", "tty", &cio_tty_cfg, nullptr);
     cio_start(&cio_clnt);
+    usb_linux_set_cfg(&usb_linux_cfg);
+    usb_evt_attach(&usb_tpok_con, usb_cb_tpok_con);
+    autopoff_start();
+    usb_start();
     rfbv_setup();
     syscfg_set_mode(0);
     return core_start();

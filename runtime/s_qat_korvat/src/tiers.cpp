@@ -5,6 +5,7 @@
 #include "adc/adc.h"
 #include "adcr/adcr.h"
 #include "adcr_brenk/adcr_brenk.h"
+#include "autopoff/autopoff.h"
 #include "backcap/backcap.h"
 #include "backcap_qpnp/backcap_qpnp.h"
 #include "battery/battery.h"
@@ -22,7 +23,9 @@
 #include "f_ftm_gps_gen8/f_ftm_gps_gen8.h"
 #include "f_fuelgauge/f_fuelgauge.h"
 #include "f_i2c/f_i2c.h"
+#include "f_kill/f_kill.h"
 #include "f_msm/f_msm.h"
+#include "f_poff/f_poff.h"
 #include "f_pp/f_pp.h"
 #include "f_qat/f_qat.h"
 #include "f_rfbv/f_rfbv.h"
@@ -32,6 +35,7 @@
 #include "f_syscfg/f_syscfg.h"
 #include "f_ta/f_ta.h"
 #include "f_temp/f_temp.h"
+#include "f_usb/f_usb.h"
 #include "fsm/fsm.h"
 #include "ftm_linux/ftm_linux.h"
 #include "fuelgauge/fuelgauge.h"
@@ -56,6 +60,9 @@
 #include "t_vreg/t_vreg.h"
 #include "ta/ta.h"
 #include "trim/trim.h"
+#include "uevent/uevent.h"
+#include "usb/usb.h"
+#include "usb_linux/usb_linux.h"
 #include "vers/vers.h"
 #include "vers_amss/vers_amss.h"
 #include "vers_linux/vers_linux.h"
@@ -84,6 +91,8 @@ constexpr autoinit_entry initcompif[] = {
     syscfg_init,
     ta_if_init,
     trim_init,
+    uevent_init,
+    usb_init,
     vers_init,
     vreg_init,
 };
@@ -91,6 +100,7 @@ constexpr autoinit_entry initcompif[] = {
 // Drivers: attach a callout table to their interface.
 constexpr autoinit_entry initcomp[] = {
     adcr_brenk_init,
+    autopoff_init,
     backcap_qpnp_init,
     cfg_init,
     charge_qpnp_init,
@@ -106,6 +116,7 @@ constexpr autoinit_entry initcomp[] = {
     smps_brenk_init,
     spmi_linux_init,
     syscfg_brenk_init,
+    usb_linux_init,
     vers_amss_init,
     vers_linux_init,
     vreg_linux_init,
@@ -123,6 +134,8 @@ constexpr autoinit_entry initcompcmd[] = {
     f_ftm_init,
     f_ftm_gps_init,
     f_i2c_init,
+    f_kill_init,
+    f_poff_init,
     f_pp_init,
     f_msm_init,
     f_rfbv_init,
@@ -132,6 +145,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_syscfg_init,
     f_ta_init,
     f_temp_init,
+    f_usb_init,
     rfbv_brenk_init,
     t_vers_init,
     t_vreg_init,

@@ -1,0 +1,210 @@
+a request in decimal or hexadecimal, with or without blanks, is the same packet
+  send     ftmc=75,11,0x00,128,0,0
+  # bytes 0 to 5 again, 10 bytes to come, state 0
+  expect   FTMC:0x4b,0x0b,0x00,0x80,0x00,0x00,0x0a,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,OK
+  phone    diag last -> 4B0B00800000
+  send     ftmc=0x4B, 0x0B, 0, 0x80, 0, 0
+  expect   FTMC:0x4b,0x0b,0x00,0x80,0x00,0x00,0x0a,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,OK
+  phone    diag recent -> 4B0B00800000\n4B0B00800000
+
+a request of one or two bytes takes any response that isn't empty
+  phone    diag 60 99
+  send     ftmc=0x60
+  expect   FTMC:0x99,OK
+  send     ftmc=96,1
+  expect   FTMC:0x99,OK
+
+a packet that the modem doesn't know is sent ten times and its error is shown
+  send     ftmc=1,2,3
+  # 0x13 and the request
+  expect   FTMC:0x13,0x01,0x02,0x03,ERROR
+  phone    diag recent -> 010203\n010203\n010203\n010203\n010203\n010203\n010203\n010203\n010203\n010203
+
+a response that differs in its third byte has the request sent again
+  phone    diag 4B0B0E00 4B0B0F77 2
+  send     ftmc=75,11,14,0
+  expect   FTMC:0x4b,0x0b,0x0e,0x00,OK
+  phone    diag recent -> 4B0B0E00\n4B0B0E00\n4B0B0E00
+
+a response that differs in its fourth byte belongs to the request
+  phone    diag 4B0B0E00 4B0B0EFF
+  send     ftmc=75,11,14,0
+  expect   FTMC:0x4b,0x0b,0x0e,0xff,OK
+
+an empty response ends the exchange at once, also behind one that doesn't match
+  phone    diag 4B empty
+  send     ftmc=75,11,14,0
+  expect   FTMC:,ERROR
+  phone    diag last -> 4B0B0E00
+  phone    diag 4B 11 1
+  send     ftmc=75,11,14,0
+  expect   FTMC:,ERROR
+  # the first exchange one request, the second two
+  phone    diag recent -> 4B0B0E00\n4B0B0E00\n4B0B0E00
+
+a modem that doesn't answer costs the whole time and no more
+  phone    speed 1000
+  phone    diag 4B silent
+  send     ftmc=75,11,14,0
+  expect   FTMC:,ERROR
+  phone    diag recent -> 4B0B0E00
+  phone    diag off
+  send     ftmc=75,11,14,0
+  expect   FTMC:0x4b,0x0b,0x0e,0x00,OK
+
+the time is 25 seconds, and can be set
+  phone    diag down
+  phone    clock hold
+  raw      ftmc=75,11,14,0\r
+  phone    clock +24500
+  phone    clock +600
+  expect   FTMC:,ERROR
+  phone    clock run
+  send     ftmc=209,3
+  expect   FTMC:,OK
+  phone    clock hold
+  raw      ftmc=75,11,14,0\r
+  phone    clock +3100
+  expect   FTMC:,ERROR
+  phone    diag recent -> none
+  phone    clock run
+  send     ftmc=209,0
+  expect   FTMC:,OK
+  phone    clock hold
+  raw      ftmc=75,11,14,0\r
+  phone    clock +20000
+  phone    diag up
+  phone    clock +10
+  expect   FTMC:0x4b,0x0b,0x0e,0x00,OK
+
+a phone without the channel answers with an error, local commands too
+  conf     without /dev/diag
+  send     ftmc=75,11,14,0
+  expect   FTMC:,ERROR
+  send     ftmc=201
+  expect   FTMC:,ERROR
+  send     vers=3
+  expect   VERS:,OK
+
+a closed channel stays closed, and exchanges take their time
+  phone    speed 1000
+  send     ftmc=t
+  expect   OK
+  send     ftmc=75,11,14,0
+  expect   FTMC:,ERROR
+  phone    diag last -> none
+
+a failing driver is waited for
+  phone    fail diag 100 3
+  phone    fail diag 101 3
+  send     ftmc=75,11,14,0
+  expect   FTMC:0x4b,0x0b,0x0e,0x00,OK
+  phone    fail off -> 0
+
+the log store is counted
+  send     ftmc=201
+  expect   FTMC:0xc9,0x00,0x00,0x00,0x00,OK
+  phone    diag log 0102030405
+  phone    diag log AA
+  phone    diag log BBCC
+  send     ftmc=201
+  expect   FTMC:0xc9,0x03,0x00,0x00,0x00,OK
+  send     ftmc=203
+  expect   FTMC:0xcb,OK
+  send     ftmc=201
+  expect   FTMC:0xc9,0x00,0x00,0x00,0x00,OK
+  phone    diag last -> none
+
+stored records are read one after the other, with their length
+  phone    diag log 0102030405
+  phone    diag log AA
+  send     ftmc=205
+  expect   FTMC:0xcd,0x05,0x00,0x00,0x00,0x01,0x02,0x03,0x04,0x05,OK
+  send     ftmc=205
+  expect   FTMC:0xcd,0x01,0x00,0x00,0x00,0xaa,OK
+  send     ftmc=205
+  expect   FTMC:0xcd,OK
+
+the second store is read under the driver's own number
+  send     ftmc=206
+  expect   FTMC:0x6d,OK
+  phone    diag log2 C0FFEE
+  send     ftmc=206
+  expect   FTMC:0x6d,0xc0,0xff,0xee,OK
+  send     ftmc=206
+  expect   FTMC:0x6d,OK
+
+the log filter is set when its length is right
+  send     ftmc=202,5,0,0,0,1
+  expect   FTMC:,OK
+  send     ftmc=202,0,0,0,0
+  expect   FTMC:,OK
+  phone    diag filter -> none
+  send     ftmc=202,2,0,0,0,1,2
+  expect   FTMC:0xca,0x02,0x00,0x00,0x00,0x01,0x02,OK
+  phone    diag filter -> 0102
+  phone    diag last -> none
+
+codes that only the driver knows are taken
+  send     ftmc=200
+  expect   FTMC:0xc8,OK
+  send     ftmc=204
+  expect   FTMC:,OK
+
+a record is read in pages
+  phone    diag log 000102030405060708090A0B
+  # 12 bytes behind 4 of length
+  send     ftmc=207,0
+  expect   FTMC:0xcf,0x10,0x00,OK
+  send     ftmc=207,1,0,0,6
+  expect   FTMC:0xcf,0x0c,0x00,0x00,0x00,0x00,0x01,OK
+  send     ftmc=207,1,13,0,3
+  expect   FTMC:0xcf,0x09,0x0a,0x0b,OK
+  send     ftmc=207,1,14,0,3
+  expect   FTMC:0xcf,OK
+  send     ftmc=207,1,0,1,0
+  expect   FTMC:0xcf,OK
+  send     ftmc=207,1,3
+  expect   FTMC:0xcf,OK
+  send     ftmc=207,9
+  expect   FTMC:0xcf,OK
+  send     ftmc=207
+  expect   FTMC:0xcf,OK
+  send     ftmc=207,0
+  expect   FTMC:0xcf,0x00,0x00,OK
+
+a long request is gathered in parts, and its response isn't matched
+  send     ftmc=208,0,75,11
+  expect   FTMC:0xd0,OK
+  send     ftmc=208,1,14,0,1,2
+  expect   FTMC:0xd0,OK
+  send     ftmc=208,7,99
+  expect   FTMC:0xd0,OK
+  send     ftmc=208
+  expect   FTMC:0xd0,OK
+  phone    diag last -> none
+  send     ftmc=208,2
+  expect   FTMC:0x4b,0x0b,0x0e,0x00,0x01,0x02,OK
+  phone    diag last -> 4B0B0E000102
+  phone    diag 4B 123456
+  send     ftmc=208,2
+  expect   FTMC:0x12,0x34,0x56,OK
+  send     ftmc=208,0
+  expect   FTMC:0xd0,OK
+  send     ftmc=208,1,9,8
+  expect   FTMC:0xd0,OK
+  phone    diag 09 09
+  send     ftmc=208,2
+  expect   FTMC:0x09,OK
+  phone    diag last -> 0908
+
+no value is a syntax error, and what it is
+  send     ftmc
+  expect   SYNTAX
+  send     ftmc=
+  expect   SYNTAX
+  send     ftmc?
+  expect   FTMC:Factory Test Mode Channel,OK
+  send     ftmc=?
+  expect   FTMC:Factory Test Mode Channel,
+  + ftmc      (0-255)[,(0-255)...]                              ftmc(data),OK

@@ -1,0 +1,114 @@
+started and asked for in two steps
+  phone    speed 1000
+  send     grsd=2,4,5
+  expect   GRSD:,OK
+  phone    diag filter -> 0410001500
+  phone    diag recent -> 6001\n4B0D6500140100\n73000000010000000000000000000000000000000000000000000000000000000000
+  + 0000000000000000000000000000000000000000000000000000000000000000000000000000\n730000000400
+  + 00000000000001000000CD04000000000000000000000000000000000000000000000000000000000000000000
+  + 000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000
+  + 000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000
+  + 0000000000000000000000000000000000000000000000000000000000\n730000000300000001000000CD0400
+  + 000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000
+  + 000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000
+  + 000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000
+  + 0000000000000000000080000000000000000000\n4B0D6500163200100000000401000104000500000000\n60
+  + 01\n4B0D6500140101
+  send     grsd=4
+  # 38.7 dB-Hz, peak in bin 261
+  expect   GRSD:38.7,261,OK
+
+asked for alone it measures by itself, three times with sample size 1
+  phone    speed 1000
+  send     grsd=4
+  expect   GRSD:38.7,261,OK
+  phone    diag recent -> 6001\n4B0D6500140100\n73000000010000000000000000000000000000000000000000000000000000000000
+  + 0000000000000000000000000000000000000000000000000000000000000000000000000000\n730000000400
+  + 00000000000001000000CD04000000000000000000000000000000000000000000000000000000000000000000
+  + 000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000
+  + 000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000
+  + 0000000000000000000000000000000000000000000000000000000000\n730000000300000001000000CD0400
+  + 000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000
+  + 000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000
+  + 000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000
+  + 0000000000000000000080000000000000000000\n4B0D6500163200100000000401000101000300000000\n60
+  + 01\n4B0D6500140101
+
+a second start is refused and sends nothing, and the result is still there
+  phone    speed 1000
+  send     grsd=2
+  expect   GRSD:,OK
+  phone    diag log -
+  send     grsd=2
+  expect   ERROR
+  phone    diag 4B silent
+  send     grsd=4
+  expect   GRSD:38.7,261,OK
+
+the result is read from its place in the record, low byte first
+  phone    speed 1000
+  # no measurement of the modem's own, but a record of 29 bytes: 12345.6 at 17, 16909060 at 21
+  phone    diag 4B0D650016 4B0D65001632
+  phone    fail diag 106
+  phone    diag log FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF40E2010004030201FFFFFFFF
+  send     grsd=4,32,10
+  expect   GRSD:12345.6,16909060,OK
+
+a record that doesn't come is given up after 80 seconds, and the test mode is left
+  phone    speed 1000
+  phone    diag 4B0D650016 4B0D65001632
+  send     grsd=4
+  expect   GRSD:,ERROR
+  phone    diag last -> 4B0D6500140101
+  phone    diag log 00
+  send     grsd=4
+  expect   GRSD:,ERROR
+
+a start that failed is over with the question for its result
+  phone    speed 1000
+  phone    diag 4B0D650016 4B0D65001632
+  send     grsd=2
+  expect   GRSD:,ERROR
+  send     grsd=2
+  expect   ERROR
+  phone    diag off
+  send     grsd=4
+  expect   ERROR
+  send     grsd=2
+  expect   GRSD:,OK
+  send     grsd=4
+  expect   GRSD:38.7,261,OK
+
+without the channel there is no record
+  conf     without /dev/diag
+  phone    speed 1000
+  send     grsd=4
+  expect   GRSD:,ERROR
+
+values are checked before anything is sent
+  send     grsd=2,32,11
+  expect   GRSD:Max 10 iterations are allowed,SYNTAX
+  send     grsd=2,1,-1
+  expect   GRSD:Max 10 iterations are allowed,SYNTAX
+  send     grsd=2,3
+  expect   GRSD:Sample size must be a power of two and max 32,SYNTAX
+  send     grsd=2,64
+  expect   GRSD:Sample size must be a power of two and max 32,SYNTAX
+  send     grsd=9,3,11
+  expect   GRSD:Max 10 iterations are allowed,SYNTAX
+  send     grsd=3
+  expect   SYNTAX
+  send     grsd=0,0,0
+  expect   SYNTAX
+  send     grsd
+  expect   ERROR
+  send     grsd=2,1,1,1
+  expect   ERROR
+  phone    diag last -> none
+
+what it is
+  send     grsd?
+  expect   GRSD:GPS Test,OK
+  send     grsd=?
+  expect   GRSD:GPS Test,
+  + grsd      (2,4)[,(1,2,4,8,16,32)][,(1-10)]                  grsd(mode,sampleSize,iterations),OK
