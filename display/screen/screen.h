@@ -16,6 +16,16 @@ constexpr int SCREEN_CONTROL_BLANK = 0;
 constexpr int SCREEN_CONTROL_UNBLANK = 1;
 constexpr int SCREEN_CONTROL_MODE = 2; // value: the id of a video mode
 
+// Rows of colours to draw a box with: row j of the box is row j / repeat % count of these, each colour OR-ed
+// with the tint of row j.
+struct screen_row_set {
+    const std::uint32_t* p_colours;       // of the first row
+    std::uint32_t pitch = 0;              // words from one row to the next; rows may overlap
+    std::uint32_t count = 1;
+    std::uint32_t repeat = 1;
+    const std::uint32_t* p_tints = nullptr; // one for each row of the box; null for none
+};
+
 // What a back end offers. hline and vline may be missing, and so may the operations on many pixels behind the
 // thirteen: the core then does the same with what is there. Those get clipped, non-empty areas only.
 struct screen_callouts {
@@ -35,9 +45,8 @@ struct screen_callouts {
 
     // A box of one colour.
     void (*fill)(std::uint32_t x, std::uint32_t y, std::uint32_t w, std::uint32_t h, std::uint32_t colour);
-    // The same row of `w` colours, each OR-ed with `tint`, in `h` rows.
     void (*rows)(std::uint32_t x, std::uint32_t y, std::uint32_t w, std::uint32_t h,
-                 const std::uint32_t* p_colours, std::uint32_t tint);
+                 const screen_row_set& rows);
     // Where bit i % 8 of byte i / 8 is set, column i takes the colour, in `h` rows. The bytes go on to a
     // multiple of 8 of them.
     void (*mask)(std::uint32_t x, std::uint32_t y, std::uint32_t w, std::uint32_t h,
@@ -92,9 +101,9 @@ void screen_ellipse(std::uint32_t cx, std::uint32_t cy, std::uint32_t w, std::ui
 // the screen or ends below it is left out.
 void screen_print(const char* text, std::uint32_t x, std::uint32_t y, std::uint32_t colour);
 
-// The same row of `w` colours, each OR-ed with `tint`, in `h` rows from y on; clipped like single pixels.
+// A box of given rows of colours, clipped like single pixels.
 void screen_rows(std::uint32_t x, std::uint32_t y, std::uint32_t w, std::uint32_t h,
-                 const std::uint32_t* p_colours, std::uint32_t tint);
+                 const screen_row_set& rows);
 
 // Draws a BMP file in the top left corner: 1, or 0 with the picture unchanged.
 int screen_load_image(const char* path);

@@ -9,7 +9,9 @@
 #include "devices/converters.h"
 #include "devices/diag.h"
 #include "devices/gpio.h"
+#include "devices/input.h"
 #include "devices/kmsg.h"
+#include "devices/leds.h"
 #include "devices/port.h"
 #include "devices/proc.h"
 #include "devices/processor.h"
@@ -17,7 +19,9 @@
 #include "devices/rtc.h"
 #include "devices/spmi.h"
 #include "devices/store.h"
+#include "devices/touch_panel.h"
 #include "devices/usb_state.h"
+#include "tools/insmod.h"
 #include "tools/tools.h"
 
 namespace phone {
@@ -45,6 +49,10 @@ constexpr phone_part parts[] = {
     { "cpu",    nullptr,         processor_seed,   nullptr },
     { "rtc",    rtc_attach,      nullptr,          rtc_start },
     { "store",  store_attach,    store_seed,       nullptr },
+    { "insmod", insmod_attach,   nullptr,          nullptr },
+    { "input",  input_attach,    nullptr,          nullptr },
+    { "touch",  touch_panel_attach, touch_panel_seed, nullptr },
+    { "leds",   leds_attach,     leds_seed,        nullptr },
 };
 // clang-format on
 

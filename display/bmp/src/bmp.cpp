@@ -15,7 +15,7 @@ constexpr std::uint32_t INFO_BYTES = 40; // least size of the second header
 constexpr std::uint16_t BITS = 24;
 constexpr std::uint64_t PIXEL_BYTES = BITS / 8;
 constexpr std::uint64_t MAX_IMAGE_BYTES = 256u << 20;
-constexpr std::uint64_t CHUNK_BYTES = 64 * 1024; // stays in the cache between reading and copying
+constexpr std::uint64_t CHUNK_BYTES = 256 * 1024; // stays in the cache between reading and copying
 
 struct bmp_header {
     std::uint32_t file_size;

@@ -23,7 +23,7 @@ bool clip(uint32_t at, uint32_t* p_count, uint32_t limit)
 
 bool clip_box(uint32_t x, uint32_t y, uint32_t* p_w, uint32_t* p_h)
 {
-    return screen_is_active() && clip(x, p_w, screen_width()) && clip(y, p_h, screen_height());
+    return screen_is_active() && clip(x, p_w, screen_pf_co.width()) && clip(y, p_h, screen_pf_co.height());
 }
 
 } // namespace
@@ -46,17 +46,20 @@ void screen_fill(uint32_t x, uint32_t y, uint32_t w, uint32_t h, uint32_t colour
     }
 }
 
-void screen_rows(uint32_t x, uint32_t y, uint32_t w, uint32_t h, const uint32_t* p_colours, uint32_t tint)
+void screen_rows(uint32_t x, uint32_t y, uint32_t w, uint32_t h, const screen_row_set& rows)
 {
     if (!clip_box(x, y, &w, &h))
         return;
     if (screen_pf_co.rows != nullptr) {
-        screen_pf_co.rows(x, y, w, h, p_colours, tint);
+        screen_pf_co.rows(x, y, w, h, rows);
         return;
     }
-    for (uint32_t j = 0; j < h; j++)
+    for (uint32_t j = 0; j < h; j++) {
+        const uint32_t* p_colours = rows.p_colours + std::size_t{rows.pitch} * (j / rows.repeat % rows.count);
+        const uint32_t tint = rows.p_tints != nullptr ? rows.p_tints[j] : 0;
         for (uint32_t i = 0; i < w; i++)
             screen_put_pixel(x + i, y + j, p_colours[i] | tint);
+    }
 }
 
 void screen_mask(uint32_t x, uint32_t y, uint32_t w, uint32_t h, const std::uint8_t* p_bits, uint32_t colour)
@@ -175,7 +178,8 @@ struct ellipse_axis {
     {
         const float from = centre - radius, to = centre + radius;
         fraction = from - std::floor(from);
-        first = static_cast<int>(std::max(std::floor(from), fraction > 0 ? -1.0f : 0.0f));
+        const float start = std::max(std::floor(from), fraction > 0 ? -1.0f : 0.0f);
+        first = static_cast<int>(std::min<double>(start, limit)); // beyond the last when off the screen
         last = static_cast<int>(std::min(std::ceil(static_cast<double>(to) - fraction) - 1, limit - 1.0));
     }
 
@@ -204,7 +208,7 @@ void screen_ellipse(uint32_t cx, uint32_t cy, uint32_t w, uint32_t h, uint32_t c
     if (filled == 0 || w == 0 || h == 0 || width == 0 || height == 0)
         return;
     const ellipse_axis x(cx, w, width), y(cy, h, height);
-    if (x.first > x.last)
+    if (x.first > x.last || y.first > y.last)
         return;
     const int middle = x.nearest();
     const float middle_term = x.term(middle);

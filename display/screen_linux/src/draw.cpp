@@ -15,6 +15,7 @@ using std::uint64_t;
 using std::uint8_t;
 
 void (*put_rgb)(uint8_t* p, uint32_t colour);
+const pixel_loops* loops = &pixel_loops_plain;
 uint32_t last_rgb; // the colour converted last, and what it came to
 uint32_t color;
 
@@ -134,7 +135,7 @@ void platform_screen_clear_generic(uint32_t colour)
 void platform_screen_fill_32(uint32_t x, uint32_t y, uint32_t w, uint32_t h, uint32_t colour)
 {
     const uint32_t word = convert(colour), line = p_si->fix.line_length;
-    const auto fill = pixel_loops_get().fill;
+    const auto fill = loops->fill;
     h = rows_in_memory(x + w, y, h);
     uint8_t* p = pixel_at(x, y);
     for (uint32_t j = 0; j < h; j++, p += line)
@@ -146,7 +147,7 @@ void platform_screen_hline_32(uint32_t x0, uint32_t x1, uint32_t y, uint32_t col
     if (x0 > x1)
         std::swap(x0, x1);
     if (rows_in_memory(x1 + 1, y, 1) != 0)
-        pixel_loops_get().fill(word_at(x0, y), x1 - x0 + 1, convert(colour));
+        loops->fill(word_at(x0, y), x1 - x0 + 1, convert(colour));
 }
 
 void platform_screen_vline_32(uint32_t y0, uint32_t y1, uint32_t x, uint32_t colour)
@@ -165,14 +166,14 @@ void platform_screen_clear_32(uint32_t colour)
 {
     const uint32_t rows = rows_in_memory(p_si->var.xres, 0, p_si->var.yres);
     if (rows > 0)
-        pixel_loops_get().fill(word_at(0, 0), offset_of(p_si->var.xres, rows - 1) / 4, convert(colour));
+        loops->fill(word_at(0, 0), offset_of(p_si->var.xres, rows - 1) / 4, convert(colour));
 }
 
 void platform_screen_mask_32(uint32_t x, uint32_t y, uint32_t w, uint32_t h, const uint8_t* p_bits,
                              uint32_t colour)
 {
     const uint32_t word = convert(colour), line = p_si->fix.line_length;
-    const auto mask = pixel_loops_get().mask;
+    const auto mask = loops->mask;
     h = rows_in_memory(x + w, y, h);
     uint8_t* p = pixel_at(x, y);
     for (uint32_t j = 0; j < h; j++, p += line)
@@ -180,21 +181,27 @@ void platform_screen_mask_32(uint32_t x, uint32_t y, uint32_t w, uint32_t h, con
 }
 
 // The next two are for the one layout that needs no conversion.
-void platform_screen_rows_rgb(uint32_t x, uint32_t y, uint32_t w, uint32_t h, const uint32_t* p_colours,
-                              uint32_t tint)
+void platform_screen_rows_rgb(uint32_t x, uint32_t y, uint32_t w, uint32_t h, const screen_row_set& rows)
 {
     const uint32_t line = p_si->fix.line_length;
-    const auto copy = pixel_loops_get().copy;
+    const auto copy = loops->copy;
     h = rows_in_memory(x + w, y, h);
     uint8_t* p = pixel_at(x, y);
-    for (uint32_t j = 0; j < h; j++, p += line)
-        copy(reinterpret_cast<uint32_t*>(p), p_colours, w, tint & 0xFFFFFF);
+    uint32_t at = 0, times = 0; // the row of the set, and how often it has been drawn
+    for (uint32_t j = 0; j < h; j++, p += line) {
+        const uint32_t tint = rows.p_tints != nullptr ? rows.p_tints[j] & 0xFFFFFF : 0;
+        copy(reinterpret_cast<uint32_t*>(p), rows.p_colours + std::size_t{rows.pitch} * at, w, tint);
+        if (++times == rows.repeat) {
+            times = 0;
+            at = at + 1 < rows.count ? at + 1 : 0;
+        }
+    }
 }
 
 void platform_screen_bgr_rgb(uint32_t x, uint32_t y, uint32_t w, const uint8_t* p_bgr)
 {
     if (rows_in_memory(x + w, y, 1) != 0)
-        pixel_loops_get().bgr(word_at(x, y), p_bgr, w);
+        loops->bgr(word_at(x, y), p_bgr, w);
 }
 
 bool is_byte_at(const fb_bitfield& field, uint32_t offset)
@@ -213,6 +220,7 @@ void draw_select(screen_callouts* p_co)
 {
     const bool words = p_si != nullptr && p_si->var.bits_per_pixel == 32;
     const bool plain = words && is_plain_rgb(p_si->var);
+    loops = &pixel_loops_get();
     last_rgb = color = 0; // black is 0 in every layout
     put_rgb = words ? put_rgb_32 : put_rgb_generic;
     p_co->put_pixel = platform_screen_put_pixel;

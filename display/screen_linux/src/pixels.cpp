@@ -13,18 +13,48 @@ using std::size_t;
 using std::uint32_t;
 using std::uint8_t;
 
+constexpr size_t REGISTER = 8; // words
+constexpr size_t BLOCK = 4 * REGISTER;
+
+// Covers `n` words, at least a block, by blocks: one at the start, one at the end, and between them those that
+// lie as wide registers like them. Blocks overlap, which costs less than loops for the rests.
+template <class Block>
+[[gnu::always_inline]] inline void by_blocks(const uint32_t* p, size_t n, Block block)
+{
+    block(0);
+    for (size_t i = BLOCK - reinterpret_cast<std::uintptr_t>(p) / sizeof *p % REGISTER; i + BLOCK < n; i += BLOCK)
+        block(i);
+    block(n - BLOCK);
+}
+
 // Each loop stands here once. Inlined into a function for wider registers it is compiled for those.
 [[gnu::always_inline]] inline void fill_loop(uint32_t* p, size_t n, uint32_t word)
 {
-    for (size_t i = 0; i < n; i++)
-        p[i] = word;
+    if (n < BLOCK) {
+        for (size_t i = 0; i < n; i++)
+            p[i] = word;
+        return;
+    }
+    by_blocks(p, n, [=](size_t i) __attribute__((always_inline)) {
+        for (size_t j = 0; j < BLOCK; j++)
+            p[i + j] = word;
+    });
 }
 
 [[gnu::always_inline]] inline void copy_loop(uint32_t* __restrict p, const uint32_t* __restrict p_src,
                                              size_t n, uint32_t tint)
 {
-    for (size_t i = 0; i < n; i++)
-        p[i] = (p_src[i] & 0xFFFFFF) | tint;
+    if (n < BLOCK) {
+        for (size_t i = 0; i < n; i++)
+            p[i] = (p_src[i] & 0xFFFFFF) | tint;
+        return;
+    }
+    by_blocks(p, n, [=](size_t i) __attribute__((always_inline)) {
+        uint32_t* __restrict p_to = p + i;
+        const uint32_t* __restrict p_from = p_src + i;
+        for (size_t j = 0; j < BLOCK; j++)
+            p_to[j] = (p_from[j] & 0xFFFFFF) | tint;
+    });
 }
 
 [[gnu::always_inline]] inline void mask_rest(uint32_t* p, size_t n, const uint8_t* p_bits, uint32_t word)
@@ -80,19 +110,35 @@ __attribute__((target("avx2"))) void copy_avx2(uint32_t* p, const uint32_t* p_sr
     copy_loop(p, p_src, n, tint);
 }
 
+// The 8 words at `p` where a bit of the byte of `bits` is set: `shift` brings each bit to the top of its lane.
+__attribute__((target("avx2"))) inline void mask_register(uint32_t* p, uint32_t bits, __m256i shift,
+                                                          __m256 words)
+{
+    auto* at = reinterpret_cast<float*>(p); // for the blend by sign bits, which there is for floats alone
+    const __m256i set = _mm256_sllv_epi32(_mm256_set1_epi32(static_cast<int>(bits)), shift);
+    _mm256_storeu_ps(at, _mm256_blendv_ps(_mm256_loadu_ps(at), words, _mm256_castsi256_ps(set)));
+}
+
 __attribute__((target("avx2"))) void mask_avx2(uint32_t* p, size_t n, const uint8_t* p_bits, uint32_t word)
 {
-    const __m256i bit = _mm256_setr_epi32(1, 2, 4, 8, 16, 32, 64, 128);
-    const __m256i words = _mm256_set1_epi32(static_cast<int>(word));
+    const __m256i shift_0 = _mm256_setr_epi32(31, 30, 29, 28, 27, 26, 25, 24);
+    const __m256i shift_1 = _mm256_sub_epi32(shift_0, _mm256_set1_epi32(8));
+    const __m256i shift_2 = _mm256_sub_epi32(shift_1, _mm256_set1_epi32(8));
+    const __m256i shift_3 = _mm256_sub_epi32(shift_2, _mm256_set1_epi32(8));
+    const __m256 words = _mm256_castsi256_ps(_mm256_set1_epi32(static_cast<int>(word)));
     size_t i = 0;
-    for (; i + 8 <= n; i += 8) {
-        const uint8_t byte = p_bits[i / 8];
-        if (byte == 0)
+    for (; i + BLOCK <= n; i += BLOCK) {
+        uint32_t bits;
+        std::memcpy(&bits, p_bits + i / 8, sizeof bits);
+        if (bits == 0)
             continue;
-        auto* at = reinterpret_cast<__m256i*>(p + i);
-        const __m256i set = _mm256_cmpeq_epi32(_mm256_and_si256(_mm256_set1_epi32(byte), bit), bit);
-        _mm256_storeu_si256(at, _mm256_blendv_epi8(_mm256_loadu_si256(at), words, set));
+        mask_register(p + i, bits, shift_0, words);
+        mask_register(p + i + 8, bits, shift_1, words);
+        mask_register(p + i + 16, bits, shift_2, words);
+        mask_register(p + i + 24, bits, shift_3, words);
     }
+    for (; i + REGISTER <= n; i += REGISTER)
+        mask_register(p + i, p_bits[i / 8], shift_0, words);
     mask_rest(p + i, n - i, p_bits + i / 8, word);
 }
 

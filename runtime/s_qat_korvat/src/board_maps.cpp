@@ -17,6 +17,16 @@ constexpr cfg_map_row cfg_map_tab[] = {
 } // namespace
 
 // clang-format off
+const light_map_row light_map_tab[] = {
+    // zone, subzone                device
+    { LIGHT_ZONE_MMI,     1,        20 },   // red
+    { LIGHT_ZONE_MMI,     2,        19 },   // green
+    { LIGHT_ZONE_MMI,     3,        21 },   // blue
+    { LIGHT_ZONE_DISPLAY, 1,         1 },   // LCD backlight
+    { LIGHT_ZONE_DISPLAY, 2,         7 },   // WLED backlight
+    { 0,                  0,         0 },
+};
+
 const i2c_cfg_row i2c_cfg_tab[] = {
     // name              bus  address
     { "sii8334",         4,   0x00 }, // several: the driver says which

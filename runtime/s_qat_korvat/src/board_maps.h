@@ -1,8 +1,9 @@
-// What differs from board to board: where the pins, the calibration items and the chips are.
+// What differs from board to board: where the pins, the calibration items the lights and the chips are.
 #pragma once
 
 #include "hwp/hwp.h"
 #include "i2c/i2c.h"
+#include "light/light.h"
 #include "pin/pin.h"
 #include "trim/trim.h"
 
@@ -12,6 +13,7 @@ struct cfg_map_row {
     trim_map_sel trims;
 };
 
+extern const light_map_row light_map_tab[];
 extern const i2c_cfg_row i2c_cfg_tab[];
 
 // The row whose maps fit a board: the one of its revision, or the last of its family.

@@ -15,6 +15,7 @@
 #include "gpio_linux/gpio_linux.h"
 #include "hwp/hwp.h"
 #include "i2c/i2c.h"
+#include "light/light.h"
 #include "pin/pin.h"
 #include "plat/plat.h"
 #include "rev/rev.h"
@@ -31,6 +32,8 @@ namespace {
 
 constexpr const char* start_line = "echo \"Korvat HVT is starting up...\" > /dev/kmsg";
 constexpr const char* vmrk_rev = "@(#) s_qat_korvat_1_32_2_5_b";
+
+constexpr int light_green = 2; // subzone: the program is alive
 
 constexpr hwp board_hwp = {0, 0, 1};
 
@@ -79,6 +82,7 @@ void s_cfg_init()
     const cfg_map_row& map = s_cfg_map(own);
     pin_map_set(map.pins.get, map.pins.rev);
     trim_map_set(map.trims.get, map.trims.rev);
+    light_map_set(light_map_tab);
     i2c_cfg(i2c_cfg_tab);
     cfg_set_int("f_poff", "param1_delay", 1);
     battery_set_cfg(&board_battery_cfg);
@@ -118,6 +122,7 @@ int s_entry(int, char**)
     ftm_start();
     cio_init(&cio_clnt, cmd_ln, sizeof cmd_ln, "console", "tty", &cio_tty_cfg, nullptr);
     cio_start(&cio_clnt);
+    light_set(LIGHT_ZONE_MMI, light_green, 255);
     usb_linux_set_cfg(&usb_linux_cfg);
     usb_evt_attach(&usb_tpok_con, usb_cb_tpok_con);
     autopoff_start();

@@ -23,7 +23,9 @@
 #include "f_ftm_gps_gen8/f_ftm_gps_gen8.h"
 #include "f_fuelgauge/f_fuelgauge.h"
 #include "f_i2c/f_i2c.h"
+#include "f_kbd/f_kbd.h"
 #include "f_kill/f_kill.h"
+#include "f_light/f_light.h"
 #include "f_msm/f_msm.h"
 #include "f_poff/f_poff.h"
 #include "f_pp/f_pp.h"
@@ -41,6 +43,11 @@
 #include "fuelgauge/fuelgauge.h"
 #include "fuelgauge_pm8941/fuelgauge_pm8941.h"
 #include "i2c/i2c.h"
+#include "kbd/kbd.h"
+#include "kbd_qpnp/kbd_qpnp.h"
+#include "light/light.h"
+#include "light_linux/light_linux.h"
+#include "light_pm8941/light_pm8941.h"
 #include "msm/msm.h"
 #include "msm_linux/msm_linux.h"
 #include "pin/pin.h"
@@ -82,6 +89,8 @@ constexpr autoinit_entry initcompif[] = {
     cio_dev_init,
     fuelgauge_init,
     fsm_init,
+    kbd_init,
+    light_init,
     pin_init,
     msm_init,
     rfbv_init,
@@ -109,6 +118,9 @@ constexpr autoinit_entry initcomp[] = {
     fuelgauge_pm8941_init,
     ftm_init,
     i2c_init,
+    kbd_qpnp_init,
+    light_linux_init,
+    light_pm8941_init,
     msm_linux_init,
     pwrsupply_linux_init,
     queue_init,
@@ -134,7 +146,9 @@ constexpr autoinit_entry initcompcmd[] = {
     f_ftm_init,
     f_ftm_gps_init,
     f_i2c_init,
+    f_kbd_init,
     f_kill_init,
+    f_light_init,
     f_poff_init,
     f_pp_init,
     f_msm_init,

@@ -1,0 +1,211 @@
+// Drawing on a frame of 1080 by 1920 at 32 bits, as the commands do it, against memset and memcpy of a frame.
+// The framebuffer of the rows has one page, so that a command is its drawing alone; the page copy has a row of
+// its own.
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <functional>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+#include "dcp/dcp.h"
+#include "f_screen/f_screen.h"
+#include "plat/plat.h"
+#include "plat_linux/plat_linux.h"
+#include "row.h"
+#include "screen/screen.h"
+#include "screen_linux/screen_linux.h"
+#include "screenconf/screenconf.h"
+
+namespace {
+
+constexpr unsigned WIDTH = 1080, HEIGHT = 1920;
+constexpr std::size_t FRAME = std::size_t{WIDTH} * HEIGHT * 4;
+constexpr int REPETITIONS = 300;
+
+unsigned pages;
+int panel_fd;
+plat_callouts panel_co;
+
+int panel_open(const char* path, int flags, mode_t mode)
+{
+    return std::strncmp(path, "/dev/graphics/fb", 16) == 0 ? panel_fd : plat_linux_co.open(path, flags, mode);
+}
+
+int panel_ioctl(int fd, unsigned long request, void* arg)
+{
+    if (fd != panel_fd)
+        return plat_linux_co.ioctl(fd, request, arg);
+    if (request == FBIOGET_VSCREENINFO) {
+        auto* p = static_cast<fb_var_screeninfo*>(arg);
+        *p = {};
+        p->xres = WIDTH;
+        p->yres = HEIGHT;
+        p->bits_per_pixel = 32;
+        p->red = {16, 8, 0};
+        p->green = {8, 8, 0};
+        p->blue = {0, 8, 0};
+    } else if (request == FBIOGET_FSCREENINFO) {
+        auto* p = static_cast<fb_fix_screeninfo*>(arg);
+        *p = {};
+        std::snprintf(p->id, sizeof p->id, "bench");
+        p->line_length = WIDTH * 4;
+        p->smem_len = static_cast<unsigned>(pages * FRAME);
+    }
+    return 0;
+}
+
+// A panel with this many pages, started as the main screen.
+void start_panel(unsigned count)
+{
+    pages = count;
+    panel_fd = memfd_create("panel", MFD_CLOEXEC);
+    if (panel_fd < 0 || ftruncate(panel_fd, static_cast<off_t>(pages * FRAME)) != 0)
+        std::exit(1);
+    static char empty[] = "", prefix[] = "/dev/graphics/fb", id[] = "bench";
+    static screenconf conf = {empty, prefix, id, 0, 1, 0};
+    screenconf_init();
+    screenconf_set(SCREEN_MAIN, &conf);
+    screen_init();
+    screen_linux_init();
+    if (screen_start(SCREEN_MAIN, 0) != 1)
+        std::exit(1);
+    std::memset(screen_linux_get_screen_info(SCREEN_MAIN)->map_base, 0, pages * FRAME);
+}
+
+double least_ns(const std::function<void()>& body)
+{
+    double least = 1e18;
+    for (int i = 0; i < REPETITIONS; i++) {
+        const auto from = std::chrono::steady_clock::now();
+        body();
+        const std::chrono::duration<double, std::nano> time = std::chrono::steady_clock::now() - from;
+        least = std::min(least, time.count());
+    }
+    return least;
+}
+
+int client;
+
+void discard(dcp_client*, int, int, const char*) {}
+void no_rx(dcp_client*, void*, std::size_t, dcp_bin_cb, void*) {}
+void no_tx(dcp_client*, const void*, std::size_t, dcp_bin_cb, void*) {}
+
+void send(const std::string& text)
+{
+    std::string line = text;
+    if (dcp_parse(client, line.data()) != DCP_OK) {
+        std::fprintf(stderr, "%s failed\n", text.c_str());
+        std::exit(1);
+    }
+}
+
+struct drawing_row {
+    const char* line;
+    double limit;
+};
+
+constexpr drawing_row drawings[] = {
+    {"dclr=0,18,52,86", 1.1},    {"dbox=0,0,1080,1920,0,18,52,86", 1.1},
+    {"dpat=3", 1.1},             {"dpat=1", 1.15},
+    {"dpat=18", 1.15},           {"dpat=19", 1.15},
+    {"dpat=22", 1.15},           {"dpat=32", 1.3},
+    {"dpat=36", 1.3},            {"dpat=48", 1.3},
+    {"dpat=40", 1.5},            {"dpat=43", 1.5},
+    {"dfig=2,0,0,1080,1920", 1.5},
+};
+
+// The memory that commands draw on.
+std::uint8_t* frame()
+{
+    return screen_linux_get_screen_info(SCREEN_MAIN)->map_base;
+}
+
+double frame_memset()
+{
+    volatile int value = 0x5A;
+    return least_ns([&] { std::memset(frame(), value, FRAME); });
+}
+
+int bench_drawing()
+{
+    start_panel(1);
+    int over = 0;
+    for (const drawing_row& row : drawings) {
+        const double yardstick = frame_memset();
+        over += bench_row(row.line, least_ns([&] { send(row.line); }), yardstick, row.limit);
+    }
+    const char text[] = "The quick brown fox 123"; // 23 characters of 48 pixels fill a row
+    const double yardstick = frame_memset();
+    const double time = least_ns([&] {
+        for (unsigned y = 0; y + 48 < HEIGHT; y += 48)
+            screen_print(text, 0, y, 0xFFFFFF);
+    });
+    return over + bench_row("a full screen of text", time, yardstick, 1.4);
+}
+
+int bench_invalidate()
+{
+    start_panel(2);
+    const double yardstick = least_ns([&] { std::memcpy(frame() + FRAME, frame(), FRAME); });
+    return bench_row("the page copy of the invalidate", least_ns([] { screen_invalidate(); }), yardstick, 1.05);
+}
+
+// A full-size picture, 1080 by 1920, in a file of the working folder.
+std::string write_picture()
+{
+    std::vector<std::uint8_t> file(54 + std::size_t{WIDTH} * HEIGHT * 3);
+    for (std::size_t i = 54; i < file.size(); i++)
+        file[i] = static_cast<std::uint8_t>(i * 7 ^ i >> 11);
+    const std::uint32_t head[] = {static_cast<std::uint32_t>(file.size()), 0, 54, 40, WIDTH, HEIGHT};
+    std::memcpy(file.data(), "BM", 2);
+    std::memcpy(file.data() + 2, head, sizeof head);
+    file[26] = 1;
+    file[28] = 24;
+    char path[] = "screen_bench_XXXXXX";
+    const int fd = mkstemp(path);
+    if (fd < 0 || write(fd, file.data(), file.size()) != static_cast<ssize_t>(file.size()))
+        std::exit(1);
+    close(fd);
+    return path;
+}
+
+int bench_picture()
+{
+    start_panel(1);
+    const std::string path = write_picture();
+    std::vector<std::uint8_t> file(54 + std::size_t{WIDTH} * HEIGHT * 3), copy(FRAME, 1);
+    const double yardstick = least_ns([&] {
+        const int fd = open(path.c_str(), O_RDONLY);
+        if (read(fd, file.data(), file.size()) != static_cast<ssize_t>(file.size()))
+            std::exit(1);
+        close(fd);
+        std::memcpy(frame(), copy.data(), FRAME);
+    });
+    const std::string line = "dimg=\"" + path + "\"";
+    const double time = least_ns([&] { send(line); });
+    unlink(path.c_str());
+    return bench_row("dimg of a full-size picture", time, yardstick, 1.2);
+}
+
+} // namespace
+
+int main()
+{
+    panel_co = plat_linux_co;
+    panel_co.open = panel_open;
+    panel_co.ioctl = panel_ioctl;
+    plat_attach(&panel_co);
+    dcp_init();
+    f_screen_init();
+    dcp_client discarding = {0, discard, no_rx, no_tx, "bench"};
+    client = dcp_clnt_add(&discarding);
+    int over = bench_drawing();
+    over += bench_invalidate();
+    over += bench_picture();
+    return over != 0;
+}

@@ -1,0 +1,11 @@
+# The camera cover's state by a command of its own.
+
+the state
+  send     camds
+  expect   CAMDS:0x1,OK
+  send     camds?
+  expect   CAMDS:0x1,OK
+
+a value is none of its business
+  send     camds=1
+  expect   camds                                                       status,SYNTAX

@@ -1,0 +1,16 @@
+# The dynamic backlight, which this phone lacks: no light is touched, and that is no failure.
+
+on and off
+  send     dynbl=1
+  expect   DYNBL: ,OK
+  send     dynbl=0
+  expect   DYNBL: ,OK
+  file     /sys/class/leds/lcd-backlight/brightness -> 102\n
+
+anything else
+  send     dynbl=2
+  expect   DYNBL: ,SYNTAX
+  send     dynbl
+  expect   DYNBL: ,SYNTAX
+  send     dynbl?
+  expect   SYNTAX

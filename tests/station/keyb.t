@@ -1,0 +1,172 @@
+# The key test: what the station reads of each key, in each form, and what becomes of the power key's timers.
+
+names and characters with p and r, without the command's name
+  send     keyb=1
+  expect   KEYB: ,OK
+  phone    key 116 down
+  expect   Pp
+  phone    key 116 up
+  expect   Pr
+  # 30 is the letter a, 57 the blank, 43 the backslash
+  phone    key 30 tap
+  expect   ap
+  expect   ar
+  phone    key 57 tap
+  read     \x20p\r\n\x20r\r\n
+  phone    key 43 tap
+  expect   \\p
+  expect   \\r
+  # 106 is RIGHT, which is written once in each of two places
+  phone    key 106 tap
+  expect   RIGHTp
+  expect   RIGHTr
+  send     keyb=0
+  expect   KEYB: ,OK
+
+codes in hexadecimal
+  send     keyb=2
+  expect   KEYB: ,OK
+  # 528 = 0x210, 408 = 0x198, 1 = ESC
+  phone    key 528 down
+  expect   KEYB:210,p
+  phone    key 528 up
+  expect   KEYB:210,r
+  phone    key 408 tap
+  expect   KEYB:198,p
+  expect   KEYB:198,r
+  phone    key 1 tap
+  expect   KEYB:1,p
+  expect   KEYB:1,r
+
+a held key that repeats is pressed again
+  send     keyb=2
+  expect   KEYB: ,OK
+  phone    key 114 down
+  expect   KEYB:72,p
+  phone    key 114 repeat
+  expect   KEYB:72,p
+  phone    key 114 up
+  expect   KEYB:72,r
+
+the matrix form knows no place on a phone without a matrix
+  send     keyb=3
+  expect   KEYB: ,OK
+  phone    key 116 tap
+  expect   KEYB: row: 0, col: 0, p
+  expect   KEYB: row: 0, col: 0, r
+
+a key without name and character is unknown
+  send     keyb=1
+  expect   KEYB: ,OK
+  phone    key 240 tap
+  expect   KEYB:unknown
+  expect   KEYB:unknown
+
+the key 408 is held back in the string form and alone in the form 4
+  send     keyb=1
+  expect   KEYB: ,OK
+  phone    key 408 tap
+  phone    clock +200
+  send     keyb=4
+  expect   KEYB: ,OK
+  phone    key 116 tap
+  phone    key 408 tap
+  expect   HWp
+  expect   HWr
+
+touch and mouse buttons are no keys
+  send     keyb=2
+  expect   KEYB: ,OK
+  phone    key 330 tap
+  phone    key 258 tap
+  phone    key 259 tap
+  phone    clock +400
+  phone    key 260 tap
+  expect   KEYB:104,p
+  expect   KEYB:104,r
+
+a new value changes the form and attaches nothing twice
+  send     keyb=1
+  expect   KEYB: ,OK
+  send     keyb=2
+  expect   KEYB: ,OK
+  send     keyb
+  expect   KEYB: ,OK
+  phone    key 116 tap
+  expect   KEYB:74,p
+  expect   KEYB:74,r
+
+without a value the test starts in the string form
+  send     keyb
+  expect   KEYB: ,OK
+  phone    key 28 tap
+  expect   RETURNp
+  expect   RETURNr
+
+it tells whether it is active, and after its end nothing is reported
+  send     keyb?
+  expect   KEYB:0x0,OK
+  send     keyb=2
+  expect   KEYB: ,OK
+  send     keyb?
+  expect   KEYB:0x1,OK
+  send     keyb=0
+  expect   KEYB: ,OK
+  send     keyb=0
+  expect   KEYB: ,OK
+  phone    key 30 tap
+  phone    clock +200
+  send     keyb?
+  expect   KEYB:0x0,OK
+
+a value out of range leaves the test as it was
+  send     keyb=5
+  expect   KEYB: Control value out of range: 5 ,ERROR
+  send     keyb=-1
+  expect   KEYB: Control value out of range: -1 ,ERROR
+  send     keyb?
+  expect   KEYB:0x0,OK
+  send     keyb=2
+  expect   KEYB: ,OK
+  send     keyb=5
+  expect   KEYB: Control value out of range: 5 ,ERROR
+  phone    key 30 down
+  expect   KEYB:1e,p
+
+the reports have line ends of their own and leave the station's alone
+  send     s3=2b,d
+  expect   S3:0x2b, 0x0d+OK
+  send     keyb=2
+  expect   KEYB: +OK
+  phone    key 30 down
+  expect   KEYB:1e,p
+  send     keyb?
+  expect   KEYB:0x1+OK
+
+while it runs the power key's reset is late and off
+  phone    spmi 844               -> 0F
+  phone    spmi 845               -> 06
+  phone    spmi 847               -> 80
+  send     keyb=1
+  expect   KEYB: ,OK
+  phone    spmi 844               -> 04
+  phone    spmi 845               -> 07
+  phone    spmi 847               -> 00
+  send     keyb=0
+  expect   KEYB: ,OK
+  phone    spmi 844               -> 0F
+  phone    spmi 845               -> 06
+  phone    spmi 847               -> 80
+
+a chip that doesn't take the timers is told, and the test stays off
+  phone    fail spmi 00845 1
+  send     keyb=1
+  expect   KEYB: ,ERROR
+  send     keyb?
+  expect   KEYB:0x0,OK
+  phone    spmi 844               -> 0F
+  phone    spmi 847               -> 80
+
+help
+  send     keyb=?
+  expect   KEYB:Key test,keyb      (0-3)                                             off,string,numeric,columms,OK

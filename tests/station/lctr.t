@@ -1,0 +1,82 @@
+# Lights by zone, down to the brightness attributes.
+
+the notification LED is green once the phone has started
+  send
+  read     \r\n
+  file     /sys/class/leds/green/brightness -> 255
+  file     /sys/class/leds/red/brightness   -> 0\n
+
+one subzone or all of them
+  send     lctr=13,1,255,1
+  expect   LCTR: ,OK
+  file     /sys/class/leds/red/brightness   -> 255
+  file     /sys/class/leds/blue/brightness  -> 0\n
+  send     lctr=13,1,7,0
+  expect   LCTR: ,OK
+  file     /sys/class/leds/red/brightness   -> 7
+  file     /sys/class/leds/green/brightness -> 7
+  file     /sys/class/leds/blue/brightness  -> 7
+  send     lctr=13,0,200,3
+  expect   LCTR: ,OK
+  file     /sys/class/leds/blue/brightness  -> 0
+  send     lctr=13,0
+  expect   LCTR: ,OK
+  file     /sys/class/leds/red/brightness   -> 0
+  file     /sys/class/leds/green/brightness -> 0
+
+both backlights to 128 without a level, and a subzone that isn't there changes nothing
+  send     lctr=3,1
+  expect   LCTR: ,OK
+  file     /sys/class/leds/lcd-backlight/brightness  -> 128
+  file     /sys/class/leds/wled:backlight/brightness -> 128
+  send     lctr=3,1,9,2,77
+  expect   LCTR: ,OK
+  file     /sys/class/leds/lcd-backlight/brightness  -> 128
+  file     /sys/class/leds/wled:backlight/brightness -> 9
+  send     lctr=3,1,1,3
+  expect   LCTR: ,OK
+  file     /sys/class/leds/wled:backlight/brightness -> 9
+
+an action other than 1 is off
+  send     lctr=3,2,50
+  expect   LCTR: ,OK
+  file     /sys/class/leds/lcd-backlight/brightness  -> 0
+
+zone 255 is every row of the map
+  send     lctr=255,1,10
+  expect   LCTR: ,OK
+  file     /sys/class/leds/red/brightness            -> 10
+  file     /sys/class/leds/green/brightness          -> 10
+  file     /sys/class/leds/blue/brightness           -> 10
+  file     /sys/class/leds/lcd-backlight/brightness  -> 10
+  file     /sys/class/leds/wled:backlight/brightness -> 10
+
+a level is cut to a byte
+  # 0x1A3 & 0xFF = 163
+  send     lctr=13,1,0x1a3,2
+  expect   LCTR: ,OK
+  file     /sys/class/leds/green/brightness          -> 163
+
+a zone that the phone lacks, or nobody knows
+  send     lctr=2,1
+  expect   LCTR: ,ERROR
+  send     lctr=46,1
+  expect   LCTR: ,ERROR
+  send     lctr
+  expect   LCTR: ,ERROR
+  file     /sys/class/leds/red/brightness            -> 0\n
+
+an LED that doesn't take its level ends the walk
+  phone    fail write /sys/class/leds/green/brightness
+  send     lctr=13,1,33
+  expect   LCTR: ,ERROR
+  file     /sys/class/leds/red/brightness            -> 33
+  file     /sys/class/leds/blue/brightness           -> 0\n
+
+there is nothing to read
+  send     lctr?
+  expect   SYNTAX
+
+help lists the zones that the phone has
+  send     lctr=?
+  expect   LCTR:Light zone control,LCTR:id(  3=main display         2 subzone(s)),LCTR:id( 13=MMI                  3 subzone(s)),LCTR:id(255=all                  5 subzone(s)),LCTR:act(1=on,0=off),LCTR:sub id(0-255),LCTR:prm(see itp db),lctr      (0-0xFF)[,(0,1)[,(0-0xFF)[,0-0xFF[,0-0xFF]]]]     set(zone,act,lvl,sub,prm),OK
