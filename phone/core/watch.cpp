@@ -54,10 +54,10 @@ bool fits(const rule& r, std::string_view text, bool transfer)
 }
 
 // The first rule that fits is used up; a rule that still lets pass counts down.
-const rule* take_locked(std::string_view text, bool transfer)
+const rule* take_locked(std::string_view text, bool transfer, bool counts)
 {
     for (rule& r : rules) {
-        if (!fits(r, text, transfer))
+        if (!fits(r, text, transfer) || (r.pattern.empty() && !counts))
             continue;
         if (r.skip > 0) {
             r.skip--;
@@ -71,10 +71,21 @@ const rule* take_locked(std::string_view text, bool transfer)
     return nullptr;
 }
 
-// Waits, clocks and the loop's select are the program's rhythm; a campaign that counts calls leaves them out.
+std::atomic<bool> in_command; // the main loop has read from the station's port and not waited since
+
+// Waits, clocks and the loop's select are the program's rhythm.
 bool is_rhythm(std::string_view operation)
 {
     return operation == "select" || operation == "clock_gettime" || operation == "nanosleep";
+}
+
+// What the program does in any case, whether the station asks something or not: its timers, the loop's pipe,
+// the polling of the input devices. A campaign that counts calls leaves it out.
+bool is_background(std::string_view operation, std::string_view path)
+{
+    if (operation.starts_with("timer_") || path == "unnamed")
+        return true;
+    return path.starts_with("/dev/input/") && !in_command;
 }
 
 std::string add_rule(rule r)
@@ -205,11 +216,12 @@ fault watch_call(const char* operation, std::string_view path)
     rule hit{};
     {
         const std::lock_guard lock(watch_mutex);
-        const bool counts = !is_rhythm(operation);
+        const bool rhythm = is_rhythm(operation);
+        const bool counts = !rhythm && !is_background(operation, path);
         if (recording && counts && calls.size() < calls_limit)
             calls.push_back(text);
         // A rule without a pattern counts calls, and those are the recorded ones.
-        const rule* p = counts ? take_locked(text, transfer) : nullptr;
+        const rule* p = !rhythm ? take_locked(text, transfer, counts) : nullptr;
         if (p == nullptr)
             return fault::none;
         hit = *p;
@@ -227,6 +239,11 @@ fault watch_call(const char* operation, std::string_view path)
     }
     errno = EIO;
     return fault::eio;
+}
+
+void watch_command(bool begins)
+{
+    in_command = begins;
 }
 
 bool watch_target(std::string_view target)
