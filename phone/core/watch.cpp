@@ -67,10 +67,10 @@ bool counts(std::string_view operation)
 }
 
 // The first rule that fits is used up; a rule that still lets pass counts down.
-const rule* take_locked(std::string_view text, bool transfer)
+const rule* take_locked(std::string_view text, bool transfer, bool counted)
 {
     for (rule& r : rules) {
-        if (!fits(r, text, transfer))
+        if (!fits(r, text, transfer) || (r.pattern.empty() && !counted))
             continue;
         if (r.skip > 0) {
             r.skip--;
@@ -212,10 +212,6 @@ std::string word_strange(request& rq)
 
 fault watch_call(const char* operation, std::string_view path)
 {
-    if (operation[0] == 's' && std::strcmp(operation, "select") == 0)
-        in_line = false;
-    else if (path.starts_with("/dev/ttyGS"))
-        in_line = true;
     if (!watching.load(std::memory_order_relaxed))
         return fault::none;
     const std::string text = std::string(operation) + " " + escaped(path);
@@ -227,7 +223,7 @@ fault watch_call(const char* operation, std::string_view path)
         if (recording && counted && calls.size() < calls_limit)
             calls.push_back(text);
         // A rule without a pattern counts calls, and those are the recorded ones.
-        const rule* p = counted ? take_locked(text, transfer) : nullptr;
+        const rule* p = is_rhythm(operation) ? nullptr : take_locked(text, transfer, counted);
         if (p == nullptr)
             return fault::none;
         hit = *p;
@@ -245,6 +241,11 @@ fault watch_call(const char* operation, std::string_view path)
     }
     errno = EIO;
     return fault::eio;
+}
+
+void watch_command(bool begins)
+{
+    in_line = begins;
 }
 
 bool watch_target(std::string_view target)
