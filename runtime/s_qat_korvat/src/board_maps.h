@@ -7,6 +7,7 @@
 #include "light/light.h"
 #include "pin/pin.h"
 #include "screenconf/screenconf.h"
+#include "touch_v2/touch.h"
 #include "trim/trim.h"
 
 struct cfg_map_row {
@@ -16,6 +17,7 @@ struct cfg_map_row {
 };
 
 extern const light_map_row light_map_tab[];
+extern touch_config touch_config_data;
 extern const i2c_cfg_row i2c_cfg_tab[];
 extern screenconf screenconf_main;
 extern screenconf screenconf_hdmi;

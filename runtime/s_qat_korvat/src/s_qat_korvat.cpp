@@ -25,6 +25,7 @@
 #include "ta_generic/ta_generic.h"
 #include "tiers.h"
 #include "tmr/tmr.h"
+#include "touch_v2/touch.h"
 #include "trim/trim.h"
 #include "usb/usb.h"
 #include "usb_linux/usb_linux.h"
@@ -88,6 +89,7 @@ void s_cfg_init()
     cfg_set_int("f_poff", "param1_delay", 1);
     screenconf_set(SCREEN_MAIN, &screenconf_main);
     screenconf_set(SCREEN_HDMI, &screenconf_hdmi);
+    touch_add_cfg(&touch_config_data);
     battery_set_cfg(&board_battery_cfg);
     cfg_set_str("sdcard_de", "mmc_dev", "/dev/block/mmcblk1p1");
     cfg_set_str("screen_brenk", "panel_debugfs", "/sys/kernel/debug/mdss_dsi_panel");
