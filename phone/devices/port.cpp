@@ -21,6 +21,7 @@
 #include "core/log.h"
 #include "core/text.h"
 #include "core/uevents.h"
+#include "core/watch.h"
 #include "devices/usb_state.h"
 
 namespace phone {
@@ -93,6 +94,7 @@ void port_close(open_file& file)
 ssize_t port_read(open_file& file, void* buf, std::size_t size)
 {
     const ssize_t n = read(file.fd, buf, size);
+    watch_command(n > 0);
     if (n > 0)
         log_line(log_port, "< " + escaped({static_cast<const char*>(buf), static_cast<std::size_t>(n)}));
     return n;
