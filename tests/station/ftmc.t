@@ -234,7 +234,7 @@ of the rules for the modem the newest that fits wins, until it is used up
 
 a log that can't be read counts as empty
   phone    diag log 01
-  phone    fail diag 103
+  phone    fail diag 103 1
   send     ftmc=201
   expect   FTMC:0xc9,0x00,0x00,0x00,0x00,OK
   send     ftmc=201
