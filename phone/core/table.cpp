@@ -152,6 +152,8 @@ int co_poll(pollfd* fds, nfds_t count, int timeout_ms)
 int co_select(int nfds, fd_set* rd, fd_set* wr, fd_set* ex, timeval* timeout)
 {
     return watched("select", "", -1, [&] {
+        if (timeout == nullptr)
+            watch_command(false);
         const nanoseconds limit =
             timeout == nullptr ? forever : timeout->tv_sec * ns_per_s + timeout->tv_usec * 1000;
         return clock_select(nfds, rd, wr, ex, limit);

@@ -5,6 +5,7 @@
 #include "i2c/i2c.h"
 #include "light/light.h"
 #include "pin/pin.h"
+#include "touch_v2/touch.h"
 #include "trim/trim.h"
 
 struct cfg_map_row {
@@ -14,6 +15,7 @@ struct cfg_map_row {
 };
 
 extern const light_map_row light_map_tab[];
+extern touch_config touch_config_data;
 extern const i2c_cfg_row i2c_cfg_tab[];
 
 // The row whose maps fit a board: the one of its revision, or the last of its family.

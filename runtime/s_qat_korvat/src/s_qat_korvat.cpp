@@ -24,6 +24,7 @@
 #include "ta_generic/ta_generic.h"
 #include "tiers.h"
 #include "tmr/tmr.h"
+#include "touch_v2/touch.h"
 #include "trim/trim.h"
 #include "usb/usb.h"
 #include "usb_linux/usb_linux.h"
@@ -85,6 +86,7 @@ void s_cfg_init()
     light_map_set(light_map_tab);
     i2c_cfg(i2c_cfg_tab);
     cfg_set_int("f_poff", "param1_delay", 1);
+    touch_add_cfg(&touch_config_data);
     battery_set_cfg(&board_battery_cfg);
 }
 

@@ -37,6 +37,7 @@
 #include "f_syscfg/f_syscfg.h"
 #include "f_ta/f_ta.h"
 #include "f_temp/f_temp.h"
+#include "f_touch_v2/f_touch.h"
 #include "f_usb/f_usb.h"
 #include "fsm/fsm.h"
 #include "ftm_linux/ftm_linux.h"
@@ -66,6 +67,8 @@
 #include "t_vers/t_vers.h"
 #include "t_vreg/t_vreg.h"
 #include "ta/ta.h"
+#include "touch_linux_v2/touch_linux.h"
+#include "touch_v2/touch.h"
 #include "trim/trim.h"
 #include "uevent/uevent.h"
 #include "usb/usb.h"
@@ -99,6 +102,7 @@ constexpr autoinit_entry initcompif[] = {
     spmi_init,
     syscfg_init,
     ta_if_init,
+    touch_init,
     trim_init,
     uevent_init,
     usb_init,
@@ -128,6 +132,7 @@ constexpr autoinit_entry initcomp[] = {
     smps_brenk_init,
     spmi_linux_init,
     syscfg_brenk_init,
+    touch_linux_init,
     usb_linux_init,
     vers_amss_init,
     vers_linux_init,
@@ -159,6 +164,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_syscfg_init,
     f_ta_init,
     f_temp_init,
+    f_touch_init,
     f_usb_init,
     rfbv_brenk_init,
     t_vers_init,
