@@ -20,6 +20,7 @@
 #include "plat/plat.h"
 #include "rev/rev.h"
 #include "rfbv/rfbv.h"
+#include "screenconf/screenconf.h"
 #include "syscfg/syscfg.h"
 #include "ta_generic/ta_generic.h"
 #include "tiers.h"
@@ -86,8 +87,12 @@ void s_cfg_init()
     light_map_set(light_map_tab);
     i2c_cfg(i2c_cfg_tab);
     cfg_set_int("f_poff", "param1_delay", 1);
+    screenconf_set(SCREEN_MAIN, &screenconf_main);
+    screenconf_set(SCREEN_HDMI, &screenconf_hdmi);
     touch_add_cfg(&touch_config_data);
     battery_set_cfg(&board_battery_cfg);
+    cfg_set_str("sdcard_de", "mmc_dev", "/dev/block/mmcblk1p1");
+    cfg_set_str("screen_brenk", "panel_debugfs", "/sys/kernel/debug/mdss_dsi_panel");
 }
 
 void usb_cb_tpok_con(unsigned event);
