@@ -13,6 +13,7 @@ constexpr harmless_row harmless[] = {
     { "closedir ",            "likewise" },
     { "ta_close ",            "likewise" },
     { "ta_getnextid ",        "the library gives the end of its walk and a failure alike" },
+    { "auxnvq_get_unit_size 0x9F7", "the library gives an absent unit and a failure alike" },
     { "ioctl /dev/i2c-5",     "time-out and retries are wishes; a transfer that fails is \"no ack\"" },
     { "lseek /dev/gpio",      "a node that was just opened stands at its beginning" },
     { "open /dev/gpio544",    "without its supply the RF identity is a voltage that fits no variant" },
