@@ -173,6 +173,7 @@ std::string host_path(std::string_view path, bool follow_last)
             done.clear();
         push({target, static_cast<std::size_t>(n)});
     }
+    home_lay(done);
     return place_of(done);
 }
 
