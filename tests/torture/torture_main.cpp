@@ -184,6 +184,9 @@ std::string prepare(campaign& c)
     std::string answer;
     if (!wrong.empty())
         return wrong;
+    // A campaign takes hours of the phone's time, which its battery wouldn't last.
+    if (!c.phone.ask("battery 3900 -200", answer))
+        return answer;
     for (const std::string& word : c.line.words)
         if (!c.phone.ask(word, answer))
             return word + ": " + answer;
