@@ -11,6 +11,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "core/control.h"
 #include "core/files_table.h"
 #include "core/home.h"
 #include "core/text.h"
@@ -89,6 +90,17 @@ ssize_t write_attribute(open_file& file, const void* buf, std::size_t size)
     if (n > 0 && found != attributes.end() && found->second->after_write != nullptr)
         found->second->after_write(file.path, {static_cast<const char*>(buf), static_cast<std::size_t>(n)});
     return n;
+}
+
+std::string word_files(request& rq)
+{
+    if (!rq.args.empty())
+        return "nothing is wanted";
+    const std::lock_guard lock(table_mutex);
+    for (const auto& file : table)
+        if (file != nullptr)
+            rq.answer += (rq.answer.empty() ? "" : "\n") + file->path;
+    return {};
 }
 
 } // namespace
@@ -217,6 +229,11 @@ ssize_t files_write(open_file* p_file, int fd, const void* buf, std::size_t size
     if (p_file != nullptr && p_file->p_node == nullptr && p_file->attribute)
         return write_attribute(*p_file, buf, size);
     return ::write(fd, buf, size);
+}
+
+void files_attach()
+{
+    word_add("files", "", "what the program has open", word_files);
 }
 
 bool node_exists(std::string_view path)
