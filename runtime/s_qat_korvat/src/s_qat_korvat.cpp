@@ -7,6 +7,7 @@
 #include "battery/battery.h"
 #include "board_maps.h"
 #include "cfg/cfg.h"
+#include "chargemon/chargemon.h"
 #include "cio_tty/cio_tty.h"
 #include "cio_v2/cio.h"
 #include "core/core.h"
@@ -44,6 +45,13 @@ constexpr battery_cfg board_battery_cfg = {
     .type_path = "/sys/class/power_supply/battery/technology",
     .temp_path = "/sys/class/power_supply/battery/temp",
 };
+
+constexpr chargemon_cfg chmon_cfg = [] {
+    chargemon_cfg cfg{};
+    cfg.preset = 6;
+    cfg.capacity = 2380;
+    return cfg;
+}();
 
 rev_rec space_num;
 cio cio_clnt;
@@ -86,6 +94,7 @@ void s_cfg_init()
     i2c_cfg(i2c_cfg_tab);
     cfg_set_int("f_poff", "param1_delay", 1);
     battery_set_cfg(&board_battery_cfg);
+    chargemon_set_cfg(&chmon_cfg);
 }
 
 void usb_cb_tpok_con(unsigned event);
@@ -127,6 +136,7 @@ int s_entry(int, char**)
     usb_evt_attach(&usb_tpok_con, usb_cb_tpok_con);
     autopoff_start();
     usb_start();
+    chargemon_start();
     rfbv_setup();
     syscfg_set_mode(0);
     return core_start();
