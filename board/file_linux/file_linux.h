@@ -16,8 +16,8 @@ struct file_item {
     std::uint32_t spare; // 0
 };
 
-struct file_find;   // a directory walk
-struct file_hnd; // an open file
+struct file_find; // a directory walk
+struct file_hnd;  // an open file
 
 void file_init();
 

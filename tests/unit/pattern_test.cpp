@@ -41,7 +41,8 @@ uint32_t ramp(uint32_t mask, uint32_t step, uint32_t steps)
 void tv(plain_canvas& c)
 {
     const uint32_t w = c.w, cw = (w + 1) / 8, rh = (c.h + 2) / 8, q = (w + 1) / 4;
-    const uint32_t row_2[] = {WHITE, 0x00FF00, 0x0000FF, 0xFF0000}, row_3[] = {BLACK, MAGENTA, 0xFFFF7F, 0x00FFFF};
+    const uint32_t row_2[] = {WHITE, 0x00FF00, 0x0000FF, 0xFF0000},
+                   row_3[] = {BLACK, MAGENTA, 0xFFFF7F, 0x00FFFF};
     for (uint32_t i = 0; i < 8; i++)
         c.rect(i * cw, 0, cw, rh, i * 256 / 15 * 0x010101);
     for (uint32_t i = 0; i < 8; i++)
@@ -121,8 +122,11 @@ void uniformity(plain_canvas& c)
 {
     const uint32_t w = c.w, h = c.h, y = h / 2, x = w / 2;
     c.rectangle(0, 0, w, h, WHITE, BLACK, true);
-    for (const auto& [row, colour] : {std::pair{y - h * 2 / 5, WHITE}, {y - h / 5, 0xC0C0C0u}, {y, WHITE},
-                                      {y + h / 5, 0xC0C0C0u}, {y + h * 2 / 5, WHITE}})
+    for (const auto& [row, colour] : {std::pair{y - h * 2 / 5, WHITE},
+                                      {y - h / 5, 0xC0C0C0u},
+                                      {y, WHITE},
+                                      {y + h / 5, 0xC0C0C0u},
+                                      {y + h * 2 / 5, WHITE}})
         c.line(0, row, w - 1, row, colour);
     for (uint32_t column : {x - w / 3, x, x + w / 3})
         c.line(column, 0, column, h - 1, WHITE);
@@ -221,7 +225,8 @@ int send(std::string line)
 {
     dcp_init();
     f_screen_init();
-    dcp_client silent = {0, [](dcp_client*, int, int, const char*) {}, [](dcp_client*, void*, std::size_t, dcp_bin_cb, void*) {},
+    dcp_client silent = {0, [](dcp_client*, int, int, const char*) {},
+                         [](dcp_client*, void*, std::size_t, dcp_bin_cb, void*) {},
                          [](dcp_client*, const void*, std::size_t, dcp_bin_cb, void*) {}, "silent"};
     const int id = dcp_clnt_add(&silent);
     const int status = dcp_parse(id, line.data());

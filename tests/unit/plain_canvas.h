@@ -9,7 +9,8 @@
 struct plain_canvas {
     plain_canvas(std::uint32_t width, std::uint32_t height, std::uint32_t colour)
         : w(width), h(height), pixels(std::size_t{width} * height, colour)
-    {}
+    {
+    }
 
     void put(std::uint32_t x, std::uint32_t y, std::uint32_t colour)
     {

@@ -206,7 +206,8 @@ TEST(Screen, TextIsItsGlyphsAtEveryScaleAndPlace)
     const std::string all = "The quick brown fox, 0123456789: {jumps} over the lazy dog! ~\x80\xFF\x05$%&@";
     struct {
         uint32_t width, height, scale;
-    } constexpr screens[] = {{1, 1, 1}, {719, 70, 1}, {720, 70, 2}, {1079, 70, 2}, {1080, 70, 3}, {1083, 70, 3}};
+    } constexpr screens[] = {{1, 1, 1},     {719, 70, 1},  {720, 70, 2},
+                             {1079, 70, 2}, {1080, 70, 3}, {1083, 70, 3}};
     for (const auto& s : screens) {
         for (const uint32_t x : {0u, 7u, s.width - 1, 0xFFFFFFF0u, 0xFFFFFFFFu})
             for (const uint32_t y : {0u, 9u, s.height - 1, 0xFFFFFFF0u, 0xFFFFFFFDu})
@@ -248,7 +249,13 @@ TEST(ScreenLinux, TheOtherDepthsGetTheSameFiguresInTheirLayout)
 {
     const fb_bitfield red5 = {11, 5, 0}, green6 = {5, 6, 0}, blue5 = {0, 5, 0};
     const panel_shape layouts[] = {
-        {.width = 239, .height = 41, .bits = 16, .line_padding = 6, .red = red5, .green = green6, .blue = blue5},
+        {.width = 239,
+         .height = 41,
+         .bits = 16,
+         .line_padding = 6,
+         .red = red5,
+         .green = green6,
+         .blue = blue5},
         {.width = 239, .height = 41, .bits = 24, .line_padding = 3},
         {.width = 239, .height = 41, .red = {0, 8, 0}, .green = {8, 8, 0}, .blue = {24, 6, 0}},
     };

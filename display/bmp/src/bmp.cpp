@@ -95,8 +95,8 @@ bool read_rows(int fd, const bmp_shape& shape, std::uint8_t* p_image)
     if (plat_lseek(fd, static_cast<off_t>(shape.offset), SEEK_SET) != static_cast<off_t>(shape.offset))
         return false;
     const std::uint64_t rows_a_chunk = std::max<std::uint64_t>(CHUNK_BYTES / shape.stride, 1);
-    std::unique_ptr<std::uint8_t, bmp_free> chunk(
-        static_cast<std::uint8_t*>(std::malloc(std::min<std::uint64_t>(rows_a_chunk, shape.height) * shape.stride)));
+    std::unique_ptr<std::uint8_t, bmp_free> chunk(static_cast<std::uint8_t*>(
+        std::malloc(std::min<std::uint64_t>(rows_a_chunk, shape.height) * shape.stride)));
     HVT_CHECK(chunk != nullptr);
     for (std::uint64_t r = 0; r < shape.height;) {
         const std::uint64_t n = std::min(rows_a_chunk, shape.height - r);

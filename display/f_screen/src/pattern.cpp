@@ -1,5 +1,5 @@
-// The test patterns of `dpat`. Coordinates are unsigned, so that a box reaching past the edge of a tiny screen
-// comes out as its lines are moved in.
+// The test patterns of `dpat`. Coordinates are unsigned, so that a box reaching past the edge of a tiny
+// screen comes out as its lines are moved in.
 #include "f_screen_inner.h"
 
 #include <algorithm>

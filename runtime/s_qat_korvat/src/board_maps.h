@@ -1,10 +1,14 @@
-// What differs from board to board: where the pins, the calibration items the lights and the chips are.
+// What differs from board to board: where the pins, the calibration items, the lights, the chips and the
+// screens are.
 #pragma once
 
+#include "battery/battery.h"
+#include "chargemon/chargemon.h"
 #include "hwp/hwp.h"
 #include "i2c/i2c.h"
 #include "light/light.h"
 #include "pin/pin.h"
+#include "screenconf/screenconf.h"
 #include "trim/trim.h"
 
 struct cfg_map_row {
@@ -15,6 +19,10 @@ struct cfg_map_row {
 
 extern const light_map_row light_map_tab[];
 extern const i2c_cfg_row i2c_cfg_tab[];
+extern const battery_cfg board_battery_cfg;
+extern const chargemon_cfg chmon_cfg;
+extern screenconf screenconf_main;
+extern screenconf screenconf_hdmi;
 
 // The row whose maps fit a board: the one of its revision, or the last of its family.
 const cfg_map_row& s_cfg_map(const hwp& board);

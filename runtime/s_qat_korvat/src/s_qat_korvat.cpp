@@ -21,6 +21,7 @@
 #include "plat/plat.h"
 #include "rev/rev.h"
 #include "rfbv/rfbv.h"
+#include "screenconf/screenconf.h"
 #include "syscfg/syscfg.h"
 #include "ta_generic/ta_generic.h"
 #include "tiers.h"
@@ -37,21 +38,6 @@ constexpr const char* vmrk_rev = "@(#) s_qat_korvat_1_32_2_5_b";
 constexpr int light_green = 2; // subzone: the program is alive
 
 constexpr hwp board_hwp = {0, 0, 1};
-
-constexpr battery_cfg board_battery_cfg = {
-    .algorithm = 1,
-    .model = 3,
-    .ires = 135,
-    .type_path = "/sys/class/power_supply/battery/technology",
-    .temp_path = "/sys/class/power_supply/battery/temp",
-};
-
-constexpr chargemon_cfg chmon_cfg = [] {
-    chargemon_cfg cfg{};
-    cfg.preset = 6;
-    cfg.capacity = 2380;
-    return cfg;
-}();
 
 rev_rec space_num;
 cio cio_clnt;
@@ -93,8 +79,12 @@ void s_cfg_init()
     light_map_set(light_map_tab);
     i2c_cfg(i2c_cfg_tab);
     cfg_set_int("f_poff", "param1_delay", 1);
+    screenconf_set(SCREEN_MAIN, &screenconf_main);
+    screenconf_set(SCREEN_HDMI, &screenconf_hdmi);
     battery_set_cfg(&board_battery_cfg);
     chargemon_set_cfg(&chmon_cfg);
+    cfg_set_str("sdcard_de", "mmc_dev", "/dev/block/mmcblk1p1");
+    cfg_set_str("screen_brenk", "panel_debugfs", "/sys/kernel/debug/mdss_dsi_panel");
 }
 
 void usb_cb_tpok_con(unsigned event);

@@ -9,6 +9,7 @@
 #include "backcap/backcap.h"
 #include "backcap_qpnp/backcap_qpnp.h"
 #include "battery/battery.h"
+#include "bmp/bmp.h"
 #include "cfg/cfg.h"
 #include "charge/charge.h"
 #include "charge_qpnp/charge_qpnp.h"
@@ -19,6 +20,7 @@
 #include "f_adcr/f_adcr.h"
 #include "f_backcap/f_backcap.h"
 #include "f_battery/f_battery.h"
+#include "f_card/f_card.h"
 #include "f_charge/f_charge.h"
 #include "f_ftm/f_ftm.h"
 #include "f_ftm_gps_gen8/f_ftm_gps_gen8.h"
@@ -33,12 +35,14 @@
 #include "f_qat/f_qat.h"
 #include "f_rfbv/f_rfbv.h"
 #include "f_rtc/f_rtc.h"
+#include "f_screen/f_screen.h"
 #include "f_smps/f_smps.h"
 #include "f_spmi/f_spmi.h"
 #include "f_syscfg/f_syscfg.h"
 #include "f_ta/f_ta.h"
 #include "f_temp/f_temp.h"
 #include "f_usb/f_usb.h"
+#include "file_linux/file_linux.h"
 #include "fsm/fsm.h"
 #include "ftm_linux/ftm_linux.h"
 #include "fuelgauge/fuelgauge.h"
@@ -58,6 +62,12 @@
 #include "rfbv_brenk/rfbv_brenk.h"
 #include "rtc/rtc.h"
 #include "rtc_linux/rtc_linux.h"
+#include "screen/screen.h"
+#include "screen_brenk/screen_brenk.h"
+#include "screen_linux/screen_linux.h"
+#include "screenconf/screenconf.h"
+#include "sdcard/sdcard.h"
+#include "sdcard_de/sdcard_de.h"
 #include "smps/smps.h"
 #include "smps_brenk/smps_brenk.h"
 #include "spmi/spmi.h"
@@ -89,6 +99,7 @@ constexpr autoinit_entry initcompif[] = {
     charge_init,
     cio_dev_init,
     fuelgauge_init,
+    file_init,
     fsm_init,
     kbd_init,
     light_init,
@@ -96,6 +107,9 @@ constexpr autoinit_entry initcompif[] = {
     msm_init,
     rfbv_init,
     rtc_init,
+    screen_init,
+    screenconf_init,
+    sdcard_init,
     smps_init,
     spmi_init,
     syscfg_init,
@@ -112,6 +126,7 @@ constexpr autoinit_entry initcomp[] = {
     adcr_brenk_init,
     autopoff_init,
     backcap_qpnp_init,
+    bmp_init,
     cfg_init,
     charge_qpnp_init,
     chargemon_init,
@@ -127,6 +142,9 @@ constexpr autoinit_entry initcomp[] = {
     pwrsupply_linux_init,
     queue_init,
     rtc_linux_init,
+    screen_linux_init,
+    screen_brenk_init,
+    sdcard_de_init,
     smps_brenk_init,
     spmi_linux_init,
     syscfg_brenk_init,
@@ -143,6 +161,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_qat_init,
     f_backcap_init,
     f_battery_init,
+    f_card_init,
     f_charge_init,
     f_fuelgauge_init,
     f_ftm_init,
@@ -156,6 +175,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_msm_init,
     f_rfbv_init,
     f_rtc_init,
+    f_screen_init,
     f_smps_init,
     f_spmi_init,
     f_syscfg_init,
