@@ -77,6 +77,10 @@ void s_cfg_init()
     i2c_cfg(i2c_cfg_tab);
     cfg_set_int("f_poff", "param1_delay", 1);
     touch_add_cfg(&touch_config_data);
+    cfg_set_str("luigi", "start_key", "/system/scripts/start_korvat.lua");
+    cfg_set_str("luigi", "stop_key", "/system/scripts/stop.lua");
+    cfg_set_int("luigi", "canvas_padding", 8);
+    cfg_set_int("luigi", "button_padding", 30);
 }
 
 void usb_cb_tpok_con(unsigned event);
