@@ -1,6 +1,6 @@
 // Drawing on a frame of 1080 by 1920 at 32 bits, as the commands do it, against memset and memcpy of a frame.
-// The framebuffer of the rows has one page, so that a command is its drawing alone; the page copy has a row of
-// its own.
+// The framebuffer of the rows has one page, so that a command is its drawing alone; the page copy has a row
+// of its own.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -110,12 +110,18 @@ struct drawing_row {
 };
 
 constexpr drawing_row drawings[] = {
-    {"dclr=0,18,52,86", 1.1},    {"dbox=0,0,1080,1920,0,18,52,86", 1.1},
-    {"dpat=3", 1.1},             {"dpat=1", 1.15},
-    {"dpat=18", 1.15},           {"dpat=19", 1.15},
-    {"dpat=22", 1.15},           {"dpat=32", 1.3},
-    {"dpat=36", 1.3},            {"dpat=48", 1.3},
-    {"dpat=40", 1.5},            {"dpat=43", 1.5},
+    {"dclr=0,18,52,86", 1.1},
+    {"dbox=0,0,1080,1920,0,18,52,86", 1.1},
+    {"dpat=3", 1.1},
+    {"dpat=1", 1.15},
+    {"dpat=18", 1.15},
+    {"dpat=19", 1.15},
+    {"dpat=22", 1.15},
+    {"dpat=32", 1.3},
+    {"dpat=36", 1.3},
+    {"dpat=48", 1.3},
+    {"dpat=40", 1.5},
+    {"dpat=43", 1.5},
     {"dfig=2,0,0,1080,1920", 1.5},
 };
 
@@ -152,7 +158,8 @@ int bench_invalidate()
 {
     start_panel(2);
     const double yardstick = least_ns([&] { std::memcpy(frame() + FRAME, frame(), FRAME); });
-    return bench_row("the page copy of the invalidate", least_ns([] { screen_invalidate(); }), yardstick, 1.05);
+    return bench_row("the page copy of the invalidate", least_ns([] { screen_invalidate(); }), yardstick,
+                     1.05);
 }
 
 // A full-size picture, 1080 by 1920, in a file of the working folder.

@@ -19,8 +19,8 @@ constexpr int SCREEN_CONTROL_MODE = 2; // value: the id of a video mode
 // Rows of colours to draw a box with: row j of the box is row j / repeat % count of these, each colour OR-ed
 // with the tint of row j.
 struct screen_row_set {
-    const std::uint32_t* p_colours;       // of the first row
-    std::uint32_t pitch = 0;              // words from one row to the next; rows may overlap
+    const std::uint32_t* p_colours; // of the first row
+    std::uint32_t pitch = 0;        // words from one row to the next; rows may overlap
     std::uint32_t count = 1;
     std::uint32_t repeat = 1;
     const std::uint32_t* p_tints = nullptr; // one for each row of the box; null for none
@@ -76,7 +76,7 @@ int screen_invalidate();
 // SCREEN_CONTROL_...: the back end's result, 0 for done; -1 if no screen is active.
 int screen_control(int op, int value);
 
-std::uint32_t screen_width();  // 0 if no screen is active, as for the next three
+std::uint32_t screen_width(); // 0 if no screen is active, as for the next three
 std::uint32_t screen_height();
 std::uint32_t screen_char_width();
 std::uint32_t screen_char_height();

@@ -1,5 +1,5 @@
-// The screen's back end on Linux framebuffers: opens and maps them, writes pixels in the device's layout, pans
-// and copies pages, sets video modes, blanks, reads the VSYNC period. A device, once open, stays so. No
+// The screen's back end on Linux framebuffers: opens and maps them, writes pixels in the device's layout,
+// pans and copies pages, sets video modes, blanks, reads the VSYNC period. A device, once open, stays so. No
 // function here but the attached callouts draws.
 #pragma once
 

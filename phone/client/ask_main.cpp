@@ -2,9 +2,22 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <string>
 
 #include "client/control_client.h"
+
+namespace {
+
+// A word of the request. The phone may have another working folder, so a picture's path goes as a whole.
+std::string word(char** argv, int i)
+{
+    const std::string text = argv[i];
+    const bool is_picture = i == 3 && std::strcmp(argv[2], "screen") == 0 && text.ends_with(".png");
+    return is_picture ? std::filesystem::absolute(text).string() : text;
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
@@ -20,7 +33,7 @@ int main(int argc, char** argv)
     }
     std::string line;
     for (int i = 2; i < argc; i++)
-        line += (i > 2 ? " " : "") + std::string(argv[i]);
+        line += (i > 2 ? " " : "") + word(argv, i);
     std::string answer;
     const bool done = control_ask(fd, line, answer);
     if (!done)

@@ -27,6 +27,9 @@ std::map<std::string, const attribute*, std::less<>> attributes; // likewise
 std::set<std::string, std::less<>> lacking;                      // likewise
 std::set<std::string, std::less<>> optional_paths;               // likewise
 
+std::mutex mounts_mutex;
+std::map<std::string, std::string, std::less<>> mounts; // folders of the host by the phone's
+
 std::mutex table_mutex;
 std::vector<std::shared_ptr<open_file>> table; // by descriptor
 
@@ -42,6 +45,16 @@ void enter(std::shared_ptr<open_file> file)
     if (table.size() <= at)
         table.resize(at + 1);
     table[at] = std::move(file);
+}
+
+// Where a resolved path lies: below root, or in the folder that is mounted there.
+std::string place_of(const std::string& path)
+{
+    const std::lock_guard lock(mounts_mutex);
+    for (const auto& [dir, host] : mounts)
+        if (path.starts_with(dir) && (path.size() == dir.size() || path[dir.size()] == '/'))
+            return host + path.substr(dir.size());
+    return home_path("root") + path;
 }
 
 int open_node(const std::shared_ptr<open_file>& file, int flags)
@@ -105,6 +118,15 @@ bool path_is_lacking(std::string_view path)
     return lacking.contains(path);
 }
 
+void path_mount(std::string_view dir, const std::string& host)
+{
+    const std::lock_guard lock(mounts_mutex);
+    if (host.empty())
+        mounts.erase(std::string(dir));
+    else
+        mounts[std::string(dir)] = host;
+}
+
 std::string host_path(std::string_view path, bool follow_last)
 {
     const std::string top = home_path("root");
@@ -139,7 +161,7 @@ std::string host_path(std::string_view path, bool follow_last)
             done.clear();
         push({target, static_cast<std::size_t>(n)});
     }
-    return top + done;
+    return place_of(done);
 }
 
 std::shared_ptr<open_file> file_of(int fd)

@@ -52,6 +52,9 @@ void path_without(std::string_view path);
 // A path that not every phone has: that it isn't there is nothing strange.
 void path_optional(std::string_view path);
 
+// From now on what is below `dir` of the phone lies in the folder `host` of the host; an empty one ends that.
+void path_mount(std::string_view dir, const std::string& host);
+
 // Where a path of the phone lies on the host: links are followed inside DIR/root only, ".." stops at its top.
 // With `follow_last` false a link at the end is left as it is. Empty, and errno, when there is no such place.
 std::string host_path(std::string_view path, bool follow_last = true);

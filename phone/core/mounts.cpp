@@ -63,8 +63,9 @@ int mounts_umount(const char* dir)
     return 0;
 }
 
-int mounts_statfs(const char* path, struct statfs* p_out)
+int mounts_statfs(const char* relative, struct statfs* p_out)
 {
+    const std::string path = relative[0] == '/' ? relative : std::string("/") + relative; // runs in the root
     const std::lock_guard lock(mounts_mutex);
     if (const block_device* p_device = device_at(path))
         return p_device->statfs(p_out);

@@ -1,5 +1,5 @@
 // mount, umount and statfs of the phone. A device that can be mounted registers its node; what is mounted
-// shows up in the file tree as a link to the device's folder.
+// shows up in the file tree through path_mount.
 #pragma once
 
 #include <string>

@@ -5,12 +5,16 @@
 #include "core/log.h"
 #include "core/uevents.h"
 #include "core/watch.h"
+#include "devices/battery.h"
+#include "devices/card.h"
 #include "devices/converters.h"
 #include "devices/diag.h"
+#include "devices/framebuffer.h"
 #include "devices/gpio.h"
 #include "devices/input.h"
 #include "devices/kmsg.h"
 #include "devices/leds.h"
+#include "devices/panel.h"
 #include "devices/port.h"
 #include "devices/proc.h"
 #include "devices/processor.h"
@@ -42,6 +46,7 @@ constexpr phone_part parts[] = {
     { "gpio",   gpio_attach,     nullptr,          nullptr },
     { "i2c",    i2c_attach,      nullptr,          nullptr },
     { "spmi",   spmi_attach,     spmi_seed,        spmi_start },
+    { "battery", battery_attach, battery_seed,     battery_start },
     { "vreg",   regulators_attach, regulators_seed,  nullptr },
     { "adc",    nullptr,         converters_seed,  nullptr },
     { "cpu",    nullptr,         processor_seed,   nullptr },
@@ -51,6 +56,9 @@ constexpr phone_part parts[] = {
     { "input",  input_attach,    nullptr,          nullptr },
     { "touch",  touch_panel_attach, touch_panel_seed, nullptr },
     { "leds",   leds_attach,     leds_seed,        nullptr },
+    { "fb",     framebuffer_attach, nullptr,       framebuffer_start },
+    { "panel",  panel_attach,    panel_seed,       nullptr },
+    { "card",   card_attach,     nullptr,          card_start },
 };
 // clang-format on
 

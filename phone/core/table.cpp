@@ -65,8 +65,18 @@ int co_open(const char* path, int flags, mode_t mode)
 
 int co_close(int fd)
 {
+    bool closed = false;
+    const int result = watched("close", path_of(fd), -1, [&] {
+        closed = true;
+        return files_close(fd);
+    });
     // A failing close has closed the descriptor all the same, as Linux does.
-    return watched("close", path_of(fd), -1, [&] { return files_close(fd); });
+    if (!closed) {
+        const int error = errno;
+        files_close(fd);
+        errno = error;
+    }
+    return result;
 }
 
 template <typename Transfer>

@@ -35,7 +35,9 @@ constexpr std::size_t strange_limit = 1000;
 
 std::atomic<bool> watching; // anything at all to do in watch_call
 std::atomic<bool> showing;
-std::mutex watch_mutex; // guards all below
+std::atomic<bool> lines_only; // only what a command line does counts as a call
+thread_local bool in_line;    // between the read of the station's port and the loop's next wait
+std::mutex watch_mutex;       // guards all below
 std::vector<rule> rules;
 bool recording;
 std::vector<std::string> calls;
@@ -53,11 +55,22 @@ bool fits(const rule& r, std::string_view text, bool transfer)
     return r.left != 0 && text.find(r.pattern) != text.npos;
 }
 
+// Waits, clocks and the loop's select are the program's rhythm; a campaign that counts calls leaves them out.
+bool is_rhythm(std::string_view operation)
+{
+    return operation == "select" || operation == "clock_gettime" || operation == "nanosleep";
+}
+
+bool counts(std::string_view operation)
+{
+    return !is_rhythm(operation) && (!lines_only || in_line);
+}
+
 // The first rule that fits is used up; a rule that still lets pass counts down.
-const rule* take_locked(std::string_view text, bool transfer, bool counts)
+const rule* take_locked(std::string_view text, bool transfer, bool counted)
 {
     for (rule& r : rules) {
-        if (!fits(r, text, transfer) || (r.pattern.empty() && !counts))
+        if (!fits(r, text, transfer) || (r.pattern.empty() && !counted))
             continue;
         if (r.skip > 0) {
             r.skip--;
@@ -69,23 +82,6 @@ const rule* take_locked(std::string_view text, bool transfer, bool counts)
         return &r;
     }
     return nullptr;
-}
-
-std::atomic<bool> in_command; // the main loop has read from the station's port and not waited since
-
-// Waits, clocks and the loop's select are the program's rhythm.
-bool is_rhythm(std::string_view operation)
-{
-    return operation == "select" || operation == "clock_gettime" || operation == "nanosleep";
-}
-
-// What the program does in any case, whether the station asks something or not: its timers, the loop's pipe,
-// the polling of the input devices. A campaign that counts calls leaves it out.
-bool is_background(std::string_view operation, std::string_view path)
-{
-    if (operation.starts_with("timer_") || path == "unnamed")
-        return true;
-    return path.starts_with("/dev/input/") && !in_command;
 }
 
 std::string add_rule(rule r)
@@ -138,6 +134,12 @@ std::string read_count_and_kind(const std::vector<std::string>& args, std::size_
     return at == args.size() ? "" : "\"" + args[at] + "\" is too much";
 }
 
+// How many words belong to a pattern at least: the numbers of a chip's register aren't counts.
+std::size_t words_of_target(const std::string& first)
+{
+    return first == "i2c" ? 4 : first == "spmi" ? 2 : 1;
+}
+
 // The pattern may hold blanks: it ends before a count or a kind.
 std::string word_fail(request& rq)
 {
@@ -153,7 +155,7 @@ std::string word_fail(request& rq)
         return wrong.empty() ? add_rule(r) : wrong;
     }
     std::size_t end = rq.args.size();
-    for (std::size_t i = 1; i < end; i++) {
+    for (std::size_t i = end > 0 ? words_of_target(rq.args[0]) : 0; i < end; i++) {
         rule probe = r;
         if (read_count_and_kind(rq.args, i, probe).empty()) {
             end = i;
@@ -179,15 +181,16 @@ std::string word_log(request& rq)
 std::string word_calls(request& rq)
 {
     const std::lock_guard lock(watch_mutex);
-    if (rq.args.size() == 1 && (rq.args[0] == "on" || rq.args[0] == "off")) {
-        recording = rq.args[0] == "on";
+    if (rq.args.size() == 1 && (rq.args[0] == "on" || rq.args[0] == "line" || rq.args[0] == "off")) {
+        recording = rq.args[0] != "off";
+        lines_only = rq.args[0] == "line" || (lines_only && !recording);
         if (recording)
             calls.clear();
         update_watching_locked();
         return {};
     }
     if (!rq.args.empty())
-        return "on, off or nothing is wanted";
+        return "on, line, off or nothing is wanted";
     for (const std::string& line : calls)
         rq.answer += (rq.answer.empty() ? "" : "\n") + line;
     return {};
@@ -216,12 +219,11 @@ fault watch_call(const char* operation, std::string_view path)
     rule hit{};
     {
         const std::lock_guard lock(watch_mutex);
-        const bool rhythm = is_rhythm(operation);
-        const bool counts = !rhythm && !is_background(operation, path);
-        if (recording && counts && calls.size() < calls_limit)
+        const bool counted = counts(operation);
+        if (recording && counted && calls.size() < calls_limit)
             calls.push_back(text);
         // A rule without a pattern counts calls, and those are the recorded ones.
-        const rule* p = !rhythm ? take_locked(text, transfer, counts) : nullptr;
+        const rule* p = is_rhythm(operation) ? nullptr : take_locked(text, transfer, counted);
         if (p == nullptr)
             return fault::none;
         hit = *p;
@@ -243,7 +245,7 @@ fault watch_call(const char* operation, std::string_view path)
 
 void watch_command(bool begins)
 {
-    in_command = begins;
+    in_line = begins;
 }
 
 bool watch_target(std::string_view target)

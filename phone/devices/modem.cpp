@@ -9,6 +9,8 @@
 
 namespace phone {
 
+using namespace std::string_view_literals;
+
 namespace {
 
 constexpr nanoseconds ns_per_ms = 1'000'000;
@@ -52,10 +54,16 @@ void put_u32(packet& bytes, std::size_t at, std::uint32_t value)
         bytes[at + i] = static_cast<std::uint8_t>(value >> 8 * i);
 }
 
+packet bytes_of(std::string_view text)
+{
+    return {text.begin(), text.end()};
+}
+
 packet error(std::uint8_t code, request_bytes request)
 {
-    packet answer{code};
-    answer.insert(answer.end(), request.begin(), request.end());
+    packet answer(1 + request.size());
+    answer[0] = code;
+    std::copy(request.begin(), request.end(), answer.begin() + 1);
     return answer;
 }
 
@@ -64,23 +72,24 @@ packet echo(request_bytes request)
     return {request.begin(), request.end()};
 }
 
-// Version and time of the modem's build: 11 and 8 characters of the compilation, the same of the release, the
-// directory, and numbers.
+// Date and time of the modem's build, the same of its release, the directory, and numbers.
 packet version(request_bytes)
 {
-    constexpr std::string_view text = "Jul 12 201319:45:30Jul 16 201308:02:11korvat01";
-    packet answer{0x00};
-    answer.insert(answer.end(), text.begin(), text.end());
-    answer.insert(answer.end(), {0x00, 0x06, 0x5F, 0x15, 0x28, 0x02, 0x01, 0x00});
-    return answer;
+    return bytes_of("\x00"
+                    "Jul 12 2013"
+                    "19:45:30"
+                    "Jul 16 2013"
+                    "08:02:11"
+                    "korvat01"
+                    "\x00\x06\x5F\x15\x28\x02\x01\x00"sv);
 }
 
+// Version, hardware and model as numbers, then the build's and the chip's name.
 packet build_id(request_bytes)
 {
-    constexpr std::string_view text("M8974A-KORVAT-1.0.4085\0MSM8974", 31);
-    packet answer{0x7C, 0x01, 0x00, 0x00, 0xE1, 0x90, 0x07, 0x00, 0x6C, 0x0F, 0x00, 0x00};
-    answer.insert(answer.end(), text.begin(), text.end());
-    return answer;
+    return bytes_of("\x7C\x01\x00\x00\xE1\x90\x07\x00\x6C\x0F\x00\x00"
+                    "M8974A-KORVAT-1.0.4085\x00"
+                    "MSM8974\x00"sv);
 }
 
 packet log_configuration(request_bytes request)
@@ -177,8 +186,6 @@ struct packet_row {
     std::string_view begins; // bytes
     packet (*answer)(request_bytes request);
 };
-
-using namespace std::string_view_literals;
 
 // clang-format off
 constexpr packet_row packets[] = {

@@ -123,12 +123,15 @@ void* plat_dlopen(const char* name, int flags);
 void* plat_dlsym(void* library, const char* name);
 int plat_dlclose(void* library);
 
-// A descriptor that hears the kernel's uevents (netlink, group 1), close-on-exec; -1 and errno when that
+// A descriptor that hears the kernel's uevents (netlink, all groups), close-on-exec; -1 and errno when that
 // fails.
 int plat_uevent_open();
 
-// One uevent into `buf` of `size` bytes. `*p_sender` is the netlink port of the sender, 0 for the kernel;
-// `*p_cred` its credentials, pid and uid -1 when it came without. Result and errno as of recvmsg.
+// The sender of a uevent that came to this descriptor alone, from whomever.
+constexpr std::uint32_t PLAT_UEVENT_UNICAST = UINT32_MAX;
+
+// One uevent into `buf` of `size` bytes. `*p_sender` is the netlink port of the sender, 0 for a broadcast of
+// the kernel; `*p_cred` its credentials, pid and uid -1 when it came without. Result and errno as of recvmsg.
 ssize_t plat_uevent_recv(int fd, void* buf, std::size_t size, std::uint32_t* p_sender, ucred* p_cred);
 
 // What is found is freed with freeaddrinfo. A send to a peer that is gone fails with EPIPE and raises no

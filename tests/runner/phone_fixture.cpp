@@ -60,8 +60,6 @@ phone_fixture::phone_fixture()
 phone_fixture::~phone_fixture()
 {
     down();
-    if (port >= 0)
-        close(port);
     std::error_code ignored;
     std::filesystem::remove_all(dir, ignored);
 }
@@ -131,6 +129,10 @@ std::string phone_fixture::down()
     if (control >= 0)
         close(control);
     control = -1;
+    // With the process its end of the port goes, and the station's end is dead.
+    if (port >= 0)
+        close(port);
+    port = -1;
     const int pid = std::atoi(content(dir + "/hvt.pid").c_str());
     if (pid > 0 && runs())
         kill(pid, SIGTERM);

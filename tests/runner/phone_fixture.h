@@ -15,7 +15,7 @@ struct phone_fixture {
     phone_fixture& operator=(const phone_fixture&) = delete;
 
     // Starts the program and takes its greeting, which a phone with the cable in sends; the result is empty,
-    // or why it can't. The station's port is kept over a restart.
+    // or why it can't. The station's port stays open until down.
     std::string up();
 
     // Ends it; the result is empty, or what it had to complain of (a sanitizer's report, a crash).

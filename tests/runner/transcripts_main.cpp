@@ -134,7 +134,11 @@ std::string wait_off(session& s)
 std::string power_cycle(session& s)
 {
     const std::string complaint = s.p_phone->down();
-    return complaint.empty() ? s.p_phone->up() : "the program complains:\n" + complaint;
+    if (!complaint.empty())
+        return "the program complains:\n" + complaint;
+    const std::string wrong = s.p_phone->up();
+    s.port = s.p_phone->port;
+    return wrong;
 }
 
 // The program has restarted by itself when a new one serves the control port. The old one may still take a

@@ -44,6 +44,26 @@ an event counts only from the kernel, of this device, and with its state in the 
   send     case?
   expect   CASE:false,OK
 
+a message of 1024 bytes or more is passed over, ten fields are looked at in any case
+  phone    uevent kernel change@/devices/virtual/android_usb/android0;A;B;C;USB_STATE=DISCONNECTED
+  phone    uevent kernel change@/devices/virtual/android_usb/android0;A;B;C;USB_STATE=DISCONNECTED;
+  +        xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx
+  +        xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx
+  +        xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx
+  +        xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx
+  +        xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx
+  +        xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx
+  +        xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx
+  +        xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx
+  +        xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx
+  +        xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx
+  phone    uevent kernel change@/devices/virtual/android_usb/android0;A;B;C;USB_STATE=CONFIGURED
+  send     case?
+  expect   CASE:false,OK
+  phone    uevent kernel change@/devices/virtual/android_usb/android0;A;B;C;USB_STATE=DISCONNECTED;5;6;7;8;9;10;11;12;13
+  phone    uevent kernel change@/devices/virtual/android_usb/android0;A;B;C;USB_STATE=CONFIGURED;5;6;7;8;9;10;11;12;13
+  read     TP,OK\r\n
+
 an empty string is no field
   phone    uevent kernel change@/devices/virtual/android_usb/android0;A;B;C;USB_STATE=DISCONNECTED
   phone    uevent kernel change@/devices/virtual/android_usb/android0;A;;B;;C;USB_STATE=DISCONNECTED

@@ -13,6 +13,25 @@ it restarts at once and says nothing
   send     case?
   expect   CASE:false,OK
 
+1 and 2 leave a marker in their unit first
+  send     kill=2
+  reboots
+  phone    unit 0x800008FD -> C47E19A25D0BF368
+  send     kill=1
+  reboots
+  phone    unit 0x800008FD -> 00
+  send     kill=0
+  reboots
+  phone    unit 0x800008FD -> 00
+
+a marker that can't be written doesn't keep the phone up
+  phone    fail auxnvq_write_unit 1
+  send     kill=2
+  reboots
+  phone    unit 0x800008FD -> none
+  send     case?
+  expect   CASE:false,OK
+
 a phone that refuses to restart says so
   phone    fail system reboot 1
   send     kill

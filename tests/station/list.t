@@ -14,9 +14,11 @@ the mask wants its blank
   send     list="cas",1
   expect   list      ["a..z"[,(1-15)]]                                 list(string,group),SYNTAX
 
-the rows come in table order: the shell's own table before the console's
-  send     list="", 1
-  expect   case      ,s3        ,s4        ,OK
+the rows come in table order, and an empty pattern is every name's
+  send     list="s", 1
+  expect   s3        ,s4        ,OK
+  send     list="i2c"
+  expect   i2cw      ,i2cr      ,OK
 
 the test form names the groups, and the usage line follows
   send     list=?

@@ -188,7 +188,7 @@ std::string prepare(campaign& c)
         if (!exchange(c.phone, text, reply, wrong))
             return wrong;
     c.units_before = read_units(c.phone);
-    c.phone.ask("calls on", answer);
+    c.phone.ask("calls line", answer);
     if (!exchange(c.phone, c.line.text, c.good_reply, wrong))
         return wrong;
     c.phone.ask("calls off", answer);

@@ -15,7 +15,7 @@ constexpr std::uint32_t INFO_BYTES = 40; // least size of the second header
 constexpr std::uint16_t BITS = 24;
 constexpr std::uint64_t PIXEL_BYTES = BITS / 8;
 constexpr std::uint64_t MAX_IMAGE_BYTES = 256u << 20;
-constexpr std::uint64_t CHUNK_BYTES = 64 * 1024; // stays in the cache between reading and copying
+constexpr std::uint64_t CHUNK_BYTES = 256 * 1024; // stays in the cache between reading and copying
 
 struct bmp_header {
     std::uint32_t file_size;
@@ -95,8 +95,8 @@ bool read_rows(int fd, const bmp_shape& shape, std::uint8_t* p_image)
     if (plat_lseek(fd, static_cast<off_t>(shape.offset), SEEK_SET) != static_cast<off_t>(shape.offset))
         return false;
     const std::uint64_t rows_a_chunk = std::max<std::uint64_t>(CHUNK_BYTES / shape.stride, 1);
-    std::unique_ptr<std::uint8_t, bmp_free> chunk(
-        static_cast<std::uint8_t*>(std::malloc(std::min<std::uint64_t>(rows_a_chunk, shape.height) * shape.stride)));
+    std::unique_ptr<std::uint8_t, bmp_free> chunk(static_cast<std::uint8_t*>(
+        std::malloc(std::min<std::uint64_t>(rows_a_chunk, shape.height) * shape.stride)));
     HVT_CHECK(chunk != nullptr);
     for (std::uint64_t r = 0; r < shape.height;) {
         const std::uint64_t n = std::min(rows_a_chunk, shape.height - r);

@@ -126,8 +126,7 @@ int do_lcdl(int id, int action, int argc, const dcp_word* argv)
     check_action(action);
     if (action == DCP_ACTION_TEST)
         return answer(id, "lcdl", DCP_OK);
-    return answer(id, "lcdl",
-                  load_screen(value_at(argc, argv, 0, 0), argc > 1, value_at(argc, argv, 1, 0)));
+    return answer(id, "lcdl", load_screen(value_at(argc, argv, 0, 0), argc > 1, value_at(argc, argv, 1, 0)));
 }
 
 bool store_vsync(uint32_t value)

@@ -1,5 +1,5 @@
-// The test patterns of `dpat`. Coordinates are unsigned, so that a box reaching past the edge of a tiny screen
-// comes out as its lines are moved in.
+// The test patterns of `dpat`. Coordinates are unsigned, so that a box reaching past the edge of a tiny
+// screen comes out as its lines are moved in.
 #include "f_screen_inner.h"
 
 #include <algorithm>
@@ -174,12 +174,13 @@ void draw_grid(const canvas& c, uint32_t)
 {
     constexpr uint32_t COLUMNS[] = {80, 240, 400};
     constexpr uint32_t ROWS[] = {48, 256, 427, 599, 806};
+    constexpr uint32_t BARS[] = {47, 255, 426, 597, 805};
     rect(0, 0, c.w, c.h, WHITE);
     for (const uint32_t y : ROWS)
         for (const uint32_t x : COLUMNS)
             circle(x, y, 76, x == COLUMNS[1] && y == ROWS[2] ? RED : GREY);
-    for (const uint32_t y : ROWS)
-        rect(0, y - 1, 480, 2, BLACK);
+    for (const uint32_t y : BARS)
+        rect(0, y, 480, 2, BLACK);
     for (const uint32_t x : COLUMNS)
         rect(x - 1, 0, 2, 854, BLACK);
     screen_line(0, 0, 479, 853, BLACK);

@@ -151,7 +151,8 @@ void screen_rectangle(uint32_t x, uint32_t y, uint32_t w, uint32_t h, uint32_t b
     const uint32_t right = x + w - 1, bottom = y + h - 1;
     const uint32_t x0 = std::min(x, width - 1), x1 = std::min(right, width - 1);
     const uint32_t y0 = std::min(y, height - 1), y1 = std::min(bottom, height - 1);
-    if (filled != 0 && border == fill && w > 0 && h > 0 && x <= right && y <= bottom) { // one box, at the edge too
+    if (filled != 0 && border == fill && w > 0 && h > 0 && x <= right &&
+        y <= bottom) { // one box, at the edge too
         screen_fill(x0, y0, x1 - x0 + 1, y1 - y0 + 1, fill);
         return;
     }
@@ -178,7 +179,8 @@ struct ellipse_axis {
     {
         const float from = centre - radius, to = centre + radius;
         fraction = from - std::floor(from);
-        first = static_cast<int>(std::max(std::floor(from), fraction > 0 ? -1.0f : 0.0f));
+        const float start = std::max(std::floor(from), fraction > 0 ? -1.0f : 0.0f);
+        first = static_cast<int>(std::min<double>(start, limit)); // beyond the last when off the screen
         last = static_cast<int>(std::min(std::ceil(static_cast<double>(to) - fraction) - 1, limit - 1.0));
     }
 
@@ -192,7 +194,9 @@ struct ellipse_axis {
     int nearest() const
     {
         const float i = std::floor(centre - fraction + 0.5f);
-        return i <= static_cast<float>(first) ? first : i >= static_cast<float>(last) ? last : static_cast<int>(i);
+        return i <= static_cast<float>(first)  ? first
+               : i >= static_cast<float>(last) ? last
+                                               : static_cast<int>(i);
     }
 
     float centre, radius, fraction;
@@ -207,7 +211,7 @@ void screen_ellipse(uint32_t cx, uint32_t cy, uint32_t w, uint32_t h, uint32_t c
     if (filled == 0 || w == 0 || h == 0 || width == 0 || height == 0)
         return;
     const ellipse_axis x(cx, w, width), y(cy, h, height);
-    if (x.first > x.last)
+    if (x.first > x.last || y.first > y.last)
         return;
     const int middle = x.nearest();
     const float middle_term = x.term(middle);
@@ -266,8 +270,10 @@ struct text_strip {
         std::uint8_t* p = bits;
         for (std::size_t i = 0; i < count; i++, p += 2 * font_scale_factor) {
             const auto code = static_cast<unsigned char>(text[i]);
-            const unsigned row = code < FONT_FIRST ? 0 : screen_font_rows[(code - FONT_FIRST) % FONT_GLYPHS][font_row];
-            const std::uint64_t cell = spread[row & 0xFF] | static_cast<std::uint64_t>(spread[row >> 8]) << half;
+            const unsigned row =
+                code < FONT_FIRST ? 0 : screen_font_rows[(code - FONT_FIRST) % FONT_GLYPHS][font_row];
+            const std::uint64_t cell = spread[row & 0xFF] | static_cast<std::uint64_t>(spread[row >> 8])
+                                                                << half;
             any |= cell;
             std::memcpy(p, &cell, sizeof cell); // what is too much is overwritten by the next one
         }
@@ -287,7 +293,8 @@ void print_strip(const char* text, std::size_t count, uint32_t x, uint32_t y, ui
             screen_mask(x, top, width, font_scale_factor, strip.bits, colour);
             continue;
         }
-        for (uint32_t i = 0; i < font_scale_factor; i++) // across the wrap: what is above the screen is off it
+        for (uint32_t i = 0; i < font_scale_factor;
+             i++) // across the wrap: what is above the screen is off it
             screen_mask(x, top + i, width, 1, strip.bits, colour);
     }
 }

@@ -1,6 +1,6 @@
-// The font: a bold sans-serif of 14 rows, drawn here as it looks. Stems and bars are two pixels wide; capitals
-// and digits stand on row 12 and are 12 rows high, small letters 9, and two rows are left below for what hangs
-// down. The tables that the core reads are made of the drawing at compile time.
+// The font: a bold sans-serif of 14 rows, drawn here as it looks. Stems and bars are two pixels wide;
+// capitals and digits stand on row 12 and are 12 rows high, small letters 9, and two rows are left below for
+// what hangs down. The tables that the core reads are made of the drawing at compile time.
 #include "screen_inner.h"
 
 #include <array>

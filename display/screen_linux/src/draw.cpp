@@ -70,7 +70,6 @@ void put_rgb_32(uint8_t* p, uint32_t rgb)
     std::memcpy(p, &word, 4);
 }
 
-
 uint64_t offset_of(uint32_t x, uint32_t y)
 {
     return static_cast<uint64_t>(y) * p_si->fix.line_length + uint64_t{p_si->var.bits_per_pixel} * x / 8;

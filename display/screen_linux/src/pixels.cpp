@@ -16,13 +16,14 @@ using std::uint8_t;
 constexpr size_t REGISTER = 8; // words
 constexpr size_t BLOCK = 4 * REGISTER;
 
-// Covers `n` words, at least a block, by blocks: one at the start, one at the end, and between them those that
-// lie as wide registers like them. Blocks overlap, which costs less than loops for the rests.
+// Covers `n` words, at least a block, by blocks: one at the start, one at the end, and between them those
+// that lie as wide registers like them. Blocks overlap, which costs less than loops for the rests.
 template <class Block>
 [[gnu::always_inline]] inline void by_blocks(const uint32_t* p, size_t n, Block block)
 {
     block(0);
-    for (size_t i = BLOCK - reinterpret_cast<std::uintptr_t>(p) / sizeof *p % REGISTER; i + BLOCK < n; i += BLOCK)
+    for (size_t i = BLOCK - reinterpret_cast<std::uintptr_t>(p) / sizeof *p % REGISTER; i + BLOCK < n;
+         i += BLOCK)
         block(i);
     block(n - BLOCK);
 }
@@ -35,10 +36,11 @@ template <class Block>
             p[i] = word;
         return;
     }
-    by_blocks(p, n, [=](size_t i) __attribute__((always_inline)) {
-        for (size_t j = 0; j < BLOCK; j++)
-            p[i + j] = word;
-    });
+    by_blocks(
+        p, n, [=](size_t i) __attribute__((always_inline)) {
+            for (size_t j = 0; j < BLOCK; j++)
+                p[i + j] = word;
+        });
 }
 
 [[gnu::always_inline]] inline void copy_loop(uint32_t* __restrict p, const uint32_t* __restrict p_src,
@@ -49,12 +51,13 @@ template <class Block>
             p[i] = (p_src[i] & 0xFFFFFF) | tint;
         return;
     }
-    by_blocks(p, n, [=](size_t i) __attribute__((always_inline)) {
-        uint32_t* __restrict p_to = p + i;
-        const uint32_t* __restrict p_from = p_src + i;
-        for (size_t j = 0; j < BLOCK; j++)
-            p_to[j] = (p_from[j] & 0xFFFFFF) | tint;
-    });
+    by_blocks(
+        p, n, [=](size_t i) __attribute__((always_inline)) {
+            uint32_t* __restrict p_to = p + i;
+            const uint32_t* __restrict p_from = p_src + i;
+            for (size_t j = 0; j < BLOCK; j++)
+                p_to[j] = (p_from[j] & 0xFFFFFF) | tint;
+        });
 }
 
 [[gnu::always_inline]] inline void mask_rest(uint32_t* p, size_t n, const uint8_t* p_bits, uint32_t word)
@@ -110,7 +113,8 @@ __attribute__((target("avx2"))) void copy_avx2(uint32_t* p, const uint32_t* p_sr
     copy_loop(p, p_src, n, tint);
 }
 
-// The 8 words at `p` where a bit of the byte of `bits` is set: `shift` brings each bit to the top of its lane.
+// The 8 words at `p` where a bit of the byte of `bits` is set: `shift` brings each bit to the top of its
+// lane.
 __attribute__((target("avx2"))) inline void mask_register(uint32_t* p, uint32_t bits, __m256i shift,
                                                           __m256 words)
 {

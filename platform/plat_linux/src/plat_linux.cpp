@@ -18,7 +18,12 @@ int linux_uevent_open()
     const int on = 1;
     sockaddr_nl addr{};
     addr.nl_family = AF_NETLINK;
-    addr.nl_groups = 1;
+    addr.nl_pid = static_cast<std::uint32_t>(getpid());
+    addr.nl_groups = 0xFFFFFFFF;
+    // A burst of events may come while a command holds the loop up. Without the right to it the usual size
+    // does.
+    const int room = 0x10000;
+    setsockopt(fd, SOL_SOCKET, SO_RCVBUFFORCE, &room, sizeof room);
     if (setsockopt(fd, SOL_SOCKET, SO_PASSCRED, &on, sizeof on) != 0 ||
         bind(fd, reinterpret_cast<const sockaddr*>(&addr), sizeof addr) != 0) {
         const int error = errno;
@@ -44,7 +49,7 @@ ssize_t linux_uevent_recv(int fd, void* buf, std::size_t size, std::uint32_t* p_
     const ssize_t n = recvmsg(fd, &msg, 0);
     if (n < 0)
         return n;
-    *p_sender = addr.nl_pid;
+    *p_sender = addr.nl_groups != 0 ? addr.nl_pid : PLAT_UEVENT_UNICAST;
     *p_cred = {-1, static_cast<uid_t>(-1), static_cast<gid_t>(-1)};
     for (cmsghdr* p = CMSG_FIRSTHDR(&msg); p != nullptr; p = CMSG_NXTHDR(&msg, p))
         if (p->cmsg_level == SOL_SOCKET && p->cmsg_type == SCM_CREDENTIALS)

@@ -75,3 +75,21 @@ const cfg_map_row& s_cfg_map(const hwp& board)
             return row;
     }
 }
+
+screenconf screenconf_main = {
+    .load_cmd = "",
+    .dev_prefix = "/dev/graphics/fb",
+    .fb_id = "mdssfb_80000",
+    .dev_number = 0,
+    .no_startscreen = 0,
+    .double_buffer = 1,
+};
+
+screenconf screenconf_hdmi = {
+    .load_cmd = "",
+    .dev_prefix = "/dev/graphics/fb",
+    .fb_id = "mdssfb_70000",
+    .dev_number = 0,
+    .no_startscreen = 1,
+    .double_buffer = 0,
+};

@@ -1,10 +1,12 @@
-// What differs from board to board: where the pins, the calibration items the lights and the chips are.
+// What differs from board to board: where the pins, the calibration items, the lights, the chips and the
+// screens are.
 #pragma once
 
 #include "hwp/hwp.h"
 #include "i2c/i2c.h"
 #include "light/light.h"
 #include "pin/pin.h"
+#include "screenconf/screenconf.h"
 #include "touch_v2/touch.h"
 #include "trim/trim.h"
 
@@ -17,6 +19,8 @@ struct cfg_map_row {
 extern const light_map_row light_map_tab[];
 extern touch_config touch_config_data;
 extern const i2c_cfg_row i2c_cfg_tab[];
+extern screenconf screenconf_main;
+extern screenconf screenconf_hdmi;
 
 // The row whose maps fit a board: the one of its revision, or the last of its family.
 const cfg_map_row& s_cfg_map(const hwp& board);

@@ -3,6 +3,8 @@
 #include <string_view>
 
 #include "autoinit/autoinit.h"
+#include "autopoff/autopoff.h"
+#include "battery/battery.h"
 #include "board_maps.h"
 #include "cfg/cfg.h"
 #include "cio_tty/cio_tty.h"
@@ -18,6 +20,7 @@
 #include "plat/plat.h"
 #include "rev/rev.h"
 #include "rfbv/rfbv.h"
+#include "screenconf/screenconf.h"
 #include "syscfg/syscfg.h"
 #include "ta_generic/ta_generic.h"
 #include "tiers.h"
@@ -35,6 +38,14 @@ constexpr const char* vmrk_rev = "@(#) s_qat_korvat_1_32_2_5_b";
 constexpr int light_green = 2; // subzone: the program is alive
 
 constexpr hwp board_hwp = {0, 0, 1};
+
+constexpr battery_cfg board_battery_cfg = {
+    .algorithm = 1,
+    .model = 3,
+    .ires = 135,
+    .type_path = "/sys/class/power_supply/battery/technology",
+    .temp_path = "/sys/class/power_supply/battery/temp",
+};
 
 rev_rec space_num;
 cio cio_clnt;
@@ -76,11 +87,16 @@ void s_cfg_init()
     light_map_set(light_map_tab);
     i2c_cfg(i2c_cfg_tab);
     cfg_set_int("f_poff", "param1_delay", 1);
+    screenconf_set(SCREEN_MAIN, &screenconf_main);
+    screenconf_set(SCREEN_HDMI, &screenconf_hdmi);
     touch_add_cfg(&touch_config_data);
+    battery_set_cfg(&board_battery_cfg);
     cfg_set_str("luigi", "start_key", "/system/scripts/start_korvat.lua");
     cfg_set_str("luigi", "stop_key", "/system/scripts/stop.lua");
     cfg_set_int("luigi", "canvas_padding", 8);
     cfg_set_int("luigi", "button_padding", 30);
+    cfg_set_str("sdcard_de", "mmc_dev", "/dev/block/mmcblk1p1");
+    cfg_set_str("screen_brenk", "panel_debugfs", "/sys/kernel/debug/mdss_dsi_panel");
 }
 
 void usb_cb_tpok_con(unsigned event);
@@ -120,6 +136,7 @@ int s_entry(int, char**)
     light_set(LIGHT_ZONE_MMI, light_green, 255);
     usb_linux_set_cfg(&usb_linux_cfg);
     usb_evt_attach(&usb_tpok_con, usb_cb_tpok_con);
+    autopoff_start();
     usb_start();
     rfbv_setup();
     syscfg_set_mode(0);

@@ -1,14 +1,17 @@
 #include "usb_linux/usb_linux.h"
 
 #include "cfg/cfg.h"
+#include "charge/charge.h"
 #include "plat/plat.h"
 #include "tmr/tmr.h"
 #include "uevent/uevent.h"
 #include "usb/usb.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <mutex>
 #include <string>
 
 namespace {
@@ -17,6 +20,8 @@ constexpr const char* detect_path = "/sys/devices/platform/msm_hsusb/gadget/dete
 constexpr std::size_t MAX_PARAM = 64;
 constexpr int STATE_FIELD = 3; // of the gadget's uevent
 constexpr std::uint32_t RECHECK_MS = 5;
+constexpr std::uint32_t VBUS_CHECK_US = 100'000;
+constexpr std::uint32_t DEFAULT_TIMEOUT_US = 500'000;
 
 // The index is the charger type.
 constexpr const char* usb_type[] = {
@@ -34,6 +39,13 @@ usb_linux_config config = {
 
 bool usb_state; // connected, as the listeners know it
 bool usb_recheck_discon;
+
+// The VBUS watch runs on the timer thread. It arms its own link again, so nobody else may while it runs.
+std::mutex vbus_mutex;
+std::uint32_t timeout_us = DEFAULT_TIMEOUT_US;
+bool vbus_runs;
+bool vbus_wanted; // asked for since its last round
+tmr_link tmr_vbus_check;
 
 // The text of an attribute; false when it can't be read.
 bool read_param(const char* path, std::string* p_text)
@@ -84,6 +96,67 @@ int usb_linux_get(int item, int* p_val)
     }
 }
 
+void tmr_cb_vbus_check(tmr_link* p_link, std::uint32_t);
+
+// Takes the watch over into its next round, as long as something is connected or it has been asked for anew.
+void vbus_next(bool connected)
+{
+    const std::lock_guard lock(vbus_mutex);
+    vbus_runs = connected || vbus_wanted;
+    vbus_wanted = false;
+    if (vbus_runs)
+        tmr_cb_add(&tmr_vbus_check, tmr_cb_vbus_check, VBUS_CHECK_US);
+}
+
+// Takes the host power away for a while, so that a device that hangs starts anew.
+void vbus_cycle()
+{
+    std::uint32_t us;
+    {
+        const std::lock_guard lock(vbus_mutex);
+        us = timeout_us;
+    }
+    charge_set_mode(CHARGE_HOST_POWER_ON);
+    tmr_usleep(us);
+    charge_set_mode(CHARGE_HOST_POWER_OFF);
+}
+
+void tmr_cb_vbus_check(tmr_link*, std::uint32_t)
+{
+    int connected = 0;
+    const bool known = usb_linux_get(USB_GET_CONNECTED, &connected);
+    if (known && !connected)
+        vbus_cycle();
+    vbus_next(known && connected);
+}
+
+int vbus_watch(int timeout_ms)
+{
+    const std::lock_guard lock(vbus_mutex);
+    const std::uint64_t us = static_cast<std::uint64_t>(timeout_ms) * 1000;
+    timeout_us = timeout_ms < 0 ? DEFAULT_TIMEOUT_US
+                                : static_cast<std::uint32_t>(std::min<std::uint64_t>(us, UINT32_MAX));
+    vbus_wanted = true;
+    if (!vbus_runs) {
+        vbus_runs = true;
+        vbus_wanted = false;
+        tmr_cb_add(&tmr_vbus_check, tmr_cb_vbus_check, VBUS_CHECK_US);
+    }
+    return 1;
+}
+
+int usb_linux_set(int item, int val)
+{
+    switch (item) {
+    case USB_SET_HOST_POWER_OFF:
+        return charge_set_mode(CHARGE_HOST_POWER_OFF) == 1;
+    case USB_SET_VBUS_WATCH:
+        return vbus_watch(val);
+    default:
+        return 0;
+    }
+}
+
 // A connection that was there at the start is often told as gone once, while the gadget comes up.
 bool disconnect_stands()
 {
@@ -124,7 +197,7 @@ int usb_linux_start()
     return 1;
 }
 
-constexpr usb_co usb_linux_co = {usb_linux_start, nullptr, usb_linux_get};
+constexpr usb_co usb_linux_co = {usb_linux_start, usb_linux_set, usb_linux_get};
 
 void take(const char** p_word, const char* given)
 {

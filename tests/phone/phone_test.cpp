@@ -1,0 +1,297 @@
+// The virtual phone by itself: its file tree, shell, faults and clock, through the table that the program
+// uses.
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <mutex>
+#include <sstream>
+#include <thread>
+#include <vector>
+
+#include "core/clock.h"
+#include "core/control.h"
+#include "core/files.h"
+#include "core/home.h"
+#include "core/log.h"
+#include "core/shell.h"
+#include "core/table.h"
+#include "core/watch.h"
+#include "devices/kmsg.h"
+#include "tools/tools.h"
+
+using namespace phone;
+
+namespace {
+
+// One phone without program for all tests of the process; CTest runs each test in a process of its own.
+struct Phone : testing::Test {
+    static std::string dir;
+
+    static void SetUpTestSuite()
+    {
+        char pattern[] = "/tmp/hvt-phone-XXXXXX";
+        ASSERT_NE(mkdtemp(pattern), nullptr);
+        dir = pattern;
+        ASSERT_EQ(home_take(dir), "");
+        clock_attach();
+        log_attach();
+        watch_attach();
+        tools_attach();
+        kmsg_attach();
+        home_seed("/sys/class/lamp/level", "7\n");
+        home_seed("/data/text", "abc");
+        ASSERT_EQ(home_seeded(), "");
+    }
+    static void TearDownTestSuite() { std::filesystem::remove_all(dir); }
+
+    static std::string content(const std::string& path)
+    {
+        std::ifstream file(dir + "/root" + path, std::ios::binary);
+        std::ostringstream text;
+        text << file.rdbuf();
+        return text.str();
+    }
+    static std::string ask(std::string_view line) { return control_request(line); }
+};
+
+std::string Phone::dir;
+
+TEST_F(Phone, NothingOutsideItsTreeCanBeReached)
+{
+    const std::string root = dir + "/root";
+    EXPECT_EQ(host_path("/data/text"), root + "/data/text");
+    EXPECT_EQ(host_path("/../../etc/passwd"), root + "/etc/passwd");
+    EXPECT_EQ(host_path("data/../../../x"), root + "/x");
+    EXPECT_EQ(host_path("/"), root);
+    ASSERT_EQ(phone_co.symlink("/etc/passwd", "/data/absolute"), 0);
+    ASSERT_EQ(phone_co.symlink("../../../../etc/passwd", "/data/relative"), 0);
+    ASSERT_EQ(phone_co.symlink("round", "/data/round"), 0);
+    ASSERT_EQ(phone_co.symlink("/data", "/data/self"), 0);
+    EXPECT_EQ(host_path("/data/absolute"), root + "/etc/passwd");
+    EXPECT_EQ(host_path("/data/relative"), root + "/etc/passwd");
+    EXPECT_EQ(host_path("/data/absolute", false), root + "/data/absolute");
+    EXPECT_EQ(host_path("/data/self/self/text"), root + "/data/text");
+    EXPECT_EQ(phone_co.open("/data/absolute", O_RDONLY, 0), -1);
+    EXPECT_EQ(errno, ENOENT);
+    EXPECT_EQ(phone_co.open("/data/round", O_RDONLY, 0), -1);
+    EXPECT_EQ(errno, ELOOP);
+}
+
+TEST_F(Phone, AttributesBehaveAsTheKernels)
+{
+    EXPECT_EQ(phone_co.open("/sys/class/lamp/colour", O_RDWR | O_CREAT, 0666), -1);
+    EXPECT_EQ(errno, ENOENT);
+    EXPECT_EQ(ask("strange"), "1 open /sys/class/lamp/colour\nok\n");
+    const int fd = phone_co.open("/sys/class/lamp/level", O_RDWR, 0);
+    ASSERT_GE(fd, 0);
+    EXPECT_EQ(phone_co.write(fd, "1234", 4), 4);
+    EXPECT_EQ(phone_co.write(fd, "5", 1), 1);
+    EXPECT_EQ(content("/sys/class/lamp/level"), "5");
+    EXPECT_EQ(phone_co.close(fd), 0);
+    EXPECT_EQ(phone_co.ioctl(phone_co.open("/data/text", O_RDONLY, 0), 0x1234, nullptr), -1);
+    EXPECT_EQ(errno, ENOTTY);
+}
+
+TEST_F(Phone, ShellLines)
+{
+    struct row {
+        const char* line;
+        int status;
+        const char* text; // of /data/out
+    };
+    const row rows[] = {
+        {"echo a  b > /data/out", 0, "a b\n"},
+        {"echo \"a  b\" 'c \"d' >/data/out", 0, "a  b c \"d\n"},
+        {"echo -n a\\ b > /data/out; echo c >> /data/out", 0, "a bc\n"},
+        {"echo x > /data/out && echo y >> /data/out || echo z >> /data/out", 0, "x\ny\n"},
+        {"nosuch > /data/out", 127, ""},
+        {"nosuch 2> /data/out || echo z > /data/out", 0, "z\n"},
+        {"nosuch && echo z > /data/out2", 127, "z\n"},
+        {"echo \"unclosed > /data/out", 2, "z\n"},
+        {"echo x >", 2, "z\n"},
+        {"echo 3 > /sys/class/lamp/level", 0, "z\n"},
+        {"echo 3 > /sys/class/lamp/none", 2, "z\n"},
+        {"reboot --now", 1, "z\n"},
+        {"echo $HOME `id` $(id) * > /data/out", 0, "$HOME `id` $(id) *\n"},
+    };
+    for (const row& r : rows) {
+        const int status = phone_co.system(r.line);
+        EXPECT_EQ(WEXITSTATUS(status), r.status) << r.line;
+        EXPECT_EQ(content("/data/out"), r.text) << r.line;
+    }
+    EXPECT_EQ(content("/sys/class/lamp/level"), "3\n");
+    EXPECT_EQ(ask("shell 1"), "0 echo $HOME `id` $(id) * > /data/out\nok\n");
+    FILE* stream = phone_co.popen("echo one; echo two", "r");
+    char text[32] = {};
+    ASSERT_NE(stream, nullptr);
+    EXPECT_EQ(std::fread(text, 1, sizeof text, stream), 8u);
+    EXPECT_STREQ(text, "one\ntwo\n");
+    EXPECT_EQ(phone_co.pclose(stream), 0);
+}
+
+TEST_F(Phone, TheKernelLogIsKept)
+{
+    phone_co.system("echo \"first\" > /dev/kmsg");
+    phone_co.system("echo \"second line\" > /dev/kmsg");
+    EXPECT_EQ(ask("kmsg 2"), "first\nsecond line\nok\n");
+    EXPECT_EQ(ask("kmsg 0"), "error: a count of lines from 1 to 100000 is wanted\n");
+}
+
+TEST_F(Phone, LogsAreCutAtAMebibyte)
+{
+    const std::string line(1000, 'x');
+    for (int i = 0; i < 3000; i++) {
+        log_line(log_kmsg, line + std::to_string(i));
+        if (i % 100 == 0)
+            log_flush();
+    }
+    log_flush();
+    const auto size = std::filesystem::file_size(dir + "/log/kmsg");
+    EXPECT_LE(size, 1u << 20);
+    EXPECT_GE(size, 1u << 18);
+    EXPECT_EQ(ask("kmsg 1"), line + "2999\nok\n");
+}
+
+TEST_F(Phone, Faults)
+{
+    char buf[4] = {};
+    const int fd = phone_co.open("/data/text", O_RDWR, 0);
+    ASSERT_GE(fd, 0);
+    const auto read_first = [&] {
+        phone_co.lseek(fd, 0, SEEK_SET);
+        return phone_co.read(fd, buf, 3);
+    };
+    EXPECT_EQ(ask("fail read /data/text 2"), "ok\n");
+    EXPECT_EQ(read_first(), -1);
+    EXPECT_EQ(errno, EIO);
+    EXPECT_EQ(read_first(), -1);
+    EXPECT_EQ(read_first(), 3);
+    EXPECT_EQ(ask("fail /data/text short"), "ok\n");
+    EXPECT_EQ(read_first(), 1);
+    EXPECT_EQ(read_first(), 3);
+    EXPECT_EQ(ask("fail read all eof"), "ok\n");
+    EXPECT_EQ(read_first(), 0);
+    EXPECT_EQ(read_first(), 0);
+    EXPECT_EQ(ask("fail lseek /other"), "ok\n");
+    EXPECT_EQ(ask("fail off"), "1\nok\n") << "one was never reached";
+    EXPECT_EQ(read_first(), 3);
+    EXPECT_EQ(ask("fail call 3"), "ok\n");
+    EXPECT_EQ(read_first(), 3);                     // calls 1 and 2
+    EXPECT_EQ(phone_co.lseek(fd, 0, SEEK_SET), -1); // call 3
+    EXPECT_EQ(read_first(), 3);
+    EXPECT_EQ(ask("fail i2c 5 18 02"), "ok\n");
+    EXPECT_FALSE(watch_target("i2c 4 18 02"));
+    EXPECT_FALSE(watch_target("i2c 5 18 03"));
+    EXPECT_TRUE(watch_target("i2c 5 18 02"));
+    EXPECT_FALSE(watch_target("i2c 5 18 02"));
+    EXPECT_EQ(ask("fail off"), "0\nok\n");
+    ask("calls on");
+    read_first();
+    EXPECT_EQ(ask("calls"), "lseek /data/text\nread /data/text\nok\n");
+}
+
+TEST_F(Phone, TheControlPortExplains)
+{
+    EXPECT_EQ(ask("wrong word"), "error: no word \"wrong\"; \"help\" lists them\n");
+    EXPECT_EQ(ask("  speed   0.5 "), "error: a factor from 1 to 1000 is wanted\n");
+    EXPECT_EQ(ask("speed 1001"), "error: a factor from 1 to 1000 is wanted\n");
+    EXPECT_EQ(ask("speed 5"), "ok\n");
+    EXPECT_EQ(ask("speed"), "5\nok\n");
+    EXPECT_EQ(ask("clock +-5"), "error: hold, run or +MS with 0 to 2147483647 ms is wanted\n");
+}
+
+// Expiries in the order in which they came.
+struct expiries {
+    std::mutex mutex;
+    std::vector<int> order;
+    void add(int n)
+    {
+        const std::lock_guard lock(mutex);
+        order.push_back(n);
+    }
+};
+
+TEST_F(Phone, ASteppedClockFiresDeadlinesInTheirOrder)
+{
+    ask("clock hold");
+    const nanoseconds start = clock_now(CLOCK_MONOTONIC);
+    expiries seen;
+    std::atomic<nanoseconds> woken = 0;
+    const int late = clock_timer_create([&] { seen.add(300); });
+    const int again = clock_timer_create([&] {
+        seen.add(100);
+        // Armed by the work of a step, and due within the same move.
+        static bool once = false;
+        if (!once)
+            clock_timer_set(late, 50'000'000, 0);
+        once = true;
+    });
+    const int early = clock_timer_create([&] { seen.add(20); });
+    ASSERT_TRUE(clock_timer_set(again, 100'000'000, 0));
+    ASSERT_TRUE(clock_timer_set(early, 20'000'000, 0));
+    std::thread sleeper([&] {
+        const timespec t{0, 120'000'000};
+        phone_co.nanosleep(&t, nullptr);
+        woken = clock_now(CLOCK_MONOTONIC) - start;
+        seen.add(120);
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_EQ(clock_now(CLOCK_MONOTONIC), start) << "the clock stands";
+    EXPECT_EQ(ask("clock +1000"), "ok\n");
+    sleeper.join();
+    EXPECT_EQ(seen.order, (std::vector<int>{20, 100, 120, 300}));
+    EXPECT_EQ(woken, 120'000'000);
+    EXPECT_EQ(clock_now(CLOCK_MONOTONIC) - start, 1'000'000'000);
+    ask("clock run");
+}
+
+TEST_F(Phone, SpeedHoldsForWaitsThatHaveBegun)
+{
+    const nanoseconds start = clock_now(CLOCK_MONOTONIC);
+    const auto host_start = std::chrono::steady_clock::now();
+    std::thread sleeper([] {
+        const timespec t{100, 0};
+        phone_co.nanosleep(&t, nullptr);
+    });
+    ask("speed 1000");
+    sleeper.join();
+    EXPECT_GE(clock_now(CLOCK_MONOTONIC) - start, 100'000'000'000);
+    EXPECT_LT(std::chrono::steady_clock::now() - host_start, std::chrono::seconds(20));
+    ask("speed 1");
+}
+
+TEST_F(Phone, PollWaitsInThePhonesTime)
+{
+    int fds[2];
+    ASSERT_EQ(phone_co.pipe(fds), 0);
+    pollfd p{fds[0], POLLIN, 0};
+    ask("speed 1000");
+    const nanoseconds start = clock_now(CLOCK_MONOTONIC);
+    EXPECT_EQ(phone_co.poll(&p, 1, 5000), 0);
+    EXPECT_GE(clock_now(CLOCK_MONOTONIC) - start, 5'000'000'000);
+    ask("speed 1");
+    ASSERT_EQ(phone_co.write(fds[1], "x", 1), 1);
+    EXPECT_EQ(phone_co.poll(&p, 1, -1), 1);
+    EXPECT_EQ(p.revents, POLLIN);
+    timeval none{0, 1};
+    fd_set rd;
+    FD_ZERO(&rd);
+    FD_SET(fds[0], &rd);
+    EXPECT_EQ(phone_co.select(fds[0] + 1, &rd, nullptr, nullptr, &none), 1);
+    EXPECT_TRUE(FD_ISSET(fds[0], &rd));
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    const int status = RUN_ALL_TESTS();
+    // The phone's threads live on; what they use must not be torn down.
+    std::_Exit(status);
+}

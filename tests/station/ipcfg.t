@@ -1,0 +1,15 @@
+# The last number of the phone's IP address. This board has no network of its own.
+
+the board can't set it
+  send     ipcfg=3
+  expect   IPCFG: ,ERROR
+  send     ipcfg?3
+  expect   IPCFG: ,ERROR
+
+a missing value is a syntax error
+  send     ipcfg
+  expect   IPCFG: ,SYNTAX
+
+the help is one line
+  send     ipcfg=?
+  expect   IPCFG:Set last digits of IP address,ipcfg     (0-255)                                           ipcfg(ipaddr),OK

@@ -1,0 +1,26 @@
+# The main chip's identity, from its fuses: device, feature, version.
+
+the three numbers are hexadecimal
+  # 497 = 0x1F1, 17 = 0x11
+  send     msmv
+  expect   MSMV:0x1f1,0x2,0x11,OK
+  write    /sys/kernel/debug/msm/msmv 1 20 4294967295\n
+  send     msmv?
+  expect   MSMV:0x1,0x14,0xffffffff,OK
+
+a value is a syntax error of the line
+  send     msmv=1
+  expect   msmv                                                        MSMV,SYNTAX
+
+a file that can't be read, or holds too little, is an error
+  phone    fail open /sys/kernel/debug/msm/msmv
+  send     msmv
+  expect   MSMV: ,ERROR
+  write    /sys/kernel/debug/msm/msmv 1 20\n
+  send     msmv
+  expect   MSMV: ,ERROR
+
+the help is one line
+  send     msmv=?
+  expect   MSMV:Product device ID, Feature ID, Version ID,
+  +        msmv                                                        MSMV,OK

@@ -1,0 +1,75 @@
+# Production parameters, read. Of the items behind them this board has two: 4 (unit 80001324) and 1, the RF
+# variant (unit 800009F7).
+
+the parameter is a text, and no value means number 0
+  phone    unit 80001324 4142433132330000
+  send     ppre
+  expect   PPRE:ABC123,OK
+  send     ppre?
+  expect   PPRE:ABC123,OK
+  send     ppre=0,0
+  expect   PPRE:ABC123,OK
+  send     ppre=0,0,7
+  expect   PPRE:ABC123,OK
+
+the RF variant is there from the first start on, and its absence is no error
+  send     ppre=11
+  expect   PPRE:L1234578_20W12458,OK
+  phone    unit 800009F7 -
+  send     ppre=11
+  expect   PPRE:,OK
+
+what the board lacks is an error for a text and 0 for a number
+  send     ppre=1
+  expect   PPRE:,ERROR
+  send     ppre=1,1
+  expect   PPRE:,ERROR
+  send     ppre=5
+  expect   PPRE:,ERROR
+  send     ppre=7
+  expect   PPRE:,ERROR
+  send     ppre=8,1
+  expect   PPRE:,ERROR
+  send     ppre=9
+  expect   PPRE:,ERROR
+  send     ppre=10
+  expect   PPRE:,ERROR
+  send     ppre=3
+  expect   PPRE:0,OK
+  send     ppre=6,9
+  expect   PPRE:0,OK
+
+numbers that don't exist are syntax errors
+  send     ppre=0,1
+  expect   PPRE:,SYNTAX
+  send     ppre=1,2
+  expect   PPRE:,SYNTAX
+  send     ppre=2
+  expect   PPRE:,SYNTAX
+  send     ppre=4
+  expect   PPRE:,SYNTAX
+  send     ppre=8,2
+  expect   PPRE:,SYNTAX
+  send     ppre=12
+  expect   PPRE:,SYNTAX
+  send     ppre=-1
+  expect   PPRE:,SYNTAX
+
+an absent, unreadable or oversized unit is an error
+  phone    unit 80001324 4142434445464748494A4B4C4D4E4F505152535455565758595A3031323334
+  send     ppre
+  expect   PPRE:ABCDEFGHIJKLMNOPQRSTUVWXYZ01234,OK
+  phone    unit 80001324 4142434445464748494A4B4C4D4E4F505152535455565758595A303132333435
+  send     ppre
+  expect   PPRE:,ERROR
+  phone    unit 80001324 41
+  phone    fail auxnvq_read_unit
+  send     ppre
+  expect   PPRE:,ERROR
+  phone    unit 80001324 -
+  send     ppre
+  expect   PPRE:,ERROR
+
+the help is one line
+  send     ppre=?
+  expect   PPRE:Production Parameter Read,ppre      (0,1,3,5-10)[,(0,1)]                              ppre(),OK

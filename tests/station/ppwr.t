@@ -1,0 +1,37 @@
+# Production parameters, written.
+
+a text is cut to ten characters and stored without an end
+  send     ppwr=0,ABCDEFGHIJKLM
+  expect   PPWR:,OK
+  phone    unit 80001324 -> 4142434445464748494A
+  send     ppre
+  expect   PPRE:ABCDEFGHIJ,OK
+  send     ppwr=0,A b,"c"
+  expect   PPWR:,OK
+  phone    unit 80001324 -> 4120622C226322
+  restart
+  send     ppre
+  expect   PPRE:A b,"c",OK
+
+the number has no unit on this board
+  send     ppwr=3,4711
+  expect   PPWR:,ERROR
+
+other numbers, and a line without a text, are syntax errors
+  send     ppwr=1,A
+  expect   PPWR:,SYNTAX
+  send     ppwr=0
+  expect   PPWR:,SYNTAX
+  send     ppwr
+  expect   PPWR:,SYNTAX
+  phone    unit 80001324 -> 42583930334C374B3254
+
+a store that fails is an error and keeps the text
+  phone    fail auxnvq_write_unit
+  send     ppwr=0,NEW
+  expect   PPWR:,ERROR
+  phone    unit 80001324 -> 42583930334C374B3254
+
+the help is one line
+  send     ppwr=?
+  expect   PPWR:Production Parameter Write,ppwr      (0,3),S                                           ppwr(),OK

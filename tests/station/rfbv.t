@@ -1,0 +1,85 @@
+# The RF band variant: found from a pin and a voltage, stored once.
+
+the variant is stored at the first start
+  phone    unit 800009F7 -> 4C313233343537385F323057313234353800
+  send     rfbv
+  expect   RFBV:0, 1790,OK
+  send     ppre=11
+  expect   PPRE:L1234578_20W12458,OK
+
+a variant that is stored stays, whatever is measured
+  phone    idle
+  write    /sys/devices/qpnp-vadc-8/rf_id Result:1500000 Raw:38229\n
+  send     rfbv?
+  expect   RFBV:0, 1500,OK
+  phone    unit 800009F7 -> 4C313233343537385F323057313234353800
+  restart
+  phone    unit 800009F7 -> 4C313233343537385F323057313234353800
+
+at the first start the voltage counts
+  write    /sys/devices/qpnp-vadc-8/rf_id Result:909500 Raw:32850\n
+  send     rfbv
+  expect   RFBV:0, 909,OK
+  # "L124578_17W12458"
+  phone    unit 800009F7 -> 4C3132343537385F313757313234353800
+
+with the unit gone, the voltage gives the variant
+  phone    unit 800009F7 -
+  write    /sys/devices/qpnp-vadc-8/rf_id Result:1433000 Raw:37600\n
+  send     rfbv
+  expect   RFBV:0, 1433,OK
+  # "W12458"
+  phone    unit 800009F7 -> 57313234353800
+  phone    unit 800009F7 -
+  write    /sys/devices/qpnp-vadc-8/rf_id Result:410999 Raw:28300\n
+  send     rfbv
+  expect   RFBV:0, 410,OK
+  # "C01"
+  phone    unit 800009F7 -> 43303100
+
+a voltage between the variants stores nothing
+  phone    unit 800009F7 -
+  write    /sys/devices/qpnp-vadc-8/rf_id Result:1432000 Raw:37600\n
+  send     rfbv
+  expect   RFBV:0, 1432,OK
+  write    /sys/devices/qpnp-vadc-8/rf_id Result:57000 Raw:25000\n
+  send     rfbv
+  expect   RFBV:0, 57,OK
+  write    /sys/devices/qpnp-vadc-8/rf_id Result:0 Raw:24576\n
+  send     rfbv
+  expect   RFBV:0, 0,OK
+  phone    unit 800009F7 -> none
+
+with the pin active other variants hold, of which most have an empty text
+  phone    unit 800009F7 -
+  phone    gpio 547 1
+  write    /sys/devices/qpnp-vadc-8/rf_id Result:1700000 Raw:40049\n
+  # 101700 falls in the row from 101697 to 101882; a stored empty text is a stored variant
+  send     rfbv
+  expect   RFBV:1, 1700,OK
+  phone    unit 800009F7 -> 00
+  write    /sys/devices/qpnp-vadc-8/rf_id Result:1300000 Raw:36409\n
+  send     rfbv
+  expect   RFBV:1, 1300,OK
+  phone    unit 800009F7 -> 00
+  phone    unit 800009F7 -
+  send     rfbv
+  expect   RFBV:1, 1300,OK
+  # "L47_17W12458"
+  phone    unit 800009F7 -> 4C34375F313757313234353800
+
+a voltage that can't be read or a unit that can't be written is an error
+  phone    unit 800009F7 -
+  phone    fail auxnvq_write_unit
+  send     rfbv
+  expect   RFBV:,ERROR
+  phone    unit 800009F7 -> none
+  phone    fail open /sys/devices/qpnp-vadc-8/rf_id
+  send     rfbv
+  expect   RFBV:,ERROR
+
+a value is a syntax error of the line, and the help is one line
+  send     rfbv=1
+  expect   rfbv                                                        rfbv,SYNTAX
+  send     rfbv=?
+  expect   RFBV:Read RF ID,rfbv                                                        rfbv,OK

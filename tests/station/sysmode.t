@@ -1,0 +1,70 @@
+# System modes: what the processor may draw.
+
+a phone starts in mode 0
+  file     /sys/devices/system/cpu/cpu2/cpufreq/scaling_governor -> ondemand
+  file     /sys/devices/system/cpu/cpu0/cpufreq/scaling_max_freq -> 960000
+  file     /sys/devices/system/cpu/cpu3/cpufreq/scaling_min_freq -> 300000
+  file     /sys/devices/system/cpu/cpufreq/ondemand/up_threshold -> 90
+  file     /sys/devices/system/cpu/cpufreq/ondemand/io_is_busy -> 1
+  file     /sys/devices/system/cpu/cpufreq/ondemand/sampling_down_factor -> 4
+  file     /sys/devices/system/cpu/cpufreq/ondemand/down_differential -> 10
+  file     /sys/module/pm_8x60/modes/cpu1/power_collapse/suspend_enabled -> 1
+  file     /sys/module/pm_8x60/modes/cpu2/standalone_power_collapse/suspend_enabled -> 1
+  file     /sys/module/pm_8x60/modes/cpu3/standalone_power_collapse/idle_enabled -> 1
+  file     /sys/module/pm_8x60/modes/cpu0/power_collapse/idle_enabled -> 1
+  file     /sys/module/pm_8x60/modes/cpu1/power_collapse/idle_enabled -> 0\n
+  file     /sys/module/lpm_resources/enable_low_power/l2 -> 2
+  file     /sys/module/lpm_resources/enable_low_power/vdd_mem -> 1
+
+mode 1 keeps the current steady: one frequency, no sleep
+  phone    idle
+  write    /sys/devices/system/cpu/cpufreq/ondemand/up_threshold 55
+  send     sysmode=1
+  expect   SYSMODE: ,OK
+  file     /sys/devices/system/cpu/cpu0/cpufreq/scaling_governor -> powersave
+  file     /sys/devices/system/cpu/cpu1/cpufreq/scaling_max_freq -> 300000
+  file     /sys/devices/system/cpu/cpufreq/ondemand/up_threshold -> 55
+  file     /sys/module/pm_8x60/modes/cpu3/power_collapse/suspend_enabled -> 0
+  file     /sys/module/lpm_resources/enable_low_power/l2 -> 0
+  file     /sys/module/lpm_resources/enable_low_power/pxo -> 0
+
+mode 2 leaves three processors offline and writes nothing else for them
+  phone    idle
+  write    /sys/devices/system/cpu/cpu1/cpufreq/scaling_governor untouched
+  write    /sys/devices/system/cpu/cpu2/cpufreq/scaling_max_freq untouched
+  write    /sys/devices/system/cpu/cpu3/cpufreq/scaling_min_freq untouched
+  write    /sys/module/pm_8x60/modes/cpu1/power_collapse/suspend_enabled untouched
+  write    /sys/module/pm_8x60/modes/cpu2/standalone_power_collapse/idle_enabled untouched
+  send     sysmode?2
+  expect   SYSMODE: ,OK
+  file     /sys/devices/system/cpu/cpu0/online -> 1
+  file     /sys/devices/system/cpu/cpu1/online -> 0
+  file     /sys/devices/system/cpu/cpu3/online -> 0
+  file     /sys/devices/system/cpu/cpu1/cpufreq/scaling_governor -> untouched
+  file     /sys/devices/system/cpu/cpu2/cpufreq/scaling_max_freq -> untouched
+  file     /sys/devices/system/cpu/cpu3/cpufreq/scaling_min_freq -> untouched
+  file     /sys/module/pm_8x60/modes/cpu1/power_collapse/suspend_enabled -> untouched
+  file     /sys/module/pm_8x60/modes/cpu2/standalone_power_collapse/idle_enabled -> untouched
+
+mode 3 runs as fast as it can, and a setting that fails is passed over
+  phone    fail write /sys/devices/system/cpu/cpu0/cpufreq/scaling_governor
+  send     sysmode=3
+  expect   SYSMODE: ,OK
+  file     /sys/devices/system/cpu/cpu1/cpufreq/scaling_governor -> performance
+  file     /sys/devices/system/cpu/cpu0/cpufreq/scaling_max_freq -> 2265600
+  file     /sys/devices/system/cpu/cpu0/cpufreq/scaling_min_freq -> 300000
+  file     /sys/devices/system/cpu/cpufreq/ondemand/down_differential -> 10
+
+other modes and counts are syntax errors
+  send     sysmode=4
+  expect   SYSMODE: ,SYNTAX
+  send     sysmode=-1
+  expect   SYSMODE: ,SYNTAX
+  send     sysmode
+  expect   SYSMODE: ,SYNTAX
+
+the help lists the modes
+  send     sysmode=?
+  expect   SYSMODE:Set system mode,SYSMODE:0 default setting,SYSMODE:1 stable current setting,
+  +        SYSMODE:2 low current setting,SYSMODE:3 high current setting,
+  +        sysmode   0-3                                               SYSMODE(level),OK

@@ -1,0 +1,40 @@
+// A framebuffer for unit tests, on the fake platform: memory of any size and layout behind /dev/graphics/fb0,
+// which records what the back end asks of it.
+#pragma once
+
+#include <cstdint>
+#include <linux/fb.h>
+#include <string>
+#include <vector>
+
+struct panel_shape {
+    unsigned width, height;
+    unsigned bits = 32;
+    unsigned pages = 1;
+    unsigned line_padding = 0; // bytes between two rows
+    fb_bitfield red = {16, 8, 0}, green = {8, 8, 0}, blue = {0, 8, 0};
+};
+
+// A new fake platform with this panel, screen and back end started anew; the panel isn't started.
+void panel_fake_reset(const panel_shape& shape);
+
+// The same, started as the main screen without the start screen.
+void panel_fake_start(const panel_shape& shape);
+
+// Requests that the device got, oldest first, such as "pan 0", "blank 4", "mode 1280x720".
+std::vector<std::string>& panel_fake_requests();
+
+// The next request of this number fails with EIO; 0 for none.
+void panel_fake_fail(unsigned long request);
+
+// What the back end last set by FBIOPUT_VSCREENINFO.
+fb_var_screeninfo panel_fake_mode();
+
+// The word of pixel (x, y) of the page that is drawn on, as bytes of the layout's depth, low byte first.
+std::uint32_t panel_fake_pixel(unsigned x, unsigned y);
+
+// The whole page that is drawn on, row by row.
+std::vector<std::uint32_t> panel_fake_picture();
+
+// True when memory outside the pixels of the panel is as it was at the start.
+bool panel_fake_rest_untouched();

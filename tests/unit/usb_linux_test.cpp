@@ -1,0 +1,128 @@
+// USB on the kernel's attribute: events at the start, and the watch of the host power.
+#include <cstdlib>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+#include "charge/charge.h"
+#include "plat_fake.h"
+#include "tmr/tmr.h"
+#include "usb/usb.h"
+#include "usb_linux/usb_linux.h"
+
+namespace {
+
+struct switching {
+    int mode;
+    std::uint64_t at_ms; // since the test began
+};
+
+std::vector<switching> switchings;
+std::uint64_t began_us;
+
+int note_mode(int mode)
+{
+    switchings.push_back({mode, (plat_fake_now_us() - began_us) / 1000});
+    return 1;
+}
+
+constexpr charge_co charge_spy = {note_mode, nullptr, nullptr, nullptr, nullptr};
+
+struct UsbLinux : testing::Test {
+    std::string path = testing::TempDir() + "usb_state_" + std::to_string(getpid());
+    usb_linux_config config = {path.c_str(), "CONFIGURED", "DISCONNECTED", nullptr};
+
+    UsbLinux()
+    {
+        plat_fake_reset();
+        tmr_init();
+        charge_co_attach(&charge_spy);
+        usb_init();
+        usb_linux_init();
+        usb_linux_set_cfg(&config);
+        switchings.clear();
+        began_us = plat_fake_now_us();
+    }
+    ~UsbLinux() override { unlink(path.c_str()); }
+
+    void state(const char* text) const { std::ofstream(path) << text; }
+};
+
+TEST_F(UsbLinux, ConnectedIsWhatTheAttributeSays)
+{
+    int connected = 7;
+    EXPECT_EQ(usb_get(USB_GET_CONNECTED, &connected), 0) << "there is no attribute";
+    EXPECT_EQ(connected, 7);
+    state("CONFIGURED\n");
+    EXPECT_EQ(usb_get(USB_GET_CONNECTED, &connected), 1);
+    EXPECT_EQ(connected, 1);
+    state("DISCONNECTED\n");
+    EXPECT_EQ(usb_get(USB_GET_CONNECTED, &connected), 1);
+    EXPECT_EQ(connected, 0);
+    state("");
+    EXPECT_EQ(usb_get(USB_GET_CONNECTED, &connected), 1);
+    EXPECT_EQ(connected, 0);
+    state((std::string(60, '-') + "CONFIGURED").c_str());
+    EXPECT_EQ(usb_get(USB_GET_CONNECTED, &connected), 1);
+    EXPECT_EQ(connected, 0) << "the word lies behind the 64 bytes that are read";
+    EXPECT_EQ(usb_get(2, &connected), 0);
+}
+
+// Every 100 ms while something is connected; then the host power goes for the time asked for, once.
+TEST_F(UsbLinux, WatchOfTheHostPower)
+{
+    state("CONFIGURED");
+    EXPECT_EQ(usb_set(USB_SET_VBUS_WATCH, 250), 1);
+    plat_fake_advance_us(350'000);
+    EXPECT_EQ(usb_set(USB_SET_VBUS_WATCH, 70), 1) << "asked for while it runs: the newest time counts";
+    plat_fake_advance_us(100'000);
+    EXPECT_TRUE(switchings.empty());
+    state("DISCONNECTED");
+    plat_fake_advance_us(2'000'000);
+    ASSERT_EQ(switchings.size(), 2U);
+    EXPECT_EQ(switchings[0].mode, CHARGE_HOST_POWER_ON);
+    EXPECT_EQ(switchings[0].at_ms, 500U);
+    EXPECT_EQ(switchings[1].mode, CHARGE_HOST_POWER_OFF);
+    EXPECT_EQ(switchings[1].at_ms, 570U);
+}
+
+TEST_F(UsbLinux, WatchEndsWithoutTheAttribute)
+{
+    EXPECT_EQ(usb_set(USB_SET_VBUS_WATCH, -1), 1);
+    plat_fake_advance_us(100'000);
+    state("DISCONNECTED");
+    plat_fake_advance_us(2'000'000);
+    EXPECT_TRUE(switchings.empty());
+    EXPECT_EQ(usb_set(USB_SET_VBUS_WATCH, -1), 1);
+    plat_fake_advance_us(100'000);
+    ASSERT_EQ(switchings.size(), 2U);
+    EXPECT_EQ(switchings[1].at_ms - switchings[0].at_ms, 500U) << "a negative time is the default";
+    EXPECT_EQ(usb_set(USB_SET_HOST_POWER_OFF, 0), 1);
+    EXPECT_EQ(switchings.back().mode, CHARGE_HOST_POWER_OFF);
+    EXPECT_EQ(usb_set(0, 0), 0);
+}
+
+// Listeners are called by mask, in order, and may leave and come from within their call.
+usb_listener first{};
+usb_listener second{};
+std::string called;
+
+TEST_F(UsbLinux, ListenersComeAndGo)
+{
+    first.mask = USB_EVT_CONNECTED;
+    second.mask = USB_EVT_CONNECTED | USB_EVT_DISCONNECTED;
+    called.clear();
+    usb_evt_attach(&first, [](unsigned event) {
+        called += "1:" + std::to_string(event) + " ";
+        usb_evt_detach(&first);
+    });
+    usb_evt_attach(&second, [](unsigned event) { called += "2:" + std::to_string(event) + " "; });
+    usb_evt(USB_EVT_CONNECTED);
+    usb_evt(USB_EVT_CONNECTED);
+    usb_evt(USB_EVT_DISCONNECTED);
+    EXPECT_EQ(called, "1:2 2:2 2:2 2:1 ");
+}
+
+} // namespace
