@@ -85,6 +85,10 @@ void s_cfg_init()
     touch_add_cfg(&touch_config_data);
     battery_set_cfg(&board_battery_cfg);
     chargemon_set_cfg(&chmon_cfg);
+    cfg_set_str("luigi", "start_key", "/system/scripts/start_korvat.lua");
+    cfg_set_str("luigi", "stop_key", "/system/scripts/stop.lua");
+    cfg_set_int("luigi", "canvas_padding", 8);
+    cfg_set_int("luigi", "button_padding", 30);
     cfg_set_str("sdcard_de", "mmc_dev", "/dev/block/mmcblk1p1");
     cfg_set_str("screen_brenk", "panel_debugfs", "/sys/kernel/debug/mdss_dsi_panel");
 }

@@ -54,6 +54,7 @@
 #include "light/light.h"
 #include "light_linux/light_linux.h"
 #include "light_pm8941/light_pm8941.h"
+#include "luigi/luigi.h"
 #include "msm/msm.h"
 #include "msm_linux/msm_linux.h"
 #include "pin/pin.h"
@@ -142,6 +143,7 @@ constexpr autoinit_entry initcomp[] = {
     kbd_qpnp_init,
     light_linux_init,
     light_pm8941_init,
+    luigi_init,
     msm_linux_init,
     pwrsupply_linux_init,
     queue_init,
