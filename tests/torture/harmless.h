@@ -11,8 +11,6 @@ struct harmless_row {
 constexpr harmless_row harmless[] = {
     { "system echo \"",       "a line for the kernel log is for the record only" },
     { "close ",               "the descriptor is closed all the same" },
-    { "closedir ",            "the walk is over" },
-    { "lseek /dev/gpio",      "a node that was just opened stands at its start" },
     { "stat /s",              "what an open file or an entry is like isn't asked for; where it matters it's told" },
     { "umount /sdcard",       "a station may unmount what isn't mounted", "mstt=5,0" },
     { "umount /sdcard",       "only makes sure that it isn't mounted; the umount after that is told", "mstt=4,3" },

@@ -81,7 +81,10 @@ int on_card(Operate operate)
     if (sdcard_de_detect_card() != 1 || lcl_mount_mmc_dev() != 1)
         return 0;
     const int result = operate();
-    return lcl_unmount_mmc_dev() ? result : 0;
+    if (lcl_unmount_mmc_dev())
+        return result;
+    lcl_unmount_mmc_dev(); // once more: a card left mounted would fail every operation to come
+    return 0;
 }
 
 std::string on_card_path(const char* path)
