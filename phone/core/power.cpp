@@ -136,9 +136,9 @@ std::string boot(const start_options& options)
             part.start();
     if (wrong = port_start(); !wrong.empty())
         return wrong;
+    clock_set_speed(options.speed);
     if (wrong = conf_run_words(); !wrong.empty())
         return wrong;
-    clock_set_speed(options.speed);
     return {};
 }
 

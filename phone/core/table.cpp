@@ -250,6 +250,13 @@ ssize_t co_uevent_recv(int fd, void* buf, std::size_t size, std::uint32_t* p_sen
                    [&] { return uevents_receive(fd, buf, size, p_sender, p_cred); });
 }
 
+// The phone's network is the host's.
+int co_getaddrinfo(const char* host, const char* service, const addrinfo* p_hints, addrinfo** pp_found)
+{
+    return watched("getaddrinfo", host, EAI_FAIL,
+                   [&] { return ::getaddrinfo(host, service, p_hints, pp_found); });
+}
+
 int co_clock_gettime(clockid_t clock, timespec* p_out)
 {
     return watched("clock_gettime", "", -1, [&] {
@@ -377,6 +384,10 @@ const plat_callouts phone_co = {
     .dlclose       = [](void* library) { return watched("dlclose", "", -1, [&] { return ::dlclose(library); }); },
     .uevent_open   = [] { return watched("uevent_open", "", -1, [] { return uevents_open(); }); },
     .uevent_recv   = co_uevent_recv,
+    .getaddrinfo   = co_getaddrinfo,
+    .socket        = [](int domain, int type, int protocol) { return watched("socket", "", -1, [&] { return ::socket(domain, type | SOCK_CLOEXEC, protocol); }); },
+    .connect       = [](int fd, const sockaddr* p_addr, socklen_t size) { return watched("connect", "", -1, [&] { return ::connect(fd, p_addr, size); }); },
+    .send          = [](int fd, const void* buf, std::size_t size) { return watched("send", "", ssize_t{-1}, [&] { return ::send(fd, buf, size, MSG_NOSIGNAL); }); },
     .clock_gettime = co_clock_gettime,
     .nanosleep     = co_nanosleep,
     .timer_create  = co_timer_create,

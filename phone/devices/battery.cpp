@@ -364,6 +364,7 @@ void battery_seed()
     home_seed(type_path, "Battery\n");
     home_seed(tech_path, "Li-ion\n");
     home_seed("/sys/devices/qpnp-iadc-9/calib_ccadc", "0\n");
+    home_seed("/system/build.prop", "ro.product.device=korvat\n"); // the folder of the charging log
     const std::lock_guard lock(battery_mutex);
     kind = usb_state_configured() ? kind_usb : kind_none;
     home_seed(chg_type_path, std::string(kinds[kind].found) + "\n");

@@ -13,6 +13,7 @@
 #include "cfg/cfg.h"
 #include "charge/charge.h"
 #include "charge_qpnp/charge_qpnp.h"
+#include "chargemon/chargemon.h"
 #include "cio_stdio/cio_stdio.h"
 #include "cio_tty/cio_tty.h"
 #include "cio_v2/cio.h"
@@ -53,6 +54,7 @@
 #include "light/light.h"
 #include "light_linux/light_linux.h"
 #include "light_pm8941/light_pm8941.h"
+#include "luigi/luigi.h"
 #include "msm/msm.h"
 #include "msm_linux/msm_linux.h"
 #include "pin/pin.h"
@@ -132,6 +134,7 @@ constexpr autoinit_entry initcomp[] = {
     bmp_init,
     cfg_init,
     charge_qpnp_init,
+    chargemon_init,
     cio_stdio_init,
     cio_tty_init,
     fuelgauge_pm8941_init,
@@ -140,6 +143,7 @@ constexpr autoinit_entry initcomp[] = {
     kbd_qpnp_init,
     light_linux_init,
     light_pm8941_init,
+    luigi_init,
     msm_linux_init,
     pwrsupply_linux_init,
     queue_init,

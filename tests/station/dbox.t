@@ -1,0 +1,49 @@
+# x,y,w,h,a,r,g,b: a filled box; alpha isn't used.
+
+a box has its colour from corner to corner and nowhere else
+  send     lcdl=1,0
+  expect   LCDL: ,OK
+  send     dbox=100,200,30,40,0,255,0,128
+  expect   DBOX: ,OK
+  phone    pixel 100 200 -> FF0080
+  phone    pixel 129 239 -> FF0080
+  phone    pixel 99 200 -> 000000
+  phone    pixel 130 239 -> 000000
+  phone    pixel 129 240 -> 000000
+
+a box that begins left of the screen is drawn from its last column on
+  # x = -1 is beyond the right edge and moved there: the lines run from column 1079 back to -1 + 10 - 1 = 8
+  send     lcdl=1,0
+  expect   LCDL: ,OK
+  send     dbox=-1,10,10,3,0,255,255,255
+  expect   DBOX: ,OK
+  phone    pixel 8 10 -> FFFFFF
+  phone    pixel 1079 12 -> FFFFFF
+  phone    pixel 7 10 -> 000000
+
+a huge box fills what is right of and below its corner
+  send     lcdl=1,0
+  expect   LCDL: ,OK
+  send     dbox=1000,1900,0x7FFFFFFF,0x7FFFFFFF,0,0,0,255
+  expect   DBOX: ,OK
+  phone    pixel 1079 1919 -> 0000FF
+  phone    pixel 1000 1900 -> 0000FF
+  phone    pixel 999 1900 -> 000000
+  phone    pixel 1000 1899 -> 000000
+
+without values the border of a box of no size runs around the screen
+  send     lcdl=1
+  expect   LCDL: ,OK
+  send     dbox
+  expect   DBOX: ,OK
+  phone    pixel 0 500 -> 000000
+  phone    pixel 1079 500 -> 000000
+  phone    pixel 500 500 -> FFFFFF
+
+without a screen nothing is drawn
+  send     dbox=0,0,10,10,0,255,255,255
+  expect   DBOX: ,ERROR
+
+the accepted values
+  send     dbox=?
+  expect   DBOX: ,dbox      (...)                                             box(x,y,w,h,a,r,g,b),OK
