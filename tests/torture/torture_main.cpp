@@ -138,7 +138,7 @@ struct campaign {
 };
 
 // The program opens and closes nodes of its own at any time, so only what stays open at every look counts.
-std::string left_open(const campaign& c)
+std::string left_open(campaign& c)
 {
     constexpr int LOOKS = 20;
     std::string names;
