@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <condition_variable>
 #include <cstdio>
+#include <deque>
 #include <list>
 #include <memory>
 #include <mutex>
@@ -162,10 +163,38 @@ timespec to_timespec(nanoseconds t)
     return {t / ns_per_s, t % ns_per_s};
 }
 
-void run_timer(const std::shared_ptr<std::function<void()>>& fire)
+// Expiries run on worker threads, as many as run at the same time; a worker that is through waits for the
+// next.
+std::deque<std::shared_ptr<std::function<void()>>> expiries;
+std::condition_variable expiries_changed;
+std::size_t idle_workers;
+
+void worker_loop()
 {
-    mark.known = true; // counted by who started it
-    (*fire)();
+    std::unique_lock lock(clock_mutex);
+    for (;;) {
+        idle_workers++;
+        expiries_changed.wait(lock, [] { return !expiries.empty(); });
+        idle_workers--;
+        const auto fire = expiries.front();
+        expiries.pop_front();
+        mark.known = true; // counted by who has handed it over
+        lock.unlock();
+        (*fire)();
+        mark.leave();
+        lock.lock();
+    }
+}
+
+void hand_over_locked(const std::shared_ptr<std::function<void()>>& fire)
+{
+    at_work++;
+    activity++;
+    expiries.push_back(fire);
+    if (idle_workers >= expiries.size())
+        expiries_changed.notify_one();
+    else
+        std::thread(worker_loop).detach();
 }
 
 // Fires what is due. The expiries count as work from now on.
@@ -180,9 +209,7 @@ void fire_due_locked()
         if (p_due == nullptr)
             return;
         p_due->deadline = p_due->interval > 0 ? p_due->deadline + p_due->interval : forever;
-        at_work++;
-        activity++;
-        std::thread(run_timer, p_due->fire).detach();
+        hand_over_locked(p_due->fire);
     }
 }
 

@@ -152,6 +152,8 @@ int co_poll(pollfd* fds, nfds_t count, int timeout_ms)
 int co_select(int nfds, fd_set* rd, fd_set* wr, fd_set* ex, timeval* timeout)
 {
     return watched("select", "", -1, [&] {
+        if (timeout == nullptr)
+            watch_command(false);
         const nanoseconds limit =
             timeout == nullptr ? forever : timeout->tv_sec * ns_per_s + timeout->tv_usec * 1000;
         return clock_select(nfds, rd, wr, ex, limit);
@@ -190,6 +192,12 @@ DIR* co_opendir(const char* path)
 dirent* co_readdir(DIR* dir)
 {
     return watched("readdir", "", static_cast<dirent*>(nullptr), [&] { return ::readdir(dir); });
+}
+
+int co_closedir(DIR* dir)
+{
+    const int result = ::closedir(dir); // as with close, the fault comes behind the deed
+    return watched("closedir", "", -1, [&] { return result; });
 }
 
 int co_rename(const char* from, const char* to)
@@ -240,6 +248,13 @@ ssize_t co_uevent_recv(int fd, void* buf, std::size_t size, std::uint32_t* p_sen
 {
     return watched("uevent_recv", "", ssize_t{-1},
                    [&] { return uevents_receive(fd, buf, size, p_sender, p_cred); });
+}
+
+// The phone's network is the host's.
+int co_getaddrinfo(const char* host, const char* service, const addrinfo* p_hints, addrinfo** pp_found)
+{
+    return watched("getaddrinfo", host, EAI_FAIL,
+                   [&] { return ::getaddrinfo(host, service, p_hints, pp_found); });
 }
 
 int co_clock_gettime(clockid_t clock, timespec* p_out)
@@ -351,7 +366,7 @@ const plat_callouts phone_co = {
     .access        = co_access,
     .opendir       = co_opendir,
     .readdir       = co_readdir,
-    .closedir      = [](DIR* dir) { return watched("closedir", "", -1, [&] { return ::closedir(dir); }); },
+    .closedir      = co_closedir,
     .rename        = co_rename,
     .unlink        = [](const char* path) { return on_host("unlink", path, false, [](const char* host) { return ::unlink(host); }); },
     .symlink       = [](const char* target, const char* path) { return on_host("symlink", path, false, [&](const char* host) { return ::symlink(target, host); }); },
@@ -369,6 +384,10 @@ const plat_callouts phone_co = {
     .dlclose       = [](void* library) { return watched("dlclose", "", -1, [&] { return ::dlclose(library); }); },
     .uevent_open   = [] { return watched("uevent_open", "", -1, [] { return uevents_open(); }); },
     .uevent_recv   = co_uevent_recv,
+    .getaddrinfo   = co_getaddrinfo,
+    .socket        = [](int domain, int type, int protocol) { return watched("socket", "", -1, [&] { return ::socket(domain, type | SOCK_CLOEXEC, protocol); }); },
+    .connect       = [](int fd, const sockaddr* p_addr, socklen_t size) { return watched("connect", "", -1, [&] { return ::connect(fd, p_addr, size); }); },
+    .send          = [](int fd, const void* buf, std::size_t size) { return watched("send", "", ssize_t{-1}, [&] { return ::send(fd, buf, size, MSG_NOSIGNAL); }); },
     .clock_gettime = co_clock_gettime,
     .nanosleep     = co_nanosleep,
     .timer_create  = co_timer_create,

@@ -35,7 +35,9 @@ constexpr std::size_t strange_limit = 1000;
 
 std::atomic<bool> watching; // anything at all to do in watch_call
 std::atomic<bool> showing;
-std::mutex watch_mutex; // guards all below
+std::atomic<bool> lines_only; // only what a command line does counts as a call
+thread_local bool in_line;    // between the read of the station's port and the loop's next wait
+std::mutex watch_mutex;       // guards all below
 std::vector<rule> rules;
 bool recording;
 std::vector<std::string> calls;
@@ -53,11 +55,22 @@ bool fits(const rule& r, std::string_view text, bool transfer)
     return r.left != 0 && text.find(r.pattern) != text.npos;
 }
 
+// Waits, clocks and the loop's select are the program's rhythm; a campaign that counts calls leaves them out.
+bool is_rhythm(std::string_view operation)
+{
+    return operation == "select" || operation == "clock_gettime" || operation == "nanosleep";
+}
+
+bool counts(std::string_view operation)
+{
+    return !is_rhythm(operation) && (!lines_only || in_line);
+}
+
 // The first rule that fits is used up; a rule that still lets pass counts down.
-const rule* take_locked(std::string_view text, bool transfer)
+const rule* take_locked(std::string_view text, bool transfer, bool counted)
 {
     for (rule& r : rules) {
-        if (!fits(r, text, transfer))
+        if (!fits(r, text, transfer) || (r.pattern.empty() && !counted))
             continue;
         if (r.skip > 0) {
             r.skip--;
@@ -69,12 +82,6 @@ const rule* take_locked(std::string_view text, bool transfer)
         return &r;
     }
     return nullptr;
-}
-
-// Waits, clocks and the loop's select are the program's rhythm; a campaign that counts calls leaves them out.
-bool is_rhythm(std::string_view operation)
-{
-    return operation == "select" || operation == "clock_gettime" || operation == "nanosleep";
 }
 
 std::string add_rule(rule r)
@@ -174,15 +181,16 @@ std::string word_log(request& rq)
 std::string word_calls(request& rq)
 {
     const std::lock_guard lock(watch_mutex);
-    if (rq.args.size() == 1 && (rq.args[0] == "on" || rq.args[0] == "off")) {
-        recording = rq.args[0] == "on";
+    if (rq.args.size() == 1 && (rq.args[0] == "on" || rq.args[0] == "line" || rq.args[0] == "off")) {
+        recording = rq.args[0] != "off";
+        lines_only = rq.args[0] == "line" || (lines_only && !recording);
         if (recording)
             calls.clear();
         update_watching_locked();
         return {};
     }
     if (!rq.args.empty())
-        return "on, off or nothing is wanted";
+        return "on, line, off or nothing is wanted";
     for (const std::string& line : calls)
         rq.answer += (rq.answer.empty() ? "" : "\n") + line;
     return {};
@@ -211,11 +219,11 @@ fault watch_call(const char* operation, std::string_view path)
     rule hit{};
     {
         const std::lock_guard lock(watch_mutex);
-        const bool counts = !is_rhythm(operation);
-        if (recording && counts && calls.size() < calls_limit)
+        const bool counted = counts(operation);
+        if (recording && counted && calls.size() < calls_limit)
             calls.push_back(text);
         // A rule without a pattern counts calls, and those are the recorded ones.
-        const rule* p = counts ? take_locked(text, transfer) : nullptr;
+        const rule* p = is_rhythm(operation) ? nullptr : take_locked(text, transfer, counted);
         if (p == nullptr)
             return fault::none;
         hit = *p;
@@ -233,6 +241,11 @@ fault watch_call(const char* operation, std::string_view path)
     }
     errno = EIO;
     return fault::eio;
+}
+
+void watch_command(bool begins)
+{
+    in_line = begins;
 }
 
 bool watch_target(std::string_view target)

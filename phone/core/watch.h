@@ -15,6 +15,9 @@ enum class fault { none, eio, shortened, eof };
 // "write" only. A fault of kind slow has waited before this returns none.
 fault watch_call(const char* operation, std::string_view path);
 
+// The program has read a command from the station's port, or its loop waits again.
+void watch_command(bool begins);
+
 // The same for the register of a chip or another inner target ("i2c 5 18 02"): true when it has to fail.
 bool watch_target(std::string_view target);
 

@@ -274,7 +274,7 @@ std::optional<int> percent_of(const std::string& text)
 std::string set_battery_locked(const std::vector<std::string>& args)
 {
     const auto mv = number(args[0]);
-    const auto ma = args.size() == 2 ? number(args[1]) : std::nullopt;
+    const auto ma = number(args.size() == 2 ? args[1] : "");
     const auto percent = args.size() == 1 ? percent_of(args[0]) : std::nullopt;
     if (args.size() == 1 && args[0] == "auto") {
         pinned_mv.reset();

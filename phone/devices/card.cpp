@@ -197,10 +197,10 @@ int tool_rm(tool_call& call)
 std::string word_card(request& rq)
 {
     const std::string what = rq.args.empty() ? "" : rq.args[0];
-    const auto size = rq.args.size() == 2 ? number(rq.args[1]) : std::nullopt;
+    const std::int64_t size = rq.args.size() == 2 ? number(rq.args[1]).value_or(-1) : -1;
     const std::lock_guard lock(card_mutex);
-    if (what == "size" && size && *size >= 0 && *size <= size_largest) {
-        card.size_mib = *size;
+    if (what == "size" && size >= 0 && size <= size_largest) {
+        card.size_mib = size;
         card.has_files = true; // such a card comes formatted
     } else if ((what == "in" || what == "out") && rq.args.size() == 1) {
         card.in = what == "in";

@@ -1,9 +1,11 @@
 #include "devices/port.h"
 
+#include <atomic>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
 #include <mutex>
+#include <poll.h>
 #include <pty.h>
 #include <set>
 #include <sys/ioctl.h>
@@ -19,6 +21,7 @@
 #include "core/log.h"
 #include "core/text.h"
 #include "core/uevents.h"
+#include "core/watch.h"
 #include "devices/usb_state.h"
 
 namespace phone {
@@ -27,6 +30,8 @@ namespace {
 
 int master = -1; // the program's end
 int slave = -1;  // kept open here, so that the program's end doesn't hang up when no station is there
+
+std::atomic<bool> station_reads = true;
 
 std::mutex port_mutex; // guards the two below and every change of a descriptor of the program
 bool cable_in = true;
@@ -89,9 +94,32 @@ void port_close(open_file& file)
 ssize_t port_read(open_file& file, void* buf, std::size_t size)
 {
     const ssize_t n = read(file.fd, buf, size);
+    watch_command(n > 0);
     if (n > 0)
         log_line(log_port, "< " + escaped({static_cast<const char*>(buf), static_cast<std::size_t>(n)}));
     return n;
+}
+
+// A pseudo terminal holds a few thousand bytes, and a station that reads takes them as fast as a bus does: a
+// long answer waits for it. One that doesn't read is waited for once, until it reads again.
+ssize_t write_patiently(int fd, const char* buf, std::size_t size)
+{
+    constexpr int patience_ms = 1000;
+    std::size_t done = 0;
+    while (done < size) {
+        const ssize_t n = write(fd, buf + done, size - done);
+        if (n > 0) {
+            done += static_cast<std::size_t>(n);
+            continue;
+        }
+        pollfd room{fd, POLLOUT, 0};
+        if (errno != EAGAIN || !station_reads)
+            break;
+        station_reads = poll(&room, 1, patience_ms) > 0;
+    }
+    if (done == size)
+        station_reads = true;
+    return done > 0 || size == 0 ? static_cast<ssize_t>(done) : -1;
 }
 
 ssize_t port_write(open_file& file, const void* buf, std::size_t size)
@@ -103,7 +131,7 @@ ssize_t port_write(open_file& file, const void* buf, std::size_t size)
             return -1;
         }
     }
-    const ssize_t n = write(file.fd, buf, size);
+    const ssize_t n = write_patiently(file.fd, static_cast<const char*>(buf), size);
     if (n > 0)
         log_line(log_port, "> " + escaped({static_cast<const char*>(buf), static_cast<std::size_t>(n)}));
     return n;

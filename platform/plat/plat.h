@@ -12,6 +12,7 @@
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
+#include <netdb.h>
 #include <poll.h>
 #include <string>
 #include <sys/mman.h>
@@ -63,6 +64,11 @@ struct plat_callouts {
     int (*dlclose)(void* library);
     int (*uevent_open)();
     ssize_t (*uevent_recv)(int fd, void* buf, std::size_t size, std::uint32_t* p_sender, ucred* p_cred);
+    // the network
+    int (*getaddrinfo)(const char* host, const char* service, const addrinfo* p_hints, addrinfo** pp_found);
+    int (*socket)(int domain, int type, int protocol);
+    int (*connect)(int fd, const sockaddr* p_addr, socklen_t size);
+    ssize_t (*send)(int fd, const void* buf, std::size_t size);
     // time
     int (*clock_gettime)(clockid_t clock, timespec* p_out);
     int (*nanosleep)(const timespec* p_time, timespec* p_left);
@@ -127,6 +133,13 @@ constexpr std::uint32_t PLAT_UEVENT_UNICAST = UINT32_MAX;
 // One uevent into `buf` of `size` bytes. `*p_sender` is the netlink port of the sender, 0 for a broadcast of
 // the kernel; `*p_cred` its credentials, pid and uid -1 when it came without. Result and errno as of recvmsg.
 ssize_t plat_uevent_recv(int fd, void* buf, std::size_t size, std::uint32_t* p_sender, ucred* p_cred);
+
+// What is found is freed with freeaddrinfo. A send to a peer that is gone fails with EPIPE and raises no
+// signal. The descriptor is read and closed as any other.
+int plat_getaddrinfo(const char* host, const char* service, const addrinfo* p_hints, addrinfo** pp_found);
+int plat_socket(int domain, int type, int protocol);
+int plat_connect(int fd, const sockaddr* p_addr, socklen_t size);
+ssize_t plat_send(int fd, const void* buf, std::size_t size);
 
 int plat_clock_gettime(clockid_t clock, timespec* p_out);
 int plat_nanosleep(const timespec* p_time, timespec* p_left);

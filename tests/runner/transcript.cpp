@@ -97,6 +97,16 @@ std::string unescaped(const std::string& text)
         case '0':
             bytes += '\0';
             break;
+        case '*': {
+            const std::size_t open = std::min(text.find('{', i), text.size());
+            const std::size_t close = std::min(text.find('}', open), text.size());
+            const std::string part =
+                text.substr(std::min(open + 1, close), close - std::min(open + 1, close));
+            for (unsigned long n = std::strtoul(text.c_str() + i + 1, nullptr, 10); n > 0; n--)
+                bytes += part;
+            i = close;
+            break;
+        }
         case 'x':
             bytes += static_cast<char>(std::strtoul(text.substr(i + 1, 2).c_str(), nullptr, 16));
             i += 2;

@@ -24,7 +24,7 @@ struct test_case {
 // Reads a file. The result is empty, or the first thing that isn't understood, with its line.
 std::string read_transcript(const std::string& path, std::vector<test_case>& cases);
 
-// Puts bytes in place of \r \n \t \\ \0 \xNN.
+// Puts bytes in place of \r \n \t \\ \0 \xNN, and \*N{text} is N times the text.
 std::string unescaped(const std::string& text);
 
 // The other way round, for messages.

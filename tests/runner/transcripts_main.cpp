@@ -30,9 +30,13 @@ struct session {
     bool is_off = false;
 };
 
+// A link of the phone points into the phone.
 std::string file_of(const session& s, const std::string& path)
 {
-    return s.p_phone->dir + "/root" + path;
+    const std::string file = s.p_phone->dir + "/root" + path;
+    std::error_code none;
+    const std::string target = std::filesystem::read_symlink(file, none).string();
+    return target.starts_with("/") ? s.p_phone->dir + "/root" + target : file;
 }
 
 std::string compare(const std::string& what, const std::string& wanted, const std::string& got)

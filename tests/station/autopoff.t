@@ -33,7 +33,7 @@ the cable in time sets the time back
 
 a phone on the cable stays on
   phone    clock hold
-  phone    clock +7200000
+  phone    clock +480000
   send     case?
   expect   CASE:false,OK
 
@@ -41,6 +41,6 @@ a state attribute that can't be read counts for nothing
   conf     without /sys/devices/virtual/android_usb/android0/state
   strange  any
   phone    clock hold
-  phone    clock +7200000
+  phone    clock +480000
   send     case?
   expect   CASE:false,OK

@@ -1,4 +1,5 @@
 // Input that must not hurt. After each assault the next good line is answered right.
+#include <cstdio>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -119,6 +120,25 @@ TEST_F(Input, AStationThatNeverReads)
     }
     port_take(phone.port, ignored);
     EXPECT_GT(ignored.size(), 1000u);
+    expect_alive();
+}
+
+// An answer of 30,000 bytes is more than the pseudo terminal holds: the phone's end waits for the station.
+TEST_F(Input, ALongAnswerComesWhole)
+{
+    std::string packet, wanted = "FTMC:";
+    for (int i = 0; i < 6000; i++) {
+        char text[8];
+        std::snprintf(text, sizeof text, "%02x", i % 251);
+        packet += text;
+        wanted += std::string(i != 0 ? ",0x" : "0x") + text;
+    }
+    wanted += ",OK\r\n";
+    ASSERT_TRUE(phone.ask("diag 01 " + packet, answer)) << answer;
+    ASSERT_GT(write(phone.port, "ftmc=1\r", 7), 0);
+    std::string got;
+    phone.receive(got, wanted.size());
+    EXPECT_TRUE(got == wanted) << got.size() << " of " << wanted.size() << " bytes";
     expect_alive();
 }
 

@@ -192,6 +192,26 @@ ssize_t plat_uevent_recv(int fd, void* buf, std::size_t size, std::uint32_t* p_s
     return p_plat_co->uevent_recv(fd, buf, size, p_sender, p_cred);
 }
 
+int plat_getaddrinfo(const char* host, const char* service, const addrinfo* p_hints, addrinfo** pp_found)
+{
+    return p_plat_co->getaddrinfo(host, service, p_hints, pp_found);
+}
+
+int plat_socket(int domain, int type, int protocol)
+{
+    return p_plat_co->socket(domain, type, protocol);
+}
+
+int plat_connect(int fd, const sockaddr* p_addr, socklen_t size)
+{
+    return p_plat_co->connect(fd, p_addr, size);
+}
+
+ssize_t plat_send(int fd, const void* buf, std::size_t size)
+{
+    return p_plat_co->send(fd, buf, size);
+}
+
 int plat_clock_gettime(clockid_t clock, timespec* p_out)
 {
     return p_plat_co->clock_gettime(clock, p_out);

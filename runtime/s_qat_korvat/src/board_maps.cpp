@@ -12,6 +12,15 @@ constexpr cfg_map_row cfg_map_tab[] = {
     // family, model, rev   pins                      calibration items
     { { 0, 0, 1 },          { pin_brenk_co_get, 1 },  { trim_brenk_co_get, 1 } },
 };
+
+// chip id and configuration id, firmware
+constexpr touch_modid touch_modid_info[] = {
+    { 0x740460, "touch_chip_id_0x74_config_id_0x0460.bin" },
+    { 0x750010, "touch_chip_id_0x75_config_id_0x0010.bin" },
+    { 0x740011, "touch_chip_id_0x74_config_id_0x0011.bin" },
+    { 0x750012, "touch_chip_id_0x75_config_id_0x0012.bin" },
+    { 0,        nullptr },
+};
 // clang-format on
 
 } // namespace
@@ -25,6 +34,20 @@ const light_map_row light_map_tab[] = {
     { LIGHT_ZONE_DISPLAY, 1,         1 },   // LCD backlight
     { LIGHT_ZONE_DISPLAY, 2,         7 },   // WLED backlight
     { 0,                  0,         0 },
+};
+
+touch_config touch_config_data = {
+    .link       = {},
+    .id         = 1,
+    .ctrl_path  = "/dev/max1187x_ctrl",
+    .name       = "max1187x",
+    .module     = "max1187x.ko",
+    .load_cmd   = nullptr,
+    .loaded     = 0,
+    .modid_info = touch_modid_info,
+    .fw_method  = TOUCH_FW_IOCTL,
+    .fw_cmd     = nullptr,
+    .fw_dir     = "/system/etc/firmware/",
 };
 
 const i2c_cfg_row i2c_cfg_tab[] = {

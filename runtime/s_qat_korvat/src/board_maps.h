@@ -9,6 +9,7 @@
 #include "light/light.h"
 #include "pin/pin.h"
 #include "screenconf/screenconf.h"
+#include "touch_v2/touch.h"
 #include "trim/trim.h"
 
 struct cfg_map_row {
@@ -18,6 +19,7 @@ struct cfg_map_row {
 };
 
 extern const light_map_row light_map_tab[];
+extern touch_config touch_config_data;
 extern const i2c_cfg_row i2c_cfg_tab[];
 extern const battery_cfg board_battery_cfg;
 extern const chargemon_cfg chmon_cfg;

@@ -26,6 +26,7 @@
 #include "ta_generic/ta_generic.h"
 #include "tiers.h"
 #include "tmr/tmr.h"
+#include "touch_v2/touch.h"
 #include "trim/trim.h"
 #include "usb/usb.h"
 #include "usb_linux/usb_linux.h"
@@ -81,8 +82,13 @@ void s_cfg_init()
     cfg_set_int("f_poff", "param1_delay", 1);
     screenconf_set(SCREEN_MAIN, &screenconf_main);
     screenconf_set(SCREEN_HDMI, &screenconf_hdmi);
+    touch_add_cfg(&touch_config_data);
     battery_set_cfg(&board_battery_cfg);
     chargemon_set_cfg(&chmon_cfg);
+    cfg_set_str("luigi", "start_key", "/system/scripts/start_korvat.lua");
+    cfg_set_str("luigi", "stop_key", "/system/scripts/stop.lua");
+    cfg_set_int("luigi", "canvas_padding", 8);
+    cfg_set_int("luigi", "button_padding", 30);
     cfg_set_str("sdcard_de", "mmc_dev", "/dev/block/mmcblk1p1");
     cfg_set_str("screen_brenk", "panel_debugfs", "/sys/kernel/debug/mdss_dsi_panel");
 }

@@ -41,6 +41,7 @@
 #include "f_syscfg/f_syscfg.h"
 #include "f_ta/f_ta.h"
 #include "f_temp/f_temp.h"
+#include "f_touch_v2/f_touch.h"
 #include "f_usb/f_usb.h"
 #include "file_linux/file_linux.h"
 #include "fsm/fsm.h"
@@ -53,6 +54,7 @@
 #include "light/light.h"
 #include "light_linux/light_linux.h"
 #include "light_pm8941/light_pm8941.h"
+#include "luigi/luigi.h"
 #include "msm/msm.h"
 #include "msm_linux/msm_linux.h"
 #include "pin/pin.h"
@@ -77,6 +79,8 @@
 #include "t_vers/t_vers.h"
 #include "t_vreg/t_vreg.h"
 #include "ta/ta.h"
+#include "touch_linux_v2/touch_linux.h"
+#include "touch_v2/touch.h"
 #include "trim/trim.h"
 #include "uevent/uevent.h"
 #include "usb/usb.h"
@@ -114,6 +118,7 @@ constexpr autoinit_entry initcompif[] = {
     spmi_init,
     syscfg_init,
     ta_if_init,
+    touch_init,
     trim_init,
     uevent_init,
     usb_init,
@@ -138,6 +143,7 @@ constexpr autoinit_entry initcomp[] = {
     kbd_qpnp_init,
     light_linux_init,
     light_pm8941_init,
+    luigi_init,
     msm_linux_init,
     pwrsupply_linux_init,
     queue_init,
@@ -148,6 +154,7 @@ constexpr autoinit_entry initcomp[] = {
     smps_brenk_init,
     spmi_linux_init,
     syscfg_brenk_init,
+    touch_linux_init,
     usb_linux_init,
     vers_amss_init,
     vers_linux_init,
@@ -181,6 +188,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_syscfg_init,
     f_ta_init,
     f_temp_init,
+    f_touch_init,
     f_usb_init,
     rfbv_brenk_init,
     t_vers_init,

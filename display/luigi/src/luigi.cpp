@@ -1,0 +1,222 @@
+#include "luigi/luigi.h"
+
+#include <atomic>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <thread>
+
+#include "cfg/cfg.h"
+#include "kbd/kbd.h"
+#include "luigi_report.h"
+#include "luigi_state.h"
+#include "plat/plat.h"
+#include "queue/queue.h"
+#include "tmr/tmr.h"
+#include "touch_v2/touch.h"
+
+namespace {
+
+constexpr int MOST_MESSAGES = 50;
+constexpr std::uint32_t STALE_US = 5'000'000;
+constexpr std::uint32_t FULL_RETRY_MS = 1;
+
+constexpr int CODE_POWER = 116;
+constexpr std::uint32_t CODE_PRESSURE = 24;
+
+queue luigi_message_queue;
+std::atomic<bool> luigi_default_running;
+kbd_observer luigi_kybrd;
+
+std::atomic<int> messages_waiting;
+std::atomic<int> stops_not_taken;      // a full queue held them back: they count for the script that runs
+std::atomic<std::uint64_t> busy_since; // with one message, from tmr_get64; 0: waiting for one
+
+bool stuck()
+{
+    const std::uint64_t since = busy_since;
+    return since != 0 && tmr_get64() - since > STALE_US;
+}
+
+bool has_path(const luigi_message& msg)
+{
+    const auto* const path = reinterpret_cast<const char*>(msg.a);
+    return path != nullptr && path[0] != '\0';
+}
+
+void luigi_keyboard_interface(int key, int action)
+{
+    if (key == CODE_POWER && action == KBD_PRESSED) {
+        luigi_toggle_default(-1);
+        return;
+    }
+    luigi_message msg{};
+    msg.type = LUIGI_MSG_KEY;
+    msg.a = static_cast<std::uintptr_t>(key);
+    msg.b = action == KBD_PRESSED ? LUIGI_KEY_PRESSED : action == KBD_RELEASED ? LUIGI_KEY_RELEASED : 0;
+    luigi_send_message(&msg);
+}
+
+std::uint32_t touch_action(const touch_event& event)
+{
+    if (event.value == 1)
+        return LUIGI_TOUCH_PRESSED;
+    if (event.value == 0)
+        return LUIGI_TOUCH_RELEASED;
+    return event.code == CODE_PRESSURE ? LUIGI_TOUCH_MOVED : 0;
+}
+
+void luigi_touch_interface(const touch_event* p_event)
+{
+    luigi_message msg{};
+    msg.type = LUIGI_MSG_TOUCH;
+    msg.a = p_event->x;
+    msg.b = p_event->y;
+    msg.c = touch_action(*p_event);
+    luigi_send_message(&msg);
+}
+
+// Time stamps have 32 bits; one that isn't below the present time is never stale.
+bool is_stale(const luigi_message& msg)
+{
+    const std::uint32_t now = tmr_get();
+    return msg.timestamp < now && now - msg.timestamp > STALE_US;
+}
+
+// A script of a running menu failed: the next press of the power key starts anew.
+void end_failed_menu(const std::string& error)
+{
+    luigi_state_close();
+    luigi_default_running = false;
+    luigi_report_log(error);
+    luigi_report_page(error, "The power key starts it again");
+}
+
+void draw_menu()
+{
+    std::string error;
+    if (luigi_state_exists() && !luigi_state_update(error))
+        end_failed_menu(error);
+}
+
+// A phone without the script is no fault: nothing is shown, as nothing runs.
+void start_menu(const char* path)
+{
+    std::string error;
+    if (luigi_state_exists())
+        return;
+    const bool there = plat_access(path, R_OK) == 0;
+    if (luigi_state_start(path, error)) {
+        touch_evt_attach(luigi_touch_interface);
+        draw_menu();
+        return;
+    }
+    luigi_report_log(error);
+    if (there)
+        luigi_report_page(error, "Press the power key twice to try again");
+}
+
+void stop_menu(const char* path)
+{
+    std::string error;
+    if (!luigi_state_exists())
+        return;
+    if (!luigi_state_stop(path, error))
+        return luigi_report_log(error);
+    luigi_state_update(error);
+    luigi_state_close();
+}
+
+void pass_to_menu(const luigi_message& msg)
+{
+    std::string error;
+    if (is_stale(msg) || !luigi_state_exists())
+        return;
+    const int taken = luigi_state_event(msg, error);
+    if (taken < 0)
+        end_failed_menu(error);
+    else if (taken == 1)
+        draw_menu();
+}
+
+void serve(const luigi_message& msg)
+{
+    auto* const path = reinterpret_cast<char*>(msg.a);
+    switch (msg.type) {
+    case LUIGI_MSG_START:
+        start_menu(path);
+        std::free(path);
+        break;
+    case LUIGI_MSG_STOP:
+        luigi_stops_wanted--;
+        stop_menu(path);
+        std::free(path);
+        break;
+    case LUIGI_MSG_TOUCH:
+    case LUIGI_MSG_KEY:
+        pass_to_menu(msg);
+        break;
+    default:
+        break;
+    }
+}
+
+void luigi_thread()
+{
+    for (;;) {
+        luigi_message msg;
+        busy_since = 0;
+        queue_get(&luigi_message_queue, &msg, sizeof msg);
+        messages_waiting--;
+        busy_since = tmr_get64() | 1;
+        serve(msg);
+        luigi_stops_wanted -= stops_not_taken.exchange(0);
+    }
+}
+
+} // namespace
+
+void luigi_init()
+{
+    if (queue_start(&luigi_message_queue, MOST_MESSAGES, sizeof(luigi_message)) != 1)
+        return;
+    std::thread(luigi_thread).detach();
+    kbd_evt_attach(&luigi_kybrd, luigi_keyboard_interface);
+}
+
+int luigi_send_message(luigi_message* p_msg)
+{
+    if (p_msg == nullptr || (p_msg->type <= LUIGI_MSG_STOP && !has_path(*p_msg)))
+        return -1;
+    const int stops = p_msg->type == LUIGI_MSG_STOP ? 1 : 0;
+    luigi_stops_wanted += stops;
+    while (messages_waiting >= MOST_MESSAGES) {
+        if (stuck()) {
+            stops_not_taken += stops;
+            return -1;
+        }
+        tmr_msleep(FULL_RETRY_MS);
+    }
+    p_msg->timestamp = tmr_get();
+    messages_waiting++;
+    queue_put(&luigi_message_queue, p_msg, sizeof *p_msg);
+    return 1;
+}
+
+int luigi_toggle_default(int mode)
+{
+    const bool start = mode == 1 || (mode != 0 && !luigi_default_running);
+    const char* const path = cfg_get_str("luigi", start ? "start_key" : "stop_key", nullptr);
+    if (path == nullptr)
+        return 0;
+    luigi_message msg{};
+    msg.type = start ? LUIGI_MSG_START : LUIGI_MSG_STOP;
+    char* const copy = strdup(path);
+    msg.a = reinterpret_cast<std::uintptr_t>(copy);
+    if (luigi_send_message(&msg) != 1) {
+        std::free(copy);
+        return -1;
+    }
+    luigi_default_running = start;
+    return 1;
+}

@@ -1,0 +1,26 @@
+#include "luigi_config.h"
+
+#include "cfg/cfg.h"
+
+luigi_settings luigi_config = {
+    .scripts_path = "/system/scripts/",
+    .canvas_padding = 6,
+    .button_padding = 15,
+    .label_padding = 4,
+    .button_back_color = 0xC0C0C0,
+    .button_border_color = 0,
+    .button_text_color_pressed = 0xFF0000,
+};
+
+void luigi_config_init()
+{
+    luigi_settings& c = luigi_config;
+    const auto read = [](const char* key, std::uint32_t& value) { value = cfg_get_int("luigi", key, value); };
+    c.scripts_path = cfg_get_str("luigi", "scripts_path", c.scripts_path);
+    read("canvas_padding", c.canvas_padding);
+    read("button_padding", c.button_padding);
+    read("label_padding", c.label_padding);
+    read("button_back_color", c.button_back_color);
+    read("button_border_color", c.button_border_color);
+    read("button_text_color_pressed", c.button_text_color_pressed);
+}

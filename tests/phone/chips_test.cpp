@@ -1,0 +1,219 @@
+// The chip models: one walk over all tables, and the bus that they stand behind.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <linux/i2c-dev.h>
+#include <linux/i2c.h>
+#include <string>
+#include <vector>
+
+#include "chips/chips.h"
+#include "chips/i2c_bus.h"
+#include "chips/pm8941.h"
+#include "core/control.h"
+#include "core/table.h"
+#include "core/watch.h"
+#include "devices/gpio.h"
+
+namespace {
+
+using namespace phone;
+
+// The bus with all chips, attached once; each test begins with chips that have just got their supply.
+struct Chips : testing::Test {
+    static void SetUpTestSuite()
+    {
+        static const bool attached = [] {
+            watch_attach();
+            gpio_attach();
+            i2c_attach();
+            return true;
+        }();
+        ASSERT_TRUE(attached);
+    }
+
+    void SetUp() override
+    {
+        for (const chip_model* p_model : chip_models)
+            chip_reset(*i2c_chip(p_model->bus, p_model->addr));
+        pmic_reset();
+        forget_strange();
+    }
+
+    void TearDown() override { forget_strange(); }
+
+    static void forget_strange() { control_request("strange off"); }
+    static bool strange_now() { return control_request("strange") != "ok\n"; }
+};
+
+// A register that nothing brings to life: it holds what the table says.
+bool is_plain(const reg_row& row)
+{
+    return row.before_read == nullptr && row.after_write == nullptr && row.after_read == nullptr;
+}
+
+TEST_F(Chips, TablesHoldEachRegisterOnceAndEachAddressOneChip)
+{
+    for (const chip_model* p_model : chip_models) {
+        int last = -1;
+        for (const reg_row& row : p_model->regs) {
+            EXPECT_LT(last, row.addr) << p_model->name;
+            last = row.addr;
+        }
+        EXPECT_EQ(i2c_chip(p_model->bus, p_model->addr)->p_model, p_model) << p_model->name;
+    }
+}
+
+TEST_F(Chips, RegistersHaveTheirResetValuesAndKeepWhatCantBeWritten)
+{
+    for (const chip_model* p_model : chip_models) {
+        chip& c = *i2c_chip(p_model->bus, p_model->addr);
+        for (const reg_row& row : p_model->regs) {
+            if (!is_plain(row))
+                continue;
+            SCOPED_TRACE(std::string(p_model->name) + " register " + std::to_string(row.addr));
+            EXPECT_EQ(chip_read(c, row.addr), row.reset);
+            const std::uint8_t fixed = row.reset & ~row.writable & 0xFF;
+            for (const int written : {0xFF, 0x00, 0x5A}) {
+                chip_write(c, row.addr, static_cast<std::uint8_t>(written));
+                EXPECT_EQ(chip_read(c, row.addr), fixed | (written & row.writable));
+            }
+        }
+    }
+    EXPECT_FALSE(strange_now());
+}
+
+TEST_F(Chips, TheAddressPastTheLastReadsAsZeroAndIsStrange)
+{
+    for (const chip_model* p_model : chip_models) {
+        if (p_model->regs.empty() || p_model->regs.back().addr == 0xFF)
+            continue;
+        chip& c = *i2c_chip(p_model->bus, p_model->addr);
+        const auto past = static_cast<std::uint8_t>(p_model->regs.back().addr + 1);
+        forget_strange();
+        EXPECT_EQ(chip_read(c, past), 0) << p_model->name;
+        EXPECT_TRUE(strange_now()) << p_model->name;
+        forget_strange();
+        chip_write(c, past, 0xA5);
+        EXPECT_EQ(c.val[past], 0) << p_model->name;
+        EXPECT_TRUE(strange_now()) << p_model->name;
+    }
+}
+
+struct soft_reset {
+    int bus;
+    int addr;
+    std::uint8_t reg;   // where the reset is asked for
+    std::uint8_t magic; // and with what
+    std::uint8_t other; // a value that does nothing
+    std::uint8_t some;  // a register that can be written in full
+};
+
+TEST_F(Chips, ASoftResetTakesItsOwnValueOnly)
+{
+    constexpr soft_reset resets[] = {
+        {5, 0x18, 0x14, 0xB6, 0xB5, 0x38},
+        {5, 0x68, 0x14, 0xB6, 0x6B, 0x37},
+        {5, 0x0C, 0x0B, 0x01, 0x02, 0x0F},
+    };
+    for (const soft_reset& r : resets) {
+        chip& c = *i2c_chip(r.bus, r.addr);
+        SCOPED_TRACE(c.p_model->name);
+        chip_write(c, r.some, 0x77);
+        chip_write(c, r.reg, r.other);
+        EXPECT_EQ(chip_read(c, r.some), 0x77);
+        chip_write(c, r.reg, r.magic);
+        for (const reg_row& row : c.p_model->regs)
+            EXPECT_EQ(c.val[row.addr], row.reset) << "register " << int{row.addr};
+    }
+}
+
+// One transfer on a bus, as a driver makes it.
+struct bus {
+    int fd;
+
+    explicit bus(const char* path) : fd(phone_co.open(path, 2, 0)) {}
+    ~bus() { phone_co.close(fd); }
+    bus(const bus&) = delete;
+    bus& operator=(const bus&) = delete;
+
+    int transfer(std::vector<i2c_msg> messages) const
+    {
+        i2c_rdwr_ioctl_data data{messages.data(), static_cast<std::uint32_t>(messages.size())};
+        return phone_co.ioctl(fd, I2C_RDWR, &data);
+    }
+};
+
+i2c_msg message(std::uint16_t addr, std::vector<std::uint8_t>& bytes, std::uint16_t flags = 0)
+{
+    return {addr, flags, static_cast<std::uint16_t>(bytes.size()), bytes.data()};
+}
+
+TEST_F(Chips, APointerMovesOnOverMessagesAndTransfers)
+{
+    const bus b("/dev/i2c-5");
+    std::vector<std::uint8_t> write = {0x38, 0x11, 0x22, 0x33};
+    std::vector<std::uint8_t> point = {0x38};
+    std::vector<std::uint8_t> one(1);
+    std::vector<std::uint8_t> two(2);
+    EXPECT_EQ(b.transfer({message(0x18, write)}), 1);
+    EXPECT_EQ(b.transfer({message(0x18, point), message(0x18, one, I2C_M_RD)}), 2);
+    EXPECT_EQ(b.transfer({message(0x18, two, I2C_M_RD)}), 1);
+    EXPECT_EQ(one[0], 0x11);
+    EXPECT_EQ(two, (std::vector<std::uint8_t>{0x22, 0x33}));
+    EXPECT_FALSE(strange_now());
+}
+
+TEST_F(Chips, ATransferEndsWhereNothingAcknowledges)
+{
+    const bus b("/dev/i2c-5");
+    std::vector<std::uint8_t> first = {0x38, 0x44};
+    std::vector<std::uint8_t> second = {0x39, 0x55};
+    EXPECT_EQ(b.transfer({message(0x18, first), message(0x19, second), message(0x18, second)}), -1);
+    EXPECT_EQ(i2c_chip(5, 0x18)->val[0x38], 0x44);
+    EXPECT_EQ(i2c_chip(5, 0x18)->val[0x39], 0x00);
+    EXPECT_EQ(bus("/dev/i2c-4").transfer({message(0x18, first)}), -1);
+    EXPECT_EQ(b.transfer({}), -1);
+}
+
+TEST_F(Chips, TheLightSensorTakesACommandByte)
+{
+    const bus b("/dev/i2c-5");
+    std::vector<std::uint8_t> repeated = {0x80 | 0x0E};
+    std::vector<std::uint8_t> counting = {0xA0 | 0x11};
+    std::vector<std::uint8_t> bare = {0x12};
+    std::vector<std::uint8_t> two(2);
+    i2c_chip(5, 0x39)->val[0x0E] = 0x08;
+    i2c_chip(5, 0x39)->val[0x0F] = 0x2C;
+    EXPECT_EQ(b.transfer({message(0x39, repeated), message(0x39, two, I2C_M_RD)}), 2);
+    EXPECT_EQ(two, (std::vector<std::uint8_t>{0x08, 0x08}));
+    EXPECT_EQ(b.transfer({message(0x39, counting), message(0x39, two, I2C_M_RD)}), 2);
+    EXPECT_EQ(two, (std::vector<std::uint8_t>{0x00, 0x39}));
+    // Without bit 7 it is no command: the pointer stays at 0x13.
+    EXPECT_EQ(b.transfer({message(0x39, bare), message(0x39, two, I2C_M_RD)}), 2);
+    EXPECT_EQ(two, (std::vector<std::uint8_t>{0x00, 0x5A}));
+}
+
+TEST_F(Chips, ThePowerChipKeepsItsTableAndItsIdentities)
+{
+    for (const pmic_row& row : pmic_rows()) {
+        if (row.before_read != nullptr || row.after_write != nullptr)
+            continue;
+        std::uint8_t value;
+        ASSERT_TRUE(pmic_bus_read(row.addr, value));
+        EXPECT_EQ(value, row.reset) << std::hex << row.addr;
+        ASSERT_TRUE(pmic_bus_write(row.addr, static_cast<std::uint8_t>(~row.reset)));
+        EXPECT_EQ(pmic_get(row.addr), row.reset ^ row.writable) << std::hex << row.addr;
+    }
+    EXPECT_TRUE(pmic_bus_write(0x1D804, 0x55)); // the type of the LED strings
+    EXPECT_EQ(pmic_get(0x1D804), 0x1B);
+    EXPECT_FALSE(strange_now());
+    std::uint8_t value = 0xAA;
+    EXPECT_TRUE(pmic_bus_read(0x07000, value)); // no peripheral has its base here
+    EXPECT_EQ(value, 0);
+    EXPECT_TRUE(strange_now());
+    EXPECT_FALSE(pmic_bus_read(0x20000, value)); // no slave 2
+    EXPECT_FALSE(pmic_bus_write(0xF0000, 1));
+}
+
+} // namespace

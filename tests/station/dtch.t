@@ -1,0 +1,129 @@
+# The live touch test: what the station reads of a finger on the panel.
+
+a tap is reported once, at the press
+  send     dtch=1
+  expect   DTCH: ,OK
+  phone    touch 540 960 down
+  expect   DTCH:540,960,540,960,OK
+  phone    touch 540 960 up
+  phone    clock +100
+  phone    touch 1079 1919 tap
+  expect   DTCH:1079,1919,1079,1919,OK
+  send     dtch=0
+  expect   DTCH: ,OK
+
+the driver is loaded and its node waited for
+  send     dtch=1
+  expect   DTCH: ,OK
+  phone    shell -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg\n0 insmod /system/modules/max1187x.ko
+
+a trace follows the finger, in the places where it is when it is asked
+  send     dtch=2
+  expect   DTCH: ,OK
+  phone    touch 100 200 down
+  expect   DTCH:100,200,100,200,OK
+  phone    touch 110 220 move
+  expect   DTCH:110,220,110,220,OK
+  phone    touch 110 220 up
+  expect   DTCH:110,220,110,220,OK
+
+press and release, with a leading 1 and 0
+  send     dtch=3
+  expect   DTCH: ,OK
+  phone    touch 7 8 down
+  expect   DTCH:1,7,8,7,8,OK
+  phone    touch 9 10 move
+  phone    touch 9 10 up
+  expect   DTCH:0,9,10,9,10,OK
+
+a trace with an interval leaves out what comes too soon
+  send     dtch=2,1000
+  expect   DTCH: ,OK
+  phone    clock hold
+  phone    touch 1 1 down
+  phone    clock +40
+  expect   DTCH:1,1,1,1,OK
+  phone    touch 2 2 move
+  phone    clock +900
+  phone    touch 3 3 move
+  phone    clock +200
+  phone    touch 4 4 move
+  phone    clock +40
+  expect   DTCH:4,4,4,4,OK
+  phone    clock run
+
+an interval above 1000 is no limit
+  send     dtch=2,2000
+  expect   DTCH: ,OK
+  phone    touch 1 1 down
+  expect   DTCH:1,1,1,1,OK
+  phone    touch 2 2 move
+  expect   DTCH:2,2,2,2,OK
+
+at most one event each 20 ms
+  send     dtch=2,5
+  expect   DTCH: ,OK
+  phone    clock hold
+  phone    touch 1 1 down
+  phone    touch 2 2 move
+  phone    touch 3 3 move
+  phone    clock +20
+  # the first event, in the place where the finger is by now
+  expect   DTCH:3,3,3,3,OK
+  send     dtch=?
+  expect   DTCH:Test active touch device,DTCH:mode(0=off, 1=touch tap on, 2=touch trace on, 3=touch detect press/release, interval=1-1000),dtch      (0-3)[,(1-1000)]                                  test(mode,interval),OK
+  phone    clock run
+  expect   DTCH:3,3,3,3,OK
+  expect   DTCH:3,3,3,3,OK
+
+starting twice doesn't report twice
+  send     dtch=1
+  expect   DTCH: ,OK
+  send     dtch=1
+  expect   DTCH: ,OK
+  phone    touch 20 30 tap
+  expect   DTCH:20,30,20,30,OK
+  phone    clock +100
+  send     dtch=0
+  expect   DTCH: ,OK
+
+after the end nothing is reported
+  send     dtch=1
+  expect   DTCH: ,OK
+  send     dtch=0
+  expect   DTCH: ,OK
+  phone    touch 20 30 tap
+  phone    clock +100
+
+modes are 0 to 3
+  send     dtch
+  expect   DTCH: ,SYNTAX
+  send     dtch=4
+  expect   DTCH: ,SYNTAX
+
+a driver that can't be loaded
+  conf     without /system/modules/max1187x.ko
+  phone    speed 100
+  send     dtch=1
+  expect   DTCH: ,ERROR
+
+a driver whose node doesn't come up, tried six times
+  phone    fail open /dev/max1187x_ctrl 5
+  send     dtch=1
+  expect   DTCH: ,OK
+  phone    fail off -> 0
+  send     dtch=0
+  expect   DTCH: ,OK
+  phone    fail open /dev/max1187x_ctrl 6
+  send     dtch=1
+  expect   DTCH: ,ERROR
+  phone    fail off -> 0
+
+a panel whose place can't be asked gives no report
+  send     dtch=1
+  expect   DTCH: ,OK
+  phone    fail ioctl /dev/input/event2 1
+  phone    touch 20 30 tap
+  phone    clock +100
+  phone    touch 21 31 tap
+  expect   DTCH:21,31,21,31,OK

@@ -1,0 +1,116 @@
+// The SPMI driver on three plain files: the layout of the kernel's dump, and what goes the other way.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "plat_fake.h"
+#include "spmi/spmi.h"
+#include "spmi_linux/spmi_linux.h"
+
+namespace {
+
+std::string top; // the files lie below it
+
+struct Spmi : testing::Test {
+    void SetUp() override
+    {
+        plat_fake_reset();
+        plat_fake_co.open = [](const char* path, int flags, mode_t mode) {
+            return open((top + path).c_str(), flags, mode);
+        };
+        std::string pattern = testing::TempDir() + "/spmi-XXXXXX";
+        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+        top = pattern;
+        std::filesystem::create_directories(top + "/sys/kernel/debug/spmi/spmi-2");
+        for (const char* name : {"address", "count", "data"})
+            put(name, "");
+        spmi_init();
+        spmi_linux_init();
+    }
+    void TearDown() override { std::filesystem::remove_all(top); }
+
+    static std::string path(const char* name) { return top + "/sys/kernel/debug/spmi/spmi-2/" + name; }
+    static void put(const char* name, const std::string& text) { std::ofstream(path(name)) << text; }
+    static std::string get(const char* name)
+    {
+        std::ostringstream text;
+        text << std::ifstream(path(name)).rdbuf();
+        return text.str();
+    }
+};
+
+using bytes = std::vector<std::uint8_t>;
+
+TEST_F(Spmi, ADumpIsReadAcrossItsRows)
+{
+    put("data", "1D840 -- -- -- -- -- -- -- -- -- -- -- -- -- -- AE AF\n"
+                "1D850 B0 B1 B2 B3 B4 B5 B6 B7 B8 B9 BA BB BC BD BE BF\n1D860 C0\n");
+    bytes got(19);
+    EXPECT_EQ(spmi_read(2, 0xFFF1D84E, got.data(), got.size()), 1);
+    bytes wanted;
+    for (int i = 0xAE; i <= 0xC0; i++)
+        wanted.push_back(static_cast<std::uint8_t>(i));
+    EXPECT_EQ(got, wanted);
+    EXPECT_EQ(get("address"), "0x1D84E\n");
+    EXPECT_EQ(get("count"), "19\n");
+}
+
+TEST_F(Spmi, ADumpThatEndsEarlyIsAFailure)
+{
+    bytes got(2, 0x55);
+    for (const char* text : {"", "1D840", "1D840 AA", "1D840 AA ", "\n", "   "}) {
+        put("data", text);
+        EXPECT_EQ(spmi_read(2, 0x1D840, got.data(), 2), 0) << text;
+    }
+    put("data", "1D840 -- AA BB\n");
+    EXPECT_EQ(spmi_read(2, 0x1D841, got.data(), 2), 1);
+    EXPECT_EQ(got, (bytes{0xAA, 0xBB}));
+    bytes many(SPMI_MOST_READ + 1);
+    EXPECT_EQ(spmi_read(2, 0x1D840, many.data(), many.size()), 0);
+    EXPECT_EQ(spmi_read(3, 0x1D840, got.data(), 2), 0); // no such bus
+}
+
+TEST_F(Spmi, TheLongestDumpFillsAllFields)
+{
+    std::string text;
+    for (std::size_t i = 0; i < SPMI_MOST_READ; i++)
+        text +=
+            (i % 16 == 0 ? (i == 0 ? "00000 " : "\n00000 ") : " ") + std::string(i % 2 == 0 ? "5A" : "C3");
+    put("data", text + "\n");
+    bytes got(SPMI_MOST_READ);
+    ASSERT_EQ(spmi_read(2, 0, got.data(), got.size()), 1);
+    for (std::size_t i = 0; i < got.size(); i++)
+        ASSERT_EQ(got[i], i % 2 == 0 ? 0x5A : 0xC3) << i;
+    EXPECT_EQ(spmi_read(2, 1, got.data(), got.size()), 0);
+}
+
+TEST_F(Spmi, BytesAreWrittenAsText)
+{
+    const bytes out = {0x00, 0x0A, 0xFF};
+    EXPECT_EQ(spmi_write(2, 0x1D84D, out.data(), out.size()), 1);
+    EXPECT_EQ(get("address"), "0x1D84D\n");
+    EXPECT_EQ(get("data"), "0x00 0x0a 0xff");
+    EXPECT_EQ(spmi_write(2, 0x1D84D, out.data(), 0), 0);
+    const bytes most(3277, 0x11);
+    EXPECT_EQ(spmi_write(2, 0x1D84D, most.data(), 3277), 0);
+    EXPECT_EQ(get("data"), "0x00 0x0a 0xff");
+    EXPECT_EQ(spmi_write(2, 0x1D84D, most.data(), 3276), 1);
+    EXPECT_EQ(get("data").size(), 3276u * 5 - 1);
+}
+
+TEST_F(Spmi, AMaskedWriteKeepsTheOtherBits)
+{
+    put("data", "02840 -- -- -- -- -- F4 0F\n");
+    EXPECT_EQ(spmi_masked_write(2, 0x03, 0x2845, 0x02, 2), 1);
+    EXPECT_EQ(get("data"), "0xf6 0x0e");
+    put("data", "");
+    EXPECT_EQ(spmi_masked_write(2, 0x03, 0x2845, 0x02, 1), 0);
+    EXPECT_EQ(get("data"), "");
+}
+
+} // namespace
