@@ -132,8 +132,8 @@ int prepare_and_run(lua_State* state)
 {
     auto* const path = lua_touserdata(state, 1);
     prepare(state);
+    lua_settop(state, 0);
     lua_pushlightuserdata(state, path);
-    lua_replace(state, 1);
     return run_script(state);
 }
 

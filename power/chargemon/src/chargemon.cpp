@@ -117,6 +117,7 @@ void chargemon_start()
     fsm_start(&chmon_fsm.machine, &chmon_fsm.idle);
     chmon_fsm.running = true;
     chmon_fsm.total_ms = 0;
+    chmon_fsm.retries = 0;
     chmon_log("-------- New session ---------");
     tmr_cb_add(&tick_link, tmr_cb_chargemon, cmcfg.tick_period);
 }
