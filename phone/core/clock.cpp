@@ -231,7 +231,7 @@ void worker_loop()
         idle_workers--;
         const auto fire = expiries.front();
         expiries.pop_front();
-        mark.known = true; // counted by who has handed it over
+        mark.enter_locked(true); // counted by who has handed it over
         lock.unlock();
         (*fire)();
         mark.leave();
@@ -563,7 +563,10 @@ void clock_thread(std::function<void()> body)
         at_work++;
     }
     std::thread([body = std::move(body)] {
-        clock_enter_counted();
+        {
+            const std::lock_guard lock(clock_mutex);
+            mark.enter_locked(true);
+        }
         body();
     }).detach();
 }
