@@ -196,6 +196,7 @@ endless recursion and endless tables are errors of the script
   write    /system/scripts/start_korvat.lua local t = {} for i = 1, 1e9 do t[i] = ("x"):rep(2e7) end
   phone    key 116 tap
   phone    clock +200
+  phone    idle
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:1: stack overflow\nQAT: luigi: not enough memory
 
 wrong arguments and wrong widgets are told in words
