@@ -15,6 +15,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "core/conf.h"
 #include "core/control.h"
 #include "core/text.h"
 
@@ -606,6 +607,7 @@ void clock_attach()
     clock_meet_thread();
     word_add("clock", "hold|run|+MS", "stops the phone's clocks, lets them run, moves them on", word_clock);
     word_add("speed", "[F]", "how many times as fast as real time the phone lives, 1 to 1000", word_speed);
+    conf_add_word("speed");
     word_add("idle", "", "answers when the program's loop waits for input and has none", word_idle);
     std::thread(timer_loop).detach();
 }

@@ -11,6 +11,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "core/control.h"
 #include "core/files_table.h"
 #include "core/home.h"
 #include "core/text.h"
@@ -91,6 +92,17 @@ ssize_t write_attribute(open_file& file, const void* buf, std::size_t size)
     return n;
 }
 
+std::string word_files(request& rq)
+{
+    if (!rq.args.empty())
+        return "nothing is wanted";
+    const std::lock_guard lock(table_mutex);
+    for (const auto& file : table)
+        if (file != nullptr)
+            rq.answer += (rq.answer.empty() ? "" : "\n") + file->path;
+    return {};
+}
+
 } // namespace
 
 void node_add(std::string_view path, const node* p_node)
@@ -161,6 +173,7 @@ std::string host_path(std::string_view path, bool follow_last)
             done.clear();
         push({target, static_cast<std::size_t>(n)});
     }
+    home_lay(done);
     return place_of(done);
 }
 
@@ -216,6 +229,11 @@ ssize_t files_write(open_file* p_file, int fd, const void* buf, std::size_t size
     if (p_file != nullptr && p_file->p_node == nullptr && p_file->attribute)
         return write_attribute(*p_file, buf, size);
     return ::write(fd, buf, size);
+}
+
+void files_attach()
+{
+    word_add("files", "", "what the program has open", word_files);
 }
 
 bool node_exists(std::string_view path)

@@ -64,6 +64,9 @@ std::string host_path(std::string_view path, bool follow_last = true);
 bool file_read(std::string_view path, std::string& text);
 bool file_write(std::string_view path, std::string_view text, bool append = false);
 
+// Adds the word `files`.
+void files_attach();
+
 // For device models that keep descriptors in hand: the open files of a path.
 std::shared_ptr<open_file> file_of(int fd);
 bool path_is_lacking(std::string_view path);

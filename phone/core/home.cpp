@@ -1,9 +1,12 @@
 #include "core/home.h"
 
+#include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
+#include <map>
+#include <mutex>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -13,9 +16,12 @@ namespace phone {
 namespace {
 
 std::string home_dir;
-std::string seed_trouble;
 int lock_fd = -1;
-bool first_start;
+std::atomic<bool> first_start;
+
+std::mutex seeds_mutex;                                // guards the two below and the laying of a seed
+std::map<std::string, std::string, std::less<>> seeds; // by path, not laid yet
+std::string seed_trouble;
 
 std::string trouble(const std::string& path, const char* what)
 {
@@ -83,6 +89,21 @@ bool write_whole(const std::string& path, std::string_view text)
     return false;
 }
 
+// What is there already stays: it is the bench's.
+void lay_locked(const std::string& path, const std::string& text)
+{
+    const std::string file = home_path("root") + path;
+    const std::string half = file + ".seed";
+    bool done = write_whole(half, text);
+    if (!done && errno == ENOENT && make_dirs(file.substr(0, file.rfind('/'))))
+        done = write_whole(half, text);
+    if (done && renameat2(AT_FDCWD, half.c_str(), AT_FDCWD, file.c_str(), RENAME_NOREPLACE) == 0)
+        return;
+    if (!done || errno != EEXIST)
+        seed_trouble = trouble(file, "be written");
+    unlink(half.c_str());
+}
+
 } // namespace
 
 std::string home_take(const std::string& dir)
@@ -111,32 +132,46 @@ bool home_is_first_start()
     return first_start;
 }
 
-std::string home_seeded()
+void home_seed(std::string_view path, std::string_view text)
 {
-    if (!seed_trouble.empty())
-        return seed_trouble;
+    if (!first_start)
+        return;
+    const std::lock_guard lock(seeds_mutex);
+    seeds.emplace(path, text);
+}
+
+void home_lay(std::string_view path)
+{
+    if (!first_start)
+        return;
+    const std::lock_guard lock(seeds_mutex);
+    if (const auto exact = seeds.find(path); exact != seeds.end()) {
+        lay_locked(exact->first, exact->second);
+        seeds.erase(exact);
+    }
+    const std::string below = std::string(path) + (path.ends_with('/') ? "" : "/");
+    for (auto it = seeds.lower_bound(below); it != seeds.end() && it->first.starts_with(below);) {
+        lay_locked(it->first, it->second);
+        it = seeds.erase(it);
+    }
+}
+
+std::string home_lay_seeds()
+{
+    for (;;) {
+        const std::lock_guard lock(seeds_mutex);
+        if (!seed_trouble.empty())
+            return seed_trouble;
+        if (seeds.empty())
+            break;
+        lay_locked(seeds.begin()->first, seeds.begin()->second);
+        seeds.erase(seeds.begin());
+    }
     // The log folder comes last: it tells the next start that the seeds are whole.
     if (first_start && !make_dirs(home_path("log")))
         return trouble(home_path("log"), "be made");
     first_start = false;
     return {};
-}
-
-void home_seed(std::string_view path, std::string_view text)
-{
-    if (!first_start || !seed_trouble.empty())
-        return;
-    const std::string file = home_path("root") + std::string(path);
-    if (access(file.c_str(), F_OK) == 0)
-        return;
-    const std::string half = file + ".seed";
-    bool done = write_whole(half, text);
-    if (!done && errno == ENOENT && make_dirs(file.substr(0, file.rfind('/'))))
-        done = write_whole(half, text);
-    if (done && rename(half.c_str(), file.c_str()) == 0)
-        return;
-    seed_trouble = trouble(file, "be written");
-    unlink(half.c_str());
 }
 
 std::string home_path(std::string_view below)

@@ -11,15 +11,19 @@ namespace phone {
 // that names the thing (not writable, damaged, already running, disk full).
 std::string home_take(const std::string& dir);
 
-// True until home_seeded: this DIR never held a phone that started up whole.
+// True until the seeds are laid: this DIR never held a phone that started up whole.
 bool home_is_first_start();
 
-// Ends the first start: from now on the seeds of this DIR stand.
-std::string home_seeded();
-
 // At a first start, gives the phone's file `path` ("/sys/...") the content `text`, unless it is there
-// already. A failure is kept, and home_seeded reports it.
+// already. The file is laid by home_lay_seeds, or before that when somebody asks for it.
 void home_seed(std::string_view path, std::string_view text);
+
+// Lays the seeds of `path` and of all below it, if they aren't yet: to be called before a path is used.
+void home_lay(std::string_view path);
+
+// Lays all seeds and so ends the first start. The result is empty, or what is wrong. Takes its time: it runs
+// beside the start of the program.
+std::string home_lay_seeds();
 
 // A path below DIR ("root/sys/..." or "log/kmsg"), for the host's own calls.
 std::string home_path(std::string_view below);

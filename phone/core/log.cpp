@@ -113,6 +113,8 @@ void log_line(log_name log, std::string_view line)
 
 void log_flush()
 {
+    if (home_is_first_start())
+        return; // there is no folder for it yet
     const std::lock_guard files(file_mutex);
     for (std::size_t log = 0; log < log_files.size(); log++) {
         std::string text;

@@ -2,6 +2,7 @@
 
 #include "chips/i2c_bus.h"
 #include "core/conf.h"
+#include "core/files.h"
 #include "core/log.h"
 #include "core/uevents.h"
 #include "core/watch.h"
@@ -36,6 +37,7 @@ namespace {
 constexpr phone_part parts[] = {
     // name     attach           seed              start
     { "log",    log_attach,      nullptr,          nullptr },
+    { "files",  files_attach,    nullptr,          nullptr },
     { "watch",  watch_attach,    nullptr,          nullptr },
     { "conf",   conf_attach,     nullptr,          nullptr },
     { "tools",  tools_attach,    nullptr,          nullptr },

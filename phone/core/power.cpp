@@ -131,17 +131,31 @@ std::string boot(const start_options& options)
     for (const phone_part& part : phone_parts)
         if (part.seed != nullptr)
             part.seed();
-    if (wrong = home_seeded(); !wrong.empty())
-        return wrong;
     for (const phone_part& part : phone_parts)
         if (part.start != nullptr)
             part.start();
     if (wrong = port_start(); !wrong.empty())
         return wrong;
+    clock_set_speed(options.speed);
     if (wrong = conf_run_words(); !wrong.empty())
         return wrong;
-    clock_set_speed(options.speed);
-    return control_start();
+    return {};
+}
+
+// What goes on beside the start of the program: the seeds of a new phone, the control port, and the word to
+// who waits for a start in the background. Nobody outside sees a phone that isn't whole.
+void finish_start()
+{
+    std::string wrong = home_lay_seeds();
+    if (wrong.empty())
+        wrong = control_start();
+    if (!wrong.empty()) {
+        std::fprintf(stderr, "hvt: %s\n", wrong.c_str());
+        port_stop();
+        _exit(1);
+    }
+    if (starter >= 0)
+        tell_starter();
 }
 
 } // namespace
@@ -159,8 +173,7 @@ std::string power_on(const start_options& options, char** argv)
     if (!wrong.empty())
         return wrong;
     std::thread(signal_loop).detach();
-    if (starter >= 0)
-        std::thread(tell_starter).detach();
+    std::thread(finish_start).detach();
     return {};
 }
 

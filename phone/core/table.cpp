@@ -194,6 +194,12 @@ dirent* co_readdir(DIR* dir)
     return watched("readdir", "", static_cast<dirent*>(nullptr), [&] { return ::readdir(dir); });
 }
 
+int co_closedir(DIR* dir)
+{
+    const int result = ::closedir(dir); // as with close, the fault comes behind the deed
+    return watched("closedir", "", -1, [&] { return result; });
+}
+
 int co_rename(const char* from, const char* to)
 {
     return on_host("rename", from, false, [&](const char* host) {
@@ -361,7 +367,7 @@ const plat_callouts phone_co = {
     .access        = co_access,
     .opendir       = co_opendir,
     .readdir       = co_readdir,
-    .closedir      = [](DIR* dir) { return watched("closedir", "", -1, [&] { return ::closedir(dir); }); },
+    .closedir      = co_closedir,
     .rename        = co_rename,
     .unlink        = [](const char* path) { return on_host("unlink", path, false, [](const char* host) { return ::unlink(host); }); },
     .symlink       = [](const char* target, const char* path) { return on_host("symlink", path, false, [&](const char* host) { return ::symlink(target, host); }); },

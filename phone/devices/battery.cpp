@@ -42,7 +42,7 @@ constexpr pmic_row charger_rows[] = {
     { ibat_max,  0x06,  0x3F },
     { chg_ctrl,  0x01,  0x8F },
     { chg_src,   0x00,  0x00 },
-    { iusb_max,  0x00,  0x1F },
+    { iusb_max,  0x05,  0x1F },
     { idc_max,   0x01,  0x1F },
     { 0x01348,   0x10,  0x11 },   // USB path: feeding the cable
     { 0x02845,   0x10,  0x13 },   // coin cell: low bits 2 charge it
@@ -364,6 +364,7 @@ void battery_seed()
     home_seed(type_path, "Battery\n");
     home_seed(tech_path, "Li-ion\n");
     home_seed("/sys/devices/qpnp-iadc-9/calib_ccadc", "0\n");
+    home_seed("/system/build.prop", "ro.product.device=korvat\n"); // the folder of the charging log
     const std::lock_guard lock(battery_mutex);
     kind = usb_state_configured() ? kind_usb : kind_none;
     home_seed(chg_type_path, std::string(kinds[kind].found) + "\n");

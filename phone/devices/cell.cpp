@@ -10,7 +10,9 @@ namespace {
 
 constexpr double feed_mv = 5000;
 constexpr double converter = 0.9; // efficiency of the charger's converter
-constexpr double phone_ma = 698;  // what the phone takes: its processors at full speed, its panel lit
+constexpr double phone_ma = 600;  // what the phone takes: its processors at full speed, its panel lit
+constexpr double idle_ma = 4;     // what the cell gives in any case: its gauge, the clock
+constexpr double weak_mv = 3690;  // at rest; below it the chip spares the cell, whatever it was told
 constexpr double full_mv = 4350;  // the charger holds this voltage and lets the current fall
 constexpr double seconds_per_hour = 3600;
 
@@ -52,14 +54,14 @@ double cell_percent(const cell& c)
 
 double cell_current_ma(const cell& c, const cell_feed& feed)
 {
-    if (!feed.present || feed.on_battery)
-        return -phone_ma;
     const double at_rest = rest_mv(cell_percent(c));
+    if (!feed.present || (feed.on_battery && at_rest > weak_mv))
+        return -phone_ma;
     const double left_over = feed.input_ma * feed_mv * converter / at_rest - phone_ma;
     if (left_over <= 0)
         return left_over; // the cell helps out
-    if (!feed.charging)
-        return 0;
+    if (!feed.charging || feed.on_battery)
+        return -idle_ma;
     const double until_full = std::max(0.0, full_mv - at_rest) / ohm(c);
     return std::min({left_over, feed.battery_ma, until_full});
 }
@@ -71,7 +73,7 @@ double cell_voltage_mv(const cell& c, double ma)
 
 void cell_flow(cell& c, double ma, double seconds)
 {
-    constexpr double at_no_current = 27.9; // the phone on a desk at 25 degrees
+    constexpr double at_no_current = 28.03; // the phone on a desk at 25 degrees
     constexpr double degrees_per_a2 = 1.03;
     constexpr double settling_s = 600;
     const double amps = ma / 1000;

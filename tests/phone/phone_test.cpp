@@ -45,7 +45,7 @@ struct Phone : testing::Test {
         kmsg_attach();
         home_seed("/sys/class/lamp/level", "7\n");
         home_seed("/data/text", "abc");
-        ASSERT_EQ(home_seeded(), "");
+        ASSERT_EQ(home_lay_seeds(), "");
     }
     static void TearDownTestSuite() { std::filesystem::remove_all(dir); }
 

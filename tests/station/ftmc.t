@@ -208,3 +208,34 @@ no value is a syntax error, and what it is
   send     ftmc=?
   expect   FTMC:Factory Test Mode Channel,
   + ftmc      (0-255)[,(0-255)...]                              ftmc(data),OK
+
+of the rules for the modem the newest that fits wins, until it is used up
+  phone    diag 01 0101
+  phone    diag 0102 0102 2
+  phone    diag 02 0202
+  send     ftmc=1,2
+  expect   FTMC:0x01,0x02,OK
+  send     ftmc=1
+  expect   FTMC:0x01,0x01,OK
+  send     ftmc=1,2
+  expect   FTMC:0x01,0x02,OK
+  send     ftmc=1,2
+  expect   FTMC:0x01,0x01,OK
+  phone    diag off
+  send     ftmc=1,2
+  # the modem's own: a bad command
+  expect   FTMC:0x13,0x01,0x02,OK
+  fails    diag 1 01
+  fails    diag 01
+  fails    diag 01 zz
+  fails    diag 01 01 0
+  fails    diag log
+  fails    diag log 1
+
+a log that can't be read counts as empty
+  phone    diag log 01
+  phone    fail diag 103 1
+  send     ftmc=201
+  expect   FTMC:0xc9,0x00,0x00,0x00,0x00,OK
+  send     ftmc=201
+  expect   FTMC:0xc9,0x01,0x00,0x00,0x00,OK

@@ -49,7 +49,7 @@ the result is read from its place in the record, low byte first
   phone    speed 1000
   # no measurement of the modem's own, but a record of 29 bytes: 12345.6 at 17, 16909060 at 21
   phone    diag 4B0D650016 4B0D65001632
-  phone    fail diag 106
+  phone    fail diag 106 1
   phone    diag log FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF40E2010004030201FFFFFFFF
   send     grsd=4,32,10
   expect   GRSD:12345.6,16909060,OK

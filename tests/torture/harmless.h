@@ -4,11 +4,45 @@
 struct harmless_row {
     const char* call; // what the call's text begins with, "operation path"
     const char* reason;
+    const char* line = ""; // of which command lines, by their beginning
 };
 
 // clang-format off
 constexpr harmless_row harmless[] = {
     { "system echo \"",       "a line for the kernel log is for the record only" },
     { "close ",               "the descriptor is closed all the same" },
+    { "closedir ",            "likewise" },
+    { "ta_close ",            "likewise" },
+    { "ta_getnextid ",        "the library gives the end of its walk and a failure alike" },
+    { "auxnvq_get_unit_size 0x9F7", "the library gives an absent unit and a failure alike" },
+    { "ioctl /dev/i2c-5",     "time-out and retries are wishes; a transfer that fails is \"no ack\"" },
+    { "lseek /dev/gpio",      "a node that was just opened stands at its beginning" },
+    { "open /dev/gpio544",    "without its supply the RF identity is a voltage that fits no variant" },
+    { "write /dev/gpio544",   "likewise" },
+    { "open /dev/gpio547",    "a variant pin that can't be read counts as inactive" },
+    { "read /dev/gpio547",    "likewise" },
+    { "open /sys/kernel/debug/regulator/8941_l17/", "a regulator without a readable level goes on as it is" },
+    { "read /sys/kernel/debug/regulator/8941_l17/", "likewise" },
+    { "open /sys/class/regulator/", "the list of the help ends where a name can't be read" },
+    { "read /sys/class/regulator/", "likewise" },
+    { "open /sys/devices/system/cpu/", "a mode passes over what an offline processor lacks; the help shows no text" },
+    { "open /sys/module/",    "likewise" },
+    { "write /sys/devices/system/cpu/", "likewise" },
+    { "write /sys/module/",   "likewise" },
+    { "read /sys/devices/system/cpu/", "likewise" },
+    { "read /sys/module/",    "likewise" },
+    { "closedir ",            "the walk is over" },
+    { "lseek /dev/gpio",      "a node that was just opened stands at its start" },
+    { "stat /s",              "what an open file or an entry is like isn't asked for; where it matters it's told" },
+    { "umount /sdcard",       "a station may unmount what isn't mounted", "mstt=5,0" },
+    { "umount /sdcard",       "only makes sure that it isn't mounted; the umount after that is told", "mstt=4,3" },
+    { "open /dev/gpio62",     "a capacity that can't be told is 0", "mstt=1" },
+    { "read /dev/gpio62",     "a capacity that can't be told is 0", "mstt=1" },
+    { "mount ",               "a capacity that can't be told is 0", "mstt=1" },
+    { "statfs ",              "a capacity that can't be told is 0", "mstt=1" },
+    { "umount ",              "a capacity that can't be told is 0", "mstt=1" },
+    { "open /dev/gpio62",     "only a card that is surely out isn't formatted", "mstt=4,3" },
+    { "read /dev/gpio62",     "only a card that is surely out isn't formatted", "mstt=4,3" },
+    { "ioctl /dev/graphics/", "the answer is about the figure alone", "dfig" },
 };
 // clang-format on

@@ -123,10 +123,9 @@ int lcl_list_dir_info(const char* path, char* p_buf, std::size_t size)
     bool fits = append(p_buf, size, &used, item.name);
     while (fits && file_fnd_next(p_hnd, &item))
         fits = append(p_buf, size, &used, ",") && append(p_buf, size, &used, item.name);
-    file_fnd_close(p_hnd);
     if (used < size)
         p_buf[used] = '\0';
-    return 1;
+    return file_fnd_close(p_hnd);
 }
 
 int sdcard_de_list(const char* path, char* p_buf, std::size_t size)

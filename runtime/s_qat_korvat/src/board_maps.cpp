@@ -64,6 +64,21 @@ const i2c_cfg_row i2c_cfg_tab[] = {
 };
 // clang-format on
 
+const battery_cfg board_battery_cfg = {
+    .algorithm = 1,
+    .model = 3,
+    .ires = 135,
+    .type_path = "/sys/class/power_supply/battery/technology",
+    .temp_path = "/sys/class/power_supply/battery/temp",
+};
+
+const chargemon_cfg chmon_cfg = [] {
+    chargemon_cfg cfg{};
+    cfg.preset = 6;
+    cfg.capacity = 2380;
+    return cfg;
+}();
+
 const cfg_map_row& s_cfg_map(const hwp& board)
 {
     for (std::size_t i = 0;; i++) {

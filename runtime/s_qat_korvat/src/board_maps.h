@@ -2,6 +2,8 @@
 // screens are.
 #pragma once
 
+#include "battery/battery.h"
+#include "chargemon/chargemon.h"
 #include "hwp/hwp.h"
 #include "i2c/i2c.h"
 #include "light/light.h"
@@ -19,6 +21,8 @@ struct cfg_map_row {
 extern const light_map_row light_map_tab[];
 extern touch_config touch_config_data;
 extern const i2c_cfg_row i2c_cfg_tab[];
+extern const battery_cfg board_battery_cfg;
+extern const chargemon_cfg chmon_cfg;
 extern screenconf screenconf_main;
 extern screenconf screenconf_hdmi;
 

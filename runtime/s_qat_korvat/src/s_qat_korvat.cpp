@@ -7,6 +7,7 @@
 #include "battery/battery.h"
 #include "board_maps.h"
 #include "cfg/cfg.h"
+#include "chargemon/chargemon.h"
 #include "cio_tty/cio_tty.h"
 #include "cio_v2/cio.h"
 #include "core/core.h"
@@ -38,14 +39,6 @@ constexpr const char* vmrk_rev = "@(#) s_qat_korvat_1_32_2_5_b";
 constexpr int light_green = 2; // subzone: the program is alive
 
 constexpr hwp board_hwp = {0, 0, 1};
-
-constexpr battery_cfg board_battery_cfg = {
-    .algorithm = 1,
-    .model = 3,
-    .ires = 135,
-    .type_path = "/sys/class/power_supply/battery/technology",
-    .temp_path = "/sys/class/power_supply/battery/temp",
-};
 
 rev_rec space_num;
 cio cio_clnt;
@@ -91,6 +84,7 @@ void s_cfg_init()
     screenconf_set(SCREEN_HDMI, &screenconf_hdmi);
     touch_add_cfg(&touch_config_data);
     battery_set_cfg(&board_battery_cfg);
+    chargemon_set_cfg(&chmon_cfg);
     cfg_set_str("luigi", "start_key", "/system/scripts/start_korvat.lua");
     cfg_set_str("luigi", "stop_key", "/system/scripts/stop.lua");
     cfg_set_int("luigi", "canvas_padding", 8);
@@ -138,6 +132,7 @@ int s_entry(int, char**)
     usb_evt_attach(&usb_tpok_con, usb_cb_tpok_con);
     autopoff_start();
     usb_start();
+    chargemon_start();
     rfbv_setup();
     syscfg_set_mode(0);
     return core_start();

@@ -13,6 +13,7 @@
 #include "cfg/cfg.h"
 #include "charge/charge.h"
 #include "charge_qpnp/charge_qpnp.h"
+#include "chargemon/chargemon.h"
 #include "cio_stdio/cio_stdio.h"
 #include "cio_tty/cio_tty.h"
 #include "cio_v2/cio.h"
@@ -133,6 +134,7 @@ constexpr autoinit_entry initcomp[] = {
     bmp_init,
     cfg_init,
     charge_qpnp_init,
+    chargemon_init,
     cio_stdio_init,
     cio_tty_init,
     fuelgauge_pm8941_init,

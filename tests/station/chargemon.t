@@ -1,0 +1,383 @@
+# The charging monitor, which looks after the battery when a charger is attached and no USB host is. Its log is
+# /system/chargemon.txt; the time in a line counts from where the monitor leaves idle. It ticks every 2 s, so that
+# a step of 2000 ms of a held clock is one tick. Pinned values tell it what to do: 3860 mV and -100 mA, for
+# instance, are 3860 + 13.5 = 3873 mV at rest (in its integers, as all below), between 3880 (55) and 3847 (50).
+
+a USB host ends it at its first tick, and it leaves the charger alone
+  conf     charger wall
+  phone    clock hold
+  phone    clock +60000
+  file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
+  +        [     0.000] Terminating charging monitor.\n
+  phone    spmi 1049 -> 01
+  phone    charger none
+  phone    clock +60000
+  file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
+  +        [     0.000] Terminating charging monitor.\n
+  send     case?
+  expect   CASE:false,OK
+
+without a charger, or with a host that doesn't charge, it waits
+  conf     usb off
+  conf     charger none
+  phone    clock hold
+  phone    clock +2000
+  phone    charger usb
+  phone    clock +10000
+  phone    charger none
+  phone    clock +2000
+  file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
+  +        [     0.000] No charger connected.\n
+  +        [     0.000] USB connected (no charging).\n
+  +        [     0.000] No charger connected.\n
+  phone    spmi 1049 -> 01
+  file     /sys/class/leds/red/brightness -> 0\n
+
+a wall charger charges a low battery: log, registers, blinking light
+  conf     usb off
+  conf     charger none
+  phone    clock hold
+  phone    clock +2000
+  # 3773 + 200 * 0.135 = 3800 mV, between 3807 (40) and 3793 (35): 35 + 7 * 5 / 14 = 37, of 2380 mAh 880 mAh
+  phone    battery 3773 -200
+  phone    charger wall
+  phone    clock +2000
+  phone    spmi 1049 -> 80
+  phone    spmi 1044 -> 1E
+  phone    spmi 1344 -> 0F
+  file     /sys/class/leds/red/brightness   -> 255
+  file     /sys/class/leds/green/brightness -> 0
+  phone    battery 4020 1100
+  # 880000 uAh + 2000 ms * 1100 mA / 3600 = 611 uAh; 60 percent are 1428 mAh; the missing 548 mAh take 1793 s
+  phone    clock +2000
+  file     /sys/class/leds/red/brightness -> 0
+  phone    clock +2000
+  file     /sys/class/leds/red/brightness -> 255
+  # a current of 0 is neither a retry nor an estimate
+  phone    battery 4020 0
+  phone    clock +2000
+  # 881222 uAh, missing 547 mAh: 547 * 3600 / 1500 = 1312 s
+  phone    battery 4020 1500
+  phone    clock +2000
+  file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
+  +        [     0.000] No charger connected.\n
+  +        [     0.000] USB Wall charger connected.\n
+  +        [     0.000] Charger connected.\n
+  +        [     0.000] capacities read: 37%, 37%, 37%\n
+  +        [     0.000] Starting capacity (37%, 880mAh).\n
+  +        [     0.000] Starting charging at 1500mA\n
+  +        [     2.000] 37%, 4020mV, 1100mA, 880mAh/1428mAh\n
+  +        [     2.000] Estimated time left 0h:29m:53s\n
+  +        [     4.000] 37%, 4020mV, 1100mA, 881mAh/1428mAh\n
+  +        [     4.000] Estimated time left 0h:29m:50s\n
+  +        [     6.000] 37%, 4020mV, 0mA, 881mAh/1428mAh\n
+  +        [     8.000] 37%, 4020mV, 1500mA, 882mAh/1428mAh\n
+  +        [     8.000] Estimated time left 0h:21m:50s\n
+
+the charger pulled while charging: off, and the phone goes off
+  conf     usb off
+  conf     charger none
+  phone    clock hold
+  phone    clock +2000
+  phone    battery 3773 -200
+  phone    charger simple
+  phone    clock +2000
+  phone    spmi 1049 -> 80
+  phone    battery 4020 1100
+  phone    charger none
+  # as if the phone couldn't go off, so that the log can be looked at
+  phone    fail system reboot
+  phone    clock +2000
+  phone    spmi 1049 -> 01
+  file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
+  +        [     0.000] No charger connected.\n
+  +        [     0.000] Simple charger connected.\n
+  +        [     0.000] Charger connected.\n
+  +        [     0.000] capacities read: 37%, 37%, 37%\n
+  +        [     0.000] Starting capacity (37%, 880mAh).\n
+  +        [     0.000] Starting charging at 1500mA\n
+  +        [     2.000] 37%, 4020mV, 1100mA, 880mAh/1428mAh\n
+  +        [     2.000] Estimated time left 0h:29m:53s\n
+  +        [     2.000] Charger disconnected.\n
+  +        [     2.000] Powering off.\n
+  # it is told again what it knows, then again that it is gone
+  phone    charger simple
+  phone    clock run
+  off
+
+a charger that changes its type is a charger that is gone
+  conf     usb off
+  conf     charger none
+  phone    clock hold
+  phone    clock +2000
+  # 3917 + 27 = 3944 mV, between 3967 (65) and 3929 (60): 60 + 15 * 5 / 38 = 61, above the target, within the margin
+  phone    battery 3917 -200
+  phone    charger wall
+  phone    clock +2000
+  phone    pixel 1000 1800 -> 00FF00
+  phone    charger simple
+  phone    fail system reboot
+  phone    clock +2000
+  file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
+  +        [     0.000] No charger connected.\n
+  +        [     0.000] USB Wall charger connected.\n
+  +        [     0.000] Charger connected.\n
+  +        [     0.000] Capacity (61) too high for charging.\n
+  +        [     0.000] Entering done state\n
+  +        [     2.000] 61%, 3917mV, -200mA\n
+  +        [     2.000] Charger disconnected.\n
+  +        [     2.000] Powering off.\n
+
+a charger that doesn't take over is switched on three times more, then the panel turns red
+  conf     usb off
+  conf     charger none
+  phone    clock hold
+  phone    clock +2000
+  phone    battery 3773 -200
+  phone    charger wall
+  # 880000 uAh are 36.97 percent of 2380 mAh
+  phone    clock +10000
+  file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
+  +        [     0.000] No charger connected.\n
+  +        [     0.000] USB Wall charger connected.\n
+  +        [     0.000] Charger connected.\n
+  +        [     0.000] capacities read: 37%, 37%, 37%\n
+  +        [     0.000] Starting capacity (37%, 880mAh).\n
+  +        [     0.000] Starting charging at 1500mA\n
+  +        [     2.000] 36%, 3773mV, -200mA, 880mAh/1428mAh\n
+  +        [     2.000] Start charging retry 1\n
+  +        [     4.000] 36%, 3773mV, -200mA, 880mAh/1428mAh\n
+  +        [     4.000] Start charging retry 2\n
+  +        [     6.000] 36%, 3773mV, -200mA, 880mAh/1428mAh\n
+  +        [     6.000] Start charging retry 3\n
+  +        [     8.000] 36%, 3773mV, -200mA, 880mAh/1428mAh\n
+  +        [     8.000] Error state: Charging did not start.\n
+  phone    spmi 1049 -> 01
+  phone    pixel 1000 1800 -> FF0000
+  file     /sys/class/leds/red/brightness           -> 0
+  file     /sys/class/leds/lcd-backlight/brightness -> 128
+  # there is no way back
+  phone    battery 4020 1100
+  phone    clock +2000
+  phone    spmi 1049 -> 01
+  phone    charger none
+  phone    clock run
+  off
+
+too hot is an error, and so is no temperature
+  conf     usb off
+  conf     charger none
+  phone    clock hold
+  phone    clock +2000
+  phone    battery 3773 -200
+  phone    charger wall
+  phone    clock +2000
+  phone    battery 4020 1100
+  # 80 degrees are still good
+  write    /sys/class/power_supply/battery/temp 809\n
+  phone    clock +2000
+  write    /sys/class/power_supply/battery/temp 810\n
+  phone    clock +4000
+  file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
+  +        [     0.000] No charger connected.\n
+  +        [     0.000] USB Wall charger connected.\n
+  +        [     0.000] Charger connected.\n
+  +        [     0.000] capacities read: 37%, 37%, 37%\n
+  +        [     0.000] Starting capacity (37%, 880mAh).\n
+  +        [     0.000] Starting charging at 1500mA\n
+  +        [     2.000] 37%, 4020mV, 1100mA, 880mAh/1428mAh\n
+  +        [     2.000] Estimated time left 0h:29m:53s\n
+  +        [     2.000] Error state: Battery temperature too high.\n
+  +        [     6.000] 0%, 4020mV, 1100mA\n
+  phone    spmi 1049 -> 01
+
+a reading of the temperature that fails is an error
+  conf     usb off
+  conf     charger none
+  phone    clock hold
+  phone    clock +2000
+  phone    battery 3773 -200
+  phone    charger wall
+  phone    clock +2000
+  phone    fail read /sys/class/power_supply/battery/temp
+  # the charger stays on when it can't be switched off, and that is told
+  phone    fail spmi 01049
+  phone    clock +2000
+  file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
+  +        [     0.000] No charger connected.\n
+  +        [     0.000] USB Wall charger connected.\n
+  +        [     0.000] Charger connected.\n
+  +        [     0.000] capacities read: 37%, 37%, 37%\n
+  +        [     0.000] Starting capacity (37%, 880mAh).\n
+  +        [     0.000] Starting charging at 1500mA\n
+  +        [     0.000] charge_set_mode failed.\n
+  +        [     0.000] Error state: Battery temperature too high.\n
+
+a full battery is discharged until it fits, then done on green, and charged again when it has sunk
+  conf     usb off
+  conf     charger none
+  phone    clock hold
+  phone    clock +2000
+  # 3940 + 27 = 3967 mV: 65 percent
+  phone    battery 3940 -200
+  phone    charger wall
+  phone    clock +2000
+  file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
+  +        [     0.000] No charger connected.\n
+  +        [     0.000] USB Wall charger connected.\n
+  +        [     0.000] Charger connected.\n
+  +        [     0.000] Capacity (65) too high,need discharging.\n
+  +        [     0.000] Entering discharge state\n
+  phone    pixel 1000 1800 -> 000000
+  file     /sys/class/leds/red/brightness           -> 255
+  file     /sys/class/leds/lcd-backlight/brightness -> 128
+  phone    clock +118000
+  write    /system/chargemon.txt (cut)\n
+  # 120 s aren't above 120 s
+  phone    clock +4000
+  file     /system/chargemon.txt -> (cut)\n
+  +        [   120.000] 65%, 3940mV, -200mA\n
+  +        [   120.000] waiting for voltage and current stable.\n
+  +        [   122.000] 65%, 3940mV, -200mA\n
+  +        [   122.000] enough time have passed for stable voltage and current.\n
+  # 3918 + 27 = 3945 mV: 60 + 16 * 5 / 38 = 62, within the margin
+  phone    battery 3918 -200
+  phone    clock +120000
+  write    /system/chargemon.txt (cut)\n
+  phone    clock +2000
+  file     /system/chargemon.txt -> (cut)\n
+  +        [   244.000] 62%, 3918mV, -200mA\n
+  +        [   244.000] enough time have passed for stable voltage and current.\n
+  +        [   244.000] Discharging done.\n
+  +        [   244.000] Entering done state\n
+  phone    pixel 1000 1800 -> 00FF00
+  file     /sys/class/leds/red/brightness           -> 0
+  file     /sys/class/leds/lcd-backlight/brightness -> 128
+  # 3892 + 27 = 3919 mV, between 3929 (60) and 3880 (55): 55 + 39 * 5 / 49 = 58, not below 58
+  phone    battery 3892 -200
+  phone    clock +118000
+  write    /system/chargemon.txt (cut)\n
+  phone    clock +2000
+  file     /system/chargemon.txt -> (cut)\n
+  +        [   364.000] 58%, 3892mV, -200mA\n
+  +        [   364.000] check if capacity keeps higher than recharge_cap.\n
+  # 3882 + 27 = 3909 mV: 55 + 29 * 5 / 49 = 57, of 2380 mAh 1356
+  phone    battery 3882 -200
+  phone    clock +118000
+  write    /system/chargemon.txt (cut)\n
+  phone    clock +2000
+  file     /system/chargemon.txt -> (cut)\n
+  +        [   484.000] 57%, 3882mV, -200mA\n
+  +        [   484.000] check if capacity keeps higher than recharge_cap.\n
+  +        [   484.000] capacities read: 57%, 57%, 57%\n
+  +        [   484.000] Starting capacity (57%, 1356mAh).\n
+  +        [   484.000] Starting charging at 1500mA\n
+  phone    spmi 1049 -> 80
+  file     /sys/class/leds/lcd-backlight/brightness -> 0
+
+charging ends one percent below the target, and after discharging too low it begins again
+  conf     usb off
+  conf     charger none
+  phone    clock hold
+  phone    clock +2000
+  # 3892 + 27 = 3919 mV: 58 percent, 1380 mAh. 59 percent are 1404.2 mAh: 24.2 mAh at 10000 mA are 8712 ms, but the
+  # charge is counted at the ticks: 1380000 + n * 2000 * 10000 / 3600 uAh, with n = 5 the first above
+  phone    battery 3892 -200
+  phone    charger wall
+  phone    clock +2000
+  phone    battery 4200 10000
+  phone    clock +8000
+  write    /system/chargemon.txt (cut)\n
+  # 3777 + 67 = 3844, between 3847 (50) and 3825 (45): 45 + 19 * 5 / 22 = 49, of 2380 mAh 1166
+  phone    clock +2000
+  phone    battery 3777 -500
+  file     /system/chargemon.txt -> (cut)\n
+  +        [    10.000] 59%, 4200mV, 10000mA, 1407mAh/1428mAh\n
+  +        [    10.000] Entering discharge state\n
+  phone    spmi 1049 -> 01
+  phone    clock +120000
+  write    /system/chargemon.txt (cut)\n
+  phone    clock +2000
+  file     /system/chargemon.txt -> (cut)\n
+  +        [   132.000] 49%, 3777mV, -500mA\n
+  +        [   132.000] enough time have passed for stable voltage and current.\n
+  +        [   132.000] capacities read: 49%, 49%, 49%\n
+  +        [   132.000] Starting capacity (49%, 1166mAh).\n
+  +        [   132.000] Starting charging at 1500mA\n
+
+three hours of charging are enough
+  conf     usb off
+  conf     charger none
+  phone    clock hold
+  phone    clock +2000
+  phone    battery 3773 -200
+  phone    charger wall
+  phone    clock +2000
+  # 1 mA is nothing in the integers of a tick: 2000 * 1 / 3600. 880000 uAh are 36.97 percent
+  phone    battery 3900 1
+  phone    clock +10798000
+  write    /system/chargemon.txt (cut)\n
+  phone    clock +2000
+  file     /system/chargemon.txt -> (cut)\n
+  +        [ 10800.000] 36%, 3900mV, 1mA, 880mAh/1428mAh\n
+  +        [ 10800.000] Error state: Charging time limit reached.\n
+
+a phone without a battery is an error that says so
+  conf     usb off
+  conf     charger none
+  conf     without /sys/class/power_supply/battery/type
+  strange  any
+  phone    clock hold
+  phone    clock +2000
+  phone    charger wall
+  phone    clock +2000
+  file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
+  +        [     0.000] No charger connected.\n
+  +        [     0.000] USB Wall charger connected.\n
+  +        [     0.000] Charger connected.\n
+  +        [     0.000] Error state: No valid battery detected.\n
+  phone    pixel 1000 1800 -> FF0000
+
+a log that can't be written loses its lines and nothing else
+  conf     usb off
+  conf     charger none
+  phone    clock hold
+  phone    clock +2000
+  phone    fail open /system/chargemon.txt all
+  phone    battery 3773 -200
+  phone    charger wall
+  phone    clock +4000
+  phone    spmi 1049 -> 80
+  file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
+  +        [     0.000] No charger connected.\n
+
+a charging phone isn't powered off for its time without the cable
+  conf     usb off
+  conf     charger none
+  conf     battery 10%
+  phone    clock hold
+  phone    clock +2000
+  phone    charger wall
+  phone    clock +1200000
+  phone    idle
+  phone    spmi 1049 -> 80
+
+a whole session by itself, from 30 percent to done
+  conf     usb off
+  conf     charger none
+  conf     battery 30%
+  phone    clock hold
+  phone    clock +2000
+  phone    charger wall
+  phone    clock +2000
+  phone    spmi 1049 -> 80
+  # 30 percent read as 24 under the phone's own load. From the cell's curve, summed outside: 35 percent by about
+  # 1.1 A take 2606 s, and after 122 s without a charge the battery reads 61 percent
+  phone    clock +2590000
+  phone    spmi 1049 -> 80
+  phone    clock +30000
+  phone    spmi 1049 -> 01
+  phone    pixel 1000 1800 -> 000000
+  phone    clock +120000
+  phone    pixel 1000 1800 -> 00FF00
+  file     /sys/class/power_supply/battery/capacity -> 64\n

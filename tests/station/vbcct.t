@@ -1,0 +1,109 @@
+# vbcct switches charging over the USB socket, with limits for the battery's and the input's current.
+
+currents are set with the charger
+  send     vbcct=1,1000,1500
+  expect   VBCCT: ,OK
+  # code 20, index 15
+  phone    spmi 1049 -> 80
+  phone    spmi 1044 -> 14
+  phone    spmi 1344 -> 0F
+  phone    spmi 1444 -> 0F
+  # code 4, index 0; code 60, index 25
+  send     vbcct=1,200,100
+  expect   VBCCT: ,OK
+  phone    spmi 1044 -> 04
+  phone    spmi 1344 -> 00
+  send     vbcct=1,3000,2500
+  expect   VBCCT: ,OK
+  phone    spmi 1044 -> 3C
+  phone    spmi 1444 -> 19
+  send     vbcct=0
+  expect   VBCCT: ,OK
+  phone    spmi 1049 -> 01
+  # 1000 mA and 1500 mA
+  send     vbcct=1
+  expect   VBCCT: ,OK
+  phone    spmi 1044 -> 14
+  phone    spmi 1344 -> 0F
+
+currents that aren't steps are refused, and the charger goes off again
+  send     vbcct=1,1025
+  expect   VBCCT: ,ERROR
+  phone    spmi 1049 -> 01
+  # the input limit was written, the battery's not
+  phone    spmi 1344 -> 0F
+  phone    spmi 1044 -> 06
+  send     vbcct=1,1000,550
+  expect   VBCCT: ,ERROR
+  phone    spmi 1049 -> 01
+  phone    spmi 1044 -> 06
+
+the charger really charges, as much as the limits and the feed allow
+  conf     charger wall
+  conf     battery 60%
+  phone    clock hold
+  phone    battery auto
+  send     batc=2
+  expect   BATC:-600,OK
+  send     vbcct=1,500
+  expect   VBCCT: ,OK
+  send     batc=2
+  expect   BATC:500,OK
+  # an hour of 500 mA into 2380 mAh is 21 percent
+  phone    clock +3600000
+  phone    battery auto
+  file     /sys/class/power_supply/battery/capacity -> 81\n
+  # 150 mA from the charger don't even feed the phone
+  send     vbcct=1,500,150
+  expect   VBCCT: ,OK
+  send     vbcct=0
+  expect   VBCCT: ,OK
+  send     batc=2
+  expect   BATC:-600,OK
+  phone    charger none
+  send     vbcct=1,500
+  expect   VBCCT: ,OK
+  send     batc=2
+  expect   BATC:-600,OK
+
+a bus that fails is an error, and the charger goes off again
+  phone    fail spmi 01344 1
+  send     vbcct=1
+  expect   VBCCT: ,ERROR
+  phone    spmi 1049 -> 01
+  phone    fail spmi 01049 1
+  send     vbcct=0
+  expect   VBCCT: ,ERROR
+
+the dump reads the charger's nine registers, whatever comes of it
+  phone    fail spmi 01044
+  phone    fail spmi 01049
+  phone    fail spmi 01308
+  phone    fail spmi 01344
+  phone    fail spmi 01444
+  phone    fail spmi 18345
+  phone    fail spmi 18346
+  phone    fail spmi 01348
+  phone    fail spmi 1A046
+  send     vbcct=2
+  expect   VBCCT: ,OK
+  phone    fail off -> 0
+
+one to three values, and an action up to 2
+  send     vbcct
+  expect   VBCCT: ,SYNTAX
+  send     vbcct=1,2,3,4
+  expect   VBCCT: ,SYNTAX
+  send     vbcct=3
+  expect   VBCCT: ,SYNTAX
+
+the list of currents goes out in full, though it is longer than other lines
+  send     vbcct=?
+  read     VBCCT:VBUS Charging Control Test command \n,VBCCT:VBCCT=0 - Turn off charging\n,
+  +        VBCCT:VBCCT=1,[<current_bat>,[<current_input>]] - Turn on charging\n,
+  +        VBCCT:Supported current_bat (0,50,100,150,200,250,300,350,400,450,500,550,600,650,700,750,800,850,900,950,
+  +        1000,1050,1100,1150,1200,1250,1300,1350,1400,1450,1500,1550,1600,1650,1700,1750,1800,1850,1900,1950,
+  +        2000,2050,2100,2150,2200,2250,2300,2350,2400,2450,2500,2550,2600,2650,2700,2750,2800,2850,2900,2950)\n,
+  +        VBCCT:Supported current_input (100,150,200,300,400,500,600,700,800,900,1000,1100,1200,1300,1400,1500,
+  +        1600,1700,1800,1900,2000,2100,2200,2300,2400,2500)\n,
+  +        vbcct     (0-1, W, W)                                       vbcct(action[,current[,current]],OK\r\n
