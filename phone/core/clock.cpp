@@ -5,9 +5,12 @@
 #include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <deque>
 #include <fcntl.h>
+#include <filesystem>
 #include <list>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <sys/eventfd.h>
@@ -110,6 +113,7 @@ struct thread_mark {
     pid_t tid = gettid();
     bool known = false;   // its work is counted
     bool blocked = false; // in one of the waits of this file
+    bool worker = false;  // runs expiries
     ~thread_mark()
     {
         if (known)
@@ -163,23 +167,20 @@ thread_look look_at(pid_t tid)
     return {sleeps, std::atoll(thread_file(tid, "schedstat").c_str())};
 }
 
-// Tells whether all threads at work only wait for one another: they sleep, and have slept since the last
-// call. What they wait for (a lock, a condition) is nothing that the clock could see.
-struct sleep_watch {
-    std::vector<thread_look> last;
-    bool all_asleep_locked()
-    {
-        std::vector<thread_look> now;
-        for (const thread_mark* p : known_threads)
-            if (!p->blocked)
-                now.push_back(look_at(p->tid));
-        const bool asleep =
-            static_cast<int>(now.size()) == at_work && now == last &&
-            std::all_of(now.begin(), now.end(), [](const thread_look& l) { return l.sleeps; });
-        last = std::move(now);
-        return asleep;
-    }
-};
+// Tells whether all threads at work only wait for one another: they sleep, and haven't run since the last
+// look. What they wait for (a lock, a condition) is nothing that the clock could see.
+bool all_asleep_locked()
+{
+    static std::vector<thread_look> last;
+    std::vector<thread_look> now;
+    for (const thread_mark* p : known_threads)
+        if (!p->blocked)
+            now.push_back(look_at(p->tid));
+    const bool asleep = static_cast<int>(now.size()) == at_work && now == last &&
+                        std::all_of(now.begin(), now.end(), [](const thread_look& l) { return l.sleeps; });
+    last = std::move(now);
+    return asleep;
+}
 
 // Blocks with `wait_host(timeout)` until it gives a result other than 0, or the deadline comes. wait_host
 // waits for the thread's kick_fd too and gives 0 when only that, or its time-out, ended it.
@@ -232,6 +233,7 @@ void worker_loop()
         const auto fire = expiries.front();
         expiries.pop_front();
         mark.enter_locked(true); // counted by who has handed it over
+        mark.worker = true;
         lock.unlock();
         (*fire)();
         mark.leave();
@@ -311,16 +313,16 @@ bool loop_has_input_locked()
 }
 
 // Waits until no thread is at work and the loop has nothing to read. Threads that wait for something the
-// clock can't see don't count, when they are seen asleep twice, or give no sign of life for 200 ms.
+// clock can't see don't count, when they are seen asleep, or give no sign of life for 200 ms.
 void settle(std::unique_lock<std::mutex>& lock)
 {
     const auto bound = std::chrono::steady_clock::now() + std::chrono::seconds(60);
     auto quiet_since = std::chrono::steady_clock::now();
     std::uint64_t seen = activity;
-    sleep_watch sleepers;
     while (at_work > 0 || loop_has_input_locked()) {
-        work_changed.wait_for(lock, std::chrono::microseconds(at_work > 0 ? 500 : 50));
-        if (at_work > 0 && sleepers.all_asleep_locked() && !loop_has_input_locked())
+        const auto woken = work_changed.wait_for(lock, std::chrono::microseconds(at_work > 0 ? 500 : 50));
+        if (woken == std::cv_status::timeout && at_work > 0 && !loop_has_input_locked() &&
+            all_asleep_locked())
             return;
         const auto now = std::chrono::steady_clock::now();
         if (activity != seen) {
@@ -407,6 +409,27 @@ std::string word_speed(request& rq)
     return {};
 }
 
+// Looks at the threads that the clock doesn't know, or that wait for something that it can't see: those of
+// the program that do work beside the loop. True when they sleep and haven't run since the last look.
+bool others_asleep_locked(std::map<pid_t, thread_look>& last)
+{
+    std::map<pid_t, thread_look> now;
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/task", error))
+        now[std::atoi(entry.path().filename().c_str())] = {};
+    now.erase(gettid());
+    now.erase(getpid());
+    for (const thread_mark* p : known_threads)
+        if (p->blocked || p->worker)
+            now.erase(p->tid);
+    for (auto& [tid, look] : now)
+        look = look_at(tid);
+    const bool asleep = now == last && std::all_of(now.begin(), now.end(),
+                                                   [](const auto& entry) { return entry.second.sleeps; });
+    last = std::move(now);
+    return asleep;
+}
+
 // The other threads have come to rest too, or have been at work for two seconds: the loop's answer is whole
 // all the same.
 std::string word_idle(request&)
@@ -414,15 +437,15 @@ std::string word_idle(request&)
     using namespace std::chrono_literals;
     const auto bound = std::chrono::steady_clock::now() + 60s;
     const auto others_bound = std::chrono::steady_clock::now() + 2s;
+    std::map<pid_t, thread_look> last;
     std::unique_lock lock(clock_mutex);
-    sleep_watch sleepers;
     for (;;) {
         const auto now = std::chrono::steady_clock::now();
-        if (loop_idle_locked() && (at_work == 0 || sleepers.all_asleep_locked() || now > others_bound))
+        if (loop_idle_locked() && (others_asleep_locked(last) || now > others_bound))
             return {};
         if (now > bound)
             return "the program has been at work for 60 s";
-        work_changed.wait_for(lock, std::chrono::microseconds(at_work > 0 ? 500 : 100));
+        work_changed.wait_for(lock, std::chrono::microseconds(300));
     }
 }
 
@@ -577,14 +600,6 @@ void clock_thread(std::function<void()> body)
     }).detach();
 }
 
-void clock_meet_thread()
-{
-    if (mark.known)
-        return;
-    const std::lock_guard lock(clock_mutex);
-    mark.enter_locked(false);
-}
-
 bool clock_loop_runs()
 {
     const std::lock_guard lock(clock_mutex);
@@ -604,7 +619,10 @@ void clock_attach()
     host_base = phone_base = host_now(CLOCK_MONOTONIC);
     wall_offset = host_now(CLOCK_REALTIME) - phone_base;
     main_thread = std::this_thread::get_id();
-    clock_meet_thread();
+    {
+        const std::lock_guard lock(clock_mutex);
+        mark.enter_locked(false);
+    }
     word_add("clock", "hold|run|+MS", "stops the phone's clocks, lets them run, moves them on", word_clock);
     word_add("speed", "[F]", "how many times as fast as real time the phone lives, 1 to 1000", word_speed);
     conf_add_word("speed");
