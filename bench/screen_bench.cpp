@@ -77,16 +77,23 @@ void start_panel(unsigned count)
     std::memset(screen_linux_get_screen_info(SCREEN_MAIN)->map_base, 0, pages * FRAME);
 }
 
-double least_ns(const std::function<void()>& body)
+double time_ns(const std::function<void()>& body)
 {
-    double least = 1e18;
+    const auto from = std::chrono::steady_clock::now();
+    body();
+    return std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - from).count();
+}
+
+// A row of the subject against the yardstick, in turns, so that a busy machine slows both.
+int compare(const char* name, double limit, const std::function<void()>& subject,
+            const std::function<void()>& yardstick)
+{
+    double measured = 1e18, wanted = 1e18;
     for (int i = 0; i < REPETITIONS; i++) {
-        const auto from = std::chrono::steady_clock::now();
-        body();
-        const std::chrono::duration<double, std::nano> time = std::chrono::steady_clock::now() - from;
-        least = std::min(least, time.count());
+        wanted = std::min(wanted, time_ns(yardstick));
+        measured = std::min(measured, time_ns(subject));
     }
-    return least;
+    return bench_row(name, measured, wanted, limit);
 }
 
 int client;
@@ -131,35 +138,32 @@ std::uint8_t* frame()
     return screen_linux_get_screen_info(SCREEN_MAIN)->map_base;
 }
 
-double frame_memset()
+void set_frame()
 {
-    volatile int value = 0x5A;
-    return least_ns([&] { std::memset(frame(), value, FRAME); });
+    static volatile int value = 0x5A;
+    std::memset(frame(), value, FRAME);
 }
 
 int bench_drawing()
 {
     start_panel(1);
     int over = 0;
-    for (const drawing_row& row : drawings) {
-        const double yardstick = frame_memset();
-        over += bench_row(row.line, least_ns([&] { send(row.line); }), yardstick, row.limit);
-    }
-    const char text[] = "The quick brown fox 123"; // 23 characters of 48 pixels fill a row
-    const double yardstick = frame_memset();
-    const double time = least_ns([&] {
+    for (const drawing_row& row : drawings)
+        over += compare(
+            row.line, row.limit, [&] { send(row.line); }, set_frame);
+    const auto print = [] { // 23 characters of 48 pixels fill a row
         for (unsigned y = 0; y + 48 < HEIGHT; y += 48)
-            screen_print(text, 0, y, 0xFFFFFF);
-    });
-    return over + bench_row("a full screen of text", time, yardstick, 1.4);
+            screen_print("The quick brown fox 123", 0, y, 0xFFFFFF);
+    };
+    return over + compare("a full screen of text", 1.4, print, set_frame);
 }
 
 int bench_invalidate()
 {
     start_panel(2);
-    const double yardstick = least_ns([&] { std::memcpy(frame() + FRAME, frame(), FRAME); });
-    return bench_row("the page copy of the invalidate", least_ns([] { screen_invalidate(); }), yardstick,
-                     1.05);
+    return compare(
+        "the page copy of the invalidate", 1.05, [] { screen_invalidate(); },
+        [] { std::memcpy(frame() + FRAME, frame(), FRAME); });
 }
 
 // A full-size picture, 1080 by 1920, in a file of the working folder.
@@ -186,17 +190,18 @@ int bench_picture()
     start_panel(1);
     const std::string path = write_picture();
     std::vector<std::uint8_t> file(54 + std::size_t{WIDTH} * HEIGHT * 3), copy(FRAME, 1);
-    const double yardstick = least_ns([&] {
+    const auto read_and_copy = [&] {
         const int fd = open(path.c_str(), O_RDONLY);
         if (read(fd, file.data(), file.size()) != static_cast<ssize_t>(file.size()))
             std::exit(1);
         close(fd);
         std::memcpy(frame(), copy.data(), FRAME);
-    });
+    };
     const std::string line = "dimg=\"" + path + "\"";
-    const double time = least_ns([&] { send(line); });
+    const int over = compare(
+        "dimg of a full-size picture", 1.2, [&] { send(line); }, read_and_copy);
     unlink(path.c_str());
-    return bench_row("dimg of a full-size picture", time, yardstick, 1.2);
+    return over;
 }
 
 } // namespace

@@ -28,10 +28,11 @@ int file_mkdir(const char* path);
 int file_exist(const char* path, file_item* p_item);
 
 // A walk over a directory, "." and ".." included, of which only the name is filled in. A handle is the
-// caller's until file_fnd_close; null if the directory can't be read. file_fnd_next gives 0 at the end.
+// caller's until file_fnd_close; null if the directory can't be read. file_fnd_next gives 0 at the end, and
+// file_fnd_close 0 when that wasn't the directory's end but a failure.
 file_find* file_fnd_first(const char* path, file_item* p_item);
 int file_fnd_next(file_find* p_hnd, file_item* p_item);
-void file_fnd_close(file_find* p_hnd);
+int file_fnd_close(file_find* p_hnd);
 
 // `mode` as for fopen. A handle is the caller's until file_close; null on failure. file_close gives 0 when
 // what was written didn't reach the file.

@@ -4,7 +4,9 @@
 #include <cerrno>
 #include <condition_variable>
 #include <cstdio>
+#include <cstdlib>
 #include <deque>
+#include <fcntl.h>
 #include <list>
 #include <memory>
 #include <mutex>
@@ -99,26 +101,34 @@ nanoseconds host_time_to_locked(nanoseconds deadline)
     return host > 1e18 ? forever : static_cast<nanoseconds>(host) + 1;
 }
 
+struct thread_mark;
+std::list<const thread_mark*> known_threads; // guarded by clock_mutex
+
 // Each thread's own wake-up descriptor, and its place in the count of those at work.
 struct thread_mark {
     int kick_fd = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-    bool known = false; // its work is counted
+    pid_t tid = gettid();
+    bool known = false;   // its work is counted
+    bool blocked = false; // in one of the waits of this file
     ~thread_mark()
     {
         if (known)
             leave();
         close(kick_fd);
     }
-    void enter()
+    void enter_locked(bool counted)
     {
-        const std::lock_guard lock(clock_mutex);
+        if (known)
+            return;
         known = true;
-        at_work++;
+        known_threads.push_back(this);
+        at_work += counted ? 0 : 1;
     }
     void leave()
     {
         const std::lock_guard lock(clock_mutex);
         known = false;
+        known_threads.remove(this);
         at_work--;
         activity++;
         work_changed.notify_all();
@@ -127,6 +137,50 @@ struct thread_mark {
 
 thread_local thread_mark mark;
 
+// What the host tells of a thread: whether it sleeps, and how long it has run until now.
+struct thread_look {
+    bool sleeps;
+    long long run_ns;
+    bool operator==(const thread_look&) const = default;
+};
+
+std::string thread_file(pid_t tid, const char* name)
+{
+    const std::string path = "/proc/self/task/" + std::to_string(tid) + "/" + name;
+    char text[512];
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const ssize_t n = fd >= 0 ? ::read(fd, text, sizeof text) : 0;
+    if (fd >= 0)
+        close(fd);
+    return {text, static_cast<std::size_t>(std::max<ssize_t>(n, 0))};
+}
+
+thread_look look_at(pid_t tid)
+{
+    const std::string stat = thread_file(tid, "stat");
+    const std::size_t name_end = stat.rfind(')');
+    const bool sleeps = name_end != stat.npos && stat.compare(name_end, 3, ") S") == 0;
+    return {sleeps, std::atoll(thread_file(tid, "schedstat").c_str())};
+}
+
+// Tells whether all threads at work only wait for one another: they sleep, and have slept since the last
+// call. What they wait for (a lock, a condition) is nothing that the clock could see.
+struct sleep_watch {
+    std::vector<thread_look> last;
+    bool all_asleep_locked()
+    {
+        std::vector<thread_look> now;
+        for (const thread_mark* p : known_threads)
+            if (!p->blocked)
+                now.push_back(look_at(p->tid));
+        const bool asleep =
+            static_cast<int>(now.size()) == at_work && now == last &&
+            std::all_of(now.begin(), now.end(), [](const thread_look& l) { return l.sleeps; });
+        last = std::move(now);
+        return asleep;
+    }
+};
+
 // Blocks with `wait_host(timeout)` until it gives a result other than 0, or the deadline comes. wait_host
 // waits for the thread's kick_fd too and gives 0 when only that, or its time-out, ended it.
 template <typename Wait>
@@ -134,11 +188,9 @@ int block(nanoseconds deadline, Wait wait_host)
 {
     waiter w{deadline, mark.kick_fd, false};
     std::unique_lock lock(clock_mutex);
-    if (!mark.known) {
-        mark.known = true; // a thread of the program that the clock meets for the first time
-        at_work++;
-    }
+    mark.enter_locked(false); // perhaps a thread of the program that the clock meets for the first time
     waiters.push_back(&w);
+    mark.blocked = true;
     at_work--;
     activity++;
     work_changed.notify_all();
@@ -153,6 +205,7 @@ int block(nanoseconds deadline, Wait wait_host)
     } while (result == 0 && now_locked() < deadline);
     if (!w.counted)
         at_work++;
+    mark.blocked = false;
     activity++;
     waiters.remove(&w);
     return result;
@@ -178,7 +231,7 @@ void worker_loop()
         idle_workers--;
         const auto fire = expiries.front();
         expiries.pop_front();
-        mark.known = true; // counted by who has handed it over
+        mark.enter_locked(true); // counted by who has handed it over
         lock.unlock();
         (*fire)();
         mark.leave();
@@ -257,15 +310,18 @@ bool loop_has_input_locked()
     return loop_waits && !loop_idle_locked();
 }
 
-// Waits until no thread is at work and the loop has nothing to read. A thread that has gone to wait for
-// something the clock can't see (a lock, a condition) is given 200 ms without a sign of life.
+// Waits until no thread is at work and the loop has nothing to read. Threads that wait for something the
+// clock can't see don't count, when they are seen asleep twice, or give no sign of life for 200 ms.
 void settle(std::unique_lock<std::mutex>& lock)
 {
     const auto bound = std::chrono::steady_clock::now() + std::chrono::seconds(60);
     auto quiet_since = std::chrono::steady_clock::now();
     std::uint64_t seen = activity;
+    sleep_watch sleepers;
     while (at_work > 0 || loop_has_input_locked()) {
-        work_changed.wait_for(lock, std::chrono::microseconds(at_work > 0 ? 2000 : 50));
+        work_changed.wait_for(lock, std::chrono::microseconds(at_work > 0 ? 500 : 50));
+        if (at_work > 0 && sleepers.all_asleep_locked() && !loop_has_input_locked())
+            return;
         const auto now = std::chrono::steady_clock::now();
         if (activity != seen) {
             seen = activity;
@@ -351,16 +407,23 @@ std::string word_speed(request& rq)
     return {};
 }
 
+// The other threads have come to rest too, or have been at work for two seconds: the loop's answer is whole
+// all the same.
 std::string word_idle(request&)
 {
-    const auto bound = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    using namespace std::chrono_literals;
+    const auto bound = std::chrono::steady_clock::now() + 60s;
+    const auto others_bound = std::chrono::steady_clock::now() + 2s;
     std::unique_lock lock(clock_mutex);
-    while (!loop_idle_locked()) {
-        work_changed.wait_for(lock, std::chrono::microseconds(100));
-        if (std::chrono::steady_clock::now() > bound)
+    sleep_watch sleepers;
+    for (;;) {
+        const auto now = std::chrono::steady_clock::now();
+        if (loop_idle_locked() && (at_work == 0 || sleepers.all_asleep_locked() || now > others_bound))
+            return {};
+        if (now > bound)
             return "the program has been at work for 60 s";
+        work_changed.wait_for(lock, std::chrono::microseconds(at_work > 0 ? 500 : 100));
     }
-    return {};
 }
 
 } // namespace
@@ -506,9 +569,20 @@ void clock_thread(std::function<void()> body)
         at_work++;
     }
     std::thread([body = std::move(body)] {
-        mark.known = true;
+        {
+            const std::lock_guard lock(clock_mutex);
+            mark.enter_locked(true);
+        }
         body();
     }).detach();
+}
+
+void clock_meet_thread()
+{
+    if (mark.known)
+        return;
+    const std::lock_guard lock(clock_mutex);
+    mark.enter_locked(false);
 }
 
 bool clock_loop_runs()
@@ -530,7 +604,7 @@ void clock_attach()
     host_base = phone_base = host_now(CLOCK_MONOTONIC);
     wall_offset = host_now(CLOCK_REALTIME) - phone_base;
     main_thread = std::this_thread::get_id();
-    mark.enter();
+    clock_meet_thread();
     word_add("clock", "hold|run|+MS", "stops the phone's clocks, lets them run, moves them on", word_clock);
     word_add("speed", "[F]", "how many times as fast as real time the phone lives, 1 to 1000", word_speed);
     conf_add_word("speed");

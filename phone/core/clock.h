@@ -39,6 +39,9 @@ bool clock_timer_delete(int timer);
 // clock, and blocks only through the calls above.
 void clock_thread(std::function<void()> body);
 
+// Makes the clock count the calling thread of the program as one that works.
+void clock_meet_thread();
+
 // True once the program's main loop has waited for input for the first time.
 bool clock_loop_runs();
 

@@ -149,6 +149,10 @@ void home_lay(std::string_view path)
         lay_locked(exact->first, exact->second);
         seeds.erase(exact);
     }
+    // A folder that only seeds would make has to be there for its other files.
+    const std::string folder(path.substr(0, path.rfind('/') + 1));
+    if (const auto next = seeds.lower_bound(folder); next != seeds.end() && next->first.starts_with(folder))
+        make_dirs(home_path("root") + folder.substr(0, folder.size() - 1));
     const std::string below = std::string(path) + (path.ends_with('/') ? "" : "/");
     for (auto it = seeds.lower_bound(below); it != seeds.end() && it->first.starts_with(below);) {
         lay_locked(it->first, it->second);

@@ -21,6 +21,7 @@
 #include "devices/processor.h"
 #include "devices/regulators.h"
 #include "devices/rtc.h"
+#include "devices/scripts.h"
 #include "devices/spmi.h"
 #include "devices/store.h"
 #include "devices/touch_panel.h"
@@ -57,6 +58,7 @@ constexpr phone_part parts[] = {
     { "insmod", insmod_attach,   nullptr,          nullptr },
     { "input",  input_attach,    nullptr,          nullptr },
     { "touch",  touch_panel_attach, touch_panel_seed, nullptr },
+    { "menu",   nullptr,         scripts_seed,     nullptr },
     { "leds",   leds_attach,     leds_seed,        nullptr },
     { "fb",     framebuffer_attach, nullptr,       framebuffer_start },
     { "panel",  panel_attach,    panel_seed,       nullptr },

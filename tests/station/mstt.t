@@ -150,8 +150,8 @@ a card that can't be unmounted, written or read is told
   phone    fail umount /sdcard
   send     mstt=3,1,"a","b"
   expect   ERROR
-  send     mstt=5,0
-  expect   MSTT:,OK
+  send     mstt=2,3,"a"
+  expect   MSTT:b,OK
   phone    fail write /sdcard/a
   send     mstt=3,1,"a","b"
   expect   ERROR

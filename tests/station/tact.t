@@ -266,13 +266,6 @@ the second dump fails when it differs from the first, and a unit over 8000 bytes
   expect   TACT:,ERROR
   file     /data/ram_dump2.txt -> 0000EB2B : 03 E8 \n0000EB3C : 41 2B 2B 41 \n
 
-a disk that is full makes a dump an error
-  phone    fail write /data/ram_dump1.txt
-  send     tact=1
-  expect   TACT:,OK
-  send     tact=12,1
-  expect   TACT:,ERROR
-
 the modem's NV memory is moved into the store, in steps or until it is done
   phone    clock hold
   send     tact=4,1

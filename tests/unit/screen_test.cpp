@@ -245,6 +245,31 @@ TEST(Screen, WithoutAnActiveScreenNothingIsDrawn)
     EXPECT_EQ(panel_fake_requests(), std::vector<std::string>());
 }
 
+TEST(Screen, TheStartScreenHasItsRampsAboveAndBelowTheText)
+{
+    constexpr int W = 480, H = 854;
+    panel_fake_reset({.width = W, .height = H});
+    ASSERT_EQ(screen_start(SCREEN_MAIN, 1), 1);
+    EXPECT_EQ(panel_fake_requests(), std::vector<std::string>{"pan 0"});
+    const auto picture = panel_fake_picture();
+    for (int y = 0; y < H; y++) {
+        for (int x = 0; x < W; x++) {
+            const int ramp = x * 255 / W;
+            uint32_t wanted = static_cast<uint32_t>(y * 2560 / H) * 0x010101;
+            for (int band = 0; band < 6; band++)
+                if (y >= H * (34 + band) / 40)
+                    wanted = static_cast<uint32_t>(band < 3 ? 255 - ramp : ramp) << (16 - band % 3 * 8);
+            if (y < H / 10 || y >= H * 34 / 40) {
+                ASSERT_EQ(picture[static_cast<std::size_t>(y * W + x)], wanted) << x << "," << y;
+            }
+        }
+    }
+    for (const panel_shape& shape : SHAPES) { // whatever the size
+        panel_fake_reset(shape);
+        EXPECT_EQ(screen_start(SCREEN_MAIN, 1), 1);
+    }
+}
+
 TEST(ScreenLinux, TheOtherDepthsGetTheSameFiguresInTheirLayout)
 {
     const fb_bitfield red5 = {11, 5, 0}, green6 = {5, 6, 0}, blue5 = {0, 5, 0};

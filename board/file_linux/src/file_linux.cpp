@@ -1,6 +1,7 @@
 #include "file_linux/file_linux.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -15,6 +16,7 @@ struct file_find {
     char path[PATH_BYTES];
     unsigned given; // entries so far
     DIR* dir;
+    bool failed;
 };
 
 struct file_hnd {
@@ -47,9 +49,12 @@ void name_item(const char* path, file_item* p_item)
 // The next entry of an open walk.
 int next_item(file_find* p_hnd, file_item* p_item)
 {
+    errno = 0; // the one way to tell a failure from the end
     const dirent* p_entry = plat_readdir(p_hnd->dir);
-    if (p_entry == nullptr)
+    if (p_entry == nullptr) {
+        p_hnd->failed = errno != 0;
         return 0;
+    }
     p_hnd->given++;
     if (std::strcmp(p_entry->d_name, ".") == 0 || std::strcmp(p_entry->d_name, "..") == 0) {
         *p_item = {};
@@ -112,10 +117,12 @@ int file_fnd_next(file_find* p_hnd, file_item* p_item)
     return next_item(p_hnd, p_item);
 }
 
-void file_fnd_close(file_find* p_hnd)
+int file_fnd_close(file_find* p_hnd)
 {
+    const bool failed = p_hnd->failed;
     plat_closedir(p_hnd->dir);
     std::free(p_hnd);
+    return !failed;
 }
 
 file_hnd* file_open(const char* path, const char* mode)

@@ -81,7 +81,10 @@ int on_card(Operate operate)
     if (sdcard_de_detect_card() != 1 || lcl_mount_mmc_dev() != 1)
         return 0;
     const int result = operate();
-    return lcl_unmount_mmc_dev() ? result : 0;
+    if (lcl_unmount_mmc_dev())
+        return result;
+    lcl_unmount_mmc_dev(); // once more: a card left mounted would fail every operation to come
+    return 0;
 }
 
 std::string on_card_path(const char* path)
@@ -123,10 +126,9 @@ int lcl_list_dir_info(const char* path, char* p_buf, std::size_t size)
     bool fits = append(p_buf, size, &used, item.name);
     while (fits && file_fnd_next(p_hnd, &item))
         fits = append(p_buf, size, &used, ",") && append(p_buf, size, &used, item.name);
-    file_fnd_close(p_hnd);
     if (used < size)
         p_buf[used] = '\0';
-    return 1;
+    return file_fnd_close(p_hnd);
 }
 
 int sdcard_de_list(const char* path, char* p_buf, std::size_t size)

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr std::uint32_t MODE_OFF = 0;
+// The modes of the touch test; 0 ends it.
 constexpr std::uint32_t MODE_TAP = 1;
 constexpr std::uint32_t MODE_TRACE = 2;
 constexpr std::uint32_t MODE_PRESS_RELEASE = 3;

@@ -24,18 +24,24 @@ constexpr std::uint32_t FULL_RETRY_MS = 1;
 constexpr int CODE_POWER = 116;
 constexpr std::uint32_t CODE_PRESSURE = 24;
 
-queue luigi_message_queue;
+// The thread waits at the queue until the process has ended, so the queue outlives every destructor.
+union lasting_queue {
+    queue q;
+    lasting_queue() : q{} {}
+    ~lasting_queue() {}
+};
+lasting_queue luigi_message_queue;
 std::atomic<bool> luigi_default_running;
 kbd_observer luigi_kybrd;
 
 std::atomic<int> messages_waiting;
 std::atomic<int> stops_not_taken;      // a full queue held them back: they count for the script that runs
-std::atomic<std::uint64_t> busy_since; // with one message, from tmr_get64; 0: waiting for one
+std::atomic<bool> busy;                // with a message
+std::atomic<std::uint64_t> busy_since; // or waiting for one since, from tmr_get64
 
 bool stuck()
 {
-    const std::uint64_t since = busy_since;
-    return since != 0 && tmr_get64() - since > STALE_US;
+    return busy && tmr_get64() - busy_since > STALE_US;
 }
 
 bool has_path(const luigi_message& msg)
@@ -161,14 +167,20 @@ void serve(const luigi_message& msg)
     }
 }
 
+void turn(bool to_work)
+{
+    busy_since = tmr_get64();
+    busy = to_work;
+}
+
 void luigi_thread()
 {
     for (;;) {
         luigi_message msg;
-        busy_since = 0;
-        queue_get(&luigi_message_queue, &msg, sizeof msg);
+        turn(false);
+        queue_get(&luigi_message_queue.q, &msg, sizeof msg);
         messages_waiting--;
-        busy_since = tmr_get64() | 1;
+        turn(true);
         serve(msg);
         luigi_stops_wanted -= stops_not_taken.exchange(0);
     }
@@ -178,7 +190,7 @@ void luigi_thread()
 
 void luigi_init()
 {
-    if (queue_start(&luigi_message_queue, MOST_MESSAGES, sizeof(luigi_message)) != 1)
+    if (queue_start(&luigi_message_queue.q, MOST_MESSAGES, sizeof(luigi_message)) != 1)
         return;
     std::thread(luigi_thread).detach();
     kbd_evt_attach(&luigi_kybrd, luigi_keyboard_interface);
@@ -199,7 +211,7 @@ int luigi_send_message(luigi_message* p_msg)
     }
     p_msg->timestamp = tmr_get();
     messages_waiting++;
-    queue_put(&luigi_message_queue, p_msg, sizeof *p_msg);
+    queue_put(&luigi_message_queue.q, p_msg, sizeof *p_msg);
     return 1;
 }
 

@@ -15,8 +15,8 @@ std::atomic<int> luigi_stops_wanted;
 
 namespace {
 
-constexpr std::size_t MOST_MEMORY = std::size_t{64} << 20; // of a menu; more is an error of the script
-constexpr int HOOK_PERIOD = 100'000;                       // instructions
+constexpr std::size_t MOST_MEMORY = std::size_t{128} << 20; // of a menu; more is an error of the script
+constexpr int HOOK_PERIOD = 100'000;                        // instructions
 constexpr std::uint32_t STOP_PATIENCE_US = 2'000'000;
 
 lua_State* L;
@@ -46,8 +46,12 @@ void check_stop(lua_State* state, lua_Debug*)
     const std::uint64_t now = tmr_get64();
     if (runs_on_since == 0)
         runs_on_since = now;
-    else if (now - runs_on_since > STOP_PATIENCE_US)
-        luaL_error(state, "the script doesn't return, and the menu was to stop");
+    else if (now - runs_on_since > STOP_PATIENCE_US) {
+        luaL_where(state, 0);
+        lua_pushliteral(state, "the script doesn't return, and the menu was to stop");
+        lua_concat(state, 2);
+        lua_error(state);
+    }
 }
 
 // A message of any error value; what it says of places comes with the phone's own paths.
@@ -132,8 +136,8 @@ int prepare_and_run(lua_State* state)
 {
     auto* const path = lua_touserdata(state, 1);
     prepare(state);
+    lua_settop(state, 0);
     lua_pushlightuserdata(state, path);
-    lua_replace(state, 1);
     return run_script(state);
 }
 

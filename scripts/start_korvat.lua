@@ -1,0 +1,77 @@
+-- The menu that the power key opens. A page is a title and a list of buttons; see hvt_menu.lua.
+
+local menu = dofile(luigi_scripts_path .. "hvt_menu.lua")
+
+local function pattern(number)
+    return function() menu.full_screen("dpat=" .. number) end
+end
+
+local display = menu.page("Display", {
+    { "White", pattern(3) },
+    { "Black", pattern(4) },
+    { "Red", pattern(10) },
+    { "Green", pattern(11) },
+    { "Blue", pattern(12) },
+    { "Stripes", pattern(7) },
+    { "Chess", pattern(1) },
+    { "TV", pattern(0) },
+    { "Identity", "lcid" },
+    { "VSYNC", "lvsm" },
+})
+
+local touch = menu.page("Touch", {
+    { "Live", function() menu.live() end },
+    { "Self test", "dtst=1" },
+    { "Raw limit", "dtst=4,1" },
+    { "Matrix", "dtst=4,2" },
+    { "Identity", "dtid=1" },
+    { "Stored id", "dtid=3" },
+})
+
+local lights = menu.page("Lights", {
+    { "Red", "lctr=13,1,255,1" },
+    { "Green", "lctr=13,1,255,2" },
+    { "Blue", "lctr=13,1,255,3" },
+    { "LED off", "lctr=13,0" },
+    { "Dim", "lctr=3,1,20" },
+    { "Bright", "lctr=3,1,255" },
+    { "LED test", "lsot" },
+})
+
+local battery = menu.page("Battery", {
+    { "Voltage", "batc=1" },
+    { "Current", "batc=2" },
+    { "Capacity", "batc=3" },
+    { "Charger", "scct=0" },
+    { "All lines", "list=\"b\"" },
+})
+
+local board = menu.page("Board", {
+    { "Temp", "temp=0" },
+    { "Channels", "adcr=?" },
+    { "Clock", "rtcr" },
+    { "RF band", "rfbv" },
+    { "Modes", "sysmode=?" },
+    { "Camera", "camds" },
+})
+
+local system = menu.page("System", {
+    { "Versions", "vers" },
+    { "Modem", "vers=3" },
+    { "Revision", "rev" },
+    { "Program", "qatv" },
+    { "Commands", "list" },
+    { "Help", "help" },
+    { "Restart", function() menu.ask("Restart the phone now?", function() menu.run("kill") end) end },
+    { "Power off", function() menu.ask("Switch the phone off now?", function() qat("poff=2000") end) end },
+})
+
+menu.start(menu.page("Hardware test", {
+    { "Display", display },
+    { "Touch", touch },
+    { "Keys", function() menu.live() end },
+    { "Lights", lights },
+    { "Battery", battery },
+    { "Board", board },
+    { "System", system },
+}))

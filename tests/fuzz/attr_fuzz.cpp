@@ -1,0 +1,106 @@
+// What the kernel's attributes may hold: every path gives the input's bytes, in whatever pieces, to the
+// parsers of the SPMI dump, the converters, the regulators, the fuses and the settings. The first byte sets
+// the count of the SPMI reading and its place in a row.
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+#include <vector>
+
+#include "adcr/adcr.h"
+#include "adcr_brenk/adcr_brenk.h"
+#include "msm/msm.h"
+#include "msm_linux/msm_linux.h"
+#include "plat/plat.h"
+#include "plat_linux/plat_linux.h"
+#include "spmi/spmi.h"
+#include "spmi_linux/spmi_linux.h"
+#include "syscfg/syscfg.h"
+#include "syscfg_brenk/syscfg_brenk.h"
+#include "vreg/vreg.h"
+#include "vreg_linux/vreg_linux.h"
+
+namespace {
+
+constexpr int THE_FD = 1000;
+
+const std::uint8_t* input;
+std::size_t input_size;
+std::size_t position;
+
+int fuzz_open(const char*, int, mode_t)
+{
+    position = 0;
+    return THE_FD;
+}
+
+ssize_t fuzz_read(int, void* buf, std::size_t size)
+{
+    const std::size_t n = std::min({size, input_size - position, std::size_t{97}});
+    std::memcpy(buf, input + position, n);
+    position += n;
+    return static_cast<ssize_t>(n);
+}
+
+// Bytes that can't be there must not be given: a failed reading leaves them alone.
+void read_spmi(std::uint8_t how)
+{
+    const std::size_t len = std::size_t{how} * 16 % (SPMI_MOST_READ + 1);
+    std::vector<std::uint8_t> bytes(len);
+    spmi_read(0, how, bytes.data(), len);
+    spmi_masked_write(0, 0x0F, how, 0x05, std::min(len, std::size_t{3}));
+}
+
+void read_others()
+{
+    int value[3];
+    std::uint32_t version[3];
+    char name[9];
+    for (const std::uint32_t channel : {10u, 11u, 13u, 19u, 38u})
+        adcr_read(channel, channel % 3, value);
+    vreg_get_level("x", &value[0], &value[1], &value[2]);
+    if (vreg_get_name(0, name, sizeof name) == 0 && std::strlen(name) >= sizeof name)
+        std::abort();
+    msm_pvs_read(value);
+    msm_version_read(version);
+    const char* const text = syscfg_get_setting(0);
+    if (text != nullptr && std::strlen(text) > 200)
+        std::abort();
+}
+
+void attach()
+{
+    static plat_callouts co = plat_linux_co;
+    co.open = fuzz_open;
+    co.close = [](int) { return 0; };
+    co.read = fuzz_read;
+    co.write = [](int, const void*, std::size_t size) { return static_cast<ssize_t>(size); };
+    co.opendir = [](const char*) -> DIR* { return opendir("/"); };
+    co.readdir = [](DIR*) -> dirent* {
+        static dirent vadc;
+        std::strcpy(vadc.d_name, "qpnp-vadc-8");
+        return &vadc;
+    };
+    plat_attach(&co);
+    adcr_brenk_init();
+    spmi_linux_init();
+    vreg_linux_init();
+    msm_linux_init();
+    syscfg_brenk_init();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static const bool attached = (attach(), true);
+    if (!attached || size == 0)
+        return 0;
+    input = data + 1;
+    input_size = size - 1;
+    read_spmi(data[0]);
+    read_others();
+    return 0;
+}

@@ -1,0 +1,263 @@
+# The menu on the phone's own panel: what the power key and a finger do to scripts. The scripts tell what they
+# see through the lights and through files.
+
+the power key starts the script, and a second press stops it
+  write    /system/scripts/start_korvat.lua qat("lctr=13,1,11,1")
+  write    /system/scripts/stop.lua qat("lctr=13,1,22,1")
+  phone    key 116 tap
+  phone    clock +200
+  file     /sys/class/leds/red/brightness -> 11
+  phone    key 116 tap
+  phone    clock +200
+  file     /sys/class/leds/red/brightness -> 22
+  phone    key 116 tap
+  phone    clock +200
+  file     /sys/class/leds/red/brightness -> 11
+
+a command gives its status and its text, its lines joined
+  write    /system/scripts/start_korvat.lua -- start
+  + \nlocal out = io.open("/data/out", "w")
+  + \nfor _, line in ipairs({"case?", "nosuch", "case=1,2", "lctr=2,1", "lsot", "keyb=?", "dtst=4,2", ""}) do
+  + \n  local status, text = qat(line)
+  + \n  out:write(line, "|", status, "|", tostring(text), "\\n")
+  + \nend
+  + \nout:close()
+  phone    key 116 tap
+  phone    clock +300
+  # the usage line of case=1,2 waits for the next command whose text is asked for
+  file     /data/out -> case?|OK|CASE:false\nnosuch|NOT FOUND|nil\ncase=1,2|SYNTAX|nil\nlctr=2,1|ERROR|case      [(0,1)]                                           case(en)LCTR: \nlsot|OK|LSOT:0x0000\nkeyb=?|OK|KEYB:Key testkeyb      (0-3)                                             off,string,numeric,columms\ndtst=4,2|OK|DTST:3040,3041,3042,3043,3044\r\n3045,3046,3047,3048,3049\r\n3050,3051,3052,3053,3054\r\n\n|OK|nil\n
+
+touches and keys reach the script, with actions of their own
+  write    /system/scripts/start_korvat.lua -- start
+  + \nscreen.init()
+  + \nlocal out = io.open("/data/out", "w")
+  + \nlocal root, c = canvas.new(), custom.new()
+  + \ncustom.set_event_touch(c, function(x, y, a) out:write("t", x, ",", y, ",", a, " ") out:flush() end)
+  + \ncustom.set_event_key(c, function(k, a) out:write("k", k, ",", a, " ") out:flush() end)
+  + \ncanvas.add(root, c)
+  + \ntaboret.push(root)
+  + \nqat("dtch=3")
+  phone    key 116 down
+  phone    clock +100
+  phone    key 116 up
+  phone    clock +200
+  # 2 is the press and 1 the release of a key, and the other way round of a touch
+  file     /data/out -> k116,1\x20
+  phone    key 114 down
+  phone    clock +100
+  phone    key 114 repeat
+  phone    clock +100
+  phone    key 114 up
+  phone    clock +200
+  file     /data/out -> k116,1 k114,2 k114,2 k114,1\x20
+  phone    touch 30 40 down
+  phone    clock +100
+  phone    touch 31 41 up
+  phone    clock +200
+  file     /data/out -> k116,1 k114,2 k114,2 k114,1 t30,40,1 t31,41,2\x20
+  # a trace tells of moves
+  send     dtch=2
+  expect   DTCH: ,OK
+  phone    touch 50 60 down
+  phone    clock +100
+  phone    touch 51 61 move
+  phone    clock +100
+  file     /data/out -> k116,1 k114,2 k114,2 k114,1 t30,40,1 t31,41,2 t50,60,3 t51,61,3\x20
+
+a button runs its handler at a press inside it, and nowhere else
+  write    /system/scripts/start_korvat.lua -- start
+  + \nscreen.init()
+  + \nlocal root = canvas.new()
+  + \nlocal b = button.new("x", function(me, x, y) qat("lctr=13,1," .. x .. ",1") qat("lctr=13,1," .. y .. ",3") end)
+  + \ncanvas.set_position(b, 100, 200) canvas.set_size(b, 50, 40)
+  + \ncanvas.add(root, b)
+  + \ntaboret.push(root)
+  + \nqat("dtch=3")
+  phone    key 116 tap
+  phone    clock +200
+  phone    touch 99 200 tap
+  phone    clock +200
+  phone    touch 150 200 tap
+  phone    clock +200
+  phone    touch 100 240 tap
+  phone    clock +200
+  file     /sys/class/leds/red/brightness -> 0\n
+  phone    touch 149 239 tap
+  phone    clock +200
+  file     /sys/class/leds/red/brightness  -> 149
+  file     /sys/class/leds/blue/brightness -> 239
+
+a held key that repeats is a further press
+  write    /system/scripts/start_korvat.lua qat("lctr=13,1,11,1")
+  write    /system/scripts/stop.lua qat("lctr=13,1,22,1")
+  phone    key 116 down
+  phone    clock +100
+  phone    key 116 repeat
+  phone    clock +200
+  file     /sys/class/leds/red/brightness -> 22
+
+without a start script a press changes nothing, and the third makes the next attempt
+  conf     without /system/scripts/start_korvat.lua
+  write    /system/scripts/stop.lua qat("lctr=13,1,22,1")
+  phone    key 116 tap
+  phone    clock +200
+  phone    screen                  -> 1080x1920x32 page 0 unblanked mode 0
+  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
+  phone    key 116 tap
+  phone    clock +200
+  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
+  phone    key 116 tap
+  phone    clock +200
+  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
+  file     /sys/class/leds/red/brightness -> 0\n
+
+while the key test runs the power key belongs to it
+  write    /system/scripts/start_korvat.lua qat("lctr=13,1,11,1")
+  send     keyb=2
+  expect   KEYB: ,OK
+  phone    key 116 tap
+  expect   KEYB:74,p
+  expect   KEYB:74,r
+  phone    clock +200
+  file     /sys/class/leds/red/brightness -> 0\n
+  send     keyb=0
+  expect   KEYB: ,OK
+  phone    key 116 tap
+  phone    clock +200
+  file     /sys/class/leds/red/brightness -> 11
+
+a script that can't be compiled is told on the panel and in the kernel log
+  write    /system/scripts/start_korvat.lua x = = 1
+  phone    key 116 tap
+  phone    clock +200
+  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:1: unexpected symbol near '='
+  phone    pixel 1079 1919         -> FFFFFF
+
+an error in a handler ends the menu, and the next press starts anew
+  write    /system/scripts/start_korvat.lua -- start
+  + \nscreen.init()
+  + \nqat("lctr=13,1,11,1")
+  + \nlocal root = canvas.new()
+  + \ncanvas.add(root, button.new("x", function() error("boom") end))
+  + \ntaboret.push(root)
+  + \nqat("dtch=3")
+  phone    key 116 tap
+  phone    clock +200
+  send     lctr=13,0
+  expect   LCTR: ,OK
+  phone    touch 100 50 tap
+  phone    clock +200
+  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:5: boom
+  phone    key 116 tap
+  phone    clock +200
+  file     /sys/class/leds/red/brightness -> 11
+
+a failing stop script leaves the menu as it is
+  write    /system/scripts/start_korvat.lua -- start
+  + \nlocal root, c = canvas.new(), custom.new()
+  + \ncustom.set_event_key(c, function(k, a) qat("lctr=13,1,33,1") end)
+  + \ncanvas.add(root, c) taboret.push(root)
+  write    /system/scripts/stop.lua error({})
+  phone    key 116 tap
+  phone    clock +200
+  phone    key 116 tap
+  phone    clock +200
+  send     lctr=13,0
+  expect   LCTR: ,OK
+  phone    key 114 down
+  phone    clock +200
+  file     /sys/class/leds/red/brightness -> 33
+
+a script that never returns doesn't hold the console, and the power key ends it
+  write    /system/scripts/start_korvat.lua while true do end
+  phone    key 116 tap
+  phone    clock +40
+  send     case?
+  expect   CASE:false,OK
+  phone    key 116 tap
+  phone    clock +40
+  phone    speed 1000
+  phone    idle
+  phone    speed 1
+  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:1: the script doesn't return, and the menu was to stop
+  write    /system/scripts/start_korvat.lua qat("lctr=13,1,11,1")
+  phone    key 116 tap
+  phone    clock +200
+  file     /sys/class/leds/red/brightness -> 11
+
+endless recursion and endless tables are errors of the script
+  write    /system/scripts/start_korvat.lua local function f() return 1 + f() end f()
+  write    /system/scripts/stop.lua x = 1
+  phone    key 116 tap
+  phone    clock +200
+  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:1: stack overflow
+  phone    key 116 tap
+  phone    clock +200
+  write    /system/scripts/start_korvat.lua local t = {} for i = 1, 1e9 do t[i] = ("x"):rep(2e7) end
+  phone    key 116 tap
+  phone    clock +200
+  phone    idle
+  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:1: stack overflow\nQAT: luigi: not enough memory
+
+wrong arguments and wrong widgets are told in words
+  write    /system/scripts/start_korvat.lua -- start
+  + \nlocal out = io.open("/data/out", "w")
+  + \nlocal function try(f, ...) out:write(tostring(select(2, pcall(f, ...))), "\\n") end
+  + \nlocal c, l = canvas.new(), label.new("text")
+  + \ntry(screen.line, 0, 0, 10)
+  + \ntry(screen.put_pixel, 1, 2, 3, 4)
+  + \ntry(label.get_text, c)
+  + \ntry(canvas.add, c, "x")
+  + \ntry(taboret.push, 7)
+  + \ntry(canvas.add, c, io.stdout)
+  + \ntry(custom.set_event_key, l, print)
+  + \ntry(label.get_text, l)
+  + \nout:close()
+  phone    key 116 tap
+  phone    clock +200
+  file     /data/out -> Wrong number of arguments\nWrong number of arguments\nluigi_type 2 expected, got 1\ncanvas (or inheritage) expected, got string\ncanvas (or inheritage) expected, got number\ncanvas (or inheritage) expected, got userdata\nluigi_type 8 expected, got 3\ntext\n
+
+a handler that pops its own page and lets the collector run comes to no harm
+  write    /system/scripts/start_korvat.lua -- start
+  + \nscreen.init()
+  + \nlocal function page(n)
+  + \n  local root = canvas.new()
+  + \n  canvas.add(root, button.new("page " .. n, function(me)
+  + \n    taboret.pop() root = nil collectgarbage() collectgarbage()
+  + \n    kept = me
+  + \n    qat("lctr=13,1," .. n .. ",1")
+  + \n    if n < 12 then page(n + 1) end
+  + \n  end))
+  + \n  taboret.push(root)
+  + \nend
+  + \npage(10)
+  + \nqat("dtch=3")
+  write    /system/scripts/stop.lua -- stop
+  + \ncollectgarbage() collectgarbage()
+  + \nlocal _, why = pcall(label.set_text, kept, "gone")
+  + \nlocal f = io.open("/data/out", "w") f:write(why) f:close()
+  phone    key 116 tap
+  phone    clock +200
+  phone    touch 100 50 tap
+  phone    clock +200
+  file     /sys/class/leds/red/brightness -> 10
+  phone    touch 100 50 tap
+  phone    clock +200
+  phone    touch 100 50 tap
+  phone    clock +200
+  file     /sys/class/leds/red/brightness -> 12
+  phone    pixel 100 50            -> FFFFFF
+  phone    key 116 tap
+  phone    clock +200
+  # the button whose handler kept it is gone with its page
+  file     /data/out -> canvas (or inheritage) expected, got userdata
+
+a script can't end the program, and its files are those of the phone
+  write    /system/scripts/start_korvat.lua -- start
+  + \nlocal f = io.open(luigi_scripts_path .. "note", "w") f:write("kept\\n") f:close()
+  + \nos.execute("echo hello > /dev/kmsg")
+  + \nos.exit(0)
+  phone    key 116 tap
+  phone    clock +200
+  file     /system/scripts/note    -> kept\n
+  phone    kmsg                    -> Korvat HVT is starting up...\nhello\nQAT: luigi: /system/scripts/start_korvat.lua:4: os.exit ends the menu

@@ -1,0 +1,218 @@
+// Files, walks and gzip, on a folder of the host.
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <map>
+#include <random>
+#include <sstream>
+#include <string>
+
+#include "file_linux/file_linux.h"
+#include "plat_fake.h"
+#include "plat_linux/plat_linux.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Files : testing::Test {
+    std::string dir;
+
+    Files()
+    {
+        plat_fake_reset();
+        std::string pattern = testing::TempDir() + "file_test_XXXXXX";
+        dir = std::string(mkdtemp(pattern.data())) + "/";
+    }
+    ~Files() override { fs::remove_all(dir); }
+
+    std::string at(const std::string& name) const { return dir + name; }
+
+    void write(const std::string& name, const std::string& text) const
+    {
+        std::ofstream(at(name), std::ios::binary) << text;
+    }
+
+    std::string read(const std::string& name) const
+    {
+        std::stringstream text;
+        text << std::ifstream(at(name), std::ios::binary).rdbuf();
+        return text.str();
+    }
+
+    std::size_t compress() const { return file_compress(at("src").c_str(), at("dst").c_str()); }
+    std::size_t uncompress() const { return file_uncompress(at("dst").c_str(), at("out").c_str()); }
+};
+
+std::string log_text(std::size_t size)
+{
+    std::mt19937 random(1);
+    std::string text;
+    while (text.size() < size)
+        text += "trace " + std::to_string(random() % 5000) + ": charger state " +
+                std::to_string(random() % 7) + "\n";
+    text.resize(size);
+    return text;
+}
+
+TEST_F(Files, ItemsTellNameEndingSizeAndKind)
+{
+    const struct {
+        const char* name;
+        const char* ext;
+    } names[] = {{"a.txt", "txt"}, {"two.dots.gz", "gz"}, {"none", ""}, {"ends.", ""}, {".hidden", "hidden"}};
+    for (const auto& n : names) {
+        write(n.name, "12345");
+        file_item item;
+        ASSERT_EQ(file_exist(at(n.name).c_str(), &item), 1);
+        EXPECT_STREQ(item.name, n.name);
+        EXPECT_STREQ(item.ext, n.ext);
+        EXPECT_EQ(item.size, 5u);
+        EXPECT_EQ(item.attr, 0);
+    }
+    file_item item;
+    EXPECT_EQ(file_exist(at("missing").c_str(), &item), 0);
+    EXPECT_EQ(file_mkdir(at("sub.d").c_str()), 1);
+    EXPECT_EQ(file_mkdir(at("sub.d").c_str()), 0);
+    ASSERT_EQ(file_exist(at("sub.d").c_str(), &item), 1);
+    EXPECT_EQ(item.attr, FILE_ATTR_DIR);
+    EXPECT_EQ(file_rm(at("sub.d").c_str()), 1);
+    EXPECT_EQ(file_rm(at("none").c_str()), 1);
+    EXPECT_EQ(file_rm(at("none").c_str()), 0);
+    const std::string longest(255, 'x');
+    write(longest, "1");
+    EXPECT_EQ(file_exist(at(longest).c_str(), &item), 1);
+    EXPECT_EQ(std::strlen(item.name), 254u); // as much as there is room for
+}
+
+TEST_F(Files, AWalkGivesEveryEntryOnceAndOnlyTheNameOfTheDots)
+{
+    write("one", "1");
+    write("two.x", "22");
+    fs::create_directory(at("three"));
+    for (const std::string& path :
+         {dir, dir.substr(0, dir.size() - 1)}) { // with a slash at the end and without
+        std::map<std::string, file_item> found;
+        file_item item;
+        file_find* p_hnd = file_fnd_first(path.c_str(), &item);
+        ASSERT_NE(p_hnd, nullptr);
+        do {
+            EXPECT_TRUE(found.emplace(item.name, item).second) << item.name;
+        } while (file_fnd_next(p_hnd, &item));
+        EXPECT_EQ(file_fnd_close(p_hnd), 1);
+        ASSERT_EQ(found.size(), 5u);
+        EXPECT_EQ(found["two.x"].size, 2u);
+        EXPECT_STREQ(found["two.x"].ext, "x");
+        EXPECT_EQ(found["three"].attr, FILE_ATTR_DIR);
+        EXPECT_EQ(found[".."].attr + found["."].attr, 0);
+    }
+    file_item item;
+    EXPECT_EQ(file_fnd_first(at("missing").c_str(), &item), nullptr);
+}
+
+TEST_F(Files, AWalkThatFailsIsNotTakenForOneThatEnds)
+{
+    static int left;
+    left = 2;
+    plat_fake_co.readdir = [](DIR* d) -> dirent* {
+        if (left-- > 0)
+            return plat_linux_co.readdir(d);
+        errno = EIO;
+        return nullptr;
+    };
+    file_item item;
+    file_find* p_hnd = file_fnd_first(dir.c_str(), &item);
+    ASSERT_NE(p_hnd, nullptr);
+    EXPECT_EQ(file_fnd_next(p_hnd, &item), 1);
+    EXPECT_EQ(file_fnd_next(p_hnd, &item), 0);
+    EXPECT_EQ(file_fnd_close(p_hnd), 0);
+}
+
+TEST_F(Files, AnOpenFileIsReadWrittenAndMovedAbout)
+{
+    file_hnd* p = file_open(at("f").c_str(), "w+");
+    ASSERT_NE(p, nullptr);
+    EXPECT_EQ(file_write("ab\ncdef", 1, 7, p), 7u);
+    EXPECT_EQ(file_tell(p), 7);
+    file_rewind(p);
+    char line[8];
+    EXPECT_STREQ(file_gets(line, sizeof line, p), "ab\n");
+    EXPECT_EQ(file_seek(p, -2, 2), 0);
+    EXPECT_EQ(file_read(line, 1, 5, p), 2u);
+    EXPECT_EQ(file_seek(p, -4, 1), 0);
+    EXPECT_EQ(file_tell(p), 3);
+    EXPECT_EQ(file_seek(p, 1, 0), 0);
+    EXPECT_EQ(file_seek(p, 0, 3), 1);
+    EXPECT_EQ(file_length(p), 7);
+    EXPECT_EQ(file_tell(p), 0);
+    EXPECT_EQ(file_close(p), 1);
+    EXPECT_EQ(file_open(at("missing").c_str(), "r"), nullptr);
+    EXPECT_EQ(file_open((dir + std::string(300, 'p')).c_str(), "w"), nullptr);
+}
+
+TEST_F(Files, WritingAStringTellsWhenItDidNotArrive)
+{
+    EXPECT_EQ(file_write_string(at("s").c_str(), "hello"), 1);
+    EXPECT_EQ(read("s"), "hello");
+    EXPECT_EQ(file_write_string(at("s").c_str(), ""), 1);
+    EXPECT_EQ(read("s"), "");
+    plat_fake_co.write = [](int, const void*, std::size_t) -> ssize_t {
+        errno = ENOSPC;
+        return -1;
+    };
+    EXPECT_EQ(file_write_string(at("s").c_str(), "hello"), 0);
+}
+
+TEST_F(Files, CompressingTwiceGivesTwoMembersThatReadAsOneStream)
+{
+    for (const std::size_t size : {0ul, 1ul, 16383ul, 16384ul, 16385ul, 262144ul}) {
+        fs::remove(at("dst"));
+        write("src", log_text(size));
+        const std::size_t first = compress();
+        EXPECT_EQ(first, fs::file_size(at("dst")));
+        const std::string once = read("dst");
+        const std::size_t second = compress();
+        EXPECT_EQ(second, 2 * first);
+        EXPECT_EQ(read("dst"), once + once);
+        EXPECT_EQ(uncompress(), 2 * size);
+        EXPECT_EQ(read("out"), log_text(size) + log_text(size));
+        EXPECT_EQ(read("src").size(), size); // stays
+    }
+}
+
+TEST_F(Files, WhatCannotBeMappedIsCompressedInBlocks)
+{
+    write("src", log_text(50000));
+    ASSERT_NE(compress(), 0u);
+    const std::string mapped = read("dst");
+    fs::remove(at("dst"));
+    plat_fake_co.mmap = [](void*, std::size_t, int, int, int, off_t) { return MAP_FAILED; };
+    ASSERT_NE(compress(), 0u);
+    EXPECT_EQ(uncompress(), 50000u);
+    EXPECT_EQ(read("out"), log_text(50000));
+}
+
+TEST_F(Files, FailuresOfTheGzipHelpersGiveZero)
+{
+    EXPECT_EQ(compress(), 0u); // no source
+    EXPECT_FALSE(fs::exists(at("dst")));
+    write("src", "text");
+    EXPECT_EQ(file_compress(at("src").c_str(), at("no/dst").c_str()), 0u);
+    EXPECT_EQ(uncompress(), 0u); // no archive
+    write("dst", "not compressed at all");
+    EXPECT_EQ(uncompress(), 0u);
+    fs::remove(at("dst"));
+    write("src", log_text(100000));
+    ASSERT_NE(compress(), 0u);
+    fs::resize_file(at("dst"), fs::file_size(at("dst")) / 2);
+    EXPECT_EQ(uncompress(), 0u); // cut short
+    plat_fake_co.mmap = [](void*, std::size_t, int, int, int, off_t) { return MAP_FAILED; };
+    plat_fake_co.read = [](int, void*, std::size_t) -> ssize_t { return -1; };
+    EXPECT_EQ(compress(), 0u);
+}
+
+} // namespace
