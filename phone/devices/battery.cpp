@@ -196,10 +196,10 @@ void publish_locked(bool all)
     const auto texts = texts_locked();
     bool changed = false;
     for (std::size_t i = 0; i < live.size(); i++) {
-        std::string found;
-        const std::string path = host_path(live[i].path);
         if (texts[i] == live[i].text && !all)
             continue;
+        std::string found;
+        const std::string path = host_path(live[i].path);
         if (path.empty() || !read_whole(path, found) || (found != live[i].text && !all))
             continue;
         live[i].text = texts[i];
