@@ -231,6 +231,8 @@ endless recursion and endless tables are errors of the script
   phone    key 116 tap
   phone    clock +140
   phone    idle
+  phone    idle
+  phone    idle
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:1: stack overflow\nQAT: luigi: not enough memory
 
 wrong arguments and wrong widgets are told in words
