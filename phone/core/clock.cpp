@@ -5,14 +5,12 @@
 #include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <deque>
-#include <fcntl.h>
-#include <filesystem>
 #include <list>
 #include <map>
 #include <memory>
 #include <mutex>
+#include <set>
 #include <sys/eventfd.h>
 #include <thread>
 #include <unistd.h>
@@ -21,6 +19,7 @@
 #include "core/conf.h"
 #include "core/control.h"
 #include "core/text.h"
+#include "core/thread_look.h"
 
 namespace phone {
 
@@ -140,32 +139,6 @@ struct thread_mark {
 };
 
 thread_local thread_mark mark;
-
-// What the host tells of a thread: whether it sleeps, and how long it has run until now.
-struct thread_look {
-    bool sleeps;
-    long long run_ns;
-    bool operator==(const thread_look&) const = default;
-};
-
-std::string thread_file(pid_t tid, const char* name)
-{
-    const std::string path = "/proc/self/task/" + std::to_string(tid) + "/" + name;
-    char text[512];
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    const ssize_t n = fd >= 0 ? ::read(fd, text, sizeof text) : 0;
-    if (fd >= 0)
-        close(fd);
-    return {text, static_cast<std::size_t>(std::max<ssize_t>(n, 0))};
-}
-
-thread_look look_at(pid_t tid)
-{
-    const std::string stat = thread_file(tid, "stat");
-    const std::size_t name_end = stat.rfind(')');
-    const bool sleeps = name_end != stat.npos && stat.compare(name_end, 3, ") S") == 0;
-    return {sleeps, std::atoll(thread_file(tid, "schedstat").c_str())};
-}
 
 // Tells whether all threads at work only wait for one another: they sleep, and haven't run since the last
 // look. What they wait for (a lock, a condition) is nothing that the clock could see.
@@ -413,17 +386,15 @@ std::string word_speed(request& rq)
 // the program that do work beside the loop. True when they sleep and haven't run since the last look.
 bool others_asleep_locked(std::map<pid_t, thread_look>& last)
 {
-    std::map<pid_t, thread_look> now;
-    std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/task", error))
-        now[std::atoi(entry.path().filename().c_str())] = {};
-    now.erase(gettid());
-    now.erase(getpid());
+    std::set<pid_t> tids = thread_ids();
+    tids.erase(gettid());
+    tids.erase(getpid());
     for (const thread_mark* p : known_threads)
         if (p->blocked || p->worker)
-            now.erase(p->tid);
-    for (auto& [tid, look] : now)
-        look = look_at(tid);
+            tids.erase(p->tid);
+    std::map<pid_t, thread_look> now;
+    for (const pid_t tid : tids)
+        now[tid] = look_at(tid);
     const bool asleep = now == last && std::all_of(now.begin(), now.end(),
                                                    [](const auto& entry) { return entry.second.sleeps; });
     last = std::move(now);
