@@ -26,7 +26,11 @@ a command gives its status and its text, its lines joined
   + \nend
   + \nout:close()
   phone    key 116 tap
-  phone    clock +300
+  phone    clock +140
+  phone    idle
+  # lsot waits 5 ms for each of three LEDs
+  phone    clock +140
+  phone    idle
   # the usage line of case=1,2 waits for the next command whose text is asked for
   file     /data/out -> case?|OK|CASE:false\nnosuch|NOT FOUND|nil\ncase=1,2|SYNTAX|nil\nlctr=2,1|ERROR|case      [(0,1)]                                           case(en)LCTR: \nlsot|OK|LSOT:0x0000\nkeyb=?|OK|KEYB:Key testkeyb      (0-3)                                             off,string,numeric,columms\ndtst=4,2|OK|DTST:3040,3041,3042,3043,3044\r\n3045,3046,3047,3048,3049\r\n3050,3051,3052,3053,3054\r\n\n|OK|nil\n
 
