@@ -259,7 +259,6 @@ int co_getaddrinfo(const char* host, const char* service, const addrinfo* p_hint
 
 int co_clock_gettime(clockid_t clock, timespec* p_out)
 {
-    clock_meet_thread();
     return watched("clock_gettime", "", -1, [&] {
         const nanoseconds now = clock_now(clock);
         *p_out = {now / ns_per_s, now % ns_per_s};

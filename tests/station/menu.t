@@ -5,13 +5,16 @@ the power key starts the script, and a second press stops it
   write    /system/scripts/start_korvat.lua qat("lctr=13,1,11,1")
   write    /system/scripts/stop.lua qat("lctr=13,1,22,1")
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /sys/class/leds/red/brightness -> 11
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /sys/class/leds/red/brightness -> 22
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /sys/class/leds/red/brightness -> 11
 
 a command gives its status and its text, its lines joined
@@ -23,7 +26,11 @@ a command gives its status and its text, its lines joined
   + \nend
   + \nout:close()
   phone    key 116 tap
-  phone    clock +300
+  phone    clock +140
+  phone    idle
+  # lsot waits 5 ms for each of three LEDs
+  phone    clock +140
+  phone    idle
   # the usage line of case=1,2 waits for the next command whose text is asked for
   file     /data/out -> case?|OK|CASE:false\nnosuch|NOT FOUND|nil\ncase=1,2|SYNTAX|nil\nlctr=2,1|ERROR|case      [(0,1)]                                           case(en)LCTR: \nlsot|OK|LSOT:0x0000\nkeyb=?|OK|KEYB:Key testkeyb      (0-3)                                             off,string,numeric,columms\ndtst=4,2|OK|DTST:3040,3041,3042,3043,3044\r\n3045,3046,3047,3048,3049\r\n3050,3051,3052,3053,3054\r\n\n|OK|nil\n
 
@@ -38,30 +45,39 @@ touches and keys reach the script, with actions of their own
   + \ntaboret.push(root)
   + \nqat("dtch=3")
   phone    key 116 down
-  phone    clock +100
+  phone    clock +140
+  phone    idle
   phone    key 116 up
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   # 2 is the press and 1 the release of a key, and the other way round of a touch
   file     /data/out -> k116,1\x20
   phone    key 114 down
-  phone    clock +100
+  phone    clock +140
+  phone    idle
   phone    key 114 repeat
-  phone    clock +100
+  phone    clock +140
+  phone    idle
   phone    key 114 up
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /data/out -> k116,1 k114,2 k114,2 k114,1\x20
   phone    touch 30 40 down
-  phone    clock +100
+  phone    clock +140
+  phone    idle
   phone    touch 31 41 up
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /data/out -> k116,1 k114,2 k114,2 k114,1 t30,40,1 t31,41,2\x20
   # a trace tells of moves
   send     dtch=2
   expect   DTCH: ,OK
   phone    touch 50 60 down
-  phone    clock +100
+  phone    clock +140
+  phone    idle
   phone    touch 51 61 move
-  phone    clock +100
+  phone    clock +140
+  phone    idle
   file     /data/out -> k116,1 k114,2 k114,2 k114,1 t30,40,1 t31,41,2 t50,60,3 t51,61,3\x20
 
 a button runs its handler at a press inside it, and nowhere else
@@ -74,16 +90,21 @@ a button runs its handler at a press inside it, and nowhere else
   + \ntaboret.push(root)
   + \nqat("dtch=3")
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   phone    touch 99 200 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   phone    touch 150 200 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   phone    touch 100 240 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /sys/class/leds/red/brightness -> 0\n
   phone    touch 149 239 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /sys/class/leds/red/brightness  -> 149
   file     /sys/class/leds/blue/brightness -> 239
 
@@ -91,23 +112,28 @@ a held key that repeats is a further press
   write    /system/scripts/start_korvat.lua qat("lctr=13,1,11,1")
   write    /system/scripts/stop.lua qat("lctr=13,1,22,1")
   phone    key 116 down
-  phone    clock +100
+  phone    clock +140
+  phone    idle
   phone    key 116 repeat
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /sys/class/leds/red/brightness -> 22
 
 without a start script a press changes nothing, and the third makes the next attempt
   conf     without /system/scripts/start_korvat.lua
   write    /system/scripts/stop.lua qat("lctr=13,1,22,1")
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   phone    screen                  -> 1080x1920x32 page 0 unblanked mode 0
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
   file     /sys/class/leds/red/brightness -> 0\n
 
@@ -118,18 +144,21 @@ while the key test runs the power key belongs to it
   phone    key 116 tap
   expect   KEYB:74,p
   expect   KEYB:74,r
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /sys/class/leds/red/brightness -> 0\n
   send     keyb=0
   expect   KEYB: ,OK
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /sys/class/leds/red/brightness -> 11
 
 a script that can't be compiled is told on the panel and in the kernel log
   write    /system/scripts/start_korvat.lua x = = 1
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:1: unexpected symbol near '='
   phone    pixel 1079 1919         -> FFFFFF
 
@@ -142,14 +171,17 @@ an error in a handler ends the menu, and the next press starts anew
   + \ntaboret.push(root)
   + \nqat("dtch=3")
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   send     lctr=13,0
   expect   LCTR: ,OK
   phone    touch 100 50 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:5: boom
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /sys/class/leds/red/brightness -> 11
 
 a failing stop script leaves the menu as it is
@@ -159,13 +191,16 @@ a failing stop script leaves the menu as it is
   + \ncanvas.add(root, c) taboret.push(root)
   write    /system/scripts/stop.lua error({})
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   send     lctr=13,0
   expect   LCTR: ,OK
   phone    key 114 down
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /sys/class/leds/red/brightness -> 33
 
 a script that never returns doesn't hold the console, and the power key ends it
@@ -182,20 +217,25 @@ a script that never returns doesn't hold the console, and the power key ends it
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:1: the script doesn't return, and the menu was to stop
   write    /system/scripts/start_korvat.lua qat("lctr=13,1,11,1")
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /sys/class/leds/red/brightness -> 11
 
 endless recursion and endless tables are errors of the script
   write    /system/scripts/start_korvat.lua local function f() return 1 + f() end f()
   write    /system/scripts/stop.lua x = 1
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:1: stack overflow
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   write    /system/scripts/start_korvat.lua local t = {} for i = 1, 1e9 do t[i] = ("x"):rep(2e7) end
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
+  phone    idle
   phone    idle
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:1: stack overflow\nQAT: luigi: not enough memory
 
@@ -214,7 +254,8 @@ wrong arguments and wrong widgets are told in words
   + \ntry(label.get_text, l)
   + \nout:close()
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /data/out -> Wrong number of arguments\nWrong number of arguments\nluigi_type 2 expected, got 1\ncanvas (or inheritage) expected, got string\ncanvas (or inheritage) expected, got number\ncanvas (or inheritage) expected, got userdata\nluigi_type 8 expected, got 3\ntext\n
 
 a handler that pops its own page and lets the collector run comes to no harm
@@ -237,18 +278,23 @@ a handler that pops its own page and lets the collector run comes to no harm
   + \nlocal _, why = pcall(label.set_text, kept, "gone")
   + \nlocal f = io.open("/data/out", "w") f:write(why) f:close()
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   phone    touch 100 50 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /sys/class/leds/red/brightness -> 10
   phone    touch 100 50 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   phone    touch 100 50 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /sys/class/leds/red/brightness -> 12
   phone    pixel 100 50            -> FFFFFF
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   # the button whose handler kept it is gone with its page
   file     /data/out -> canvas (or inheritage) expected, got userdata
 
@@ -258,6 +304,7 @@ a script can't end the program, and its files are those of the phone
   + \nos.execute("echo hello > /dev/kmsg")
   + \nos.exit(0)
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /system/scripts/note    -> kept\n
   phone    kmsg                    -> Korvat HVT is starting up...\nhello\nQAT: luigi: /system/scripts/start_korvat.lua:4: os.exit ends the menu

@@ -12,7 +12,8 @@ labels stack from the top, as wide as the screen less the padding on both sides
   + \nend
   + \ntaboret.push(root)
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   # a label of one line has 4 + 48 + 4 = 56 rows: 8 to 63, 72 to 127, 136 to 191
   phone    pixel 8 8               -> FF0000
   phone    pixel 1071 63           -> FF0000
@@ -47,7 +48,8 @@ plain canvases are a quarter of their parent, placed ones what they were told, a
   + \nadd(box, 0x0000FF)
   + \ntaboret.push(root)
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   # the first: x 110 to 389, y 210 to 309
   phone    pixel 120 210           -> FF0000
   phone    pixel 389 309           -> FF0000
@@ -82,7 +84,8 @@ a line of a label ends at the character with which it would reach the usable wid
   + \ncolumn(936, 60, "abcdefgh")
   + \ntaboret.push(root)
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   # 216 - 2 * 8 - 2 * 4 = 192 = 4 * 48: the fourth character would reach it, so a line holds three
   phone    pixel 8 63              -> FF0000
   phone    pixel 8 64              -> FFFFFF
@@ -122,14 +125,18 @@ of two overlapping buttons the one that was added first fires, and a custom widg
   + \npage(keys, big(1), big(2))
   + \nqat("dtch=3")
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   phone    touch 100 100 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /sys/class/leds/red/brightness -> 1
   phone    key 115 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   phone    touch 100 100 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /sys/class/leds/red/brightness -> 9
 
 a page without a canvas is white, and a full stack takes no more
@@ -144,12 +151,14 @@ a page without a canvas is white, and a full stack takes no more
   + \nend
   + \nfor i = 1, 33 do page(i) end
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   # the 33rd isn't stored
   phone    pixel 540 960           -> 000020
   write    /system/scripts/stop.lua for i = 1, 40 do taboret.pop() end
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   phone    pixel 540 960           -> FFFFFF
 
 a widget goes into one tree only, and never into itself
@@ -165,7 +174,8 @@ a widget goes into one tree only, and never into itself
   + \nlocal f = io.open("/data/out", "w") f:write(why) f:close()
   + \ntaboret.push(a)
   phone    key 116 tap
-  phone    clock +200
+  phone    clock +140
+  phone    idle
   file     /data/out -> /system/scripts/start_korvat.lua:8: widgets nested more than 64 deep
   # b: 8, 8 with a quarter of 1920 = 480 rows; c in it: 16, 16 and 120 rows
   phone    pixel 17 17             -> FF0000
