@@ -257,6 +257,18 @@ TEST_F(Chargemon, WithoutDischargingItChargesUpToTheTarget)
     EXPECT_EQ(plat_fake_shell(), std::vector<std::string>{"reboot -p"});
 }
 
+TEST_F(Chargemon, ChargingEndsWithTheTime)
+{
+    // 1 mA is nothing in the integers of a tick
+    ma = 1;
+    start();
+    ticks(3600);
+    EXPECT_EQ(log().find("Error"), std::string::npos);
+    ticks(1);
+    EXPECT_EQ(log(6 + 2 * 3599), "30%, 3700mV, 1mA, 300mAh/600mAh\n"
+                                 "Error state: Charging time limit reached.\n");
+}
+
 TEST_F(Chargemon, AboveTheTargetItIsDoneEvenIfItCouldntDischarge)
 {
     percent = 90;
