@@ -28,7 +28,7 @@ using namespace std::chrono;
 constexpr int batches = 12;
 constexpr int trips = 2000;
 constexpr int idle_s = 10;
-constexpr int ticks = 400;
+constexpr int ticks = 25; // a batch
 constexpr int tick_ms = 2000;
 
 std::string program;
@@ -150,10 +150,13 @@ int monitor()
     const phone ended("");
     ended.ask("clock hold");
     ended.ask("clock +4000");
-    double least = 1e18;
-    for (int b = 0; b < 3; b++)
-        least = std::min(least, ticks_ns(charging) - ticks_ns(ended));
-    return bench_figure("a tick of the charging monitor, processor time", least / ticks / 1e3, 1000, "us");
+    double least[2] = {1e18, 1e18};
+    for (int b = 0; b < batches; b++) {
+        least[0] = std::min(least[0], ticks_ns(charging));
+        least[1] = std::min(least[1], ticks_ns(ended));
+    }
+    return bench_figure("a tick of the charging monitor, processor time", (least[0] - least[1]) / ticks / 1e3,
+                        1000, "us");
 }
 
 int idle()
