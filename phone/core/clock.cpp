@@ -3,30 +3,23 @@
 #include <algorithm>
 #include <cerrno>
 #include <condition_variable>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
 #include <deque>
-#include <fcntl.h>
-#include <filesystem>
 #include <list>
 #include <map>
 #include <memory>
 #include <mutex>
+#include <set>
 #include <sys/eventfd.h>
 #include <thread>
 #include <unistd.h>
 #include <vector>
 
-#include "core/conf.h"
-#include "core/control.h"
-#include "core/text.h"
+#include "core/thread_look.h"
 
 namespace phone {
 
 namespace {
 
-constexpr nanoseconds ns_per_ms = 1'000'000;
 constexpr nanoseconds ns_per_s = 1'000'000'000;
 
 // A thread that is blocked: until when, and the eventfd that wakes it before.
@@ -140,32 +133,6 @@ struct thread_mark {
 };
 
 thread_local thread_mark mark;
-
-// What the host tells of a thread: whether it sleeps, and how long it has run until now.
-struct thread_look {
-    bool sleeps;
-    long long run_ns;
-    bool operator==(const thread_look&) const = default;
-};
-
-std::string thread_file(pid_t tid, const char* name)
-{
-    const std::string path = "/proc/self/task/" + std::to_string(tid) + "/" + name;
-    char text[512];
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    const ssize_t n = fd >= 0 ? ::read(fd, text, sizeof text) : 0;
-    if (fd >= 0)
-        close(fd);
-    return {text, static_cast<std::size_t>(std::max<ssize_t>(n, 0))};
-}
-
-thread_look look_at(pid_t tid)
-{
-    const std::string stat = thread_file(tid, "stat");
-    const std::size_t name_end = stat.rfind(')');
-    const bool sleeps = name_end != stat.npos && stat.compare(name_end, 3, ") S") == 0;
-    return {sleeps, std::atoll(thread_file(tid, "schedstat").c_str())};
-}
 
 // Tells whether all threads at work only wait for one another: they sleep, and haven't run since the last
 // look. What they wait for (a lock, a condition) is nothing that the clock could see.
@@ -334,119 +301,23 @@ void settle(std::unique_lock<std::mutex>& lock)
     }
 }
 
-// Moves the clock on to `target`, one deadline after the other, and lets the work of each be done.
-void step(nanoseconds span)
-{
-    std::unique_lock lock(clock_mutex);
-    rebase_locked();
-    const bool was_held = held;
-    held = true;
-    const nanoseconds target = phone_base + span;
-    for (;;) {
-        settle(lock);
-        nanoseconds next = next_timer_locked();
-        for (const waiter* w : waiters)
-            if (!w->counted)
-                next = std::min(next, w->deadline);
-        if (next > target)
-            break;
-        phone_base = std::max(phone_base, next);
-        for (waiter* w : waiters) {
-            if (w->deadline > phone_base || w->counted)
-                continue;
-            w->counted = true;
-            at_work++;
-        }
-        fire_due_locked();
-        time_changed_locked();
-    }
-    phone_base = std::max(phone_base, target);
-    rebase_locked();
-    held = was_held;
-    time_changed_locked();
-}
-
-std::string word_clock(request& rq)
-{
-    if (rq.args.size() == 1 && (rq.args[0] == "hold" || rq.args[0] == "run")) {
-        const std::lock_guard lock(clock_mutex);
-        rebase_locked();
-        held = rq.args[0] == "hold";
-        time_changed_locked();
-        return {};
-    }
-    if (rq.args.size() == 1 && rq.args[0].starts_with('+')) {
-        const auto ms = number(std::string_view(rq.args[0]).substr(1));
-        if (ms && *ms >= 0 && *ms <= INT32_MAX) {
-            step(*ms * ns_per_ms);
-            return {};
-        }
-    }
-    if (rq.args.empty()) {
-        char text[64];
-        std::snprintf(text, sizeof text, "%lld",
-                      static_cast<long long>(clock_now(CLOCK_MONOTONIC) / ns_per_ms));
-        rq.answer = text;
-        return {};
-    }
-    return "hold, run or +MS with 0 to 2147483647 ms is wanted";
-}
-
-std::string word_speed(request& rq)
-{
-    if (rq.args.empty()) {
-        const std::lock_guard lock(clock_mutex);
-        char text[32];
-        std::snprintf(text, sizeof text, "%g", pace);
-        rq.answer = text;
-        return {};
-    }
-    char* p_end;
-    const double factor = std::strtod(rq.args[0].c_str(), &p_end);
-    if (*p_end != '\0' || rq.args.size() != 1 || !(factor >= 1 && factor <= 1000))
-        return "a factor from 1 to 1000 is wanted";
-    clock_set_speed(factor);
-    return {};
-}
-
 // Looks at the threads that the clock doesn't know, or that wait for something that it can't see: those of
 // the program that do work beside the loop. True when they sleep and haven't run since the last look.
 bool others_asleep_locked(std::map<pid_t, thread_look>& last)
 {
-    std::map<pid_t, thread_look> now;
-    std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/task", error))
-        now[std::atoi(entry.path().filename().c_str())] = {};
-    now.erase(gettid());
-    now.erase(getpid());
+    std::set<pid_t> tids = thread_ids();
+    tids.erase(gettid());
+    tids.erase(getpid());
     for (const thread_mark* p : known_threads)
         if (p->blocked || p->worker)
-            now.erase(p->tid);
-    for (auto& [tid, look] : now)
-        look = look_at(tid);
+            tids.erase(p->tid);
+    std::map<pid_t, thread_look> now;
+    for (const pid_t tid : tids)
+        now[tid] = look_at(tid);
     const bool asleep = now == last && std::all_of(now.begin(), now.end(),
                                                    [](const auto& entry) { return entry.second.sleeps; });
     last = std::move(now);
     return asleep;
-}
-
-// The other threads have come to rest too, or have been at work for two seconds: the loop's answer is whole
-// all the same.
-std::string word_idle(request&)
-{
-    using namespace std::chrono_literals;
-    const auto bound = std::chrono::steady_clock::now() + 60s;
-    const auto others_bound = std::chrono::steady_clock::now() + 2s;
-    std::map<pid_t, thread_look> last;
-    std::unique_lock lock(clock_mutex);
-    for (;;) {
-        const auto now = std::chrono::steady_clock::now();
-        if (loop_idle_locked() && (others_asleep_locked(last) || now > others_bound))
-            return {};
-        if (now > bound)
-            return "the program has been at work for 60 s";
-        work_changed.wait_for(lock, std::chrono::microseconds(300));
-    }
 }
 
 } // namespace
@@ -606,6 +477,68 @@ bool clock_loop_runs()
     return loop_ran;
 }
 
+void clock_step(nanoseconds span)
+{
+    std::unique_lock lock(clock_mutex);
+    rebase_locked();
+    const bool was_held = held;
+    held = true;
+    const nanoseconds target = phone_base + span;
+    for (;;) {
+        settle(lock);
+        nanoseconds next = next_timer_locked();
+        for (const waiter* w : waiters)
+            if (!w->counted)
+                next = std::min(next, w->deadline);
+        if (next > target)
+            break;
+        phone_base = std::max(phone_base, next);
+        for (waiter* w : waiters) {
+            if (w->deadline > phone_base || w->counted)
+                continue;
+            w->counted = true;
+            at_work++;
+        }
+        fire_due_locked();
+        time_changed_locked();
+    }
+    phone_base = std::max(phone_base, target);
+    rebase_locked();
+    held = was_held;
+    time_changed_locked();
+}
+
+void clock_hold(bool hold)
+{
+    const std::lock_guard lock(clock_mutex);
+    rebase_locked();
+    held = hold;
+    time_changed_locked();
+}
+
+double clock_speed()
+{
+    const std::lock_guard lock(clock_mutex);
+    return pace;
+}
+
+bool clock_settle()
+{
+    using namespace std::chrono_literals;
+    const auto bound = std::chrono::steady_clock::now() + 60s;
+    const auto others_bound = std::chrono::steady_clock::now() + 2s;
+    std::map<pid_t, thread_look> last;
+    std::unique_lock lock(clock_mutex);
+    for (;;) {
+        const auto now = std::chrono::steady_clock::now();
+        if (loop_idle_locked() && (others_asleep_locked(last) || now > others_bound))
+            return true;
+        if (now > bound)
+            return false;
+        work_changed.wait_for(lock, std::chrono::microseconds(300));
+    }
+}
+
 void clock_set_speed(double factor)
 {
     const std::lock_guard lock(clock_mutex);
@@ -623,10 +556,6 @@ void clock_attach()
         const std::lock_guard lock(clock_mutex);
         mark.enter_locked(false);
     }
-    word_add("clock", "hold|run|+MS", "stops the phone's clocks, lets them run, moves them on", word_clock);
-    word_add("speed", "[F]", "how many times as fast as real time the phone lives, 1 to 1000", word_speed);
-    conf_add_word("speed");
-    word_add("idle", "", "answers when the program's loop waits for input and has none", word_idle);
     std::thread(timer_loop).detach();
 }
 

@@ -42,8 +42,22 @@ void clock_thread(std::function<void()> body);
 // True once the program's main loop has waited for input for the first time.
 bool clock_loop_runs();
 
-// Starts the clock; the calling thread is the program's main thread. Adds the words `clock`, `speed`, `idle`.
+// Starts the clock; the calling thread is the program's main thread.
 void clock_attach();
+
+// The pace, 1 and up; whether the clock stands.
 void clock_set_speed(double factor);
+double clock_speed();
+void clock_hold(bool hold);
+
+// Moves the clock on by `span`, one deadline after the other, and lets the work of each be done.
+void clock_step(nanoseconds span);
+
+// Waits until the loop has nothing to read and the program's other threads have come to rest, or have been at
+// work for two seconds: the loop's answer is whole all the same. False after 60 s.
+bool clock_settle();
+
+// The words `clock`, `speed` and `idle`.
+void clock_words_attach();
 
 } // namespace phone

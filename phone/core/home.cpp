@@ -70,7 +70,9 @@ std::string lock()
                home_dir + "\" stops it";
     }
     const std::string pid = std::to_string(getpid()) + "\n";
-    if (ftruncate(lock_fd, 0) != 0 || pwrite(lock_fd, pid.data(), pid.size(), 0) != ssize_t(pid.size()))
+    struct stat st {};
+    if (pwrite(lock_fd, pid.data(), pid.size(), 0) != ssize_t(pid.size()) || fstat(lock_fd, &st) != 0 ||
+        (st.st_size != ssize_t(pid.size()) && ftruncate(lock_fd, ssize_t(pid.size())) != 0))
         return trouble(path, "be written");
     return {};
 }

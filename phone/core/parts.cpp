@@ -1,6 +1,7 @@
 #include "core/parts.h"
 
 #include "chips/i2c_bus.h"
+#include "core/clock.h"
 #include "core/conf.h"
 #include "core/files.h"
 #include "core/log.h"
@@ -38,6 +39,7 @@ constexpr phone_part parts[] = {
     // name     attach           seed              start
     { "log",    log_attach,      nullptr,          nullptr },
     { "files",  files_attach,    nullptr,          nullptr },
+    { "clock",  clock_words_attach, nullptr,       nullptr },
     { "watch",  watch_attach,    nullptr,          nullptr },
     { "conf",   conf_attach,     nullptr,          nullptr },
     { "tools",  tools_attach,    nullptr,          nullptr },

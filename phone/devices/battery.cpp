@@ -196,10 +196,10 @@ void publish_locked(bool all)
     const auto texts = texts_locked();
     bool changed = false;
     for (std::size_t i = 0; i < live.size(); i++) {
-        std::string found;
-        const std::string path = host_path(live[i].path);
         if (texts[i] == live[i].text && !all)
             continue;
+        std::string found;
+        const std::string path = host_path(live[i].path);
         if (path.empty() || !read_whole(path, found) || (found != live[i].text && !all))
             continue;
         live[i].text = texts[i];
@@ -376,7 +376,8 @@ void battery_seed()
 void battery_start()
 {
     const std::lock_guard lock(battery_mutex);
-    if (!load_locked()) {
+    const bool known = load_locked();
+    if (!known) {
         const auto texts = texts_locked();
         for (std::size_t i = 0; i < live.size(); i++)
             live[i].text = texts[i];
@@ -385,7 +386,8 @@ void battery_start()
     pmic_set(chg_src, kinds[kind].src);
     take_registers_locked();
     publish_locked(false);
-    replace(home_path("battery"), store_text_locked());
+    if (!known)
+        replace(home_path("battery"), store_text_locked());
 }
 
 } // namespace phone

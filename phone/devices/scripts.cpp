@@ -11,6 +11,8 @@ namespace phone {
 // They lie in the folder scripts beside the program.
 void scripts_seed()
 {
+    if (!home_is_first_start())
+        return;
     std::error_code error;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
     for (const auto& entry : std::filesystem::directory_iterator(program.parent_path() / "scripts", error)) {

@@ -39,6 +39,7 @@ struct Phone : testing::Test {
         dir = pattern;
         ASSERT_EQ(home_take(dir), "");
         clock_attach();
+        clock_words_attach();
         log_attach();
         watch_attach();
         tools_attach();

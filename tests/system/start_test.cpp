@@ -124,7 +124,7 @@ TEST(Start, TheConsoleIsOnTheSecondPortWhereThereIsOne)
         std::ofstream(phone.dir + "/phone.conf") << (second ? "with /dev/ttyGS1\n" : "");
         ASSERT_EQ(phone.up(), "");
         std::string answer;
-        ASSERT_TRUE(phone.ask("calls on", answer));
+        ASSERT_TRUE(phone.ask("calls line", answer));
         ASSERT_GT(write(phone.port, "case?\r", 6), 0);
         ASSERT_TRUE(phone.ask("idle", answer));
         ASSERT_TRUE(phone.ask("calls", answer));

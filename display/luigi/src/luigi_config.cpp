@@ -15,12 +15,12 @@ luigi_settings luigi_config = {
 void luigi_config_init()
 {
     luigi_settings& c = luigi_config;
-    const auto read = [](const char* key, std::uint32_t& value) { value = cfg_get_int("luigi", key, value); };
+    const auto take = [](const char* key, std::uint32_t& value) { value = cfg_get_int("luigi", key, value); };
     c.scripts_path = cfg_get_str("luigi", "scripts_path", c.scripts_path);
-    read("canvas_padding", c.canvas_padding);
-    read("button_padding", c.button_padding);
-    read("label_padding", c.label_padding);
-    read("button_back_color", c.button_back_color);
-    read("button_border_color", c.button_border_color);
-    read("button_text_color_pressed", c.button_text_color_pressed);
+    take("canvas_padding", c.canvas_padding);
+    take("button_padding", c.button_padding);
+    take("label_padding", c.label_padding);
+    take("button_back_color", c.button_back_color);
+    take("button_border_color", c.button_border_color);
+    take("button_text_color_pressed", c.button_text_color_pressed);
 }

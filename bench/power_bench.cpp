@@ -1,0 +1,176 @@
+// What the battery costs: its commands beside a plain one, a tick of the charging monitor, an idle phone. On
+// the virtual phone, whose own work counts too.
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <poll.h>
+#include <string>
+#include <string_view>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+#include "client/control_client.h"
+#include "client/port_client.h"
+#include "row.h"
+
+namespace {
+
+using namespace std::chrono;
+
+constexpr int batches = 12;
+constexpr int trips = 2000;
+constexpr int idle_s = 10;
+constexpr int ticks = 400;
+constexpr int tick_ms = 2000;
+
+std::string program;
+
+// A phone in a folder of its own, made after the lines of a phone.conf.
+struct phone {
+    std::string dir;
+    pid_t pid;
+    int port;
+
+    explicit phone(std::string_view conf)
+    {
+        char pattern[] = "/tmp/hvt-bench-XXXXXX";
+        dir = mkdtemp(pattern);
+        std::ofstream(dir + "/phone.conf") << conf;
+        pid = fork();
+        if (pid == 0) {
+            execl(program.c_str(), program.c_str(), dir.c_str(), nullptr);
+            _exit(127);
+        }
+        while ((port = open((dir + "/ttyGS0").c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC)) < 0)
+            std::this_thread::sleep_for(1ms);
+        while (access((dir + "/control").c_str(), F_OK) != 0)
+            std::this_thread::sleep_for(1ms);
+        std::this_thread::sleep_for(200ms);
+        std::string greeting;
+        port_take(port, greeting);
+    }
+    phone(const phone&) = delete;
+    phone& operator=(const phone&) = delete;
+    ~phone()
+    {
+        kill(pid, SIGKILL);
+        int status;
+        waitpid(pid, &status, 0);
+        close(port);
+        std::filesystem::remove_all(dir);
+    }
+
+    void ask(const std::string& words) const
+    {
+        std::string answer;
+        const int fd = control_connect(dir);
+        const bool done = fd >= 0 && control_ask(fd, words, answer);
+        close(fd);
+        if (!done) {
+            std::fprintf(stderr, "%s: %s\n", words.c_str(), answer.c_str());
+            std::exit(1);
+        }
+    }
+
+    double processor_ns() const
+    {
+        clockid_t clock;
+        timespec t;
+        if (clock_getcpuclockid(pid, &clock) != 0 || clock_gettime(clock, &t) != 0)
+            std::exit(1);
+        return static_cast<double>(t.tv_sec) * 1e9 + static_cast<double>(t.tv_nsec);
+    }
+};
+
+void trip(int port, std::string_view line)
+{
+    if (write(port, line.data(), line.size()) < 0)
+        std::exit(1);
+    for (char last = 0; last != '\n';) {
+        pollfd p{port, POLLIN, 0};
+        char buf[256];
+        if (poll(&p, 1, 5000) <= 0)
+            std::exit(1);
+        const ssize_t n = read(port, buf, sizeof buf);
+        if (n <= 0)
+            std::exit(1);
+        last = buf[n - 1];
+    }
+}
+
+// The least of the means of some batches.
+double trip_ns(int port, std::string_view line)
+{
+    double least = 1e18;
+    for (int b = 0; b < batches; b++) {
+        const auto from = steady_clock::now();
+        for (int i = 0; i < trips; i++)
+            trip(port, line);
+        const double ns = static_cast<double>(duration_cast<nanoseconds>(steady_clock::now() - from).count());
+        least = std::min(least, ns / trips);
+    }
+    return least;
+}
+
+int commands()
+{
+    const phone p("");
+    const double plain = trip_ns(p.port, "case?\r");
+    return bench_figure("batc=1 beyond a round trip of case?", (trip_ns(p.port, "batc=1\r") - plain) / 1e3,
+                        40, "us") +
+           bench_figure("  batc=3", (trip_ns(p.port, "batc=3\r") - plain) / 1e3, 120, "us");
+}
+
+// Processor time of a phone over some ticks of the monitor's clock, whatever the monitor does.
+double ticks_ns(const phone& p)
+{
+    const double from = p.processor_ns();
+    p.ask("clock +" + std::to_string(ticks * tick_ms));
+    return p.processor_ns() - from;
+}
+
+// A phone that charges beside one whose monitor has ended: the difference is the monitor's.
+int monitor()
+{
+    const phone charging("usb off\ncharger none\n");
+    charging.ask("clock hold");
+    charging.ask("clock +2000");
+    charging.ask("battery 3773 -200");
+    charging.ask("charger wall");
+    charging.ask("clock +2000");
+    charging.ask("battery 3900 1"); // goes on for hours
+    const phone ended("");
+    ended.ask("clock hold");
+    ended.ask("clock +4000");
+    double least = 1e18;
+    for (int b = 0; b < 3; b++)
+        least = std::min(least, ticks_ns(charging) - ticks_ns(ended));
+    return bench_figure("a tick of the charging monitor, processor time", least / ticks / 1e3, 1000, "us");
+}
+
+int idle()
+{
+    const phone p("");
+    std::this_thread::sleep_for(3s); // the monitor has found the host and ended
+    const double from = p.processor_ns();
+    std::this_thread::sleep_for(seconds(idle_s));
+    return bench_figure("an idle phone, of one core", (p.processor_ns() - from) / (idle_s * 1e9) * 100, 0.5,
+                        "%");
+}
+
+} // namespace
+
+int main()
+{
+    program =
+        std::filesystem::read_symlink("/proc/self/exe").parent_path().string() + "/../phone/hvt-virtual";
+    return commands() + monitor() + idle() == 0 ? 0 : 1;
+}

@@ -1,0 +1,44 @@
+#include "core/thread_look.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <string>
+#include <unistd.h>
+
+namespace phone {
+
+namespace {
+
+std::string thread_file(pid_t tid, const char* name)
+{
+    const std::string path = "/proc/self/task/" + std::to_string(tid) + "/" + name;
+    char text[512];
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const ssize_t n = fd >= 0 ? ::read(fd, text, sizeof text) : 0;
+    if (fd >= 0)
+        close(fd);
+    return {text, static_cast<std::size_t>(std::max<ssize_t>(n, 0))};
+}
+
+} // namespace
+
+std::set<pid_t> thread_ids()
+{
+    std::set<pid_t> tids;
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/task", error))
+        tids.insert(std::atoi(entry.path().filename().c_str()));
+    return tids;
+}
+
+thread_look look_at(pid_t tid)
+{
+    const std::string stat = thread_file(tid, "stat");
+    const std::size_t name_end = stat.rfind(')');
+    const bool sleeps = name_end != stat.npos && stat.compare(name_end, 3, ") S") == 0;
+    return {sleeps, std::atoll(thread_file(tid, "schedstat").c_str())};
+}
+
+} // namespace phone
