@@ -231,7 +231,7 @@ endless recursion and endless tables are errors of the script
   phone    key 116 tap
   phone    clock +140
   phone    idle
-  write    /system/scripts/start_korvat.lua local t = {} for i = 1, 1e9 do t[i] = ("x"):rep(2e7) end
+  write    /system/scripts/start_korvat.lua local s = ("x"):rep(2e8)
   phone    key 116 tap
   phone    clock +140
   phone    idle

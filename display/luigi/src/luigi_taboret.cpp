@@ -44,11 +44,66 @@ int taboret_update(lua_State* L)
     return 0;
 }
 
+struct box {
+    std::uint32_t x;
+    std::uint32_t y;
+    std::uint32_t w;
+    std::uint32_t h;
+};
+
+box box_of(const luigi_canvas* p_me)
+{
+    return {luigi_get_x(p_me), luigi_get_y(p_me), luigi_get_width(p_me), luigi_get_height(p_me)};
+}
+
+void fill(const box& b, std::uint32_t colour)
+{
+    if (b.w > 0 && b.h > 0)
+        screen_rectangle(b.x, b.y, b.w, b.h, colour, colour, 1);
+}
+
+// A child that covers its whole box, inside `b`'s border and below row `y`.
+bool covers_part(const luigi_canvas* p_child, const box& c, const box& b, std::uint32_t y)
+{
+    const bool paints = (p_child->type & LUIGI_TYPE_CUSTOM) == 0;
+    const std::uint64_t right = std::uint64_t{c.x} + c.w;
+    const std::uint64_t bottom = std::uint64_t{c.y} + c.h;
+    return paints && c.w > 0 && c.h > 0 && c.x > b.x && c.y >= y && right < std::uint64_t{b.x} + b.w &&
+           bottom < std::uint64_t{b.y} + b.h;
+}
+
+// A plain canvas without what its children will cover: pages are mostly buttons, one below the other.
+void draw_around_children(const luigi_canvas* p_me)
+{
+    const box b = box_of(p_me);
+    const std::uint32_t colour = p_me->back_color;
+    screen_rectangle(b.x, b.y, b.w, b.h, p_me->border_color, colour, 0);
+    if (b.w < 3 || b.h < 3)
+        return;
+    const std::uint32_t left = b.x + 1;
+    const std::uint32_t width = b.w - 2;
+    std::uint32_t y = b.y + 1;
+    for (const luigi_canvas* p = p_me->first_child; p != nullptr; p = p->next_sibling) {
+        const box c = box_of(p);
+        if (!covers_part(p, c, b, y))
+            continue;
+        fill({left, y, width, c.y - y}, colour);
+        fill({left, c.y, c.x - left, c.h}, colour);
+        fill({c.x + c.w, c.y, left + width - c.x - c.w, c.h}, colour);
+        y = c.y + c.h;
+    }
+    fill({left, y, width, b.y + b.h - 1 - y}, colour);
+}
+
 // Parents paint under their children. Handlers may add children to a tree on its way, but none goes away
 // while one of the tree is held.
 void taboret_draw(lua_State* L, luigi_canvas* p_me)
 {
-    p_me->draw(L, p_me);
+    const bool on_screen = luigi_get_x(p_me) < screen_width() && luigi_get_y(p_me) < screen_height();
+    if (p_me->draw == luigi_canvas_draw_default && p_me->first_child != nullptr && on_screen)
+        draw_around_children(p_me);
+    else
+        p_me->draw(L, p_me);
     for (luigi_canvas* p = p_me->first_child; p != nullptr; p = p->next_sibling)
         taboret_draw(L, p);
 }
