@@ -106,7 +106,6 @@ struct thread_mark {
     pid_t tid = gettid();
     bool known = false;   // its work is counted
     bool blocked = false; // in one of the waits of this file
-    bool worker = false;  // runs expiries
     ~thread_mark()
     {
         if (known)
@@ -199,9 +198,13 @@ std::deque<std::shared_ptr<std::function<void()>>> expiries;
 std::condition_variable expiries_changed;
 std::size_t idle_workers;
 
+// The threads of timers and expiries: what they do is known, in time and in the count of those at work.
+std::set<pid_t> clock_threads; // guarded by clock_mutex
+
 void worker_loop()
 {
     std::unique_lock lock(clock_mutex);
+    clock_threads.insert(gettid());
     for (;;) {
         idle_workers++;
         expiries_changed.wait(lock, [] { return !expiries.empty(); });
@@ -209,7 +212,6 @@ void worker_loop()
         const auto fire = expiries.front();
         expiries.pop_front();
         mark.enter_locked(true); // counted by who has handed it over
-        mark.worker = true;
         lock.unlock();
         (*fire)();
         mark.leave();
@@ -257,6 +259,7 @@ nanoseconds awaited = forever; // until when the timer thread sleeps
 void timer_loop()
 {
     std::unique_lock lock(clock_mutex);
+    clock_threads.insert(gettid());
     for (;;) {
         if (fire_due_locked()) {
             lock.unlock();
@@ -336,8 +339,10 @@ std::set<pid_t> others_locked()
     std::set<pid_t> tids = thread_ids();
     tids.erase(gettid());
     tids.erase(getpid());
+    for (const pid_t tid : clock_threads)
+        tids.erase(tid);
     for (const thread_mark* p : known_threads)
-        if (p->blocked || p->worker)
+        if (p->blocked)
             tids.erase(p->tid);
     return tids;
 }
