@@ -257,15 +257,6 @@ TEST_F(Chargemon, WithoutDischargingItChargesUpToTheTarget)
     EXPECT_EQ(plat_fake_shell(), std::vector<std::string>{"reboot -p"});
 }
 
-TEST_F(Chargemon, AboveTheTargetItIsDoneEvenIfItCouldntDischarge)
-{
-    percent = 90;
-    start();
-    ticks(1);
-    EXPECT_EQ(log(3), "Capacity (90) too high for charging.\nEntering done state\n");
-    EXPECT_EQ(acts, (std::vector<std::string>{"panel 65280", "light 1 99"}));
-}
-
 TEST_F(Chargemon, TheTargetIsLookedAtAfterTheShortestTime)
 {
     cfg.allow_discharge = 1;
@@ -276,18 +267,6 @@ TEST_F(Chargemon, TheTargetIsLookedAtAfterTheShortestTime)
     EXPECT_EQ(log().find("discharge"), std::string::npos);
     ticks(1);
     EXPECT_NE(log().find("Entering discharge state"), std::string::npos);
-}
-
-TEST_F(Chargemon, EntryAndExitOfChargingInTheirOrder)
-{
-    start();
-    ticks(1);
-    EXPECT_EQ(acts, (std::vector<std::string>{"mode 1", "current 1500 0", "light 20 0", "light 20 255"}));
-    acts.clear();
-    degrees = 81;
-    ticks(1);
-    EXPECT_EQ(acts, (std::vector<std::string>{"light 20 0", "mode 0", "light 20 0", "panel 16711680",
-                                              "light 1 99"}));
 }
 
 TEST_F(Chargemon, APhoneWithALightForChargingBlinksThat)
@@ -312,34 +291,6 @@ TEST_F(Chargemon, ARetryIsForgottenOnceACurrentFlows)
     EXPECT_NE(log().rfind("Start charging retry 3"), std::string::npos);
     ticks(1);
     EXPECT_NE(log().find("Error state: Charging did not start."), std::string::npos);
-}
-
-TEST_F(Chargemon, AnUnknownBatteryIsAnError)
-{
-    type = 0;
-    start();
-    ticks(1);
-    EXPECT_EQ(log(3), "Error state: No valid battery detected.\n");
-    EXPECT_EQ(acts, (std::vector<std::string>{"panel 16711680", "light 1 99"}));
-}
-
-TEST_F(Chargemon, StaysWithAHostIfToldSo)
-{
-    host = 1;
-    cfg.stay_with_usb = 1;
-    start();
-    ticks(1);
-    EXPECT_NE(log().find("Starting charging"), std::string::npos);
-}
-
-TEST_F(Chargemon, StopEndsTheTicks)
-{
-    start();
-    ticks(1);
-    acts.clear();
-    chargemon_stop();
-    ticks(10);
-    EXPECT_TRUE(acts.empty());
 }
 
 TEST_F(Chargemon, APresetIsOverlaidWithWhatIsGiven)

@@ -1,4 +1,4 @@
-// The console on a device of the test's own: line assembly and terminators without a port.
+// The console on a device of the test's own: the full buffer and every status without a port.
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
@@ -91,20 +91,6 @@ struct Cio : testing::Test {
     }
 };
 
-TEST_F(Cio, LineEnds)
-{
-    EXPECT_EQ(ask("case?\r"), "CASE:false,OK\r\n");
-    EXPECT_EQ(ask("case?\n"), "CASE:false,OK\r\n");
-    EXPECT_EQ(ask("case?\r\n"), "CASE:false,OK\r\n");
-    EXPECT_EQ(ask("\r"), "\r\n") << "an empty line gets no word";
-    EXPECT_EQ(ask("\r\n\b\b\n"), "\r\n");
-    EXPECT_EQ(ask("ca"), "");
-    EXPECT_EQ(ask("se"), "");
-    EXPECT_EQ(ask("?\r"), "CASE:false,OK\r\n");
-    EXPECT_EQ(ask("xx\b\bcase?\r"), "CASE:false,OK\r\n");
-    EXPECT_EQ(ask("ca\r\nse?\r\n"), "CASE:false,OK\r\n") << "two lines in one read are one";
-}
-
 TEST_F(Cio, StatusWords)
 {
     const char* const words[] = {
@@ -120,31 +106,6 @@ TEST_F(Cio, StatusWords)
     EXPECT_EQ(former, cio_parse);
 }
 
-TEST_F(Cio, TerminatorCommands)
-{
-    EXPECT_EQ(ask("s3?\r"), "S3:0x2c, 0x0d,OK\r\n");
-    EXPECT_EQ(ask("s4?1,2,3\r"), "S4:0x00, 0x0a,OK\r\n");
-    EXPECT_EQ(ask("s3=d,d\r"), "S3:0x0d, 0x0d\rOK\r\n") << "the reply has the new term";
-    EXPECT_EQ(ask("s4=a,a,3e\r"), "S4:0x0a, 0x0a\r\nOK\r\n>");
-    EXPECT_EQ(ask("s4=a,a\r"), "S4:0x0a, 0x0a\r\nOK\r\n>") << "the prompt stays";
-    EXPECT_EQ(ask("s4=a,a,0\r"), "S4:0x0a, 0x0a\r\nOK\r\n");
-    EXPECT_EQ(ask("s3=2c,d,9\r"), "S3:0x0d, 0x0d\r\nOK\r\n") << "three values are the default";
-    EXPECT_EQ(ask("s3=0,d\r"), "S3:0x00, 0x0dOK\r\n") << "an empty term";
-    EXPECT_EQ(ask("s3=12c\r"), "S3:0x2c, 0x2c,\nOK,\n") << "the low byte, for both";
-    EXPECT_EQ(ask("s3\r"), "S3:0x0d, 0x0d\r\nOK\r\n");
-    EXPECT_EQ(ask("s4=1\r"), "S4:0x01, 0x01\r\x01OK\r\x01");
-    EXPECT_EQ(ask("s4=1,2,3,4\r"), "S4:0x0a, 0x0a\r\nOK\r\n") << "four values are the default";
-    EXPECT_EQ(ask("s3=?\r"),
-              "s3        0xB[,0xB]                                         s3(ct,final)\r\nOK\r\n");
-    EXPECT_EQ(cio_s3_set('t', 'f'), 0x0d0dU);
-    EXPECT_EQ(cio_s4_set('T', 'F', 'P'), 0x0a0aU);
-    EXPECT_STREQ(cio_cmd_term(), "tT");
-    EXPECT_STREQ(cio_cmd_final(), "fFP");
-    EXPECT_EQ(cio_s3_set(0, 0), unsigned{'t' | 'f' << 8});
-    EXPECT_EQ(cio_s4_set(0, 0, 0), unsigned{'T' | 'F' << 8 | 'P' << 16});
-    EXPECT_EQ(ask("case?\r"), "CASE:falseOK");
-}
-
 // A full buffer is a line, with its last byte lost; what is behind it is the next one.
 TEST_F(Cio, FullBuffer)
 {
@@ -152,30 +113,6 @@ TEST_F(Cio, FullBuffer)
     EXPECT_EQ(ask("echo=" + std::string(SIZE - 5, 'a') + "case?\r"),
               "ECHO:" + std::string(SIZE - 6, 'a') + ",OK\r\nCASE:false,OK\r\n");
     EXPECT_EQ(ask(std::string(100000, 'x') + "\r").find("NOT FOUND\r\n"), 0U);
-    EXPECT_EQ(ask("case?\r"), "CASE:false,OK\r\n");
-}
-
-// What each byte in front of a z comes to: NUL ends the text, line ends go, a prefix character isn't part of
-// the value, and a backspace takes the = before it, which makes another name.
-std::string echo_of(char c)
-{
-    if (c == '\b')
-        return "NOT FOUND\r\n";
-    if (c == '?')
-        return "ECHO:z,echo" + std::string(56, ' ') + ",OK\r\n";
-    if (c == 0)
-        return "ECHO:,OK\r\n";
-    const bool kept = c != '\r' && c != '\n' && c != '&' && c != '*';
-    return "ECHO:" + (kept ? std::string(1, c) : "") + "z,OK\r\n";
-}
-
-TEST_F(Cio, AnyByteMayCome)
-{
-    for (int c = 0; c < 256; c++)
-        EXPECT_EQ(ask({"echo=" + std::string(1, static_cast<char>(c)) + "z\r"}),
-                  echo_of(static_cast<char>(c)))
-            << c;
-    EXPECT_EQ(ask({"\0\0\r", 3}), "\r\n");
     EXPECT_EQ(ask("case?\r"), "CASE:false,OK\r\n");
 }
 

@@ -42,7 +42,6 @@ constexpr dcp_cmd spy_tab[] = {
     {"spy", "(0-9)", "%v,%v", "spy(it)", do_spy, 0x04},
     {"spytext", "", "%s,%v", "", do_text, 0x04 | 0x40},
     {"longest_name_of_all", "", "%v,%v", "", do_spy, 0},
-    {"help", "", "%v,%v", "a second one", do_spy, 0x04},
     {},
 };
 
@@ -94,19 +93,6 @@ TEST_F(Dcp, LineFormsReachTheHandler)
     EXPECT_EQ(parse("spy"), 7);
 }
 
-TEST_F(Dcp, UsageLines)
-{
-    handler_status = 1;
-    EXPECT_EQ(parse("spy=?3"), 1);
-    EXPECT_EQ(called, "spy 2 3");
-    EXPECT_EQ(shown, list{usage_spy});
-    shown.clear();
-    called.clear();
-    EXPECT_EQ(parse("spy=*4"), 2);
-    EXPECT_EQ(called, "");
-    EXPECT_EQ(shown, list{usage_spy});
-}
-
 // Each field is cut to its own length, and pads the next one to its column.
 TEST_F(Dcp, UsageLineIsCut)
 {
@@ -117,23 +103,6 @@ TEST_F(Dcp, UsageLineIsCut)
     EXPECT_EQ(txt.get(), n.substr(0, 10) + r.substr(0, 57) + h.substr(0, 32));
     dcp_cmd_dspl(txt.get(), &spy_tab[0], 0);
     EXPECT_STREQ(txt.get(), "spy       ");
-}
-
-TEST_F(Dcp, FirstRowOfANameWins)
-{
-    EXPECT_EQ(parse("help=\"zz\""), 3);
-    EXPECT_EQ(called, "") << "the shell's own help stands before the other one";
-}
-
-TEST_F(Dcp, CaseIsExactWhenFoldingIsOff)
-{
-    dcp_case_set(1);
-    EXPECT_EQ(parse("SPY"), 3);
-    EXPECT_EQ(parse("spy"), 0);
-    dcp_printf(id, "spy", "%s", "Value");
-    dcp_case_set(0);
-    dcp_printf(id, "spy", "%s", "Value");
-    EXPECT_EQ(shown, (list{"6,0:spy:Value", "6,0:SPY:Value"}));
 }
 
 TEST_F(Dcp, FilterExtensionAndBlock)
@@ -160,22 +129,6 @@ TEST_F(Dcp, FilterExtensionAndBlock)
     EXPECT_EQ(shown, list{});
 }
 
-TEST_F(Dcp, HelpSelectsRows)
-{
-    handler_status = 9; // the second "help" must not be called
-    parse("list=\"sp\"");
-    EXPECT_EQ(shown, (list{"6,1:spy       ", "6,1:spytext   "}));
-    shown.clear();
-    parse("list=\"\", 1");
-    EXPECT_EQ(shown, (list{"6,1:case      ", "6,1:longest_na"})) << "a row of group 0 has every group";
-    shown.clear();
-    parse("list"); // sorted by first letter, then by table order
-    EXPECT_EQ(shown, (list{"6,1:case      ", "6,1:help      ", "6,1:help      ", "6,1:list      ",
-                           "6,1:longest_na", "6,1:spy       ", "6,1:spytext   "}));
-    EXPECT_EQ(parse("list=\"q\""), 3);
-    EXPECT_EQ(parse("list=, 8"), 0) << "group 0 again";
-}
-
 // The response is cut at the limit, whatever the name and the values are; the long way has none.
 TEST_F(Dcp, ResponseLimit)
 {
@@ -184,20 +137,6 @@ TEST_F(Dcp, ResponseLimit)
     dcp_printf(id, text.c_str(), "%d", 1);
     dcp_print_long(id, "n", text.c_str());
     EXPECT_EQ(shown, (list{"6,0:N:" + text.substr(0, 253), "6,0:" + std::string(255, 'V'), "6,0:N:" + text}));
-}
-
-void own_printer(int, const char* name, const char* fmt, ...)
-{
-    shown.push_back(std::string(name) + fmt);
-}
-
-TEST_F(Dcp, ReplacementPrinter)
-{
-    dcp_printf_add(own_printer);
-    dcp_printf(id, "own ", "printer");
-    dcp_printf_add(nullptr);
-    dcp_printf(id, "n", "%d", 1);
-    EXPECT_EQ(shown, (list{"own printer", "6,0:N:1"}));
 }
 
 TEST_F(Dcp, Clients)
@@ -223,22 +162,6 @@ TEST_F(Dcp, Clients)
     EXPECT_EXIT(dcp_parse(id, nullptr), testing::ExitedWithCode(1), "^$");
     client.bin_tx = nullptr;
     EXPECT_EXIT(dcp_clnt_add(&client), testing::ExitedWithCode(1), "^$");
-}
-
-TEST_F(Dcp, WalkOverTheTables)
-{
-    dcp_cmd_link* p_first = dcp_cmd_tab_next(nullptr);
-    ASSERT_NE(p_first, nullptr);
-    EXPECT_EQ(dcp_cmd_cnt(p_first), 3);
-    EXPECT_EQ(dcp_cmd_tab_next(p_first), &link);
-    EXPECT_EQ(dcp_cmd_tab_next(&link), nullptr);
-    EXPECT_EQ(dcp_cmd_tab_prev(nullptr), &link);
-    EXPECT_EQ(dcp_cmd_tab_prev(p_first), nullptr);
-    const dcp_cmd* p_cmd = dcp_cmd_sel(&link, 0);
-    EXPECT_STREQ(dcp_cmd_str(p_cmd, 0), "spy");
-    EXPECT_STREQ(dcp_cmd_str(p_cmd, 3), "spy(it)");
-    EXPECT_EQ(dcp_cmd_str(p_cmd, 4), nullptr);
-    EXPECT_EQ(dcp_cmd_grp(p_cmd), 4U);
 }
 
 // A thousand names in one table: each is found, and no other name finds anything.

@@ -75,14 +75,6 @@ TEST_F(Files, ItemsTellNameEndingSizeAndKind)
         EXPECT_EQ(item.attr, 0);
     }
     file_item item;
-    EXPECT_EQ(file_exist(at("missing").c_str(), &item), 0);
-    EXPECT_EQ(file_mkdir(at("sub.d").c_str()), 1);
-    EXPECT_EQ(file_mkdir(at("sub.d").c_str()), 0);
-    ASSERT_EQ(file_exist(at("sub.d").c_str(), &item), 1);
-    EXPECT_EQ(item.attr, FILE_ATTR_DIR);
-    EXPECT_EQ(file_rm(at("sub.d").c_str()), 1);
-    EXPECT_EQ(file_rm(at("none").c_str()), 1);
-    EXPECT_EQ(file_rm(at("none").c_str()), 0);
     const std::string longest(255, 'x');
     write(longest, "1");
     EXPECT_EQ(file_exist(at(longest).c_str(), &item), 1);
@@ -130,28 +122,6 @@ TEST_F(Files, AWalkThatFailsIsNotTakenForOneThatEnds)
     EXPECT_EQ(file_fnd_next(p_hnd, &item), 1);
     EXPECT_EQ(file_fnd_next(p_hnd, &item), 0);
     EXPECT_EQ(file_fnd_close(p_hnd), 0);
-}
-
-TEST_F(Files, AnOpenFileIsReadWrittenAndMovedAbout)
-{
-    file_hnd* p = file_open(at("f").c_str(), "w+");
-    ASSERT_NE(p, nullptr);
-    EXPECT_EQ(file_write("ab\ncdef", 1, 7, p), 7u);
-    EXPECT_EQ(file_tell(p), 7);
-    file_rewind(p);
-    char line[8];
-    EXPECT_STREQ(file_gets(line, sizeof line, p), "ab\n");
-    EXPECT_EQ(file_seek(p, -2, 2), 0);
-    EXPECT_EQ(file_read(line, 1, 5, p), 2u);
-    EXPECT_EQ(file_seek(p, -4, 1), 0);
-    EXPECT_EQ(file_tell(p), 3);
-    EXPECT_EQ(file_seek(p, 1, 0), 0);
-    EXPECT_EQ(file_seek(p, 0, 3), 1);
-    EXPECT_EQ(file_length(p), 7);
-    EXPECT_EQ(file_tell(p), 0);
-    EXPECT_EQ(file_close(p), 1);
-    EXPECT_EQ(file_open(at("missing").c_str(), "r"), nullptr);
-    EXPECT_EQ(file_open((dir + std::string(300, 'p')).c_str(), "w"), nullptr);
 }
 
 TEST_F(Files, WritingAStringTellsWhenItDidNotArrive)

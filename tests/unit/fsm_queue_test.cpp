@@ -129,29 +129,6 @@ TEST(Queue, RefusesBadArguments)
     EXPECT_EQ(queue_put(&q, nullptr, 4), -1);
 }
 
-TEST(Queue, HoldsItsFiftyRecordsAndBlocksAtTheNext)
-{
-    queue q{};
-    ASSERT_EQ(queue_start(&q, 50, sizeof(int)), 1);
-    for (int i = 0; i < 50; i++)
-        ASSERT_EQ(queue_put(&q, &i, sizeof i), 1);
-    EXPECT_EQ((q.wr + 1) % q.cap, q.rd) << "the 51st would have to wait";
-    std::atomic<bool> done = false;
-    std::thread producer([&] {
-        const int last = 50;
-        queue_put(&q, &last, sizeof last);
-        done = true;
-    });
-    int rec = -1;
-    EXPECT_FALSE(done);
-    for (int i = 0; i <= 50; i++) {
-        ASSERT_EQ(queue_get(&q, &rec, sizeof rec), 1);
-        EXPECT_EQ(rec, i);
-    }
-    producer.join();
-    EXPECT_EQ(q.wr, q.rd);
-}
-
 // Four producers and two consumers on three slots: nothing is lost or torn, and each producer's order holds.
 TEST(Queue, ManyProducersLoseNothing)
 {

@@ -46,20 +46,6 @@ struct Spmi : testing::Test {
 
 using bytes = std::vector<std::uint8_t>;
 
-TEST_F(Spmi, ADumpIsReadAcrossItsRows)
-{
-    put("data", "1D840 -- -- -- -- -- -- -- -- -- -- -- -- -- -- AE AF\n"
-                "1D850 B0 B1 B2 B3 B4 B5 B6 B7 B8 B9 BA BB BC BD BE BF\n1D860 C0\n");
-    bytes got(19);
-    EXPECT_EQ(spmi_read(2, 0xFFF1D84E, got.data(), got.size()), 1);
-    bytes wanted;
-    for (int i = 0xAE; i <= 0xC0; i++)
-        wanted.push_back(static_cast<std::uint8_t>(i));
-    EXPECT_EQ(got, wanted);
-    EXPECT_EQ(get("address"), "0x1D84E\n");
-    EXPECT_EQ(get("count"), "19\n");
-}
-
 TEST_F(Spmi, ADumpThatEndsEarlyIsAFailure)
 {
     bytes got(2, 0x55);
@@ -87,20 +73,6 @@ TEST_F(Spmi, TheLongestDumpFillsAllFields)
     for (std::size_t i = 0; i < got.size(); i++)
         ASSERT_EQ(got[i], i % 2 == 0 ? 0x5A : 0xC3) << i;
     EXPECT_EQ(spmi_read(2, 1, got.data(), got.size()), 0);
-}
-
-TEST_F(Spmi, BytesAreWrittenAsText)
-{
-    const bytes out = {0x00, 0x0A, 0xFF};
-    EXPECT_EQ(spmi_write(2, 0x1D84D, out.data(), out.size()), 1);
-    EXPECT_EQ(get("address"), "0x1D84D\n");
-    EXPECT_EQ(get("data"), "0x00 0x0a 0xff");
-    EXPECT_EQ(spmi_write(2, 0x1D84D, out.data(), 0), 0);
-    const bytes most(3277, 0x11);
-    EXPECT_EQ(spmi_write(2, 0x1D84D, most.data(), 3277), 0);
-    EXPECT_EQ(get("data"), "0x00 0x0a 0xff");
-    EXPECT_EQ(spmi_write(2, 0x1D84D, most.data(), 3276), 1);
-    EXPECT_EQ(get("data").size(), 3276u * 5 - 1);
 }
 
 TEST_F(Spmi, AMaskedWriteKeepsTheOtherBits)
