@@ -50,4 +50,3 @@ TEST(Cfg, SettingsStandInOrderAndKeepTheirLastValue)
     cfg_init();
     EXPECT_EQ(cfg_get_first_item(), nullptr);
 }
-

@@ -124,19 +124,6 @@ TEST_F(Files, AWalkThatFailsIsNotTakenForOneThatEnds)
     EXPECT_EQ(file_fnd_close(p_hnd), 0);
 }
 
-TEST_F(Files, WritingAStringTellsWhenItDidNotArrive)
-{
-    EXPECT_EQ(file_write_string(at("s").c_str(), "hello"), 1);
-    EXPECT_EQ(read("s"), "hello");
-    EXPECT_EQ(file_write_string(at("s").c_str(), ""), 1);
-    EXPECT_EQ(read("s"), "");
-    plat_fake_co.write = [](int, const void*, std::size_t) -> ssize_t {
-        errno = ENOSPC;
-        return -1;
-    };
-    EXPECT_EQ(file_write_string(at("s").c_str(), "hello"), 0);
-}
-
 TEST_F(Files, CompressingTwiceGivesTwoMembersThatReadAsOneStream)
 {
     for (const std::size_t size : {0ul, 1ul, 16383ul, 16384ul, 16385ul, 262144ul}) {

@@ -90,30 +90,6 @@ TEST(Fsm, SecondTransitionStopsTheProcess)
     EXPECT_EXIT(m.send(evt_twice), testing::ExitedWithCode(1), "^$");
 }
 
-TEST(Fsm, TransitionAskedForOnEntryWaitsForTheNextEvent)
-{
-    static fsm_state first, passing, last;
-    fsm me;
-    fsm_ctor(&me, "chain");
-    fsm_state_ctor(&first, "first", [](fsm* p, const fsm_event* e) {
-        if (fsm_evt_get(e) == evt_go)
-            fsm_state_init(p, &passing);
-        return 0;
-    });
-    fsm_state_ctor(&passing, "passing", [](fsm* p, const fsm_event* e) {
-        if (fsm_evt_get(e) == fsm_msg_entry)
-            fsm_state_init(p, &last);
-        return 0;
-    });
-    fsm_state_ctor(&last, "last", [](fsm*, const fsm_event*) { return 0; });
-    fsm_start(&me, &first);
-    const fsm_event go{evt_go};
-    fsm_evt(&me, &go);
-    EXPECT_EQ(fsm_state_curr(&me), &passing);
-    fsm_evt(&me, &go);
-    EXPECT_EQ(fsm_state_curr(&me), &last);
-}
-
 TEST(Queue, RefusesBadArguments)
 {
     queue q{};

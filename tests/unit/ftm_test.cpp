@@ -168,4 +168,3 @@ TEST_F(Ftm, FtmcFiltersItsOwnRequestsAndCutsTheLineAt32768)
     EXPECT_GT(shown.size(), 32760u);
     dcp_init();
 }
-

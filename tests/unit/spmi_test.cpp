@@ -1,10 +1,9 @@
-// The SPMI driver on three plain files: the layout of the kernel's dump, and what goes the other way.
+// The SPMI driver on three plain files: dumps of the kernel that are whole or not.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -36,12 +35,6 @@ struct Spmi : testing::Test {
 
     static std::string path(const char* name) { return top + "/sys/kernel/debug/spmi/spmi-2/" + name; }
     static void put(const char* name, const std::string& text) { std::ofstream(path(name)) << text; }
-    static std::string get(const char* name)
-    {
-        std::ostringstream text;
-        text << std::ifstream(path(name)).rdbuf();
-        return text.str();
-    }
 };
 
 using bytes = std::vector<std::uint8_t>;
@@ -59,30 +52,6 @@ TEST_F(Spmi, ADumpThatEndsEarlyIsAFailure)
     bytes many(SPMI_MOST_READ + 1);
     EXPECT_EQ(spmi_read(2, 0x1D840, many.data(), many.size()), 0);
     EXPECT_EQ(spmi_read(3, 0x1D840, got.data(), 2), 0); // no such bus
-}
-
-TEST_F(Spmi, TheLongestDumpFillsAllFields)
-{
-    std::string text;
-    for (std::size_t i = 0; i < SPMI_MOST_READ; i++)
-        text +=
-            (i % 16 == 0 ? (i == 0 ? "00000 " : "\n00000 ") : " ") + std::string(i % 2 == 0 ? "5A" : "C3");
-    put("data", text + "\n");
-    bytes got(SPMI_MOST_READ);
-    ASSERT_EQ(spmi_read(2, 0, got.data(), got.size()), 1);
-    for (std::size_t i = 0; i < got.size(); i++)
-        ASSERT_EQ(got[i], i % 2 == 0 ? 0x5A : 0xC3) << i;
-    EXPECT_EQ(spmi_read(2, 1, got.data(), got.size()), 0);
-}
-
-TEST_F(Spmi, AMaskedWriteKeepsTheOtherBits)
-{
-    put("data", "02840 -- -- -- -- -- F4 0F\n");
-    EXPECT_EQ(spmi_masked_write(2, 0x03, 0x2845, 0x02, 2), 1);
-    EXPECT_EQ(get("data"), "0xf6 0x0e");
-    put("data", "");
-    EXPECT_EQ(spmi_masked_write(2, 0x03, 0x2845, 0x02, 1), 0);
-    EXPECT_EQ(get("data"), "");
 }
 
 } // namespace

@@ -50,14 +50,6 @@ struct UsbLinux : testing::Test {
     void state(const char* text) const { std::ofstream(path) << text; }
 };
 
-TEST_F(UsbLinux, OnlyTheFirstBytesOfTheAttributeCount)
-{
-    int connected = 7;
-    state((std::string(60, '-') + "CONFIGURED").c_str());
-    EXPECT_EQ(usb_get(USB_GET_CONNECTED, &connected), 1);
-    EXPECT_EQ(connected, 0) << "the word lies behind the 64 bytes that are read";
-}
-
 // Every 100 ms while something is connected; then the host power goes for the time asked for, once.
 TEST_F(UsbLinux, WatchOfTheHostPower)
 {
