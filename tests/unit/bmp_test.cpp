@@ -65,14 +65,6 @@ struct Bmp : testing::Test {
     }
 };
 
-TEST_F(Bmp, APictureIsDrawnInTheTopLeftCornerAndTheRestStays)
-{
-    ASSERT_EQ(draw(file_of({})), 1);
-    for (unsigned y = 0; y < 4; y++)
-        for (unsigned x = 0; x < 5; x++)
-            EXPECT_EQ(panel_fake_pixel(x, y), y < 2 && x < 3 ? PIXELS[y][x] : 0u) << x << "," << y;
-}
-
 TEST_F(Bmp, ALargerPictureIsCutAtTheRightAndAtTheBottom)
 {
     panel_fake_start({.width = 2, .height = 1});

@@ -56,6 +56,10 @@ int get_mode(int query, int* p_out)
 constexpr battery_co battery_spy = {give<mv>, give<ma>, give_capacity, give<type>, give<degrees>, nullptr};
 constexpr charge_co charge_spy = {[](int) { return 1; }, get_mode,
                                   [](std::uint32_t, std::uint32_t) { return 1; }, nullptr, nullptr};
+constexpr usb_co usb_spy = {nullptr, nullptr, [](int, int*) { return 0; }};
+
+constexpr light_map_row no_lights[] = {{0, 0, 0}};
+
 constexpr std::uint32_t second_us = 1'000'000;
 
 struct Chargemon : testing::Test {
@@ -75,8 +79,13 @@ struct Chargemon : testing::Test {
         battery_cmd_co_attach(&battery_spy);
         charge_co_attach(&charge_spy);
         usb_init();
+        usb_co_attach(&usb_spy);
         screen_init();
+        screen_callouts no_panel{};
+        no_panel.start = [](std::uint32_t) { return 0; };
+        screen_register_platform_co(&no_panel);
         light_init();
+        light_map_set(no_lights);
         autopoff_init();
         chargemon_init();
         mv = 3700, ma = 1000, percent = 30, degrees = 25, type = 1, charger = CHARGER_WALL;
@@ -185,18 +194,6 @@ TEST_F(Chargemon, WithoutDischargingItChargesUpToTheTarget)
     charger = CHARGER_NONE;
     ticks(1);
     EXPECT_EQ(plat_fake_shell(), std::vector<std::string>{"reboot -p"});
-}
-
-TEST_F(Chargemon, TheTargetIsLookedAtAfterTheShortestTime)
-{
-    cfg.allow_discharge = 1;
-    cfg.min_charge_time = 20'000;
-    percent = 59;
-    start();
-    ticks(20);
-    EXPECT_EQ(log().find("discharge"), std::string::npos);
-    ticks(1);
-    EXPECT_NE(log().find("Entering discharge state"), std::string::npos);
 }
 
 TEST_F(Chargemon, ARetryIsForgottenOnceACurrentFlows)

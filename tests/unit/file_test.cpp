@@ -141,18 +141,6 @@ TEST_F(Files, CompressingTwiceGivesTwoMembersThatReadAsOneStream)
     }
 }
 
-TEST_F(Files, WhatCannotBeMappedIsCompressedInBlocks)
-{
-    write("src", log_text(50000));
-    ASSERT_NE(compress(), 0u);
-    const std::string mapped = read("dst");
-    fs::remove(at("dst"));
-    plat_fake_co.mmap = [](void*, std::size_t, int, int, int, off_t) { return MAP_FAILED; };
-    ASSERT_NE(compress(), 0u);
-    EXPECT_EQ(uncompress(), 50000u);
-    EXPECT_EQ(read("out"), log_text(50000));
-}
-
 TEST_F(Files, FailuresOfTheGzipHelpersGiveZero)
 {
     EXPECT_EQ(compress(), 0u); // no source

@@ -1,5 +1,5 @@
-// The channel against a driver of the test's own, for what no packet of the virtual modem shows: the filter
-// and the bounds of the buffers.
+// The channel against a driver of the test's own, for what no packet of the virtual modem shows: the bounds
+// of the buffers and the filter of one command.
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
@@ -21,7 +21,6 @@ struct block {
     std::uint8_t data[32768];
 };
 
-std::vector<unsigned long> asked; // requests, in order
 bytes sent;
 bytes answer;      // of request 101, trailing bytes included; of 108 and 109, the buffer's content
 int record_result; // of 108 and 109
@@ -29,7 +28,6 @@ std::string shown;
 
 int driver(int, unsigned long request, void* arg)
 {
-    asked.push_back(request);
     auto* p = static_cast<block*>(arg);
     switch (request) {
     case 100:
@@ -57,7 +55,6 @@ struct Ftm : testing::Test {
         plat_fake_co.open = [](const char*, int, mode_t) { return 1000; };
         plat_fake_co.close = [](int) { return 0; };
         plat_fake_co.ioctl = driver;
-        asked.clear();
         sent.clear();
         ftm_init();
         ftm_start();
@@ -121,27 +118,6 @@ TEST_F(Ftm, LongestGatheredRequest)
     EXPECT_EQ(cmd(bytes(32767, 0x11)), 0);
     EXPECT_EQ(sent.size(), 32767u);
     EXPECT_EXIT(cmd(bytes(32768, 0x11)), testing::ExitedWithCode(1), "^$");
-}
-
-TEST_F(Ftm, FilterLetsThroughWhatBeginsWithAPattern)
-{
-    static constexpr std::uint8_t one[] = {0x4B, 0x0B}, two[] = {0x7C};
-    static constexpr ftm_filter table[] = {{one, 2}, {two, 1}, {nullptr, 0}};
-    answer = {0x4B, 0x0B, 1, 0, 0, 0};
-    ftm_filter_enable(true); // without a table
-    EXPECT_EQ(cmd({1}), 1);
-    ftm_filter_attach(table);
-    EXPECT_EQ(cmd({1}), 1) << "not on yet";
-    ftm_filter_enable(true);
-    asked.clear();
-    EXPECT_EQ(cmd({1}), 0);
-    EXPECT_EQ(cmd({0x4B}), 0) << "shorter than its pattern";
-    EXPECT_TRUE(asked.empty());
-    EXPECT_EQ(cmd({0x4B, 0x0B, 1}), 1);
-    EXPECT_EQ(cmd({0x7C, 5}), 1);
-    EXPECT_EQ(cmd({204}), 1) << "local commands come before the filter";
-    ftm_filter_enable(false);
-    EXPECT_EQ(cmd({1}), 1);
 }
 
 TEST_F(Ftm, FtmcFiltersItsOwnRequestsAndCutsTheLineAt32768)
