@@ -93,7 +93,7 @@ std::string read_exactly(session& s, const std::string& wanted)
 std::string ask_phone(session& s, const step& st)
 {
     std::string answer;
-    const bool done = s.p_phone->ask(st.text, answer);
+    const bool done = s.p_phone->ask(unescaped(st.text), answer);
     if (done != (st.verb == "phone"))
         return "\"" + st.text + "\" answers " + (done ? "ok" : "error: " + answer);
     if (!st.has_answer)

@@ -65,26 +65,11 @@ struct Bmp : testing::Test {
     }
 };
 
-TEST_F(Bmp, APictureIsDrawnInTheTopLeftCornerAndTheRestStays)
-{
-    ASSERT_EQ(draw(file_of({})), 1);
-    for (unsigned y = 0; y < 4; y++)
-        for (unsigned x = 0; x < 5; x++)
-            EXPECT_EQ(panel_fake_pixel(x, y), y < 2 && x < 3 ? PIXELS[y][x] : 0u) << x << "," << y;
-}
-
 TEST_F(Bmp, ALargerPictureIsCutAtTheRightAndAtTheBottom)
 {
     panel_fake_start({.width = 2, .height = 1});
     ASSERT_EQ(draw(file_of({})), 1);
     EXPECT_EQ(panel_fake_picture(), (std::vector<uint32_t>{PIXELS[0][0], PIXELS[0][1]}));
-}
-
-TEST_F(Bmp, RowsOfAFileThatRunsTopDownAreDrawnTopDown)
-{
-    ASSERT_EQ(draw(file_of({.height = 0u - 2})), 1);
-    EXPECT_EQ(panel_fake_pixel(1, 0), PIXELS[1][1]);
-    EXPECT_EQ(panel_fake_pixel(1, 1), PIXELS[0][1]);
 }
 
 TEST_F(Bmp, TheLastRowMayLackItsPadding)
@@ -127,13 +112,6 @@ TEST_F(Bmp, WhatIsMalformedIsRefusedAndThePictureStays)
         EXPECT_EQ(draw(c.file), 0) << c.what;
         EXPECT_EQ(panel_fake_picture(), std::vector<uint32_t>(20, 0)) << c.what;
     }
-}
-
-TEST_F(Bmp, OnlyRegularFilesAreOpened)
-{
-    EXPECT_EQ(screen_load_image("/nowhere/at/all.bmp"), 0);
-    EXPECT_EQ(screen_load_image(testing::TempDir().c_str()), 0);
-    EXPECT_EQ(screen_load_image("/dev/zero"), 0);
 }
 
 TEST_F(Bmp, AReadThatComesInPiecesIsContinuedAndAFailedOneLeavesThePicture)

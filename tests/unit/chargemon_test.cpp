@@ -1,5 +1,5 @@
-// The charging monitor with settings that other phones use: by voltage, without discharging, with a light of
-// its own. Battery, charger, panel and lights are spies; the log is a file of the test's.
+// The charging monitor with settings that other phones use: by voltage, without discharging. Battery and
+// charger are spies; the log is a file of the test's.
 #include <cstring>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -21,8 +21,7 @@
 namespace {
 
 std::string log_path;
-std::vector<std::string> acts; // what the monitor did, oldest first
-int mv, ma, percent, degrees, type, charger, host;
+int mv, ma, percent, degrees, type, charger;
 
 int (*plain_open)(const char*, int, mode_t);
 
@@ -48,64 +47,18 @@ int give_capacity(int* p_percent, int* p_mv, int* p_ma)
     return 1;
 }
 
-int set_mode(int mode)
-{
-    acts.push_back("mode " + std::to_string(mode));
-    return 1;
-}
-
-int set_current(std::uint32_t battery_ma, std::uint32_t input_ma)
-{
-    acts.push_back("current " + std::to_string(battery_ma) + " " + std::to_string(input_ma));
-    return 1;
-}
-
 int get_mode(int query, int* p_out)
 {
     *p_out = charger;
     return query == CHARGE_GET_TYPE;
 }
 
-int usb_state(int, int* p_val)
-{
-    *p_val = host;
-    return 1;
-}
-
-int panel_start(std::uint32_t)
-{
-    return 1;
-}
-
-int panel_show()
-{
-    return 1;
-}
-
-std::uint32_t panel_size()
-{
-    return 1080;
-}
-
-void panel_pixel(std::uint32_t, std::uint32_t, std::uint32_t) {}
-
-void panel_clear(std::uint32_t colour)
-{
-    acts.push_back("panel " + std::to_string(colour));
-}
-
-int set_light(light_dev* p_dev, std::uint16_t level)
-{
-    acts.push_back("light " + std::to_string(p_dev->id) + " " + std::to_string(level));
-    return 1;
-}
-
 constexpr battery_co battery_spy = {give<mv>, give<ma>, give_capacity, give<type>, give<degrees>, nullptr};
-constexpr charge_co charge_spy = {set_mode, get_mode, set_current, nullptr, nullptr};
-constexpr usb_co usb_spy = {nullptr, nullptr, usb_state};
-constexpr light_map_row map_rgb[] = {{LIGHT_ZONE_MMI, 1, 20}, {LIGHT_ZONE_DISPLAY, 1, 1}, {0, 0, 0}};
-constexpr light_map_row map_trickle[] = {{18, 1, 30}, {0, 0, 0}};
-light_dev lights[] = {{{nullptr}, 1, set_light}, {{nullptr}, 20, set_light}, {{nullptr}, 30, set_light}};
+constexpr charge_co charge_spy = {[](int) { return 1; }, get_mode,
+                                  [](std::uint32_t, std::uint32_t) { return 1; }, nullptr, nullptr};
+constexpr usb_co usb_spy = {nullptr, nullptr, [](int, int*) { return 0; }};
+
+constexpr light_map_row no_lights[] = {{0, 0, 0}};
 
 constexpr std::uint32_t second_us = 1'000'000;
 
@@ -128,22 +81,14 @@ struct Chargemon : testing::Test {
         usb_init();
         usb_co_attach(&usb_spy);
         screen_init();
-        screen_callouts panel{};
-        panel.start = panel_start;
-        panel.invalidate = panel_show;
-        panel.width = panel_size;
-        panel.height = panel_size;
-        panel.put_pixel = panel_pixel;
-        panel.clear = panel_clear;
-        screen_register_platform_co(&panel);
+        screen_callouts no_panel{};
+        no_panel.start = [](std::uint32_t) { return 0; };
+        screen_register_platform_co(&no_panel);
         light_init();
-        for (light_dev& l : lights)
-            light_add(&l);
-        light_map_set(map_rgb);
+        light_map_set(no_lights);
         autopoff_init();
         chargemon_init();
-        acts.clear();
-        mv = 3700, ma = 1000, percent = 30, degrees = 25, type = 1, charger = CHARGER_WALL, host = 0;
+        mv = 3700, ma = 1000, percent = 30, degrees = 25, type = 1, charger = CHARGER_WALL;
         cfg.tick_period = second_us;
         cfg.target_cap = 60;
         cfg.recharge_cap = 58;
@@ -155,7 +100,6 @@ struct Chargemon : testing::Test {
         cfg.capacity = 1000;
         cfg.charge_time_limit = 3'600'000;
         cfg.done_check_period = 10'000;
-        cfg.backlight_level = 99;
     }
     ~Chargemon() override
     {
@@ -244,19 +188,15 @@ TEST_F(Chargemon, WithoutDischargingItChargesUpToTheTarget)
     ma = 3600;
     charger = CHARGER_SIMPLE;
     start();
-    ticks(1);
-    acts.clear();
-    ticks(299);
-    EXPECT_EQ(acts.size(), 299u) << "nothing but the blinking";
-    ticks(1);
+    ticks(301);
     EXPECT_EQ(log(3 + 3 + 299 * 2),
               "60%, 3700mV, 3600mA, 600mAh/600mAh\nCharging done.\nEntering done state\n");
-    acts.clear();
     charger = CHARGER_NONE;
     ticks(1);
     EXPECT_EQ(plat_fake_shell(), std::vector<std::string>{"reboot -p"});
 }
 
+<<<<<<< HEAD
 TEST_F(Chargemon, ChargingEndsWithTheTime)
 {
     // 1 mA is nothing in the integers of a tick
@@ -311,6 +251,8 @@ TEST_F(Chargemon, APhoneWithALightForChargingBlinksThat)
                                               "light 30 255"}));
 }
 
+=======
+>>>>>>> p1
 TEST_F(Chargemon, ARetryIsForgottenOnceACurrentFlows)
 {
     ma = -1;
@@ -324,55 +266,6 @@ TEST_F(Chargemon, ARetryIsForgottenOnceACurrentFlows)
     EXPECT_NE(log().rfind("Start charging retry 3"), std::string::npos);
     ticks(1);
     EXPECT_NE(log().find("Error state: Charging did not start."), std::string::npos);
-}
-
-TEST_F(Chargemon, AnUnknownBatteryIsAnError)
-{
-    type = 0;
-    start();
-    ticks(1);
-    EXPECT_EQ(log(3), "Error state: No valid battery detected.\n");
-    EXPECT_EQ(acts, (std::vector<std::string>{"panel 16711680", "light 1 99"}));
-}
-
-TEST_F(Chargemon, StaysWithAHostIfToldSo)
-{
-    host = 1;
-    cfg.stay_with_usb = 1;
-    start();
-    ticks(1);
-    EXPECT_NE(log().find("Starting charging"), std::string::npos);
-}
-
-TEST_F(Chargemon, StopEndsTheTicks)
-{
-    start();
-    ticks(1);
-    acts.clear();
-    chargemon_stop();
-    ticks(10);
-    EXPECT_TRUE(acts.empty());
-}
-
-TEST_F(Chargemon, APresetIsOverlaidWithWhatIsGiven)
-{
-    chargemon_cfg given{};
-    given.preset = 6;
-    given.capacity = 3000;
-    given.recharge_voltage = 4000;
-    given.target_cap = 70;
-    chargemon_set_cfg(&given);
-    const chargemon_cfg& now = *chargemon_get_cfg();
-    EXPECT_EQ(now.preset, 6);
-    EXPECT_EQ(now.capacity, 3000u);
-    EXPECT_EQ(now.target_cap, 70);
-    EXPECT_EQ(now.recharge_voltage, 0u);
-    EXPECT_EQ(now.tick_period, 2'000'000u);
-    EXPECT_EQ(now.charge_time_limit, 10'800'000u);
-    given.preset = 0;
-    chargemon_set_cfg(&given);
-    EXPECT_EQ(chargemon_get_cfg()->recharge_voltage, 4000u);
-    EXPECT_EQ(chargemon_get_cfg()->tick_period, 0u);
 }
 
 } // namespace

@@ -9,7 +9,6 @@
 #include <thread>
 #include <vector>
 
-#include "autoinit/autoinit.h"
 #include "core/core.h"
 #include "dcp/dcp.h"
 #include "plat_fake.h"
@@ -115,24 +114,6 @@ void deferred_before_start()
     run();
 }
 
-void deferred_before_readers()
-{
-    begin();
-    a.make("a", [](reader* p) {
-        if (passes == 1) {
-            core_dfc(note, text("deferred "), nullptr, 0);
-            p->feed();
-        }
-    });
-    b.make("b", [](reader* p) {
-        if (passes == 2)
-            end(trail == "a1 b1 deferred a2 b2 ");
-        p->feed();
-    });
-    a.feed(), b.feed();
-    run();
-}
-
 void delay_counts_once_running()
 {
     begin();
@@ -192,21 +173,6 @@ void burst_fills_the_pipe()
         },
         nullptr, nullptr, 0);
     a.make("a");
-    run();
-}
-
-void failing_selects_start_over()
-{
-    begin();
-    plat_fake_co.select = [](int nfds, fd_set* rd, fd_set* wr, fd_set* ex, timeval* tv) {
-        if (++passes < 40) {
-            errno = passes % 2 != 0 ? EINTR : ENOMEM;
-            return -1;
-        }
-        return plat_linux_co.select(nfds, rd, wr, ex, tv);
-    };
-    a.make("a", [](reader*) { end(passes == 40); });
-    a.feed();
     run();
 }
 
@@ -277,7 +243,6 @@ void many_threads()
 TEST(Core, Deferred)
 {
     EXPECT_GOOD_END(deferred_before_start);
-    EXPECT_GOOD_END(deferred_before_readers);
     EXPECT_GOOD_END(delay_counts_once_running);
     EXPECT_GOOD_END(burst_fills_the_pipe);
 }
@@ -288,19 +253,11 @@ TEST(Core, Readers)
     EXPECT_GOOD_END(reader_removed_by_another);
     EXPECT_GOOD_END(clients_without_usable_descriptor);
     EXPECT_GOOD_END(descriptor_closed_under_its_client);
-    EXPECT_GOOD_END(failing_selects_start_over);
 }
 
 TEST(Core, Threads)
 {
     EXPECT_GOOD_END(many_threads);
-}
-
-TEST(Core, PipeThatCantBeMade)
-{
-    begin();
-    plat_fake_fail("pipe", 1, EMFILE);
-    EXPECT_EQ(core_start(), -1);
 }
 
 TEST(Core, PipeThatCantBeSetUpStopsTheProcess)
@@ -317,15 +274,4 @@ TEST(Core, PipeThatCantBeSetUpStopsTheProcess)
     }
     calls_left = 4;
     EXPECT_EXIT(run(), testing::ExitedWithCode(0), "^$");
-}
-
-TEST(Autoinit, RunsTheTiersInOrder)
-{
-    trail.clear();
-    constexpr autoinit_entry interfaces[] = {[] { trail += "i1 "; }, [] { trail += "i2 "; }};
-    constexpr autoinit_entry drivers[] = {[] { trail += "d1 "; }};
-    constexpr autoinit_entry commands[] = {[] { trail += "c1 "; }, [] { trail += "c2 "; }};
-    autoinit_init();
-    autoinit(interfaces, drivers, commands);
-    EXPECT_EQ(trail, "i1 i2 d1 c1 c2 ");
 }

@@ -42,7 +42,6 @@ constexpr dcp_cmd spy_tab[] = {
     {"spy", "(0-9)", "%v,%v", "spy(it)", do_spy, 0x04},
     {"spytext", "", "%s,%v", "", do_text, 0x04 | 0x40},
     {"longest_name_of_all", "", "%v,%v", "", do_spy, 0},
-    {"help", "", "%v,%v", "a second one", do_spy, 0x04},
     {},
 };
 
@@ -68,8 +67,6 @@ struct Dcp : testing::Test {
 
 using list = std::vector<std::string>;
 
-const char usage_spy[] = "6,0:spy       (0-9)                                             spy(it)";
-
 TEST_F(Dcp, LineFormsReachTheHandler)
 {
     struct row {
@@ -78,12 +75,12 @@ TEST_F(Dcp, LineFormsReachTheHandler)
         const char* called;
     };
     for (const row& r :
-         {row{"spy", 0, "spy 0"}, row{"spy=", 0, "spy 0"}, row{"spy=,", 0, "spy 0 0 0"},
-          row{"SpY=1,2,3", 0, "spy 0 1 2 3"}, row{"spy?", 0, "spy 1"}, row{"spy?7", 0, "spy 1 7"},
-          row{"spytext=\"Aa\"", 0, "text 0 Aa"}, row{"spytext=,1", 0, "text 0 none"},
-          row{"spytext?\"unended", 0, "text 1 unended"}, row{"LONGEST_name_of_all=4", 0, "spy 0 4"},
-          row{"longest_name_of_al", 3, ""}, row{"longest_name_of_bll", 3, ""}, row{"spy ", 3, ""},
-          row{"nosuch?", 3, ""}, row{"=5", 3, ""}, row{"", 0, ""}, row{"spytex", 3, ""}}) {
+         {row{"spy", 0, "spy 0"}, row{"spy=,", 0, "spy 0 0 0"}, row{"SpY=1,2,3", 0, "spy 0 1 2 3"},
+          row{"spy?", 0, "spy 1"}, row{"spy?7", 0, "spy 1 7"}, row{"spytext=\"Aa\"", 0, "text 0 Aa"},
+          row{"spytext=,1", 0, "text 0 none"}, row{"spytext?\"unended", 0, "text 1 unended"},
+          row{"LONGEST_name_of_all=4", 0, "spy 0 4"}, row{"longest_name_of_al", 3, ""},
+          row{"longest_name_of_bll", 3, ""}, row{"spy ", 3, ""}, row{"nosuch?", 3, ""}, row{"=5", 3, ""},
+          row{"", 0, ""}, row{"spytex", 3, ""}}) {
         SCOPED_TRACE(r.line);
         called.clear();
         EXPECT_EQ(parse(r.line), r.status);
@@ -92,19 +89,6 @@ TEST_F(Dcp, LineFormsReachTheHandler)
     }
     handler_status = 7;
     EXPECT_EQ(parse("spy"), 7);
-}
-
-TEST_F(Dcp, UsageLines)
-{
-    handler_status = 1;
-    EXPECT_EQ(parse("spy=?3"), 1);
-    EXPECT_EQ(called, "spy 2 3");
-    EXPECT_EQ(shown, list{usage_spy});
-    shown.clear();
-    called.clear();
-    EXPECT_EQ(parse("spy=*4"), 2);
-    EXPECT_EQ(called, "");
-    EXPECT_EQ(shown, list{usage_spy});
 }
 
 // Each field is cut to its own length, and pads the next one to its column.
@@ -117,23 +101,6 @@ TEST_F(Dcp, UsageLineIsCut)
     EXPECT_EQ(txt.get(), n.substr(0, 10) + r.substr(0, 57) + h.substr(0, 32));
     dcp_cmd_dspl(txt.get(), &spy_tab[0], 0);
     EXPECT_STREQ(txt.get(), "spy       ");
-}
-
-TEST_F(Dcp, FirstRowOfANameWins)
-{
-    EXPECT_EQ(parse("help=\"zz\""), 3);
-    EXPECT_EQ(called, "") << "the shell's own help stands before the other one";
-}
-
-TEST_F(Dcp, CaseIsExactWhenFoldingIsOff)
-{
-    dcp_case_set(1);
-    EXPECT_EQ(parse("SPY"), 3);
-    EXPECT_EQ(parse("spy"), 0);
-    dcp_printf(id, "spy", "%s", "Value");
-    dcp_case_set(0);
-    dcp_printf(id, "spy", "%s", "Value");
-    EXPECT_EQ(shown, (list{"6,0:spy:Value", "6,0:SPY:Value"}));
 }
 
 TEST_F(Dcp, FilterExtensionAndBlock)
@@ -160,22 +127,6 @@ TEST_F(Dcp, FilterExtensionAndBlock)
     EXPECT_EQ(shown, list{});
 }
 
-TEST_F(Dcp, HelpSelectsRows)
-{
-    handler_status = 9; // the second "help" must not be called
-    parse("list=\"sp\"");
-    EXPECT_EQ(shown, (list{"6,1:spy       ", "6,1:spytext   "}));
-    shown.clear();
-    parse("list=\"\", 1");
-    EXPECT_EQ(shown, (list{"6,1:case      ", "6,1:longest_na"})) << "a row of group 0 has every group";
-    shown.clear();
-    parse("list"); // sorted by first letter, then by table order
-    EXPECT_EQ(shown, (list{"6,1:case      ", "6,1:help      ", "6,1:help      ", "6,1:list      ",
-                           "6,1:longest_na", "6,1:spy       ", "6,1:spytext   "}));
-    EXPECT_EQ(parse("list=\"q\""), 3);
-    EXPECT_EQ(parse("list=, 8"), 0) << "group 0 again";
-}
-
 // The response is cut at the limit, whatever the name and the values are; the long way has none.
 TEST_F(Dcp, ResponseLimit)
 {
@@ -186,24 +137,9 @@ TEST_F(Dcp, ResponseLimit)
     EXPECT_EQ(shown, (list{"6,0:N:" + text.substr(0, 253), "6,0:" + std::string(255, 'V'), "6,0:N:" + text}));
 }
 
-void own_printer(int, const char* name, const char* fmt, ...)
-{
-    shown.push_back(std::string(name) + fmt);
-}
-
-TEST_F(Dcp, ReplacementPrinter)
-{
-    dcp_printf_add(own_printer);
-    dcp_printf(id, "own ", "printer");
-    dcp_printf_add(nullptr);
-    dcp_printf(id, "n", "%d", 1);
-    EXPECT_EQ(shown, (list{"own printer", "6,0:N:1"}));
-}
-
 TEST_F(Dcp, Clients)
 {
     EXPECT_EQ(dcp_get_clnt_id("spy"), id);
-    EXPECT_EQ(dcp_get_clnt_id("nobody"), -1);
     std::vector<dcp_client> more(12, client);
     for (int i = 1; i < 10; i++)
         EXPECT_EQ(dcp_clnt_add(&more[static_cast<std::size_t>(i)]), i);
@@ -223,22 +159,6 @@ TEST_F(Dcp, Clients)
     EXPECT_EXIT(dcp_parse(id, nullptr), testing::ExitedWithCode(1), "^$");
     client.bin_tx = nullptr;
     EXPECT_EXIT(dcp_clnt_add(&client), testing::ExitedWithCode(1), "^$");
-}
-
-TEST_F(Dcp, WalkOverTheTables)
-{
-    dcp_cmd_link* p_first = dcp_cmd_tab_next(nullptr);
-    ASSERT_NE(p_first, nullptr);
-    EXPECT_EQ(dcp_cmd_cnt(p_first), 3);
-    EXPECT_EQ(dcp_cmd_tab_next(p_first), &link);
-    EXPECT_EQ(dcp_cmd_tab_next(&link), nullptr);
-    EXPECT_EQ(dcp_cmd_tab_prev(nullptr), &link);
-    EXPECT_EQ(dcp_cmd_tab_prev(p_first), nullptr);
-    const dcp_cmd* p_cmd = dcp_cmd_sel(&link, 0);
-    EXPECT_STREQ(dcp_cmd_str(p_cmd, 0), "spy");
-    EXPECT_STREQ(dcp_cmd_str(p_cmd, 3), "spy(it)");
-    EXPECT_EQ(dcp_cmd_str(p_cmd, 4), nullptr);
-    EXPECT_EQ(dcp_cmd_grp(p_cmd), 4U);
 }
 
 // A thousand names in one table: each is found, and no other name finds anything.
@@ -277,34 +197,6 @@ TEST_F(Dcp, HexListing)
     EXPECT_EQ(shown, (list{"6,1:0x00000010: 0x1234 0xabcd",
                            "6,1:0x00000000: 0x00000000 0x00000001 0x00000002 0xdeadbeef",
                            "6,1:0x00000010: 0x00000005"}));
-    shown.clear();
-    dcp_hex_dump(id, ' ', halves, 2, 4);
-    dcp_hex_dump(id, ',', words + 3, 4, 4);
-    dcp_hex_dump(id, '\n', data, 3, 2);
-    EXPECT_EQ(shown, (list{"8,1:0x1234 ", "8,1:0xabcd ", "8,1:0xdeadbeef,", "8,1:3c\n", "8,1:3d\n"}));
-}
-
-// The characters beside the bytes: code page 437 as far as Latin-1 has its characters.
-TEST_F(Dcp, EveryByteIsPrintable)
-{
-    std::string want;
-    for (int c = 0; c < 0x80; c++)
-        want += static_cast<char>(c < 0x20 || c == 0x7F ? '.' : c);
-    want += "\xc7\xfc\xe9\xe2\xe4\xe0\xe5\xe7\xea\xeb\xe8\xef\xee\xec\xc4\xc5\xc9\xe6\xc6\xf4\xf6\xf2\xfb\xf9"
-            "\xff\xd6"
-            "\xdc\xa2\xa3\xa5P\x83\xe1\xed\xf3\xfa\xf1\xd1\xaa\xba\xbf\xac\xac\xbd\xbc\xa1\xab\xbb";
-    want += std::string(48, '.');
-    want += "a\xdfGpSs\xb5tFTOd8fen=\xb1==()\xf7\x98\xb0\xb7\xb7vn\xb2\xa6.";
-    ASSERT_EQ(want.size(), 256U);
-    std::string all;
-    for (int c = 0; c < 256; c++)
-        all += static_cast<char>(c);
-    dcp_hex_dspl(id, 0, all.data(), 1, all.size());
-    ASSERT_EQ(shown.size(), 16U);
-    std::string got;
-    for (const std::string& row : shown)
-        got += row.substr(row.size() - 16);
-    EXPECT_EQ(got, want);
 }
 
 } // namespace

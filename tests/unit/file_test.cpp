@@ -75,14 +75,6 @@ TEST_F(Files, ItemsTellNameEndingSizeAndKind)
         EXPECT_EQ(item.attr, 0);
     }
     file_item item;
-    EXPECT_EQ(file_exist(at("missing").c_str(), &item), 0);
-    EXPECT_EQ(file_mkdir(at("sub.d").c_str()), 1);
-    EXPECT_EQ(file_mkdir(at("sub.d").c_str()), 0);
-    ASSERT_EQ(file_exist(at("sub.d").c_str(), &item), 1);
-    EXPECT_EQ(item.attr, FILE_ATTR_DIR);
-    EXPECT_EQ(file_rm(at("sub.d").c_str()), 1);
-    EXPECT_EQ(file_rm(at("none").c_str()), 1);
-    EXPECT_EQ(file_rm(at("none").c_str()), 0);
     const std::string longest(255, 'x');
     write(longest, "1");
     EXPECT_EQ(file_exist(at(longest).c_str(), &item), 1);
@@ -132,41 +124,6 @@ TEST_F(Files, AWalkThatFailsIsNotTakenForOneThatEnds)
     EXPECT_EQ(file_fnd_close(p_hnd), 0);
 }
 
-TEST_F(Files, AnOpenFileIsReadWrittenAndMovedAbout)
-{
-    file_hnd* p = file_open(at("f").c_str(), "w+");
-    ASSERT_NE(p, nullptr);
-    EXPECT_EQ(file_write("ab\ncdef", 1, 7, p), 7u);
-    EXPECT_EQ(file_tell(p), 7);
-    file_rewind(p);
-    char line[8];
-    EXPECT_STREQ(file_gets(line, sizeof line, p), "ab\n");
-    EXPECT_EQ(file_seek(p, -2, 2), 0);
-    EXPECT_EQ(file_read(line, 1, 5, p), 2u);
-    EXPECT_EQ(file_seek(p, -4, 1), 0);
-    EXPECT_EQ(file_tell(p), 3);
-    EXPECT_EQ(file_seek(p, 1, 0), 0);
-    EXPECT_EQ(file_seek(p, 0, 3), 1);
-    EXPECT_EQ(file_length(p), 7);
-    EXPECT_EQ(file_tell(p), 0);
-    EXPECT_EQ(file_close(p), 1);
-    EXPECT_EQ(file_open(at("missing").c_str(), "r"), nullptr);
-    EXPECT_EQ(file_open((dir + std::string(300, 'p')).c_str(), "w"), nullptr);
-}
-
-TEST_F(Files, WritingAStringTellsWhenItDidNotArrive)
-{
-    EXPECT_EQ(file_write_string(at("s").c_str(), "hello"), 1);
-    EXPECT_EQ(read("s"), "hello");
-    EXPECT_EQ(file_write_string(at("s").c_str(), ""), 1);
-    EXPECT_EQ(read("s"), "");
-    plat_fake_co.write = [](int, const void*, std::size_t) -> ssize_t {
-        errno = ENOSPC;
-        return -1;
-    };
-    EXPECT_EQ(file_write_string(at("s").c_str(), "hello"), 0);
-}
-
 TEST_F(Files, CompressingTwiceGivesTwoMembersThatReadAsOneStream)
 {
     for (const std::size_t size : {0ul, 1ul, 16383ul, 16384ul, 16385ul, 262144ul}) {
@@ -182,18 +139,6 @@ TEST_F(Files, CompressingTwiceGivesTwoMembersThatReadAsOneStream)
         EXPECT_EQ(read("out"), log_text(size) + log_text(size));
         EXPECT_EQ(read("src").size(), size); // stays
     }
-}
-
-TEST_F(Files, WhatCannotBeMappedIsCompressedInBlocks)
-{
-    write("src", log_text(50000));
-    ASSERT_NE(compress(), 0u);
-    const std::string mapped = read("dst");
-    fs::remove(at("dst"));
-    plat_fake_co.mmap = [](void*, std::size_t, int, int, int, off_t) { return MAP_FAILED; };
-    ASSERT_NE(compress(), 0u);
-    EXPECT_EQ(uncompress(), 50000u);
-    EXPECT_EQ(read("out"), log_text(50000));
 }
 
 TEST_F(Files, FailuresOfTheGzipHelpersGiveZero)

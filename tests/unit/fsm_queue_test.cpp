@@ -90,30 +90,6 @@ TEST(Fsm, SecondTransitionStopsTheProcess)
     EXPECT_EXIT(m.send(evt_twice), testing::ExitedWithCode(1), "^$");
 }
 
-TEST(Fsm, TransitionAskedForOnEntryWaitsForTheNextEvent)
-{
-    static fsm_state first, passing, last;
-    fsm me;
-    fsm_ctor(&me, "chain");
-    fsm_state_ctor(&first, "first", [](fsm* p, const fsm_event* e) {
-        if (fsm_evt_get(e) == evt_go)
-            fsm_state_init(p, &passing);
-        return 0;
-    });
-    fsm_state_ctor(&passing, "passing", [](fsm* p, const fsm_event* e) {
-        if (fsm_evt_get(e) == fsm_msg_entry)
-            fsm_state_init(p, &last);
-        return 0;
-    });
-    fsm_state_ctor(&last, "last", [](fsm*, const fsm_event*) { return 0; });
-    fsm_start(&me, &first);
-    const fsm_event go{evt_go};
-    fsm_evt(&me, &go);
-    EXPECT_EQ(fsm_state_curr(&me), &passing);
-    fsm_evt(&me, &go);
-    EXPECT_EQ(fsm_state_curr(&me), &last);
-}
-
 TEST(Queue, RefusesBadArguments)
 {
     queue q{};
@@ -127,29 +103,6 @@ TEST(Queue, RefusesBadArguments)
     EXPECT_EQ(queue_put(&q, &rec, -1), -1);
     EXPECT_EQ(queue_get(&q, &rec, 5), -1);
     EXPECT_EQ(queue_put(&q, nullptr, 4), -1);
-}
-
-TEST(Queue, HoldsItsFiftyRecordsAndBlocksAtTheNext)
-{
-    queue q{};
-    ASSERT_EQ(queue_start(&q, 50, sizeof(int)), 1);
-    for (int i = 0; i < 50; i++)
-        ASSERT_EQ(queue_put(&q, &i, sizeof i), 1);
-    EXPECT_EQ((q.wr + 1) % q.cap, q.rd) << "the 51st would have to wait";
-    std::atomic<bool> done = false;
-    std::thread producer([&] {
-        const int last = 50;
-        queue_put(&q, &last, sizeof last);
-        done = true;
-    });
-    int rec = -1;
-    EXPECT_FALSE(done);
-    for (int i = 0; i <= 50; i++) {
-        ASSERT_EQ(queue_get(&q, &rec, sizeof rec), 1);
-        EXPECT_EQ(rec, i);
-    }
-    producer.join();
-    EXPECT_EQ(q.wr, q.rd);
 }
 
 // Four producers and two consumers on three slots: nothing is lost or torn, and each producer's order holds.

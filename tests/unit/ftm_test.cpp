@@ -1,5 +1,5 @@
-// The channel against a driver of the test's own, for what no packet of the virtual modem shows: the filter,
-// the bounds of the buffers, and how often the driver is asked.
+// The channel against a driver of the test's own, for what no packet of the virtual modem shows: the bounds
+// of the buffers and the filter of one command.
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
@@ -21,20 +21,13 @@ struct block {
     std::uint8_t data[32768];
 };
 
-std::vector<unsigned long> asked; // requests, in order
 bytes sent;
 bytes answer;      // of request 101, trailing bytes included; of 108 and 109, the buffer's content
 int record_result; // of 108 and 109
-int not_ready;     // so many requests answer 0 first
 std::string shown;
 
 int driver(int, unsigned long request, void* arg)
 {
-    asked.push_back(request);
-    if (not_ready > 0) {
-        not_ready--;
-        return 0;
-    }
     auto* p = static_cast<block*>(arg);
     switch (request) {
     case 100:
@@ -62,9 +55,7 @@ struct Ftm : testing::Test {
         plat_fake_co.open = [](const char*, int, mode_t) { return 1000; };
         plat_fake_co.close = [](int) { return 0; };
         plat_fake_co.ioctl = driver;
-        asked.clear();
         sent.clear();
-        not_ready = 0;
         ftm_init();
         ftm_start();
         ftm_set_timeout(0);
@@ -129,56 +120,6 @@ TEST_F(Ftm, LongestGatheredRequest)
     EXPECT_EXIT(cmd(bytes(32768, 0x11)), testing::ExitedWithCode(1), "^$");
 }
 
-TEST_F(Ftm, TheBudgetIsSharedAndFallsOnlyWhileWaiting)
-{
-    answer = {1, 2, 9, 0, 0, 0};
-    const auto start = plat_fake_now_us();
-    EXPECT_EQ(cmd({1, 2, 3}), 0);
-    EXPECT_EQ(asked.size(), 20u);
-    EXPECT_EQ(result, (bytes{1, 2, 9}));
-    EXPECT_EQ(plat_fake_now_us(), start) << "ten prompt exchanges take no time";
-
-    asked.clear();
-    ftm_set_timeout(5);
-    not_ready = 4;
-    answer = {1, 2, 3, 0, 0, 0};
-    EXPECT_EQ(cmd({1, 2, 3}), 1);
-    EXPECT_EQ(plat_fake_now_us() - start, 4000u);
-    not_ready = 5; // the fifth wait uses up the budget
-    EXPECT_EQ(cmd({1, 2, 3}), 0);
-    EXPECT_EQ(result, bytes{});
-    EXPECT_EQ(plat_fake_now_us() - start, 9000u);
-
-    asked.clear();
-    answer = {1, 2, 3}; // nothing but the trailing bytes
-    EXPECT_EQ(cmd({1, 2, 3}), 0);
-    EXPECT_EQ(asked, (std::vector<unsigned long>{100, 101}));
-    EXPECT_EQ(result, bytes{});
-    answer = {};
-    EXPECT_EQ(cmd({1, 2, 3}), 0);
-}
-
-TEST_F(Ftm, FilterLetsThroughWhatBeginsWithAPattern)
-{
-    static constexpr std::uint8_t one[] = {0x4B, 0x0B}, two[] = {0x7C};
-    static constexpr ftm_filter table[] = {{one, 2}, {two, 1}, {nullptr, 0}};
-    answer = {0x4B, 0x0B, 1, 0, 0, 0};
-    ftm_filter_enable(true); // without a table
-    EXPECT_EQ(cmd({1}), 1);
-    ftm_filter_attach(table);
-    EXPECT_EQ(cmd({1}), 1) << "not on yet";
-    ftm_filter_enable(true);
-    asked.clear();
-    EXPECT_EQ(cmd({1}), 0);
-    EXPECT_EQ(cmd({0x4B}), 0) << "shorter than its pattern";
-    EXPECT_TRUE(asked.empty());
-    EXPECT_EQ(cmd({0x4B, 0x0B, 1}), 1);
-    EXPECT_EQ(cmd({0x7C, 5}), 1);
-    EXPECT_EQ(cmd({204}), 1) << "local commands come before the filter";
-    ftm_filter_enable(false);
-    EXPECT_EQ(cmd({1}), 1);
-}
-
 TEST_F(Ftm, FtmcFiltersItsOwnRequestsAndCutsTheLineAt32768)
 {
     static constexpr std::uint8_t one[] = {0x4B};
@@ -202,20 +143,4 @@ TEST_F(Ftm, FtmcFiltersItsOwnRequestsAndCutsTheLineAt32768)
     EXPECT_LE(shown.size(), 32768u);
     EXPECT_GT(shown.size(), 32760u);
     dcp_init();
-}
-
-TEST(FtmWithoutChannel, EveryExchangeFailsAtOnce)
-{
-    plat_fake_reset();
-    plat_fake_co.open = [](const char*, int, mode_t) { return -1; };
-    plat_fake_co.ioctl = driver;
-    asked.clear();
-    ftm_start();
-    EXPECT_EQ(ftm_active(), 0);
-    std::uint8_t packet[4] = {1};
-    std::uint32_t size = 9;
-    EXPECT_EQ(ftm_cmd(packet, 1, packet, sizeof packet, &size), 0);
-    EXPECT_EQ(size, 0u);
-    EXPECT_LT(ftm_get_log_sz(), 1);
-    EXPECT_TRUE(asked.empty());
 }

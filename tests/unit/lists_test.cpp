@@ -56,36 +56,6 @@ TEST(Slnk, OrderOfLinkingAndUnlinking)
     EXPECT_EQ(slnk_next(&head), nullptr);
 }
 
-TEST(Slnk, WalkStopsAndMayUnlink)
-{
-    slnk head, node[3]{};
-    slnk_init(&head);
-    for (slnk& n : node)
-        slnk_add(&head, &n);
-    struct {
-        slnk* p_head;
-        nodes seen;
-    } arg{&head, {}};
-    const auto stop_at_second = [](slnk* p, void* a) {
-        auto* p_seen = &static_cast<decltype(arg)*>(a)->seen;
-        p_seen->push_back(p);
-        return p_seen->size() == 2 ? 7 : 0;
-    };
-    EXPECT_EQ(slnk_for_each(&head, stop_at_second, &arg), 0);
-    EXPECT_EQ(arg.seen, (nodes{&node[0], &node[1]}));
-
-    arg.seen.clear();
-    const auto unlink = [](slnk* p, void* a) {
-        auto* p_arg = static_cast<decltype(arg)*>(a);
-        p_arg->seen.push_back(slnk_remove(p_arg->p_head, p));
-        p->p_next = p;
-        return 0;
-    };
-    EXPECT_EQ(slnk_for_each(&head, unlink, &arg), 1);
-    EXPECT_EQ(arg.seen, (nodes{&node[0], &node[1], &node[2]}));
-    EXPECT_EQ(slnk_next(&head), nullptr);
-}
-
 // A flat image whose links lie in both directions is moved to another place.
 TEST(Slnk, SerializedImageCanMove)
 {
@@ -130,10 +100,6 @@ TEST(Dlnk, OrderOfLinkingAndUnlinking)
     EXPECT_EQ(dlnk_add(&b, &d), &head);
     EXPECT_EQ(nodes_of(head), (nodes{&c, &a, &b, &d}));
 
-    const auto is = [](dlnk* p, void* wanted) { return p == wanted ? 1 : 0; };
-    EXPECT_EQ(dlnk_for_each(&head, is, &b), &b);
-    EXPECT_EQ(dlnk_for_each(&head, is, nullptr), nullptr);
-
     EXPECT_EQ(dlnk_remove(&a), &b);
     EXPECT_EQ(dlnk_next(&a), &a);
     EXPECT_EQ(dlnk_remove(&a), &a) << "a node in no list stays alone";
@@ -141,33 +107,6 @@ TEST(Dlnk, OrderOfLinkingAndUnlinking)
     EXPECT_EQ(nodes_of(head), (nodes{&c, &b}));
     dlnk never{};
     EXPECT_EQ(dlnk_remove(&never), &never);
-}
-
-TEST(Rlnk, EqualDistancesStandInOrderOfInsertion)
-{
-    rlnk head, a, b, c, alone;
-    rlnk_init(&head, 0);
-    rlnk_init(&a, 100);
-    rlnk_init(&b, 100);
-    rlnk_init(&c, 40);
-    rlnk_init(&alone, 5);
-    EXPECT_EQ(rlnk_insert(&head, &a), 100u);
-    EXPECT_EQ(rlnk_insert(&head, &b), 0u);
-    EXPECT_EQ(rlnk_insert(&head, &c), 40u);
-    EXPECT_EQ(nodes_of(head.lnk), (nodes{&c, &a, &b}));
-    EXPECT_EQ(a.rank, 60u);
-    EXPECT_EQ(head.rank, 0u);
-
-    rlnk_remove(&head, &alone);
-    EXPECT_EQ(nodes_of(head.lnk), (nodes{&c, &a, &b}));
-    EXPECT_EQ(rlnk_derank(&head, 25), &c);
-    EXPECT_EQ(rlnk_remove(&head, &c), &a);
-    EXPECT_EQ(a.rank, 85u);
-    EXPECT_EQ(rlnk_remove(&head, &b), &head);
-    EXPECT_EQ(rlnk_remove(&head, &a), &head);
-    EXPECT_EQ(head.rank, 0u);
-    EXPECT_EQ(rlnk_derank(&head, 9), &head);
-    EXPECT_EQ(head.rank, 0u) << "an empty list keeps no rank";
 }
 
 // Against plain times in a stable sort, with removals in between and distances up to the largest.

@@ -20,7 +20,6 @@ panel_shape shape;
 std::vector<std::uint8_t> memory;
 std::vector<std::string> requests;
 unsigned long failing;
-fb_var_screeninfo mode;
 screenconf conf;
 
 unsigned line_length()
@@ -84,8 +83,7 @@ int panel_ioctl(int fd, unsigned long request, void* arg)
         p_fix->smem_len = static_cast<unsigned>(memory.size());
         return 0;
     case FBIOPUT_VSCREENINFO:
-        mode = *p_var;
-        requests.push_back("mode " + std::to_string(mode.xres) + "x" + std::to_string(mode.yres));
+        requests.push_back("mode " + std::to_string(p_var->xres) + "x" + std::to_string(p_var->yres));
         return 0;
     case FBIOPAN_DISPLAY:
         requests.push_back("pan " + std::to_string(p_var->yoffset));
@@ -114,7 +112,6 @@ void panel_fake_reset(const panel_shape& new_shape)
     memory.assign(std::size_t{line_length()} * shape.height * shape.pages, FRESH);
     requests.clear();
     failing = 0;
-    mode = {};
     plat_fake_reset();
     plat_fake_co.open = panel_open;
     plat_fake_co.close = panel_close;
@@ -142,11 +139,6 @@ std::vector<std::string>& panel_fake_requests()
 void panel_fake_fail(unsigned long request)
 {
     failing = request;
-}
-
-fb_var_screeninfo panel_fake_mode()
-{
-    return mode;
 }
 
 std::uint32_t panel_fake_pixel(unsigned x, unsigned y)

@@ -27,9 +27,6 @@ std::vector<std::string>& panel_fake_requests();
 // The next request of this number fails with EIO; 0 for none.
 void panel_fake_fail(unsigned long request);
 
-// What the back end last set by FBIOPUT_VSCREENINFO.
-fb_var_screeninfo panel_fake_mode();
-
 // The word of pixel (x, y) of the page that is drawn on, as bytes of the layout's depth, low byte first.
 std::uint32_t panel_fake_pixel(unsigned x, unsigned y);
 

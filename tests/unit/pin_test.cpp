@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "pin/pin.h"
-#include "pin_brenk/pin_brenk.h"
 #include "plat_fake.h"
 
 namespace {
@@ -71,7 +70,6 @@ constexpr pin_out_row out_map[] = {
 constexpr pin_in_row in_map[] = {
     { 0,  0, 9, HIGH, 7 },
     { 1,  0, 9, LOW,  7 },
-    { 70, 1, 9, HIGH, 7 }, // a group without a driver
     { PIN_IN_LAST, 0, 0, 0, 0 },
 };
 // clang-format on
@@ -146,21 +144,6 @@ TEST_F(Pin, ASubListFollowsTheMainPinWithItsOwnPolarityAndPause)
     EXPECT_EQ(drives, (std::vector<drive>{{5, 1, 50}, {6, 1, 60}}));
 }
 
-TEST_F(Pin, ASignalThatTheBoardLacksTakesEveryCall)
-{
-    EXPECT_EQ(pin_out_set(73, PIN_ACTIVE), 0);
-    EXPECT_TRUE(drives.empty());
-    EXPECT_EQ(pin_in_get(11), PIN_UNREADABLE);
-    EXPECT_EQ(pin_in_get_lev(11), PIN_LEVEL_FAILED);
-    EXPECT_EQ(pin_out_get(73), PIN_LEVEL_FAILED);
-    EXPECT_EQ(pin_in_get(70), PIN_UNREADABLE);
-    EXPECT_EQ(pin_in_active(11), 0);
-    EXPECT_EQ(pin_out_active(73), 0);
-    EXPECT_EQ(pin_in_active(0), 1);
-    EXPECT_EQ(pin_out_active(10), 1);
-    EXPECT_EQ(pin_out_active(166), 0);
-}
-
 TEST_F(Pin, LevelsBecomeStatesByPolarity)
 {
     const int wanted[][2] = {{PIN_INACTIVE, PIN_ACTIVE}, {PIN_ACTIVE, PIN_INACTIVE}};
@@ -193,25 +176,6 @@ TEST_F(Pin, AnEventReachesEverySignalOfItsPinAsAState)
     EXPECT_EQ(state_0, PIN_ACTIVE);
     EXPECT_EQ(state_1, PIN_ACTIVE);
     EXPECT_EQ(events, (std::vector<std::string>{"9 1 1", "9 0 1", "9 1 0"}));
-    pin_map_set(get_map, 3);
-    state_1 = -1;
-    pin_evt_disp(&fake_hnd, 9, 0);
-    EXPECT_EQ(state_1, -1); // a new map forgets the requests
-}
-
-TEST_F(Pin, TheSelectionAndTheBoardHaveTheirNames)
-{
-    pin_map_sel sel;
-    pin_get(&sel);
-    EXPECT_EQ(sel.get, get_map);
-    EXPECT_EQ(sel.rev, 3);
-    EXPECT_STREQ(pin_map_nm_get(), "test");
-    pin_map_set(pin_brenk_co_get, 1);
-    EXPECT_STREQ(pin_map_nm_get(), "brenk");
-    EXPECT_EQ(pin_out_active(69), 1);
-    EXPECT_EQ(pin_in_active(12), 0); // on the map, but without a pin
-    EXPECT_STREQ(pin_state_nm_get(PIN_INACTIVE), "inactive");
-    EXPECT_STREQ(pin_state_nm_get(4), "");
 }
 
 using PinDeath = Pin;

@@ -111,8 +111,6 @@ int fake_nanosleep(const timespec* p_time, timespec* p_left)
 
 int fake_timer_create(clockid_t, sigevent* p_event, timer_t* p_timer)
 {
-    if (fails("timer_create"))
-        return -1;
     locked lock(fake_mutex);
     fake.timers.push_back({*p_event});
     *p_timer = &fake.timers.back();
@@ -161,10 +159,6 @@ void plat_fake_reset()
     plat_fake_co.timer_gettime = fake_timer_gettime;
     plat_fake_co.timer_delete = [](timer_t) { return 0; };
     plat_fake_co.system = fake_system;
-    plat_fake_co.pipe = [](int fds[2]) { return fails("pipe") ? -1 : plat_linux_co.pipe(fds); };
-    plat_fake_co.fcntl = [](int fd, int cmd, long arg) {
-        return fails("fcntl") ? -1 : plat_linux_co.fcntl(fd, cmd, arg);
-    };
     plat_attach(&plat_fake_co);
 }
 
@@ -198,12 +192,6 @@ std::vector<std::uint64_t> plat_fake_periods()
 {
     locked lock(fake_mutex);
     return fake.periods;
-}
-
-sigevent plat_fake_timer_event()
-{
-    locked lock(fake_mutex);
-    return fake.timers.back().event;
 }
 
 std::vector<std::string> plat_fake_shell()

@@ -25,12 +25,9 @@ void plat_fake_deliver();
 // Periods given to timer_settime since the reset, in microseconds, 0 for a disarming.
 std::vector<std::uint64_t> plat_fake_periods();
 
-// The event that the last timer was created with, for a test that fires it by hand.
-sigevent plat_fake_timer_event();
-
 // The shell lines that were run, in order; each gave status 0.
 std::vector<std::string> plat_fake_shell();
 
-// The next `count` calls of "timer_create", "timer_settime", "pipe", "fcntl" or "nanosleep" fail with
-// `error`. A nanosleep that fails with EINTR has slept for half of its time.
+// The next `count` calls of "timer_settime" or "nanosleep" fail with `error`. A nanosleep that fails with
+// EINTR has slept for half of its time.
 void plat_fake_fail(const std::string& call, int count, int error);

@@ -19,24 +19,17 @@ struct number_row {
 
 // clang-format off
 constexpr number_row numbers[] = {
-    { "a plain number ends at a comma",              "305,7",        10, 305,         ",7"   },
     { "nothing is 0 and nothing is used",            "",             10, 0,           ""     },
     { "a comma is 0 and isn't used",                 ",",            10, 0,           ","    },
     { "0x works in radix 10",                        "0x1F",         10, 31,          ""     },
     { "an X in the middle discards what came before","12x5",         10, 5,           ""     },
     { "and so does a second one",                    "0x12X34",      16, 0x34,        ""     },
     { "the sign stays over an X",                    "-0x10",        10, -16,         ""     },
-    { "F is no digit of radix 10",                   "FF",           10, 0,           "FF"   },
     { "both cases are digits of radix 16",           "aBcD",         16, 0xABCD,      ""     },
-    { "g ends a number of radix 16",                 "fg",           16, 15,          "g"    },
-    { "8 is no digit of radix 8",                    "1782",         8,  15,          "82"   },
     { "a sign ends a number",                        "5-3",          10, 5,           "-3"   },
     { "a second sign is none",                       "--3",          10, 0,           "-3"   },
     { "there is no plus sign",                       "+3",           10, 0,           "+3"   },
     { "a sign alone is used up",                     "-",            10, 0,           ""     },
-    { "characters between 9 and A end it",           "1:;<=>?@",     16, 1,           ":;<=>?@" },
-    { "characters between Z and a end it",           "1[",           16, 1,           "["    },
-    { "bytes above ASCII end it",                    "1\xB5",        16, 1,           "\xB5" },
     { "32 bits wrap",                                "4294967297",   10, 1,           ""     },
     { "the top bit is the sign",                     "ffffffff",     16, -1,          ""     },
 };
@@ -80,16 +73,13 @@ TEST(Scf, DecimalFractions)
         { "the finest one",                  "-0.001",            1000, -1,      ""    },
         { "finer ones are cut",              "0.0019",            1000, 1,       ""    },
         { "towards 0 on both sides",         "-7.8129",           1000, -7812,   ""    },
-        { "no point",                        "-12",               1000, -12000,  ""    },
         { "no digit before the point",       ".25",               1000, 250,     ""    },
         { "no digit behind it",              "3.,4",              1000, 3000,    ",4"  },
-        { "letters end it",                  "2x",                1000, 2000,    "x"   },
         { "a second point starts anew",      "1.2.3",             1000, 12300,   ""    },
         { "more digits than 32 bits hold",   "1.23456789012345",  1000, 1234,    ""    },
         { "a hundred digits divide by no 0", "0.0000000000000000000000000000000000000000000000000000000000"
                                              "000000000000000000000000000000000000000000000001", 1000, 0, "" },
         { "another scale",                   "0.5",               256,  128,     ""    },
-        { "nothing",                         "",                  1000, 0,       ""    },
     };
     // clang-format on
     for (const number_row& row : rows) {
@@ -99,20 +89,6 @@ TEST(Scf, DecimalFractions)
         EXPECT_EQ(scf_ascii_to_fixedpoint(&p, static_cast<int>(row.radix)), row.value);
         EXPECT_STREQ(p, row.rest);
     }
-}
-
-TEST(Scf, ListsOfNumbers)
-{
-    std::uint8_t bytes[4] = {9, 9, 9, 9};
-    EXPECT_EQ(scf_str_to_uint8(bytes, 4, exact_text("1,ff 103").get(), 16), 3);
-    EXPECT_EQ(std::vector<int>(bytes, bytes + 4), (std::vector<int>{1, 0xff, 3, 9}));
-    std::uint16_t halves[2];
-    EXPECT_EQ(scf_str_to_uint16(halves, 2, exact_text("65535:65537:3").get(), 10), 2);
-    EXPECT_EQ(std::vector<int>(halves, halves + 2), (std::vector<int>{65535, 1}));
-    std::int32_t words[2];
-    EXPECT_EQ(scf_str_to_int32(words, 2, exact_text("-5,").get(), 10), 1);
-    EXPECT_EQ(words[0], -5);
-    EXPECT_EQ(scf_str_to_int32(words, 2, "", 10), 0);
 }
 
 TEST(Scf, NumbersToText)
@@ -132,10 +108,6 @@ TEST(Scf, NumbersToText)
     EXPECT_STREQ(txt, "-2147483648");
     EXPECT_EQ(scf_uint_to_ascii(txt, 0, 10), txt + 1);
     EXPECT_STREQ(txt, "0");
-    scf_uint_to_ascii(txt, 0xBEEF, 16);
-    EXPECT_STREQ(txt, "beef");
-    EXPECT_EQ(slo_digit_lc(11), 'b');
-    EXPECT_EQ(slo_digit_uc(11), 'B');
 }
 
 TEST(Scf, BytesAsHex)
@@ -155,8 +127,6 @@ TEST(Scf, BytesAsHex)
     EXPECT_STREQ(wide, "0x12ef");
     EXPECT_EQ(scf_bin_to_hexstr(wide, sizeof wide, &both, 1, 8, ' '), 18);
     EXPECT_STREQ(wide, "0x0123456789abcdef");
-    EXPECT_EQ(scf_bin_to_hexstr(wide, sizeof wide, data, 3, 1, ','), 14);
-    EXPECT_STREQ(wide, "0xab,0xcd,0x01");
 }
 
 // No size is overrun, and what is cut is cut at whole items: an item with its separator takes the five
@@ -206,7 +176,7 @@ TEST(Scf, SplittingInPlace)
     EXPECT_EXIT(scf_split(nullptr, nullptr, 0, ','), testing::ExitedWithCode(1), "^$");
 }
 
-TEST(Scf, CaseAndWidth)
+TEST(Scf, CaseOfEveryByte)
 {
     std::string all;
     for (int c = 0; c < 256; c++)
@@ -220,13 +190,6 @@ TEST(Scf, CaseAndWidth)
         EXPECT_EQ(upper[i], c < 128 ? static_cast<char>(std::toupper(c)) : all[i]);
         EXPECT_EQ(lower[i], c < 128 ? static_cast<char>(std::tolower(c)) : all[i]);
     }
-    std::uint16_t wide[3];
-    EXPECT_EQ(scf_c_to_t(wide, exact_text("ab").get(), 3), 3);
-    EXPECT_EQ(std::vector<int>(wide, wide + 3), (std::vector<int>{'a', 'b', 0}));
-    char narrow[3] = {'-', '-', '-'};
-    EXPECT_EQ(scf_t_to_c(narrow, wide, 3), 2);
-    EXPECT_EQ(std::string(narrow, 3), "ab-");
-    EXPECT_EQ(scf_c_to_t(wide, "xyz", 1), 1);
 }
 
 } // namespace

@@ -168,15 +168,6 @@ TEST(Font, EveryCodeFrom33To125IsDrawnAndDiffers)
     }
 }
 
-TEST(Font, StemsOfLettersAndDigitsAreTwoPixels)
-{
-    for (const char code : std::string("BDEFHIKLMNPRTUhlmnr14"))
-        for (const std::uint16_t row : {glyph(code)[11], glyph(code)[12]}) {
-            const int lone = (row & ~(row << 1) & ~(row >> 1)) & 0xFFFF;
-            EXPECT_EQ(lone, 0) << code;
-        }
-}
-
 // Text at any place and scale, against its glyphs at scale 1 blown up.
 void compare_text(uint32_t width, uint32_t height, uint32_t scale, const std::string& text, uint32_t x,
                   uint32_t y)
@@ -214,59 +205,6 @@ TEST(Screen, TextIsItsGlyphsAtEveryScaleAndPlace)
                 compare_text(s.width, s.height, s.scale, all, x, y);
         compare_text(s.width, s.height, s.scale, std::string(300, '#'), 5, 3);
         compare_text(s.width, s.height, s.scale, "", 0, 0);
-    }
-}
-
-TEST(Screen, WithoutAnActiveScreenNothingIsDrawn)
-{
-    panel_fake_reset({.width = 8, .height = 8});
-    const auto before = [] {
-        screen_start(SCREEN_MAIN, 0);
-        const auto picture = panel_fake_picture();
-        screen_stop(SCREEN_HDMI); // not the active one: changes nothing
-        EXPECT_EQ(screen_get_active(), SCREEN_MAIN);
-        screen_stop(SCREEN_MAIN);
-        return picture;
-    }();
-    EXPECT_EQ(screen_get_active(), SCREEN_NONE);
-    screen_clear(1);
-    screen_put_pixel(1, 1, 1);
-    screen_line(0, 0, 7, 7, 1);
-    screen_rectangle(0, 0, 8, 8, 1, 1, 1);
-    screen_ellipse(4, 4, 8, 8, 1, 1);
-    screen_print("x", 0, 0, 1);
-    uint32_t vsync = 99;
-    EXPECT_EQ(screen_invalidate(), 0);
-    EXPECT_EQ(screen_width() + screen_height() + screen_char_width() + screen_char_height(), 0u);
-    EXPECT_EQ(screen_control(SCREEN_CONTROL_BLANK, 0), -1);
-    EXPECT_EQ(screen_measure_vsync(&vsync), 0);
-    EXPECT_EQ(screen_load_image("/dev/null"), 0);
-    EXPECT_EQ(panel_fake_picture(), before);
-    EXPECT_EQ(panel_fake_requests(), std::vector<std::string>());
-}
-
-TEST(Screen, TheStartScreenHasItsRampsAboveAndBelowTheText)
-{
-    constexpr int W = 480, H = 854;
-    panel_fake_reset({.width = W, .height = H});
-    ASSERT_EQ(screen_start(SCREEN_MAIN, 1), 1);
-    EXPECT_EQ(panel_fake_requests(), std::vector<std::string>{"pan 0"});
-    const auto picture = panel_fake_picture();
-    for (int y = 0; y < H; y++) {
-        for (int x = 0; x < W; x++) {
-            const int ramp = x * 255 / W;
-            uint32_t wanted = static_cast<uint32_t>(y * 2560 / H) * 0x010101;
-            for (int band = 0; band < 6; band++)
-                if (y >= H * (34 + band) / 40)
-                    wanted = static_cast<uint32_t>(band < 3 ? 255 - ramp : ramp) << (16 - band % 3 * 8);
-            if (y < H / 10 || y >= H * 34 / 40) {
-                ASSERT_EQ(picture[static_cast<std::size_t>(y * W + x)], wanted) << x << "," << y;
-            }
-        }
-    }
-    for (const panel_shape& shape : SHAPES) { // whatever the size
-        panel_fake_reset(shape);
-        EXPECT_EQ(screen_start(SCREEN_MAIN, 1), 1);
     }
 }
 
@@ -324,17 +262,6 @@ TEST(ScreenLinux, TwoPagesTakeTurnsAndKeepThePicture)
     EXPECT_EQ(panel_fake_pixel(5, 4), 0x333333u);
 }
 
-TEST(ScreenLinux, OnePageIsShownAsItIsEvenIfTwoAreConfigured)
-{
-    panel_fake_reset({.width = 20, .height = 10});
-    screenconf_get(SCREEN_MAIN)->double_buffer = 1;
-    ASSERT_EQ(screen_start(SCREEN_MAIN, 0), 1);
-    screen_clear(0x010203);
-    EXPECT_EQ(screen_invalidate() + screen_invalidate(), 2);
-    EXPECT_EQ(panel_fake_requests(), (std::vector<std::string>{"pan 0", "pan 0"}));
-    EXPECT_EQ(panel_fake_pixel(19, 9), 0x010203u);
-}
-
 TEST(ScreenLinux, AModeIsSetOnceUntilTheScreenWasBlanked)
 {
     panel_fake_start({.width = 1920, .height = 4, .pages = 2});
@@ -350,13 +277,6 @@ TEST(ScreenLinux, AModeIsSetOnceUntilTheScreenWasBlanked)
     EXPECT_EQ(screen_control(3, 0), -1);
     EXPECT_EQ(panel_fake_requests(), (std::vector<std::string>{"mode 1280x720", "blank 4", "mode 1280x720",
                                                                "blank 0", "mode 1440x240"}));
-    const fb_var_screeninfo var = panel_fake_mode();
-    EXPECT_EQ(var.reserved[3], 6u);
-    EXPECT_EQ(var.pixclock, 27000000u);
-    EXPECT_EQ(var.vmode, 1u);
-    EXPECT_EQ(var.activate, 192u);
-    EXPECT_EQ((std::array{var.right_margin, var.hsync_len, var.left_margin}), (std::array{38u, 124u, 114u}));
-    EXPECT_EQ((std::array{var.lower_margin, var.vsync_len, var.upper_margin}), (std::array{4u, 3u, 15u}));
     EXPECT_EQ(screen_control(SCREEN_CONTROL_MODE, 99), 0); // unknown: the first row
     EXPECT_EQ(screen_width(), 640u);
 }

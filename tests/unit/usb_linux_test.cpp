@@ -50,26 +50,6 @@ struct UsbLinux : testing::Test {
     void state(const char* text) const { std::ofstream(path) << text; }
 };
 
-TEST_F(UsbLinux, ConnectedIsWhatTheAttributeSays)
-{
-    int connected = 7;
-    EXPECT_EQ(usb_get(USB_GET_CONNECTED, &connected), 0) << "there is no attribute";
-    EXPECT_EQ(connected, 7);
-    state("CONFIGURED\n");
-    EXPECT_EQ(usb_get(USB_GET_CONNECTED, &connected), 1);
-    EXPECT_EQ(connected, 1);
-    state("DISCONNECTED\n");
-    EXPECT_EQ(usb_get(USB_GET_CONNECTED, &connected), 1);
-    EXPECT_EQ(connected, 0);
-    state("");
-    EXPECT_EQ(usb_get(USB_GET_CONNECTED, &connected), 1);
-    EXPECT_EQ(connected, 0);
-    state((std::string(60, '-') + "CONFIGURED").c_str());
-    EXPECT_EQ(usb_get(USB_GET_CONNECTED, &connected), 1);
-    EXPECT_EQ(connected, 0) << "the word lies behind the 64 bytes that are read";
-    EXPECT_EQ(usb_get(2, &connected), 0);
-}
-
 // Every 100 ms while something is connected; then the host power goes for the time asked for, once.
 TEST_F(UsbLinux, WatchOfTheHostPower)
 {
