@@ -196,63 +196,6 @@ TEST_F(Chargemon, WithoutDischargingItChargesUpToTheTarget)
     EXPECT_EQ(plat_fake_shell(), std::vector<std::string>{"reboot -p"});
 }
 
-<<<<<<< HEAD
-TEST_F(Chargemon, ChargingEndsWithTheTime)
-{
-    // 1 mA is nothing in the integers of a tick
-    ma = 1;
-    start();
-    ticks(3600);
-    EXPECT_EQ(log().find("Error"), std::string::npos);
-    ticks(1);
-    EXPECT_EQ(log(6 + 2 * 3599), "30%, 3700mV, 1mA, 300mAh/600mAh\n"
-                                 "Error state: Charging time limit reached.\n");
-}
-
-TEST_F(Chargemon, AboveTheTargetItIsDoneEvenIfItCouldntDischarge)
-{
-    percent = 90;
-    start();
-    ticks(1);
-    EXPECT_EQ(log(3), "Capacity (90) too high for charging.\nEntering done state\n");
-    EXPECT_EQ(acts, (std::vector<std::string>{"panel 65280", "light 1 99"}));
-}
-
-TEST_F(Chargemon, TheTargetIsLookedAtAfterTheShortestTime)
-{
-    cfg.allow_discharge = 1;
-    cfg.min_charge_time = 20'000;
-    percent = 59;
-    start();
-    ticks(20);
-    EXPECT_EQ(log().find("discharge"), std::string::npos);
-    ticks(1);
-    EXPECT_NE(log().find("Entering discharge state"), std::string::npos);
-}
-
-TEST_F(Chargemon, EntryAndExitOfChargingInTheirOrder)
-{
-    start();
-    ticks(1);
-    EXPECT_EQ(acts, (std::vector<std::string>{"mode 1", "current 1500 0", "light 20 0", "light 20 255"}));
-    acts.clear();
-    degrees = 81;
-    ticks(1);
-    EXPECT_EQ(acts, (std::vector<std::string>{"light 20 0", "mode 0", "light 20 0", "panel 16711680",
-                                              "light 1 99"}));
-}
-
-TEST_F(Chargemon, APhoneWithALightForChargingBlinksThat)
-{
-    light_map_set(map_trickle);
-    start();
-    ticks(3);
-    EXPECT_EQ(acts, (std::vector<std::string>{"mode 1", "current 1500 0", "light 30 255", "light 30 0",
-                                              "light 30 255"}));
-}
-
-=======
->>>>>>> p1
 TEST_F(Chargemon, ARetryIsForgottenOnceACurrentFlows)
 {
     ma = -1;
