@@ -20,7 +20,5 @@ nothing but 0 and 1
   expect   BACT: ,SYNTAX
   send     bact=2
   expect   BACT: ,SYNTAX
-  send     bact=-1
-  expect   BACT: ,SYNTAX
   send     bact=?
   expect   BACT:Backup Capacitor Control Test command,bact      (0-1)                                             bact(action),OK

@@ -39,8 +39,6 @@ the contactless chip acknowledges while its enable line is low
   phone    gpio 558 0
   send     i2cw=2,28,0
   expect   I2CW:,OK
-  send     i2cw=a,28,0
-  expect   I2CW:,OK
 
 no bytes, or no bus, give no line; no chip gives no ack
   send     i2cw=5,18
@@ -58,7 +56,6 @@ a register that fails is no acknowledge, and the bytes before it have arrived
   send     i2cw=5,18,38,11,22,33
   expect   I2CW:no ack,ERROR
   phone    i2c 5 18 38 -> 11
-  phone    i2c 5 18 39 -> 00
   phone    i2c 5 18 3A -> 00
 
 only the set form writes; the others are help

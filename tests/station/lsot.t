@@ -33,9 +33,6 @@ a chip that can't be asked is told, and the test is ended all the same
   phone    spmi 1d815             -> 00
   send     lsot
   expect   LSOT:0x0002,OK
-  phone    fail spmi 1D84D 1
-  send     lsot
-  expect   LSOT: ,ERROR
 
 values and help
   send     lsot=1

@@ -20,8 +20,6 @@ the number has no unit on this board
 other numbers, and a line without a text, are syntax errors
   send     ppwr=1,A
   expect   PPWR:,SYNTAX
-  send     ppwr=0
-  expect   PPWR:,SYNTAX
   send     ppwr
   expect   PPWR:,SYNTAX
   phone    unit 80001324 -> 42583930334C374B3254

@@ -10,8 +10,6 @@ the setting is hexadecimal
 any value but 1 is a syntax error
   send     pvsr
   expect   PVSR: ,SYNTAX
-  send     pvsr=0
-  expect   PVSR: ,SYNTAX
   send     pvsr=2
   expect   PVSR: ,SYNTAX
 

@@ -11,8 +11,6 @@ an unknown record is an error, and names are matched whole and by case
   expect   ERROR
   send     rev="SPACE_NUM"
   expect   ERROR
-  send     rev=""
-  expect   ERROR
 
 a name without quotes is a syntax error
   send     rev=nosuch

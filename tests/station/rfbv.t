@@ -30,24 +30,12 @@ with the unit gone, the voltage gives the variant
   expect   RFBV:0, 1433,OK
   # "W12458"
   phone    unit 800009F7 -> 57313234353800
-  phone    unit 800009F7 -
-  write    /sys/devices/qpnp-vadc-8/rf_id Result:410999 Raw:28300\n
-  send     rfbv
-  expect   RFBV:0, 410,OK
-  # "C01"
-  phone    unit 800009F7 -> 43303100
 
 a voltage between the variants stores nothing
   phone    unit 800009F7 -
   write    /sys/devices/qpnp-vadc-8/rf_id Result:1432000 Raw:37600\n
   send     rfbv
   expect   RFBV:0, 1432,OK
-  write    /sys/devices/qpnp-vadc-8/rf_id Result:57000 Raw:25000\n
-  send     rfbv
-  expect   RFBV:0, 57,OK
-  write    /sys/devices/qpnp-vadc-8/rf_id Result:0 Raw:24576\n
-  send     rfbv
-  expect   RFBV:0, 0,OK
   phone    unit 800009F7 -> none
 
 with the pin active other variants hold, of which most have an empty text
@@ -57,10 +45,6 @@ with the pin active other variants hold, of which most have an empty text
   # 101700 falls in the row from 101697 to 101882; a stored empty text is a stored variant
   send     rfbv
   expect   RFBV:1, 1700,OK
-  phone    unit 800009F7 -> 00
-  write    /sys/devices/qpnp-vadc-8/rf_id Result:1300000 Raw:36409\n
-  send     rfbv
-  expect   RFBV:1, 1300,OK
   phone    unit 800009F7 -> 00
   phone    unit 800009F7 -
   send     rfbv

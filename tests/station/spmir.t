@@ -11,12 +11,6 @@ registers are read from an address on, the count in decimal
   file     /sys/kernel/debug/spmi/spmi-0/address -> 0x1D84D\n
   file     /sys/kernel/debug/spmi/spmi-0/count -> 1\n
 
-the chips have their identities
-  send     spmir=0,0x104,2
-  read     SPMIR:0x51,0x01,\0OK\r\n
-  send     spmir=0,0x40104,2
-  read     SPMIR:0x51,0x02,\0OK\r\n
-
 a dump that begins and ends within rows gives each byte in its place
   # the last two columns of a row, a whole row, the first two of the next
   phone    spmi 1D80E 1E
@@ -38,13 +32,7 @@ only the low twenty bits of an address count
 a count that doesn't fit is refused
   send     spmir=0,0x100,0
   expect   SPMIR:,SYNTAX
-  send     spmir=0,0x100,-1
-  expect   SPMIR:,SYNTAX
-  send     spmir=0,0x100,x
-  expect   SPMIR:,SYNTAX
   send     spmir=0,0x100,4096
-  expect   SPMIR:,SYNTAX
-  send     spmir=0,0x100,70000
   expect   SPMIR:,SYNTAX
   # 4096 fields, of which the row's address and the columns before the first byte take some
   send     spmir=0,0x14001,4095
@@ -55,8 +43,6 @@ values that are missing are a syntax error
   expect   SYNTAX
   send     spmir=0
   expect   SPMIR:,SYNTAX
-  send     spmir?0,0x100
-  expect   SPMIR:,SYNTAX
 
 a slave that doesn't answer, a register that fails and a bus that isn't there are errors
   send     spmir=0,0x20000,1
@@ -65,9 +51,6 @@ a slave that doesn't answer, a register that fails and a bus that isn't there ar
   send     spmir=0,0x100,8
   expect   SPMIR:,ERROR
   phone    fail write /sys/kernel/debug/spmi/spmi-0/address
-  send     spmir=0,0x104,1
-  expect   SPMIR:,ERROR
-  phone    fail write /sys/kernel/debug/spmi/spmi-0/count
   send     spmir=0,0x104,1
   expect   SPMIR:,ERROR
   phone    fail read /sys/kernel/debug/spmi/spmi-0/data

@@ -11,11 +11,6 @@ bytes go into the registers from an address on
   phone    spmi 14F40 -> 01
   phone    spmi 14F41 -> 02
 
-an identity can't be written
-  send     spmiw=0,0x104,1
-  expect   SPMIW:,OK
-  phone    spmi 00104 -> 51
-
 a list as long as the kernel takes in one go is written whole, a longer one not at all
   # 16388 characters of text, five each: 3276 bytes; the registers go on past the end of the linear regulators
   send     spmiw=0,0x14000\*3276{,7}
@@ -43,9 +38,6 @@ what doesn't take a byte is an error
   send     spmiw=0,0x14F40,1
   expect   SPMIW:,ERROR
   phone    fail open /sys/kernel/debug/spmi/spmi-0/data
-  send     spmiw=0,0x14F40,1
-  expect   SPMIW:,ERROR
-  phone    fail write /sys/kernel/debug/spmi/spmi-0/address
   send     spmiw=0,0x14F40,1
   expect   SPMIW:,ERROR
   phone    spmi 14F40 -> 5C

@@ -33,10 +33,6 @@ a switch that can't be written is an error
 values that are missing are an error, and so is a name that leads elsewhere
   send     vregctl
   expect   VREGCTL:,ERROR
-  send     vregctl="krait0"
-  expect   VREGCTL:,ERROR
-  send     vregctl=,1
-  expect   VREGCTL:,ERROR
   send     vregctl="",1
   expect   VREGCTL:,ERROR
   send     vregctl="../regulator/krait0",0

@@ -27,20 +27,12 @@ an attribute that fails is an error
   expect   VREGLVL:,ERROR
   send     vreglvl?"none"
   expect   VREGLVL:,ERROR
-  send     vreglvl="none",900
-  expect   VREGLVL:,ERROR
   strange  any
 
 any other count is a syntax error
   send     vreglvl
   expect   VREGLVL:,SYNTAX
-  send     vreglvl?
-  expect   VREGLVL:,SYNTAX
   send     vreglvl="krait0"
-  expect   VREGLVL:,SYNTAX
-  send     vreglvl=,900
-  expect   VREGLVL:,SYNTAX
-  send     vreglvl?"krait0",900
   expect   VREGLVL:,SYNTAX
 
 the help lists the regulators and tells what a reading gives

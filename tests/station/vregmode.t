@@ -19,8 +19,6 @@ an attribute that fails or isn't there is an error
 any other count is a syntax error
   send     vregmode
   expect   VREGMODE:,SYNTAX
-  send     vregmode="krait1"
-  expect   VREGMODE:,SYNTAX
   send     vregmode=,1
   expect   VREGMODE:,SYNTAX
 
