@@ -42,7 +42,7 @@ the RF identity gets its supply before it is read
   expect   ADCR:0x6fe,OK
   phone    gpio 544 -> 1
 
-channels that don't exist are syntax errors, a format that doesn't is an error
+channels that don't exist are syntax errors, a format that doesn't is an error, and the help
   send     adcr=2
   expect   ADCR:,SYNTAX
   send     adcr=39
@@ -51,25 +51,6 @@ channels that don't exist are syntax errors, a format that doesn't is an error
   expect   ADCR:,ERROR
   send     adcr
   expect   ADCR: ,SYNTAX
-
-what can't be read is an error
-  phone    fail open /sys/devices/qpnp-vadc-8/vbat_sns
-  send     adcr=10
-  expect   ADCR:,ERROR
-  write    /sys/devices/qpnp-vadc-8/vbat_sns Result\n
-  send     adcr=10
-  expect   ADCR:,ERROR
-  write    /sys/devices/qpnp-vadc-8/vbat_sns Result:3800000\n
-  send     adcr=10
-  expect   ADCR:,ERROR
-  phone    fail opendir /sys/devices
-  send     adcr=8
-  expect   ADCR:,ERROR
-  phone    fail open /sys/class/thermal/thermal_zone0/temp
-  send     adcr=19
-  expect   ADCR:,ERROR
-
-the help lists the channels
   send     adcr=?
   expect   ADCR:Read adc channels ,ADCR:0x3 - Band variant / RF-id,ADCR:0x7 - Coin cell battery voltage,
   +        ADCR:0x8 - USB input voltage,ADCR:0x9 - Charger input voltage,ADCR:0xa - Battery voltage,
@@ -82,3 +63,14 @@ the help lists the channels
   +        ADCR:0x21 - MSM internal thermistor9,ADCR:0x22 - MSM internal thermistor10,
   +        ADCR:0x24 - MSM external thermistor,ADCR:0x25 - PCB thermistor,ADCR:0x26 - Backlight thermistor,
   +        adcr      0x0-0xFF[,(0-3)]                                  ADCR(channel,format),OK
+
+what can't be read is an error
+  phone    fail open /sys/devices/qpnp-vadc-8/vbat_sns
+  send     adcr=10
+  expect   ADCR:,ERROR
+  write    /sys/devices/qpnp-vadc-8/vbat_sns Result:3800000\n
+  send     adcr=10
+  expect   ADCR:,ERROR
+  phone    fail opendir /sys/devices
+  send     adcr=8
+  expect   ADCR:,ERROR

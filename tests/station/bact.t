@@ -1,5 +1,3 @@
-# bact switches the charging of the backup capacitor.
-
 on and off, in the two low bits of its register
   phone    spmi 2845 11
   send     bact=1

@@ -76,10 +76,6 @@ a battery that isn't there is an error
   expect   BATC: ,ERROR
   send     batc=3
   expect   BATC: ,ERROR
-  send     batc=4
-  expect   BATC: ,ERROR
-  send     batc=5
-  expect   BATC: ,ERROR
 
 attributes that somebody has written stay so, with or without a number
   write    /sys/class/power_supply/battery/voltage_now 0x3B4A5E\n
@@ -94,13 +90,11 @@ attributes that somebody has written stay so, with or without a number
   send     batc=1
   expect   BATC:0,OK
 
-one to four values, and a function from 1 to 6
+one to four values, and a function from 1 to 6, and the help
   send     batc
   expect   SYNTAX
   send     batc=7
   expect   SYNTAX
-
-what it can do
   send     batc=?
   expect   BATC:Battery control,BATC:BATC=1              - Read battery voltage (mV),
   +        BATC:BATC=2              - Read battery current (mA),

@@ -23,9 +23,7 @@ an empty line gets the final sequence and no word
 a line may come byte by byte
   raw      c
   phone    idle
-  raw      as
-  phone    idle
-  raw      e?
+  raw      ase?
   phone    idle
   raw      \r
   expect   CASE:false,OK
@@ -107,15 +105,6 @@ the cable is pulled in the middle of a line, and the line goes on
   read     TP,OK\r\n
   raw      se?\r
   expect   CASE:false,OK
-
-what is sent without a cable is lost
-  phone    usb off
-  raw      case?\r
-  phone    idle
-  phone    usb on
-  read     TP,OK\r\n
-  send     s3?
-  expect   S3:0x2c, 0x0d,OK
 
 a write that fails loses that text and nothing else
   phone    fail write /dev/ttyGS0 1

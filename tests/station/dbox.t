@@ -30,10 +30,8 @@ without values the border of a box of no size runs around the screen
   phone    pixel 1079 500 -> 000000
   phone    pixel 500 500 -> FFFFFF
 
-without a screen nothing is drawn
+without a screen nothing is drawn, and the help
   send     dbox=0,0,10,10,0,255,255,255
   expect   DBOX: ,ERROR
-
-the accepted values
   send     dbox=?
   expect   DBOX: ,dbox      (...)                                             box(x,y,w,h,a,r,g,b),OK

@@ -69,12 +69,10 @@ an ellipse fills its box, and there is no figure beyond it
   send     dfig=3,0,0,5,5
   expect   DFIG: ,ERROR
 
-without a screen every figure is an error, whatever its coordinates
+without a screen every figure is an error, whatever its coordinates, and the help
   send     dfig=0,0,0,5,5
   expect   DFIG: ,ERROR
   send     dfig=1,0,0,0,0
   expect   DFIG: ,ERROR
-
-the accepted values
   send     dfig=?
   expect   DFIG: ,dfig      (...)                                             figure(act,x0,y0,x1,y1,w,a,r,g,b,OK

@@ -20,6 +20,7 @@ chess, plain colours, bars, ramps, gradients and a grey level
   expect   DPAT: ,OK
   phone    pixel 16 15 -> FFFFFF
   phone    pixel 16 16 -> 000000
+
 the test picture of pattern 0
   # blocks of 135 by 240: (1080 + 1) / 8 = 135, (1920 + 2) / 8 = 240
   send     lcdl=1,0
@@ -75,19 +76,6 @@ a number without a pattern changes nothing and is fine
   phone    pixel 539 0 -> 00FF00
   phone    pixel 540 0 -> FF00FF
 
-each picture goes to the other page
-  send     lcdl=1,0
-  expect   LCDL: ,OK
-  send     dpat=3
-  expect   DPAT: ,OK
-  phone    screen -> 1080x1920x32 page 0 unblanked mode 0
-  send     dpat=4
-  expect   DPAT: ,OK
-  phone    screen -> 1080x1920x32 page 1 unblanked mode 0
-  send     dpat=10
-  expect   DPAT: ,OK
-  phone    screen -> 1080x1920x32 page 0 unblanked mode 0
-
 tiny and odd screens take every pattern
   conf     panel 1x1x32 1
   send     lcdl=1
@@ -105,10 +93,8 @@ tiny and odd screens take every pattern
   expect   DPAT: ,OK
   phone    pixel 0 0 -> 000000
 
-without a screen there is no pattern
+without a screen there is no pattern, and the help
   send     dpat=3
   expect   DPAT: ,ERROR
-
-the accepted values
   send     dpat=?
   expect   DPAT:mode(0x0=tv,0x1=chess,0x2=invers chess,0x3=white,0x4=black),DPAT:mode(0x5=black on grey,0x6=medium grey,0x7=rgb stripes),DPAT:mode(0x8=black/medium grey lines, 0xA=red,0xB=green,0xC=blue),DPAT: ,dpat      (0-0x2f,0-255)                                    pattern(mode),OK

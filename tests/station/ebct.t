@@ -1,5 +1,3 @@
-# ebct switches the charger and the power that the phone gives to the cable.
-
 the charger goes on and off
   send     ebct=1,1
   expect   EBCT: ,OK

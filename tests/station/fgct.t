@@ -20,27 +20,19 @@ the converter calibrates itself when its attribute is read, and gives 0 when tha
   send     fgct=7,1
   expect   FGCT:1,OK
 
-a converter without the attribute, or with a text in it, isn't calibrated
-  conf     without /sys/devices/qpnp-iadc-9/calib_ccadc
-  strange  any
-  send     fgct=7
-  expect   FGCT: ,ERROR
-
 what a gauge of its own would do isn't found
   send     fgct=3,0
   expect   FGCT: ,NOT FOUND
   send     fgct=4,0,0x10,0x20
   expect   FGCT: ,NOT FOUND
 
-other values are a syntax error
+other values are a syntax error, and the help
   send     fgct
   expect   SYNTAX
   send     fgct=8
   expect   FGCT: ,SYNTAX
   send     fgct=1,0
   expect   FGCT: ,SYNTAX
-
-what it can do
   send     fgct=?
   expect   FGCT:Fuelgauge test,FGCT:FGCT=1 - Read battery voltage,FGCT:FGCT=2 - Read battery current,
   +        FGCT:FGCT=3,<options>,<path> - Flash cal data and firmware,FGCT:FGCT=4,0,<reg>,<data> - Custom write,

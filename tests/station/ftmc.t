@@ -146,10 +146,6 @@ a record is read in pages
   expect   FTMC:0xcf,0x09,0x0a,0x0b,OK
   send     ftmc=207,1,14,0,3
   expect   FTMC:0xcf,OK
-  send     ftmc=207,1,0,1,0
-  expect   FTMC:0xcf,OK
-  send     ftmc=207,1,3
-  expect   FTMC:0xcf,OK
   send     ftmc=207,0
   expect   FTMC:0xcf,0x00,0x00,OK
 

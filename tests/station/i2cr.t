@@ -9,15 +9,6 @@ a chip is read from a register on, and the pointer moves on
   send     i2cr=5,18,38,3
   expect   I2CR:0xa1,0xb2,0xc3,OK
 
-without a register the reading goes on where the chip stands
-  phone    i2c 5 68 37 71
-  phone    i2c 5 68 38 72
-  phone    i2c 5 68 39 73
-  send     i2cr=5,68,37
-  expect   I2CR:0x71,OK
-  send     i2cr=5,68,ff,2
-  expect   I2CR:0x72,0x73,OK
-
 nothing acknowledges where nothing is, or where a chip is off
   send     i2cr=4,2c
   expect   I2CR:no ack,ERROR
@@ -32,8 +23,6 @@ a bus that isn't there gives no line
   send     i2cr=7,18
   expect   ERROR
   send     i2cr
-  expect   ERROR
-  send     i2cr=5,18,0,1,1
   expect   ERROR
   strange  any
 

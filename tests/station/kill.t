@@ -29,14 +29,8 @@ a phone that refuses to restart says so
   send     kill
   expect   KILL: ,ERROR
 
-what isn't 0 to 2 is a syntax error
+what isn't 0 to 2 is a syntax error, and the help
   send     kill=3
   expect   KILL: ,SYNTAX
-
-what it is
   send     kill=?
   expect   KILL:Kill (restart) system.,kill      (0-2)                                             KILL(arg),OK
-
-one value is all it takes
-  send     kill=1,2
-  expect   kill      (0-2)                                             KILL(arg),SYNTAX

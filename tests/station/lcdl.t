@@ -43,13 +43,15 @@ starting the panel again selects it again
   phone    pixel 5 5 -> 040506
   phone    pixel 5 5 2 -> 010203
 
-a number without a screen is an error
+a number without a screen is an error, and the help
   send     lcdl
   expect   LCDL: ,ERROR
   send     lcdl=2
   expect   LCDL: ,ERROR
   send     lcdl=4
   expect   LCDL: ,ERROR
+  send     lcdl=?
+  expect   LCDL: ,lcdl      (0-2)[,(0-1)]                                     load(mode),OK
 
 a phone without the HDMI framebuffer keeps drawing on the panel
   conf     without /dev/graphics/fb1
@@ -77,7 +79,3 @@ a console node in front of the panel is put into graphics mode
   expect   LCDL: ,ERROR
   send     lcdl=1,0
   expect   LCDL: ,OK
-
-the accepted values
-  send     lcdl=?
-  expect   LCDL: ,lcdl      (0-2)[,(0-1)]                                     load(mode),OK

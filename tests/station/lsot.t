@@ -1,9 +1,3 @@
-# Short and open LEDs, found by the power management chip.
-
-healthy LEDs
-  send     lsot
-  expect   LSOT:0x0000,OK
-
 a bit for each faulty LED
   phone    led 1 short
   send     lsot

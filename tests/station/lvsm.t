@@ -48,9 +48,11 @@ a record must mirror and have four bytes
   send     lvsm=2
   expect   LVSM: ,ERROR
 
-other modes are refused
+other modes are refused, and the help
   send     lvsm=3
   expect   LVSM: ,SYNTAX
+  send     lvsm=?
+  expect   LVSM:Measure LCD VSYNC period.,lvsm      [(1-2)]                                           LCD VSYNC Measurement,OK
 
 a phone that can't measure says so
   conf     without /dev/vsync_measurement
@@ -58,7 +60,3 @@ a phone that can't measure says so
   expect   LCDL: ,OK
   send     lvsm
   expect   LVSM: ,ERROR
-
-the accepted values
-  send     lvsm=?
-  expect   LVSM:Measure LCD VSYNC period.,lvsm      [(1-2)]                                           LCD VSYNC Measurement,OK

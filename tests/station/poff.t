@@ -43,7 +43,3 @@ a phone that refuses to go off says so
 what it is
   send     poff=?
   expect   POFF:Power off system,poff      W                                                 POFF(waittime),OK
-
-one value is all it takes
-  send     poff=1,2
-  expect   poff      W                                                 POFF(waittime),SYNTAX

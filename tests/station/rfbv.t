@@ -16,13 +16,6 @@ a variant that is stored stays, whatever is measured
   restart
   phone    unit 800009F7 -> 4C313233343537385F323057313234353800
 
-at the first start the voltage counts
-  write    /sys/devices/qpnp-vadc-8/rf_id Result:909500 Raw:32850\n
-  send     rfbv
-  expect   RFBV:0, 909,OK
-  # "L124578_17W12458"
-  phone    unit 800009F7 -> 4C3132343537385F313757313234353800
-
 with the unit gone, the voltage gives the variant
   phone    unit 800009F7 -
   write    /sys/devices/qpnp-vadc-8/rf_id Result:1433000 Raw:37600\n
@@ -45,6 +38,10 @@ with the pin active other variants hold, of which most have an empty text
   # 101700 falls in the row from 101697 to 101882; a stored empty text is a stored variant
   send     rfbv
   expect   RFBV:1, 1700,OK
+  phone    unit 800009F7 -> 00
+  write    /sys/devices/qpnp-vadc-8/rf_id Result:1300000 Raw:36409\n
+  send     rfbv
+  expect   RFBV:1, 1300,OK
   phone    unit 800009F7 -> 00
   phone    unit 800009F7 -
   send     rfbv

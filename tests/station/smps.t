@@ -13,6 +13,7 @@ a rail goes off and on
 a rail that isn't there, or can't be written, isn't switched
   strange  any
   send     smps=7,0
+  expect   SMPS:1,OK
   phone    fail write /sys/kernel/debug/regulator/krait0/enable
   send     smps=0,1
   expect   SMPS:1,OK

@@ -38,11 +38,14 @@ a count that doesn't fit is refused
   send     spmir=0,0x14001,4095
   expect   SPMIR:,ERROR
 
-values that are missing are a syntax error
+values that are missing are a syntax error, and the help
   send     spmir
   expect   SYNTAX
   send     spmir=0
   expect   SPMIR:,SYNTAX
+  send     spmir=?
+  expect   SPMIR: System Power Management Interface,
+  +        spmir     (0),(0-0xFFFFF),(B)                               SPMIR(bus,reg,bytes),OK
 
 a slave that doesn't answer, a register that fails and a bus that isn't there are errors
   send     spmir=0,0x20000,1
@@ -59,14 +62,3 @@ a slave that doesn't answer, a register that fails and a bus that isn't there ar
   send     spmir=1,0x104,1
   expect   SPMIR:,ERROR
   strange  any
-
-a peripheral that no chip has reads as 0 and is strange
-  send     spmir=0,0x7000,2
-  read     SPMIR:0x00,0x00,\0OK\r\n
-  phone    strange -> 1 spmi read of 07000
-  strange  any
-
-the help is one line
-  send     spmir=?
-  expect   SPMIR: System Power Management Interface,
-  +        spmir     (0),(0-0xFFFFF),(B)                               SPMIR(bus,reg,bytes),OK

@@ -22,13 +22,16 @@ a list as long as the kernel takes in one go is written whole, a longer one not 
   expect   SPMIW:,ERROR
   phone    spmi 14CCC -> 00
 
-values that are missing are a syntax error
+values that are missing are a syntax error, and the help
   send     spmiw
   expect   SYNTAX
   send     spmiw=0,0x100
   expect   SPMIW:,SYNTAX
   send     spmiw=0,0x14F40,
   expect   SPMIW:,ERROR
+  send     spmiw=?
+  expect   SPMIW: System Power Management Interface,
+  +        spmiw     (0),(0-0xFFFFF),(B),[,(B),...]                    SPMIW(bus,reg,data1[,data2,...]),OK
 
 what doesn't take a byte is an error
   phone    spmi 14F40 5C
@@ -44,8 +47,3 @@ what doesn't take a byte is an error
   send     spmiw=3,0x14F40,1
   expect   SPMIW:,ERROR
   strange  any
-
-the help is one line
-  send     spmiw=?
-  expect   SPMIW: System Power Management Interface,
-  +        spmiw     (0),(0-0xFFFFF),(B),[,(B),...]                    SPMIW(bus,reg,data1[,data2,...]),OK

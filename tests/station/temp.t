@@ -45,13 +45,15 @@ other formats are hexadecimal
   send     temp=4,1
   expect   TEMP: 0x390,OK
 
-numbers without a channel are syntax errors
+numbers without a channel are syntax errors, and the help
   send     temp=8
   expect   TEMP:,SYNTAX
   send     temp=26,2
   expect   TEMP:,SYNTAX
   send     temp
   expect   TEMP: ,SYNTAX
+  send     temp=?
+  expect   TEMP:Read temperatures,temp      (0-30)[,(0-2)]                                    TEMP=<channel>,<format>,OK
 
 what can't be read, or not in that format, is an error
   send     temp=0,3
@@ -59,7 +61,3 @@ what can't be read, or not in that format, is an error
   phone    fail open /sys/devices/qpnp-vadc-8/pa_therm0
   send     temp=0,2
   expect   TEMP:,ERROR
-
-the help is one line
-  send     temp=?
-  expect   TEMP:Read temperatures,temp      (0-30)[,(0-2)]                                    TEMP=<channel>,<format>,OK

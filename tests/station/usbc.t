@@ -20,8 +20,6 @@ what the driver can't do is an error
   expect   USBC: ,ERROR
   send     usbc=3,1,100
   expect   USBC: ,ERROR
-  send     usbc=4,1
-  expect   USBC: ,ERROR
 
 what no row names is a syntax error, and so is a wrong number of values
   send     usbc=7

@@ -71,13 +71,11 @@ the dump reads the charger's nine registers, whatever comes of it
   expect   VBCCT: ,OK
   phone    fail off -> 0
 
-one to three values, and an action up to 2
+one to three values, and an action up to 2, and the help
   send     vbcct
   expect   VBCCT: ,SYNTAX
   send     vbcct=3
   expect   VBCCT: ,SYNTAX
-
-the list of currents goes out in full, though it is longer than other lines
   send     vbcct=?
   read     VBCCT:VBUS Charging Control Test command \n,VBCCT:VBCCT=0 - Turn off charging\n,
   +        VBCCT:VBCCT=1,[<current_bat>,[<current_input>]] - Turn on charging\n,

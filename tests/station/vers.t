@@ -7,19 +7,14 @@ line ends within the text go, and an empty one is an empty value
   write    /proc/version one\r\ntwo\n
   send     vers=2
   expect   VERS:onetwo,OK
-  write    /proc/version \x20
-  send     vers=2
-  expect   VERS:,OK
 
 a value above 3 is an error without a line
   send     vers=4
   expect   ERROR
 
-two values are a syntax error
+two values are a syntax error, and the help
   send     vers=1,2
   expect   vers      [(0-3)]                                           vers(val),SYNTAX
-
-the parameters are told
   send     vers=?
   expect   VERS:Parameters: 0=All, 1=QAT, 2=App OS 3=Modem,
   + vers      [(0-3)]                                           vers(val),OK
