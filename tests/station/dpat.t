@@ -89,9 +89,9 @@ tiny and odd screens take every pattern
   send     dpat=48
   expect   DPAT: ,OK
   phone    pixel 0 0 -> 000000
-  send     dpat=32
+  send     dpat=3
   expect   DPAT: ,OK
-  phone    pixel 0 0 -> 000000
+  phone    pixel 0 0 -> FFFFFF
 
 without a screen there is no pattern, and the help
   send     dpat=3
