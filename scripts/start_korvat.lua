@@ -43,7 +43,6 @@ local battery = menu.page("Battery", {
     { "Current", "batc=2" },
     { "Capacity", "batc=3" },
     { "Charger", "scct=0" },
-    { "All lines", "list=\"b\"" },
 })
 
 local board = menu.page("Board", {

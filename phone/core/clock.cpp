@@ -106,7 +106,6 @@ struct thread_mark {
     pid_t tid = gettid();
     bool known = false;   // its work is counted
     bool blocked = false; // in one of the waits of this file
-    bool worker = false;  // runs expiries
     ~thread_mark()
     {
         if (known)
@@ -134,20 +133,29 @@ struct thread_mark {
 
 thread_local thread_mark mark;
 
-// Tells whether all threads at work only wait for one another: they sleep, and haven't run since the last
-// look. What they wait for (a lock, a condition) is nothing that the clock could see.
-bool all_asleep_locked()
-{
-    static std::vector<thread_look> last;
-    std::vector<thread_look> now;
-    for (const thread_mark* p : known_threads)
-        if (!p->blocked)
-            now.push_back(look_at(p->tid));
-    const bool asleep = static_cast<int>(now.size()) == at_work && now == last &&
-                        std::all_of(now.begin(), now.end(), [](const thread_look& l) { return l.sleeps; });
-    last = std::move(now);
-    return asleep;
-}
+// A look at threads that work: whether all of them sleep, and haven't run since the last look (then they wait
+// for one another, or for something that the clock can't see: a lock, a condition), and the processor time
+// that they have had in all. Only that tells a thread that works for ever from one that doesn't get to run.
+struct work_look {
+    std::map<pid_t, thread_look> last;
+    long long run_ns = 0;
+
+    bool asleep(const std::set<pid_t>& tids)
+    {
+        std::map<pid_t, thread_look> now;
+        run_ns = 0;
+        bool sleep = true;
+        for (const pid_t tid : tids) {
+            const thread_look look = look_at(tid);
+            now[tid] = look;
+            run_ns += look.run_ns;
+            sleep = sleep && look.sleeps;
+        }
+        sleep = sleep && now == last;
+        last = std::move(now);
+        return sleep;
+    }
+};
 
 // Blocks with `wait_host(timeout)` until it gives a result other than 0, or the deadline comes. wait_host
 // waits for the thread's kick_fd too and gives 0 when only that, or its time-out, ended it.
@@ -190,9 +198,13 @@ std::deque<std::shared_ptr<std::function<void()>>> expiries;
 std::condition_variable expiries_changed;
 std::size_t idle_workers;
 
+// The threads of timers and expiries: what they do is known, in time and in the count of those at work.
+std::set<pid_t> clock_threads; // guarded by clock_mutex
+
 void worker_loop()
 {
     std::unique_lock lock(clock_mutex);
+    clock_threads.insert(gettid());
     for (;;) {
         idle_workers++;
         expiries_changed.wait(lock, [] { return !expiries.empty(); });
@@ -200,7 +212,6 @@ void worker_loop()
         const auto fire = expiries.front();
         expiries.pop_front();
         mark.enter_locked(true); // counted by who has handed it over
-        mark.worker = true;
         lock.unlock();
         (*fire)();
         mark.leave();
@@ -213,23 +224,22 @@ void hand_over_locked(const std::shared_ptr<std::function<void()>>& fire)
     at_work++;
     activity++;
     expiries.push_back(fire);
-    if (idle_workers >= expiries.size())
-        expiries_changed.notify_one();
-    else
+    if (idle_workers < expiries.size())
         std::thread(worker_loop).detach();
 }
 
-// Fires what is due. The expiries count as work from now on.
-void fire_due_locked()
+// Hands over what is due, which counts as work from now on. True when there was something: the workers are
+// to be woken.
+bool fire_due_locked()
 {
     const nanoseconds now = now_locked();
-    for (;;) {
+    for (bool any = false;; any = true) {
         timer* p_due = nullptr;
         for (timer& t : timers)
             if (t.deadline <= now && (p_due == nullptr || t.deadline < p_due->deadline))
                 p_due = &t;
         if (p_due == nullptr)
-            return;
+            return any;
         p_due->deadline = p_due->interval > 0 ? p_due->deadline + p_due->interval : forever;
         hand_over_locked(p_due->fire);
     }
@@ -244,13 +254,20 @@ nanoseconds next_timer_locked()
 }
 
 std::condition_variable timers_changed;
+nanoseconds awaited = forever; // until when the timer thread sleeps
 
 void timer_loop()
 {
     std::unique_lock lock(clock_mutex);
+    clock_threads.insert(gettid());
     for (;;) {
-        fire_due_locked();
-        const nanoseconds timeout = host_time_to_locked(next_timer_locked());
+        if (fire_due_locked()) {
+            lock.unlock();
+            expiries_changed.notify_all();
+            lock.lock();
+        }
+        awaited = next_timer_locked();
+        const nanoseconds timeout = host_time_to_locked(awaited);
         if (timeout == forever)
             timers_changed.wait(lock);
         else
@@ -279,45 +296,55 @@ bool loop_has_input_locked()
     return loop_waits && !loop_idle_locked();
 }
 
+std::set<pid_t> working_locked()
+{
+    std::set<pid_t> tids;
+    for (const thread_mark* p : known_threads)
+        if (!p->blocked)
+            tids.insert(p->tid);
+    return tids;
+}
+
 // Waits until no thread is at work and the loop has nothing to read. Threads that wait for something the
-// clock can't see don't count, when they are seen asleep, or give no sign of life for 200 ms.
+// clock can't see don't count, nor one that has worked for 200 ms without a wait; but it may have to wait for
+// a busy processor as long as it likes, up to a minute.
 void settle(std::unique_lock<std::mutex>& lock)
 {
+    constexpr long long most_run_ns = 200'000'000;
     const auto bound = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    auto quiet_since = std::chrono::steady_clock::now();
-    std::uint64_t seen = activity;
+    work_look look;
+    std::uint64_t seen = activity - 1;
+    long long run_then = 0;
     while (at_work > 0 || loop_has_input_locked()) {
         const auto woken = work_changed.wait_for(lock, std::chrono::microseconds(at_work > 0 ? 500 : 50));
-        if (woken == std::cv_status::timeout && at_work > 0 && !loop_has_input_locked() &&
-            all_asleep_locked())
+        if (woken != std::cv_status::timeout || at_work <= 0)
+            continue;
+        const std::set<pid_t> tids = working_locked();
+        const bool asleep = look.asleep(tids) && static_cast<int>(tids.size()) == at_work;
+        if (asleep && !loop_has_input_locked())
             return;
-        const auto now = std::chrono::steady_clock::now();
         if (activity != seen) {
             seen = activity;
-            quiet_since = now;
+            run_then = look.run_ns;
         }
-        if (now > bound || now - quiet_since > std::chrono::milliseconds(200))
+        if (look.run_ns - run_then > most_run_ns || std::chrono::steady_clock::now() > bound)
             return;
     }
 }
 
-// Looks at the threads that the clock doesn't know, or that wait for something that it can't see: those of
-// the program that do work beside the loop. True when they sleep and haven't run since the last look.
-bool others_asleep_locked(std::map<pid_t, thread_look>& last)
+// The threads that the clock doesn't know, or that wait for something that it can't see: those of the program
+// that do work beside the loop.
+std::set<pid_t> others_locked()
 {
     std::set<pid_t> tids = thread_ids();
     tids.erase(gettid());
     tids.erase(getpid());
+    for (const pid_t tid : clock_threads)
+        tids.erase(tid);
     for (const thread_mark* p : known_threads)
-        if (p->blocked || p->worker)
+        if (p->blocked)
             tids.erase(p->tid);
-    std::map<pid_t, thread_look> now;
-    for (const pid_t tid : tids)
-        now[tid] = look_at(tid);
-    const bool asleep = now == last && std::all_of(now.begin(), now.end(),
-                                                   [](const auto& entry) { return entry.second.sleeps; });
-    last = std::move(now);
-    return asleep;
+    return tids;
 }
 
 } // namespace
@@ -428,13 +455,16 @@ timer* find_timer_locked(int id)
 
 bool clock_timer_set(int id, nanoseconds time, nanoseconds interval)
 {
-    const std::lock_guard lock(clock_mutex);
+    std::unique_lock lock(clock_mutex);
     timer* p = find_timer_locked(id);
     if (p == nullptr)
         return false;
     p->deadline = time > 0 ? now_locked() + time : forever;
     p->interval = interval;
-    timers_changed.notify_all();
+    const bool sooner = p->deadline < awaited;
+    lock.unlock(); // or the thread that is woken would only wait for the lock
+    if (sooner)
+        timers_changed.notify_all();
     return true;
 }
 
@@ -499,7 +529,8 @@ void clock_step(nanoseconds span)
             w->counted = true;
             at_work++;
         }
-        fire_due_locked();
+        if (fire_due_locked())
+            expiries_changed.notify_all();
         time_changed_locked();
     }
     phone_base = std::max(phone_base, target);
@@ -524,16 +555,20 @@ double clock_speed()
 
 bool clock_settle()
 {
-    using namespace std::chrono_literals;
-    const auto bound = std::chrono::steady_clock::now() + 60s;
-    const auto others_bound = std::chrono::steady_clock::now() + 2s;
-    std::map<pid_t, thread_look> last;
+    constexpr long long most_run_ns = 1'500'000'000;
+    const auto bound = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    work_look look;
+    long long run_then = -1;
     std::unique_lock lock(clock_mutex);
     for (;;) {
-        const auto now = std::chrono::steady_clock::now();
-        if (loop_idle_locked() && (others_asleep_locked(last) || now > others_bound))
-            return true;
-        if (now > bound)
+        if (loop_idle_locked()) {
+            if (look.asleep(others_locked()))
+                return true;
+            run_then = run_then < 0 ? look.run_ns : run_then;
+            if (look.run_ns - run_then > most_run_ns)
+                return true;
+        }
+        if (std::chrono::steady_clock::now() > bound)
             return false;
         work_changed.wait_for(lock, std::chrono::microseconds(300));
     }

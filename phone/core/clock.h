@@ -53,8 +53,8 @@ void clock_hold(bool hold);
 // Moves the clock on by `span`, one deadline after the other, and lets the work of each be done.
 void clock_step(nanoseconds span);
 
-// Waits until the loop has nothing to read and the program's other threads have come to rest, or have been at
-// work for two seconds: the loop's answer is whole all the same. False after 60 s.
+// Waits until the loop has nothing to read and the program's other threads have come to rest, or have had the
+// processor for 1.5 s: the loop's answer is whole all the same. False after 60 s.
 bool clock_settle();
 
 // The words `clock`, `speed` and `idle`.

@@ -128,7 +128,7 @@ TEST(Start, TheConsoleIsOnTheSecondPortWhereThereIsOne)
         ASSERT_GT(write(phone.port, "case?\r", 6), 0);
         ASSERT_TRUE(phone.ask("idle", answer));
         ASSERT_TRUE(phone.ask("calls", answer));
-        EXPECT_EQ(answer.substr(0, answer.find('\n')), second ? "read /dev/ttyGS1" : "read /dev/ttyGS0");
+        EXPECT_EQ(answer.substr(0, answer.find('\n')), second ? "write /dev/ttyGS1" : "write /dev/ttyGS0");
     }
 }
 

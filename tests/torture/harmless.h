@@ -22,6 +22,7 @@ constexpr harmless_row harmless[] = {
     { "open /dev/gpio62",     "only a card that is surely out isn't formatted", "mstt=4,3" },
     { "read /dev/gpio62",     "only a card that is surely out isn't formatted", "mstt=4,3" },
     { "ioctl /dev/graphics/", "the answer is about the figure alone", "dfig" },
+    { "access /system/etc/firmware/touch_module", "a link that stays is in the way of the new one, and that is told" },
     { "closedir ",            "the walk is over" },
     { "ta_close ",            "likewise" },
     { "ta_getnextid ",        "the library gives the end of its walk and a failure alike" },
