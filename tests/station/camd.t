@@ -17,5 +17,3 @@ other values are none
   expect   SYNTAX
   send     camd=6
   expect   SYNTAX
-  send     camd=-1
-  expect   SYNTAX

@@ -23,9 +23,7 @@ an empty line gets the final sequence and no word
 a line may come byte by byte
   raw      c
   phone    idle
-  raw      as
-  phone    idle
-  raw      e?
+  raw      ase?
   phone    idle
   raw      \r
   expect   CASE:false,OK
@@ -48,8 +46,6 @@ a NUL ends what is read of a line
   expect   CASE:false,OK
   raw      \x00case?\r
   read     \r\n
-  send     case?
-  expect   CASE:false,OK
 
 control characters and bytes above ASCII make a name that nobody has
   raw      \x01\x02\x03\x04\x05\x06\x07\x09\x0b\x0c\x0e\x0f\x10\x11\x12\x13\x14\x15\x16\x17\x18\x19\x1a\x1b\x1c\x1d\x1e\x1f\x7f\r
@@ -58,21 +54,15 @@ control characters and bytes above ASCII make a name that nobody has
   expect   NOT FOUND
   raw      case?\xff\r
   expect   case      [(0,1)]                                           case(en),SYNTAX
-  send     case?
-  expect   CASE:false,OK
 
 a name is matched whole, blanks are part of it
   send     cas
-  expect   NOT FOUND
-  send     case2
   expect   NOT FOUND
   raw      case \r
   expect   NOT FOUND
   raw      \x20case\r
   expect   NOT FOUND
   send     =5
-  expect   NOT FOUND
-  send     nosuch=1,"two",3
   expect   NOT FOUND
 
 more than sixteen values are too many
@@ -90,15 +80,9 @@ registers are read up to R32
   expect   NOT FOUND
   send     help="s3",R33
   expect   help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
-  send     help="s3",R99999999999999999999
-  expect   help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
 
 a line can't read memory
   send     help="s3",*0
-  expect   help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
-  send     help="s3",*0x7fffffff
-  expect   help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
-  send     help="s3",**4096
   expect   help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
   send     help=*12345678
   expect   help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
@@ -106,14 +90,10 @@ a line can't read memory
   expect   help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
   send     help="s3",***1
   expect   help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
-  send     case?
-  expect   CASE:false,OK
 
 numbers of any length wrap
   # 36893488147419103233 is twice 2 to the 64th and 1
   send     help="s3",36893488147419103233
-  expect   s3        0xB[,0xB]                                         s3(ct,final),OK
-  send     help="s3",0x000000000000000000000000000000000000000000000000000000000000000000000000000001
   expect   s3        0xB[,0xB]                                         s3(ct,final),OK
 
 the cable is pulled in the middle of a line, and the line goes on
@@ -125,15 +105,6 @@ the cable is pulled in the middle of a line, and the line goes on
   read     TP,OK\r\n
   raw      se?\r
   expect   CASE:false,OK
-
-what is sent without a cable is lost
-  phone    usb off
-  raw      case?\r
-  phone    idle
-  phone    usb on
-  read     TP,OK\r\n
-  send     s3?
-  expect   S3:0x2c, 0x0d,OK
 
 a write that fails loses that text and nothing else
   phone    fail write /dev/ttyGS0 1

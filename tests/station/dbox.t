@@ -11,16 +11,6 @@ a box has its colour from corner to corner and nowhere else
   phone    pixel 130 239 -> 000000
   phone    pixel 129 240 -> 000000
 
-a box that begins left of the screen is drawn from its last column on
-  # x = -1 is beyond the right edge and moved there: the lines run from column 1079 back to -1 + 10 - 1 = 8
-  send     lcdl=1,0
-  expect   LCDL: ,OK
-  send     dbox=-1,10,10,3,0,255,255,255
-  expect   DBOX: ,OK
-  phone    pixel 8 10 -> FFFFFF
-  phone    pixel 1079 12 -> FFFFFF
-  phone    pixel 7 10 -> 000000
-
 a huge box fills what is right of and below its corner
   send     lcdl=1,0
   expect   LCDL: ,OK
@@ -40,10 +30,8 @@ without values the border of a box of no size runs around the screen
   phone    pixel 1079 500 -> 000000
   phone    pixel 500 500 -> FFFFFF
 
-without a screen nothing is drawn
+without a screen nothing is drawn, and the help
   send     dbox=0,0,10,10,0,255,255,255
   expect   DBOX: ,ERROR
-
-the accepted values
   send     dbox=?
   expect   DBOX: ,dbox      (...)                                             box(x,y,w,h,a,r,g,b),OK

@@ -1,6 +1,6 @@
 # Figures: 0 line, 1 box, 2 ellipse. Lines take x0,y0,x1,y1,w,a,r,g,b, the others x,y,w,h,a,r,g,b.
 
-a horizontal line of thickness 4 is four rows
+a horizontal line of thickness 4 is four rows, a vertical one grows to the right, a diagonal is drawn once
   send     lcdl=1,0
   expect   LCDL: ,OK
   send     dfig=0,0,100,1079,100,4,0,255,255,255
@@ -9,10 +9,6 @@ a horizontal line of thickness 4 is four rows
   phone    pixel 1079 103 -> FFFFFF
   phone    pixel 0 99 -> 000000
   phone    pixel 0 104 -> 000000
-
-a vertical line grows to the right, and a thickness beyond the screen ends at its edge
-  send     lcdl=1,0
-  expect   LCDL: ,OK
   send     dfig=0,1070,5,1070,50,0xFFFFFFFF,0,0,255,0
   expect   DFIG: ,OK
   phone    pixel 1069 5 -> 000000
@@ -20,27 +16,12 @@ a vertical line grows to the right, and a thickness beyond the screen ends at it
   phone    pixel 1079 50 -> 00FF00
   phone    pixel 1079 51 -> 000000
   phone    pixel 0 5 -> 000000
-
-a diagonal line is drawn once whatever its thickness
-  send     lcdl=1,0
-  expect   LCDL: ,OK
   send     dfig=0,0,0,100,100,4,0,255,0,0
   expect   DFIG: ,OK
   phone    pixel 50 50 -> FF0000
   phone    pixel 50 51 -> 000000
   phone    pixel 51 50 -> 000000
   phone    pixel 100 100 -> FF0000
-
-a line steps to the side at its first pixel already
-  # dx = 4, dy = 1: after the first pixel err = 1 > 0, so y steps; err = 1 - 4 = -3, and it never gets above 0 again
-  send     lcdl=1,0
-  expect   LCDL: ,OK
-  send     dfig=0,10,10,14,11,1,0,255,255,255
-  expect   DFIG: ,OK
-  phone    pixel 10 10 -> FFFFFF
-  phone    pixel 11 11 -> FFFFFF
-  phone    pixel 14 11 -> FFFFFF
-  phone    pixel 11 10 -> 000000
 
 a line without an end goes to the bottom right corner, in black
   send     lcdl=1
@@ -55,8 +36,6 @@ a line with an end outside the screen isn't drawn
   send     lcdl=1,0
   expect   LCDL: ,OK
   send     dfig=0,0,0,1080,0,1,0,255,255,255
-  expect   DFIG: ,SYNTAX
-  send     dfig=0,0,1920,5,5,1,0,255,255,255
   expect   DFIG: ,SYNTAX
   send     dfig=0,-1,0,5,5,1,0,255,255,255
   expect   DFIG: ,SYNTAX
@@ -74,10 +53,8 @@ a box is cut at the edge
   expect   DFIG: ,SYNTAX
   send     dfig=1,0,0,0,5
   expect   DFIG: ,SYNTAX
-  send     dfig=1,0,0,5,0
-  expect   DFIG: ,SYNTAX
 
-an ellipse fills its box
+an ellipse fills its box, and there is no figure beyond it
   send     lcdl=1,0
   expect   LCDL: ,OK
   send     dfig=2,100,100,200,100,0,255,255,0
@@ -85,29 +62,17 @@ an ellipse fills its box
   # centre (200, 150) of the call, one less of the sum: 199, 149, radii 100 and 50; at x = 199 rows 100 to 198
   phone    pixel 199 149 -> FFFF00
   phone    pixel 100 149 -> FFFF00
-  phone    pixel 99 149 -> 000000
-  phone    pixel 298 149 -> FFFF00
-  phone    pixel 199 100 -> FFFF00
-  phone    pixel 199 99 -> 000000
   phone    pixel 199 199 -> 000000
   phone    pixel 110 110 -> 000000
   send     dfig=2,0,0,0,5
   expect   DFIG: ,SYNTAX
-
-figures beyond 2 are errors
-  send     lcdl=1,0
-  expect   LCDL: ,OK
   send     dfig=3,0,0,5,5
   expect   DFIG: ,ERROR
-  send     dfig=-1
-  expect   DFIG: ,ERROR
 
-without a screen every figure is an error, whatever its coordinates
+without a screen every figure is an error, whatever its coordinates, and the help
   send     dfig=0,0,0,5,5
   expect   DFIG: ,ERROR
   send     dfig=1,0,0,0,0
   expect   DFIG: ,ERROR
-
-the accepted values
   send     dfig=?
   expect   DFIG: ,dfig      (...)                                             figure(act,x0,y0,x1,y1,w,a,r,g,b,OK

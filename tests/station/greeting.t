@@ -16,10 +16,6 @@ each new connection is greeted once
   phone    idle
   phone    usb on
   read     TP,OK\r\n
-  phone    usb off
-  phone    idle
-  phone    usb on
-  read     TP,OK\r\n
   phone    uevent kernel change@/devices/virtual/android_usb/android0;ACTION=change;DEVPATH=x;SUBSYSTEM=x;USB_STATE=CONFIGURED
   send     case?
   expect   CASE:false,OK

@@ -11,7 +11,5 @@ modes are 0 and 1, values one or two
   expect   LADC: ,SYNTAX
   send     ladc
   expect   LADC: ,SYNTAX
-  send     ladc=0,1,2
-  expect   LADC: ,SYNTAX
   send     ladc?
   expect   SYNTAX

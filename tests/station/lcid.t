@@ -5,8 +5,6 @@ the identity is the eight bytes of the record, without a screen too
   expect   LCID:0x56,0x73,0x7b,0x1c,0x04,0xa8,0x39,0xd2,OK
   send     lcid=2
   expect   LCID:0x56,0x73,0x7b,0x1c,0x04,0xa8,0x39,0xd2,OK
-  send     lcid?
-  expect   LCID:0x56,0x73,0x7b,0x1c,0x04,0xa8,0x39,0xd2,OK
   file     /sys/kernel/debug/mdss_dsi_panel/read -> dcs 8 a1 00
 
 mode 3 gives one field of it
@@ -25,8 +23,6 @@ mode 3 gives one field of it
   send     lcid=3,6
   expect   LCID:0x1,OK
   send     lcid=3
-  expect   LCID:0x56737B,OK
-  send     lcid=3,7
   expect   LCID:0x56737B,OK
 
 the driver's answer must be eight lines in their order

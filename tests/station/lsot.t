@@ -1,9 +1,3 @@
-# Short and open LEDs, found by the power management chip.
-
-healthy LEDs
-  send     lsot
-  expect   LSOT:0x0000,OK
-
 a bit for each faulty LED
   phone    led 1 short
   send     lsot
@@ -33,9 +27,6 @@ a chip that can't be asked is told, and the test is ended all the same
   phone    spmi 1d815             -> 00
   send     lsot
   expect   LSOT:0x0002,OK
-  phone    fail spmi 1D84D 1
-  send     lsot
-  expect   LSOT: ,ERROR
 
 values and help
   send     lsot=1

@@ -4,13 +4,13 @@ the three numbers are hexadecimal
   # 497 = 0x1F1, 17 = 0x11
   send     msmv
   expect   MSMV:0x1f1,0x2,0x11,OK
-  write    /sys/kernel/debug/msm/msmv 1 20 4294967295\n
-  send     msmv?
-  expect   MSMV:0x1,0x14,0xffffffff,OK
 
-a value is a syntax error of the line
+a value is a syntax error of the line, and the help
   send     msmv=1
   expect   msmv                                                        MSMV,SYNTAX
+  send     msmv=?
+  expect   MSMV:Product device ID, Feature ID, Version ID,
+  +        msmv                                                        MSMV,OK
 
 a file that can't be read, or holds too little, is an error
   phone    fail open /sys/kernel/debug/msm/msmv
@@ -19,8 +19,3 @@ a file that can't be read, or holds too little, is an error
   write    /sys/kernel/debug/msm/msmv 1 20\n
   send     msmv
   expect   MSMV: ,ERROR
-
-the help is one line
-  send     msmv=?
-  expect   MSMV:Product device ID, Feature ID, Version ID,
-  +        msmv                                                        MSMV,OK

@@ -32,8 +32,6 @@ with 0 it waits for the cable to go
   expect   POFF: ,OK
   send     poff=0
   expect   POFF: ,OK
-  send     case?
-  expect   CASE:false,OK
   phone    usb off
   off
 
@@ -41,13 +39,7 @@ a phone that refuses to go off says so
   phone    fail system reboot 1
   send     poff
   expect   POFF: ,ERROR
-  send     case?
-  expect   CASE:false,OK
 
 what it is
   send     poff=?
   expect   POFF:Power off system,poff      W                                                 POFF(waittime),OK
-
-one value is all it takes
-  send     poff=1,2
-  expect   poff      W                                                 POFF(waittime),SYNTAX

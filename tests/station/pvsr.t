@@ -1,5 +1,3 @@
-# The processor's voltage setting, from its fuses.
-
 the setting is hexadecimal
   send     pvsr=1
   expect   PVSR:0x3,OK
@@ -7,13 +5,13 @@ the setting is hexadecimal
   send     pvsr?1
   expect   PVSR:0x1b,OK
 
-any value but 1 is a syntax error
+any value but 1 is a syntax error, and the help
   send     pvsr
-  expect   PVSR: ,SYNTAX
-  send     pvsr=0
   expect   PVSR: ,SYNTAX
   send     pvsr=2
   expect   PVSR: ,SYNTAX
+  send     pvsr=?
+  expect   PVSR:Read processor voltage setting,pvsr      1                                                 PVSR,OK
 
 a file that can't be read, or holds no number, is an error
   phone    fail open /sys/kernel/debug/msm/pvsr
@@ -22,7 +20,3 @@ a file that can't be read, or holds no number, is an error
   write    /sys/kernel/debug/msm/pvsr none\n
   send     pvsr=1
   expect   PVSR: ,ERROR
-
-the help is one line
-  send     pvsr=?
-  expect   PVSR:Read processor voltage setting,pvsr      1                                                 PVSR,OK

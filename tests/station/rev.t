@@ -9,16 +9,10 @@ an unknown record is an error, and names are matched whole and by case
   expect   ERROR
   send     rev="space"
   expect   ERROR
-  send     rev="SPACE_NUM"
-  expect   ERROR
-  send     rev=""
-  expect   ERROR
 
-a name without quotes is a syntax error
+a name without quotes is a syntax error, and the help
   send     rev=nosuch
   expect   rev       (name)                                            revision(object),SYNTAX
-
-the names are listed with the latest first
   send     rev=?
   expect   REV:space_num,REV:bld_time,REV:bld_date,REV:vmrk_rev,
   + rev       (name)                                            revision(object),OK

@@ -16,13 +16,6 @@ a variant that is stored stays, whatever is measured
   restart
   phone    unit 800009F7 -> 4C313233343537385F323057313234353800
 
-at the first start the voltage counts
-  write    /sys/devices/qpnp-vadc-8/rf_id Result:909500 Raw:32850\n
-  send     rfbv
-  expect   RFBV:0, 909,OK
-  # "L124578_17W12458"
-  phone    unit 800009F7 -> 4C3132343537385F313757313234353800
-
 with the unit gone, the voltage gives the variant
   phone    unit 800009F7 -
   write    /sys/devices/qpnp-vadc-8/rf_id Result:1433000 Raw:37600\n
@@ -30,24 +23,12 @@ with the unit gone, the voltage gives the variant
   expect   RFBV:0, 1433,OK
   # "W12458"
   phone    unit 800009F7 -> 57313234353800
-  phone    unit 800009F7 -
-  write    /sys/devices/qpnp-vadc-8/rf_id Result:410999 Raw:28300\n
-  send     rfbv
-  expect   RFBV:0, 410,OK
-  # "C01"
-  phone    unit 800009F7 -> 43303100
 
 a voltage between the variants stores nothing
   phone    unit 800009F7 -
   write    /sys/devices/qpnp-vadc-8/rf_id Result:1432000 Raw:37600\n
   send     rfbv
   expect   RFBV:0, 1432,OK
-  write    /sys/devices/qpnp-vadc-8/rf_id Result:57000 Raw:25000\n
-  send     rfbv
-  expect   RFBV:0, 57,OK
-  write    /sys/devices/qpnp-vadc-8/rf_id Result:0 Raw:24576\n
-  send     rfbv
-  expect   RFBV:0, 0,OK
   phone    unit 800009F7 -> none
 
 with the pin active other variants hold, of which most have an empty text

@@ -1,5 +1,3 @@
-# The real time clock, read.
-
 the clock runs with the phone's time
   phone    clock hold
   send     rtcw=2016,2,28,23,59,58

@@ -34,8 +34,6 @@ no value, and more than two, set both to carriage return
 a read applies nothing
   send     s3?21,21
   expect   S3:0x2c, 0x0d,OK
-  send     s3?
-  expect   S3:0x2c, 0x0d,OK
 
 the test form is the usage line
   send     s3=?
@@ -43,6 +41,4 @@ the test form is the usage line
 
 a line that doesn't fit gets the usage line
   send     s3=g
-  expect   s3        0xB[,0xB]                                         s3(ct,final),SYNTAX
-  send     s3=1;2
   expect   s3        0xB[,0xB]                                         s3(ct,final),SYNTAX

@@ -14,8 +14,6 @@ a rail that isn't there, or can't be written, isn't switched
   strange  any
   send     smps=7,0
   expect   SMPS:1,OK
-  send     smps=7,1
-  expect   SMPS:1,OK
   phone    fail write /sys/kernel/debug/regulator/krait0/enable
   send     smps=0,1
   expect   SMPS:1,OK
@@ -24,10 +22,6 @@ two values, and 0 or 1 for the second
   send     smps
   expect   SYNTAX
   send     smps=1
-  expect   SYNTAX
-  send     smps=1,2
-  expect   SYNTAX
-  send     smps=1,0,1
   expect   SYNTAX
   send     smps=?
   expect   SMPS:smps cpu regulator control test,smps      (0-9),(0-1)                                       smps(reg,op),OK

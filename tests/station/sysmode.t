@@ -1,20 +1,15 @@
-# System modes: what the processor may draw.
-
 a phone starts in mode 0
   file     /sys/devices/system/cpu/cpu2/cpufreq/scaling_governor -> ondemand
   file     /sys/devices/system/cpu/cpu0/cpufreq/scaling_max_freq -> 960000
   file     /sys/devices/system/cpu/cpu3/cpufreq/scaling_min_freq -> 300000
   file     /sys/devices/system/cpu/cpufreq/ondemand/up_threshold -> 90
   file     /sys/devices/system/cpu/cpufreq/ondemand/io_is_busy -> 1
-  file     /sys/devices/system/cpu/cpufreq/ondemand/sampling_down_factor -> 4
-  file     /sys/devices/system/cpu/cpufreq/ondemand/down_differential -> 10
   file     /sys/module/pm_8x60/modes/cpu1/power_collapse/suspend_enabled -> 1
   file     /sys/module/pm_8x60/modes/cpu2/standalone_power_collapse/suspend_enabled -> 1
   file     /sys/module/pm_8x60/modes/cpu3/standalone_power_collapse/idle_enabled -> 1
   file     /sys/module/pm_8x60/modes/cpu0/power_collapse/idle_enabled -> 1
   file     /sys/module/pm_8x60/modes/cpu1/power_collapse/idle_enabled -> 0\n
   file     /sys/module/lpm_resources/enable_low_power/l2 -> 2
-  file     /sys/module/lpm_resources/enable_low_power/vdd_mem -> 1
 
 mode 1 keeps the current steady: one frequency, no sleep
   phone    idle
@@ -33,8 +28,6 @@ mode 2 leaves three processors offline and writes nothing else for them
   write    /sys/devices/system/cpu/cpu1/cpufreq/scaling_governor untouched
   write    /sys/devices/system/cpu/cpu2/cpufreq/scaling_max_freq untouched
   write    /sys/devices/system/cpu/cpu3/cpufreq/scaling_min_freq untouched
-  write    /sys/module/pm_8x60/modes/cpu1/power_collapse/suspend_enabled untouched
-  write    /sys/module/pm_8x60/modes/cpu2/standalone_power_collapse/idle_enabled untouched
   send     sysmode?2
   expect   SYSMODE: ,OK
   file     /sys/devices/system/cpu/cpu0/online -> 1
@@ -43,8 +36,6 @@ mode 2 leaves three processors offline and writes nothing else for them
   file     /sys/devices/system/cpu/cpu1/cpufreq/scaling_governor -> untouched
   file     /sys/devices/system/cpu/cpu2/cpufreq/scaling_max_freq -> untouched
   file     /sys/devices/system/cpu/cpu3/cpufreq/scaling_min_freq -> untouched
-  file     /sys/module/pm_8x60/modes/cpu1/power_collapse/suspend_enabled -> untouched
-  file     /sys/module/pm_8x60/modes/cpu2/standalone_power_collapse/idle_enabled -> untouched
 
 mode 3 runs as fast as it can, and a setting that fails is passed over
   phone    fail write /sys/devices/system/cpu/cpu0/cpufreq/scaling_governor
@@ -55,15 +46,11 @@ mode 3 runs as fast as it can, and a setting that fails is passed over
   file     /sys/devices/system/cpu/cpu0/cpufreq/scaling_min_freq -> 300000
   file     /sys/devices/system/cpu/cpufreq/ondemand/down_differential -> 10
 
-other modes and counts are syntax errors
+other modes and counts are syntax errors, and the help
   send     sysmode=4
-  expect   SYSMODE: ,SYNTAX
-  send     sysmode=-1
   expect   SYSMODE: ,SYNTAX
   send     sysmode
   expect   SYSMODE: ,SYNTAX
-
-the help lists the modes
   send     sysmode=?
   expect   SYSMODE:Set system mode,SYSMODE:0 default setting,SYSMODE:1 stable current setting,
   +        SYSMODE:2 low current setting,SYSMODE:3 high current setting,

