@@ -192,14 +192,12 @@ timespec to_timespec(nanoseconds t)
     return {t / ns_per_s, t % ns_per_s};
 }
 
-// Expiries run on worker threads, as many as run at the same time; a worker that is through waits for the
-// next.
+// Expiries run on worker threads, as many as run at the same time; a worker that is through waits on.
 std::deque<std::shared_ptr<std::function<void()>>> expiries;
 std::condition_variable expiries_changed;
 std::size_t idle_workers;
 
-// The threads of timers and expiries: what they do is known, in time and in the count of those at work.
-std::set<pid_t> clock_threads; // guarded by clock_mutex
+std::set<pid_t> clock_threads; // those of timers and expiries, whose work is known; guarded by clock_mutex
 
 void worker_loop()
 {
@@ -228,18 +226,23 @@ void hand_over_locked(const std::shared_ptr<std::function<void()>>& fire)
         std::thread(worker_loop).detach();
 }
 
-// Hands over what is due, which counts as work from now on. True when there was something: the workers are
-// to be woken.
-bool fire_due_locked()
+void wake_workers(int count)
+{
+    while (count-- > 0)
+        expiries_changed.notify_one();
+}
+
+// Hands over what is due, which counts as work from now on. The result is how many workers are to be woken.
+int fire_due_locked()
 {
     const nanoseconds now = now_locked();
-    for (bool any = false;; any = true) {
+    for (int count = 0;; count++) {
         timer* p_due = nullptr;
         for (timer& t : timers)
             if (t.deadline <= now && (p_due == nullptr || t.deadline < p_due->deadline))
                 p_due = &t;
         if (p_due == nullptr)
-            return any;
+            return count;
         p_due->deadline = p_due->interval > 0 ? p_due->deadline + p_due->interval : forever;
         hand_over_locked(p_due->fire);
     }
@@ -261,9 +264,9 @@ void timer_loop()
     std::unique_lock lock(clock_mutex);
     clock_threads.insert(gettid());
     for (;;) {
-        if (fire_due_locked()) {
+        if (const int count = fire_due_locked(); count > 0) {
             lock.unlock();
-            expiries_changed.notify_all();
+            wake_workers(count);
             lock.lock();
         }
         awaited = next_timer_locked();
@@ -529,8 +532,7 @@ void clock_step(nanoseconds span)
             w->counted = true;
             at_work++;
         }
-        if (fire_due_locked())
-            expiries_changed.notify_all();
+        wake_workers(fire_due_locked());
         time_changed_locked();
     }
     phone_base = std::max(phone_base, target);
