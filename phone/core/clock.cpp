@@ -135,9 +135,11 @@ thread_local thread_mark mark;
 
 // A look at threads that work: whether all of them sleep, and haven't run since the last look (then they wait
 // for one another, or for something that the clock can't see: a lock, a condition), and the processor time
-// that they have had in all. Only that tells a thread that works for ever from one that doesn't get to run.
+// that they have had since `first` was cleared. Only that tells a thread that works for ever from one that
+// doesn't get to run.
 struct work_look {
     std::map<pid_t, thread_look> last;
+    std::map<pid_t, long long> first;
     long long run_ns = 0;
 
     bool asleep(const std::set<pid_t>& tids)
@@ -148,7 +150,7 @@ struct work_look {
         for (const pid_t tid : tids) {
             const thread_look look = look_at(tid);
             now[tid] = look;
-            run_ns += look.run_ns;
+            run_ns += look.run_ns - first.try_emplace(tid, look.run_ns).first->second;
             sleep = sleep && look.sleeps;
         }
         sleep = sleep && now == last;
@@ -316,21 +318,19 @@ void settle(std::unique_lock<std::mutex>& lock)
     constexpr long long most_run_ns = 200'000'000;
     const auto bound = std::chrono::steady_clock::now() + std::chrono::seconds(60);
     work_look look;
-    std::uint64_t seen = activity - 1;
-    long long run_then = 0;
+    std::uint64_t seen = activity;
     while (at_work > 0 || loop_has_input_locked()) {
         const auto woken = work_changed.wait_for(lock, std::chrono::microseconds(at_work > 0 ? 500 : 50));
         if (woken != std::cv_status::timeout || at_work <= 0)
             continue;
+        if (activity != seen)
+            look.first.clear();
+        seen = activity;
         const std::set<pid_t> tids = working_locked();
         const bool asleep = look.asleep(tids) && static_cast<int>(tids.size()) == at_work;
         if (asleep && !loop_has_input_locked())
             return;
-        if (activity != seen) {
-            seen = activity;
-            run_then = look.run_ns;
-        }
-        if (look.run_ns - run_then > most_run_ns || std::chrono::steady_clock::now() > bound)
+        if (look.run_ns > most_run_ns || std::chrono::steady_clock::now() > bound)
             return;
     }
 }
@@ -560,14 +560,10 @@ bool clock_settle()
     constexpr long long most_run_ns = 1'500'000'000;
     const auto bound = std::chrono::steady_clock::now() + std::chrono::seconds(60);
     work_look look;
-    long long run_then = -1;
     std::unique_lock lock(clock_mutex);
     for (;;) {
         if (loop_idle_locked()) {
-            if (look.asleep(others_locked()))
-                return true;
-            run_then = run_then < 0 ? look.run_ns : run_then;
-            if (look.run_ns - run_then > most_run_ns)
+            if (look.asleep(others_locked()) || look.run_ns > most_run_ns)
                 return true;
         }
         if (std::chrono::steady_clock::now() > bound)
