@@ -8,14 +8,6 @@ without a name the file that fits the controller is taken, and its driver finds 
   expect   DTID:0x00740460,0x00010204,OK
   file     /system/etc/firmware/touch_module_id_0x460.img -> \x04\x02\x01\x00max1187x
 
-a file by its name
-  write    /system/etc/firmware/new.bin \x09\x00\x02\x00
-  send     dtfd="/system/etc/firmware/new.bin"
-  expect   DTFD: ,OK
-  send     dtid
-  expect   DTID:0x00740460,0x00020009,OK
-  file     /system/etc/firmware/touch_module_id_0x460.img -> \x09\x00\x02\x00
-
 a vendor whose driver wants one name
   conf     touch 2 0x75 0x0010 1
   write    /data/other.bin \x07\x00\x00\x00
@@ -24,13 +16,6 @@ a vendor whose driver wants one name
   send     dtid
   expect   DTID:0x00750010,0x00000007,OK
   file     /system/etc/firmware/touch_fw_hvt.bin -> \x07\x00\x00\x00
-
-a third vendor gets no link
-  conf     touch 3 0x74 0x0460 1
-  send     dtfd
-  expect   DTFD: ,OK
-  send     dtid
-  expect   DTID:0x00740460,0x00010204,OK
 
 no file for the controller, none of that name, a name too long
   conf     touch 1 0x99 0x0460 1
@@ -46,8 +31,6 @@ a firmware that the driver refuses
   write    /system/etc/firmware/half.bin \x01\x02
   send     dtfd="/system/etc/firmware/half.bin"
   expect   DTFD: ,ERROR
-  send     dtid
-  expect   DTID:0x00740460,0x00010203,OK
 
 help
   send     dtfd=?
