@@ -103,6 +103,15 @@ TEST_F(Dcp, UsageLineIsCut)
     EXPECT_STREQ(txt.get(), "spy       ");
 }
 
+TEST_F(Dcp, ABlockedParserLeavesTheCommandsThatAreFree)
+{
+    dcp_block_parser(1);
+    EXPECT_EQ(parse("spy=1"), 4);
+    EXPECT_EQ(parse("nosuch"), 3);
+    EXPECT_EQ(parse("spytext"), 0);
+    EXPECT_EQ(called, "text 0 none");
+}
+
 // The response is cut at the limit, whatever the name and the values are; the long way has none.
 TEST_F(Dcp, ResponseLimit)
 {
