@@ -100,34 +100,6 @@ TEST_F(Chips, TheAddressPastTheLastReadsAsZeroAndIsStrange)
     }
 }
 
-struct soft_reset {
-    int bus;
-    int addr;
-    std::uint8_t reg;   // where the reset is asked for
-    std::uint8_t magic; // and with what
-    std::uint8_t other; // a value that does nothing
-    std::uint8_t some;  // a register that can be written in full
-};
-
-TEST_F(Chips, ASoftResetTakesItsOwnValueOnly)
-{
-    constexpr soft_reset resets[] = {
-        {5, 0x18, 0x14, 0xB6, 0xB5, 0x38},
-        {5, 0x68, 0x14, 0xB6, 0x6B, 0x37},
-        {5, 0x0C, 0x0B, 0x01, 0x02, 0x0F},
-    };
-    for (const soft_reset& r : resets) {
-        chip& c = *i2c_chip(r.bus, r.addr);
-        SCOPED_TRACE(c.p_model->name);
-        chip_write(c, r.some, 0x77);
-        chip_write(c, r.reg, r.other);
-        EXPECT_EQ(chip_read(c, r.some), 0x77);
-        chip_write(c, r.reg, r.magic);
-        for (const reg_row& row : c.p_model->regs)
-            EXPECT_EQ(c.val[row.addr], row.reset) << "register " << int{row.addr};
-    }
-}
-
 // One transfer on a bus, as a driver makes it.
 struct bus {
     int fd;
@@ -174,24 +146,6 @@ TEST_F(Chips, ATransferEndsWhereNothingAcknowledges)
     EXPECT_EQ(i2c_chip(5, 0x18)->val[0x39], 0x00);
     EXPECT_EQ(bus("/dev/i2c-4").transfer({message(0x18, first)}), -1);
     EXPECT_EQ(b.transfer({}), -1);
-}
-
-TEST_F(Chips, TheLightSensorTakesACommandByte)
-{
-    const bus b("/dev/i2c-5");
-    std::vector<std::uint8_t> repeated = {0x80 | 0x0E};
-    std::vector<std::uint8_t> counting = {0xA0 | 0x11};
-    std::vector<std::uint8_t> bare = {0x12};
-    std::vector<std::uint8_t> two(2);
-    i2c_chip(5, 0x39)->val[0x0E] = 0x08;
-    i2c_chip(5, 0x39)->val[0x0F] = 0x2C;
-    EXPECT_EQ(b.transfer({message(0x39, repeated), message(0x39, two, I2C_M_RD)}), 2);
-    EXPECT_EQ(two, (std::vector<std::uint8_t>{0x08, 0x08}));
-    EXPECT_EQ(b.transfer({message(0x39, counting), message(0x39, two, I2C_M_RD)}), 2);
-    EXPECT_EQ(two, (std::vector<std::uint8_t>{0x00, 0x39}));
-    // Without bit 7 it is no command: the pointer stays at 0x13.
-    EXPECT_EQ(b.transfer({message(0x39, bare), message(0x39, two, I2C_M_RD)}), 2);
-    EXPECT_EQ(two, (std::vector<std::uint8_t>{0x00, 0x5A}));
 }
 
 TEST_F(Chips, ThePowerChipKeepsItsTableAndItsIdentities)

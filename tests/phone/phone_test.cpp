@@ -21,7 +21,6 @@
 #include "core/shell.h"
 #include "core/table.h"
 #include "core/watch.h"
-#include "devices/kmsg.h"
 #include "tools/tools.h"
 
 using namespace phone;
@@ -43,7 +42,6 @@ struct Phone : testing::Test {
         log_attach();
         watch_attach();
         tools_attach();
-        kmsg_attach();
         home_seed("/sys/class/lamp/level", "7\n");
         home_seed("/data/text", "abc");
         ASSERT_EQ(home_lay_seeds(), "");
@@ -135,29 +133,6 @@ TEST_F(Phone, ShellLines)
     EXPECT_EQ(phone_co.pclose(stream), 0);
 }
 
-TEST_F(Phone, TheKernelLogIsKept)
-{
-    phone_co.system("echo \"first\" > /dev/kmsg");
-    phone_co.system("echo \"second line\" > /dev/kmsg");
-    EXPECT_EQ(ask("kmsg 2"), "first\nsecond line\nok\n");
-    EXPECT_EQ(ask("kmsg 0"), "error: a count of lines from 1 to 100000 is wanted\n");
-}
-
-TEST_F(Phone, LogsAreCutAtAMebibyte)
-{
-    const std::string line(1000, 'x');
-    for (int i = 0; i < 3000; i++) {
-        log_line(log_kmsg, line + std::to_string(i));
-        if (i % 100 == 0)
-            log_flush();
-    }
-    log_flush();
-    const auto size = std::filesystem::file_size(dir + "/log/kmsg");
-    EXPECT_LE(size, 1u << 20);
-    EXPECT_GE(size, 1u << 18);
-    EXPECT_EQ(ask("kmsg 1"), line + "2999\nok\n");
-}
-
 TEST_F(Phone, Faults)
 {
     char buf[4] = {};
@@ -194,16 +169,6 @@ TEST_F(Phone, Faults)
     ask("calls on");
     read_first();
     EXPECT_EQ(ask("calls"), "lseek /data/text\nread /data/text\nok\n");
-}
-
-TEST_F(Phone, TheControlPortExplains)
-{
-    EXPECT_EQ(ask("wrong word"), "error: no word \"wrong\"; \"help\" lists them\n");
-    EXPECT_EQ(ask("  speed   0.5 "), "error: a factor from 1 to 1000 is wanted\n");
-    EXPECT_EQ(ask("speed 1001"), "error: a factor from 1 to 1000 is wanted\n");
-    EXPECT_EQ(ask("speed 5"), "ok\n");
-    EXPECT_EQ(ask("speed"), "5\nok\n");
-    EXPECT_EQ(ask("clock +-5"), "error: hold, run or +MS with 0 to 2147483647 ms is wanted\n");
 }
 
 // Expiries in the order in which they came.
@@ -264,27 +229,6 @@ TEST_F(Phone, SpeedHoldsForWaitsThatHaveBegun)
     EXPECT_GE(clock_now(CLOCK_MONOTONIC) - start, 100'000'000'000);
     EXPECT_LT(std::chrono::steady_clock::now() - host_start, std::chrono::seconds(20));
     ask("speed 1");
-}
-
-TEST_F(Phone, PollWaitsInThePhonesTime)
-{
-    int fds[2];
-    ASSERT_EQ(phone_co.pipe(fds), 0);
-    pollfd p{fds[0], POLLIN, 0};
-    ask("speed 1000");
-    const nanoseconds start = clock_now(CLOCK_MONOTONIC);
-    EXPECT_EQ(phone_co.poll(&p, 1, 5000), 0);
-    EXPECT_GE(clock_now(CLOCK_MONOTONIC) - start, 5'000'000'000);
-    ask("speed 1");
-    ASSERT_EQ(phone_co.write(fds[1], "x", 1), 1);
-    EXPECT_EQ(phone_co.poll(&p, 1, -1), 1);
-    EXPECT_EQ(p.revents, POLLIN);
-    timeval none{0, 1};
-    fd_set rd;
-    FD_ZERO(&rd);
-    FD_SET(fds[0], &rd);
-    EXPECT_EQ(phone_co.select(fds[0] + 1, &rd, nullptr, nullptr, &none), 1);
-    EXPECT_TRUE(FD_ISSET(fds[0], &rd));
 }
 
 } // namespace

@@ -65,13 +65,6 @@ struct Bmp : testing::Test {
     }
 };
 
-TEST_F(Bmp, ALargerPictureIsCutAtTheRightAndAtTheBottom)
-{
-    panel_fake_start({.width = 2, .height = 1});
-    ASSERT_EQ(draw(file_of({})), 1);
-    EXPECT_EQ(panel_fake_picture(), (std::vector<uint32_t>{PIXELS[0][0], PIXELS[0][1]}));
-}
-
 TEST_F(Bmp, TheLastRowMayLackItsPadding)
 {
     EXPECT_EQ(draw(file_of({}, 3)), 1);

@@ -1,13 +1,11 @@
 // The loop never returns, so every case runs in a process of its own: it ends with status 0 when what it
 // waits for has happened in the right order, and with 2 when not.
 #include <array>
-#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <string>
 #include <thread>
-#include <vector>
 
 #include "core/core.h"
 #include "dcp/dcp.h"
@@ -20,26 +18,11 @@ namespace {
 std::string trail;
 int passes; // selects so far
 
-void* text(const char* t)
-{
-    return const_cast<char*>(t);
-}
-
-void note(void* p1, void*)
-{
-    trail += static_cast<const char*>(p1);
-}
-
 void end(bool good)
 {
     if (!good)
         std::fprintf(stderr, "trail \"%s\" after %d passes\n", trail.c_str(), passes);
     std::_Exit(good ? 0 : 2);
-}
-
-void end_with_trail(void* p1, void*)
-{
-    end(trail == static_cast<const char*>(p1));
 }
 
 // A read client on a pipe of its own. Its name goes to the trail with the number of the pass.
@@ -97,52 +80,6 @@ void begin()
 
 #define EXPECT_GOOD_END(scenario) EXPECT_EXIT(scenario(), testing::ExitedWithCode(0), "^$")
 
-// A delay before the start is ignored; a call queued during the first drain runs in it.
-void deferred_before_start()
-{
-    begin();
-    core_dfc(note, text("late "), nullptr, 5000000);
-    core_dfc(
-        [](void*, void*) {
-            trail += "outer ";
-            core_dfc(note, text("inner "), nullptr, 0);
-            core_dfc([](void*, void*) { end(trail == "late outer second inner " && passes == 0); }, nullptr,
-                     nullptr, 0);
-        },
-        nullptr, nullptr, 0);
-    core_dfc(note, text("second "), nullptr, 0);
-    run();
-}
-
-void delay_counts_once_running()
-{
-    begin();
-    core_dfc(
-        [](void*, void*) {
-            core_dfc(note, text("delayed "), nullptr, 20000);
-            plat_fake_advance_us(19999);
-            core_dfc(note, text("first "), nullptr, 0);
-            plat_fake_advance_us(1);
-            core_dfc(end_with_trail, text("first delayed "), nullptr, 0);
-        },
-        nullptr, nullptr, 0);
-    run();
-}
-
-// The one that goes to the tail ends the walk of the pass: the others wait for the next.
-void reader_moves_itself_to_the_tail()
-{
-    begin();
-    a.make("a", [](reader* p) {
-        core_rm_rd_cb_client(&p->client);
-        core_add_rd_cb_client(&p->client);
-    });
-    b.make("b");
-    c.make("c", [](reader*) { a.feed(), a.then = [](reader*) { end(trail == "a1 b2 c2 a3 "); }; });
-    a.feed(), b.feed(), c.feed();
-    run();
-}
-
 // One that another takes out isn't served, and not by the old answer of select when it comes back at once.
 void reader_removed_by_another()
 {
@@ -190,22 +127,6 @@ void descriptor_closed_under_its_client()
     run();
 }
 
-void clients_without_usable_descriptor()
-{
-    begin();
-    static core_rd_cb_client none{{}, -1, [](void*, void*) { end(false); }, nullptr, nullptr};
-    static core_rd_cb_client high{{}, FD_SETSIZE, [](void*, void*) { end(false); }, nullptr, nullptr};
-    core_add_rd_cb_client(&none);
-    core_add_rd_cb_client(&high);
-    a.make("a", [](reader*) {
-        core_rm_rd_cb_client(&none);
-        core_rm_rd_cb_client(&high);
-        end(true);
-    });
-    a.feed();
-    run();
-}
-
 // Four threads queue calls and take a client of their own in and out; each thread's calls keep their order.
 void many_threads()
 {
@@ -242,36 +163,16 @@ void many_threads()
 
 TEST(Core, Deferred)
 {
-    EXPECT_GOOD_END(deferred_before_start);
-    EXPECT_GOOD_END(delay_counts_once_running);
     EXPECT_GOOD_END(burst_fills_the_pipe);
 }
 
 TEST(Core, Readers)
 {
-    EXPECT_GOOD_END(reader_moves_itself_to_the_tail);
     EXPECT_GOOD_END(reader_removed_by_another);
-    EXPECT_GOOD_END(clients_without_usable_descriptor);
     EXPECT_GOOD_END(descriptor_closed_under_its_client);
 }
 
 TEST(Core, Threads)
 {
     EXPECT_GOOD_END(many_threads);
-}
-
-TEST(Core, PipeThatCantBeSetUpStopsTheProcess)
-{
-    static int calls_left;
-    begin();
-    plat_fake_co.fcntl = [](int fd, int cmd, long arg) {
-        return calls_left-- == 0 ? -1 : plat_linux_co.fcntl(fd, cmd, arg);
-    };
-    core_dfc([](void*, void*) { end(true); }, nullptr, nullptr, 0);
-    for (int call = 0; call < 4; call++) {
-        calls_left = call;
-        EXPECT_EXIT(run(), testing::ExitedWithCode(1), "^$") << "fcntl " << call;
-    }
-    calls_left = 4;
-    EXPECT_EXIT(run(), testing::ExitedWithCode(0), "^$");
 }

@@ -103,28 +103,13 @@ TEST_F(Dcp, UsageLineIsCut)
     EXPECT_STREQ(txt.get(), "spy       ");
 }
 
-TEST_F(Dcp, FilterExtensionAndBlock)
+TEST_F(Dcp, ABlockedParserLeavesTheCommandsThatAreFree)
 {
-    dcp_attach_cmd_line_cb([](char* line) { return line + 1; });
-    EXPECT_EQ(parse("xspy=1"), 0);
-    EXPECT_EQ(called, "spy 0 1");
-    dcp_attach_cmd_line_cb(nullptr);
-    const dcp_parse_fn former = dcp_parser_add([](int, char* line) {
-        called = std::string("ext ") + line;
-        return 5;
-    });
-    EXPECT_EQ(parse("Xy=Aa"), 5);
-    EXPECT_EQ(called, "ext xy=Aa") << "the name is folded, the rest isn't";
-    dcp_parser_add(former);
-    EXPECT_EQ(parse("xy"), 3);
-    called.clear();
     dcp_block_parser(1);
     EXPECT_EQ(parse("spy=1"), 4);
-    EXPECT_EQ(parse("spy=*1"), 4);
     EXPECT_EQ(parse("nosuch"), 3);
     EXPECT_EQ(parse("spytext"), 0);
     EXPECT_EQ(called, "text 0 none");
-    EXPECT_EQ(shown, list{});
 }
 
 // The response is cut at the limit, whatever the name and the values are; the long way has none.
@@ -135,30 +120,6 @@ TEST_F(Dcp, ResponseLimit)
     dcp_printf(id, text.c_str(), "%d", 1);
     dcp_print_long(id, "n", text.c_str());
     EXPECT_EQ(shown, (list{"6,0:N:" + text.substr(0, 253), "6,0:" + std::string(255, 'V'), "6,0:N:" + text}));
-}
-
-TEST_F(Dcp, Clients)
-{
-    EXPECT_EQ(dcp_get_clnt_id("spy"), id);
-    std::vector<dcp_client> more(12, client);
-    for (int i = 1; i < 10; i++)
-        EXPECT_EQ(dcp_clnt_add(&more[static_cast<std::size_t>(i)]), i);
-    EXPECT_EQ(dcp_clnt_add(&more[10]), 10);
-    EXPECT_NE(dcp_get_clnt(10), &more[10]);
-    dcp_clnt_rem(4);
-    EXPECT_EQ(dcp_clnt_add(&more[11]), 4);
-    EXPECT_EQ(dcp_set_def_clnt(4), 0);
-    EXPECT_EQ(dcp_get_def_clnt(), &more[11]);
-    dcp_bin_tx(4, "a\0b", 3, nullptr, nullptr);
-    EXPECT_EQ(shown, (list{std::string("bin:a\0b", 7)}));
-    testing::internal::CaptureStdout();
-    dcp_printf(10, "n", "%d", 5);
-    dcp_resp_dspl(10, 0, 0, "unseen");
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "N:5\r\n\r\n");
-    EXPECT_EXIT(dcp_get_clnt(11), testing::ExitedWithCode(1), "^$");
-    EXPECT_EXIT(dcp_parse(id, nullptr), testing::ExitedWithCode(1), "^$");
-    client.bin_tx = nullptr;
-    EXPECT_EXIT(dcp_clnt_add(&client), testing::ExitedWithCode(1), "^$");
 }
 
 // A thousand names in one table: each is found, and no other name finds anything.

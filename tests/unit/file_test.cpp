@@ -1,6 +1,4 @@
 // Files, walks and gzip, on a folder of the host.
-#include <algorithm>
-#include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -59,28 +57,6 @@ std::string log_text(std::size_t size)
     return text;
 }
 
-TEST_F(Files, ItemsTellNameEndingSizeAndKind)
-{
-    const struct {
-        const char* name;
-        const char* ext;
-    } names[] = {{"a.txt", "txt"}, {"two.dots.gz", "gz"}, {"none", ""}, {"ends.", ""}, {".hidden", "hidden"}};
-    for (const auto& n : names) {
-        write(n.name, "12345");
-        file_item item;
-        ASSERT_EQ(file_exist(at(n.name).c_str(), &item), 1);
-        EXPECT_STREQ(item.name, n.name);
-        EXPECT_STREQ(item.ext, n.ext);
-        EXPECT_EQ(item.size, 5u);
-        EXPECT_EQ(item.attr, 0);
-    }
-    file_item item;
-    const std::string longest(255, 'x');
-    write(longest, "1");
-    EXPECT_EQ(file_exist(at(longest).c_str(), &item), 1);
-    EXPECT_EQ(std::strlen(item.name), 254u); // as much as there is room for
-}
-
 TEST_F(Files, AWalkGivesEveryEntryOnceAndOnlyTheNameOfTheDots)
 {
     write("one", "1");
@@ -104,24 +80,6 @@ TEST_F(Files, AWalkGivesEveryEntryOnceAndOnlyTheNameOfTheDots)
     }
     file_item item;
     EXPECT_EQ(file_fnd_first(at("missing").c_str(), &item), nullptr);
-}
-
-TEST_F(Files, AWalkThatFailsIsNotTakenForOneThatEnds)
-{
-    static int left;
-    left = 2;
-    plat_fake_co.readdir = [](DIR* d) -> dirent* {
-        if (left-- > 0)
-            return plat_linux_co.readdir(d);
-        errno = EIO;
-        return nullptr;
-    };
-    file_item item;
-    file_find* p_hnd = file_fnd_first(dir.c_str(), &item);
-    ASSERT_NE(p_hnd, nullptr);
-    EXPECT_EQ(file_fnd_next(p_hnd, &item), 1);
-    EXPECT_EQ(file_fnd_next(p_hnd, &item), 0);
-    EXPECT_EQ(file_fnd_close(p_hnd), 0);
 }
 
 TEST_F(Files, CompressingTwiceGivesTwoMembersThatReadAsOneStream)

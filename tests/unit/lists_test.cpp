@@ -1,10 +1,8 @@
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <numeric>
 #include <random>
 #include <vector>
 
-#include "dlnk/dlnk.h"
 #include "rlnk/rlnk.h"
 #include "slnk/slnk.h"
 
@@ -16,19 +14,6 @@ std::vector<const void*> nodes_of(const slnk& head)
     for (const slnk* p = slnk_next(&head); p != nullptr; p = slnk_next(p))
         nodes.push_back(p);
     return nodes;
-}
-
-// Both directions, which must agree.
-std::vector<const void*> nodes_of(const dlnk& head)
-{
-    std::vector<const void*> forward, backward;
-    for (const dlnk* p = dlnk_next(&head); p != &head; p = dlnk_next(p))
-        forward.push_back(p);
-    for (const dlnk* p = dlnk_prev(&head); p != &head; p = dlnk_prev(p))
-        backward.push_back(p);
-    std::reverse(backward.begin(), backward.end());
-    EXPECT_EQ(forward, backward);
-    return forward;
 }
 
 using nodes = std::vector<const void*>;
@@ -87,26 +72,6 @@ TEST(Slnk, SerializedImageCanMove)
     slnk_serialize(1, &empty);
     slnk_serialize(0, &empty);
     EXPECT_EQ(empty.p_next, nullptr);
-}
-
-TEST(Dlnk, OrderOfLinkingAndUnlinking)
-{
-    dlnk head, a, b, c, d;
-    dlnk_init(&head);
-    EXPECT_EQ(nodes_of(head), nodes{});
-    EXPECT_EQ(dlnk_insert(&head, &a), &head);
-    dlnk_insert(&head, &b);
-    EXPECT_EQ(dlnk_add(&head, &c), &a);
-    EXPECT_EQ(dlnk_add(&b, &d), &head);
-    EXPECT_EQ(nodes_of(head), (nodes{&c, &a, &b, &d}));
-
-    EXPECT_EQ(dlnk_remove(&a), &b);
-    EXPECT_EQ(dlnk_next(&a), &a);
-    EXPECT_EQ(dlnk_remove(&a), &a) << "a node in no list stays alone";
-    EXPECT_EQ(dlnk_remove(&d), &head);
-    EXPECT_EQ(nodes_of(head), (nodes{&c, &b}));
-    dlnk never{};
-    EXPECT_EQ(dlnk_remove(&never), &never);
 }
 
 // Against plain times in a stable sort, with removals in between and distances up to the largest.

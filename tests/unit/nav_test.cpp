@@ -119,9 +119,4 @@ TEST(Nav, NamesAndActions)
     EXPECT_EQ(pos, other);
 }
 
-TEST(Nav, AFormatIsProgramText)
-{
-    EXPECT_EXIT(values_of("%q", "1", ""), testing::ExitedWithCode(1), "^$");
-}
-
 } // namespace

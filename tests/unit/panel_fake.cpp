@@ -1,6 +1,5 @@
 #include "panel_fake.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <sys/mman.h>
@@ -18,8 +17,6 @@ constexpr std::uint8_t FRESH = 0xA5; // what the memory holds before anything is
 
 panel_shape shape;
 std::vector<std::uint8_t> memory;
-std::vector<std::string> requests;
-unsigned long failing;
 screenconf conf;
 
 unsigned line_length()
@@ -65,11 +62,6 @@ int panel_ioctl(int fd, unsigned long request, void* arg)
 {
     if (fd != PANEL_FD)
         return plat_linux_co.ioctl(fd, request, arg);
-    if (request == failing) {
-        failing = 0;
-        errno = EIO;
-        return -1;
-    }
     auto* p_var = static_cast<fb_var_screeninfo*>(arg);
     auto* p_fix = static_cast<fb_fix_screeninfo*>(arg);
     switch (request) {
@@ -83,13 +75,8 @@ int panel_ioctl(int fd, unsigned long request, void* arg)
         p_fix->smem_len = static_cast<unsigned>(memory.size());
         return 0;
     case FBIOPUT_VSCREENINFO:
-        requests.push_back("mode " + std::to_string(p_var->xres) + "x" + std::to_string(p_var->yres));
-        return 0;
     case FBIOPAN_DISPLAY:
-        requests.push_back("pan " + std::to_string(p_var->yoffset));
-        return 0;
     case FBIOBLANK:
-        requests.push_back("blank " + std::to_string(reinterpret_cast<std::uintptr_t>(arg)));
         return 0;
     default:
         errno = ENOTTY;
@@ -106,12 +93,10 @@ std::uint32_t word_at(const std::uint8_t* p)
 
 } // namespace
 
-void panel_fake_reset(const panel_shape& new_shape)
+void panel_fake_start(const panel_shape& new_shape)
 {
     shape = new_shape;
     memory.assign(std::size_t{line_length()} * shape.height * shape.pages, FRESH);
-    requests.clear();
-    failing = 0;
     plat_fake_reset();
     plat_fake_co.open = panel_open;
     plat_fake_co.close = panel_close;
@@ -123,22 +108,7 @@ void panel_fake_reset(const panel_shape& new_shape)
     screenconf_set(SCREEN_MAIN, &conf);
     screen_init();
     screen_linux_init();
-}
-
-void panel_fake_start(const panel_shape& new_shape)
-{
-    panel_fake_reset(new_shape);
     screen_start(SCREEN_MAIN, 0);
-}
-
-std::vector<std::string>& panel_fake_requests()
-{
-    return requests;
-}
-
-void panel_fake_fail(unsigned long request)
-{
-    failing = request;
 }
 
 std::uint32_t panel_fake_pixel(unsigned x, unsigned y)

@@ -1,10 +1,8 @@
-// A framebuffer for unit tests, on the fake platform: memory of any size and layout behind /dev/graphics/fb0,
-// which records what the back end asks of it.
+// A framebuffer for unit tests, on the fake platform: memory of any size and layout behind /dev/graphics/fb0.
 #pragma once
 
 #include <cstdint>
 #include <linux/fb.h>
-#include <string>
 #include <vector>
 
 struct panel_shape {
@@ -15,17 +13,8 @@ struct panel_shape {
     fb_bitfield red = {16, 8, 0}, green = {8, 8, 0}, blue = {0, 8, 0};
 };
 
-// A new fake platform with this panel, screen and back end started anew; the panel isn't started.
-void panel_fake_reset(const panel_shape& shape);
-
-// The same, started as the main screen without the start screen.
+// A new fake platform with this panel, started as the main screen without the start screen.
 void panel_fake_start(const panel_shape& shape);
-
-// Requests that the device got, oldest first, such as "pan 0", "blank 4", "mode 1280x720".
-std::vector<std::string>& panel_fake_requests();
-
-// The next request of this number fails with EIO; 0 for none.
-void panel_fake_fail(unsigned long request);
 
 // The word of pixel (x, y) of the page that is drawn on, as bytes of the layout's depth, low byte first.
 std::uint32_t panel_fake_pixel(unsigned x, unsigned y);

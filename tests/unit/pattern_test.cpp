@@ -254,14 +254,4 @@ TEST(Pattern, EveryOneIsItsPlainRule)
     }
 }
 
-// The rules say it in floating point; in between it could be one less than the whole fraction.
-TEST(Pattern, TheCubeOfTheRealPanel)
-{
-    panel_fake_start({.width = 8, .height = 1920});
-    plain_canvas canvas(8, 1920, 0);
-    cube(canvas);
-    ASSERT_EQ(send("dpat=48"), DCP_OK);
-    EXPECT_EQ(panel_fake_picture(), canvas.pixels);
-}
-
 } // namespace

@@ -1,4 +1,5 @@
-// The inner loops of drawing: both forms do the same, at any place and length, and touch nothing beside it.
+// The loop that turns the bytes of a picture into pixels: both forms do the same, at any place and length,
+// and touch nothing beside it.
 #include <gtest/gtest.h>
 #include <random>
 #include <vector>
@@ -38,36 +39,6 @@ struct Pixels : testing::TestWithParam<const pixel_loops*> {
         return made;
     }
 };
-
-TEST_P(Pixels, Fill)
-{
-    compare([](uint32_t* p, std::size_t n) { GetParam()->fill(p, n, 0x12345678); },
-            [](uint32_t& word, std::size_t) { word = 0x12345678; });
-}
-
-TEST_P(Pixels, Copy)
-{
-    std::vector<uint32_t> source(203);
-    for (uint32_t& word : source)
-        word = static_cast<uint32_t>(random());
-    for (std::size_t shift = 0; shift < 4; shift++)
-        compare([&](uint32_t* p, std::size_t n) { GetParam()->copy(p, source.data() + shift, n, 0x400001); },
-                [&](uint32_t& word, std::size_t i) { word = (source[shift + i] & 0xFFFFFF) | 0x400001; });
-}
-
-TEST_P(Pixels, Mask)
-{
-    for (int i = 0; i < 5; i++) {
-        std::vector<uint8_t> bits = bytes(32);
-        for (std::size_t k = 8; k < 16; k++)
-            bits[k] = 0; // a run without a set bit
-        compare([&](uint32_t* p, std::size_t n) { GetParam()->mask(p, n, bits.data(), 0xABCDEF); },
-                [&](uint32_t& word, std::size_t at) {
-                    if ((bits[at / 8] >> (at % 8) & 1) != 0)
-                        word = 0xABCDEF;
-                });
-    }
-}
 
 // The source is a block of exactly its size, so that the sanitizer sees a read beyond it.
 TEST_P(Pixels, Bgr)

@@ -1,12 +1,11 @@
 #include "plat_fake.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <csignal>
 #include <list>
-#include <map>
 #include <mutex>
 #include <utility>
+#include <vector>
 
 #include "plat_linux/plat_linux.h"
 
@@ -24,9 +23,6 @@ struct fake_timer {
 struct fake_state {
     std::uint64_t now_ns = start_ns;
     std::list<fake_timer> timers;
-    std::vector<std::uint64_t> periods;
-    std::vector<std::string> shell;
-    std::map<std::string, std::pair<int, int>> faults;
     std::vector<sigevent> on_the_way;
     bool hold = false;
 };
@@ -35,17 +31,6 @@ std::recursive_mutex fake_mutex;
 fake_state fake;
 
 using locked = std::lock_guard<std::recursive_mutex>;
-
-bool fails(const std::string& call)
-{
-    locked lock(fake_mutex);
-    auto& [count, error] = fake.faults[call];
-    if (count == 0)
-        return false;
-    count--;
-    errno = error;
-    return true;
-}
 
 std::uint64_t ns_of(const timespec& t)
 {
@@ -94,19 +79,10 @@ int fake_clock_gettime(clockid_t, timespec* p_out)
     return 0;
 }
 
-int fake_nanosleep(const timespec* p_time, timespec* p_left)
+int fake_nanosleep(const timespec* p_time, timespec*)
 {
-    const std::uint64_t ns = ns_of(*p_time);
-    if (!fails("nanosleep")) {
-        advance_ns(ns);
-        return 0;
-    }
-    if (errno == EINTR) {
-        advance_ns(ns / 2);
-        *p_left = timespec_of(ns - ns / 2);
-        errno = EINTR;
-    }
-    return -1;
+    advance_ns(ns_of(*p_time));
+    return 0;
 }
 
 int fake_timer_create(clockid_t, sigevent* p_event, timer_t* p_timer)
@@ -119,11 +95,8 @@ int fake_timer_create(clockid_t, sigevent* p_event, timer_t* p_timer)
 
 int fake_timer_settime(timer_t timer, int, const itimerspec* p_new, itimerspec*)
 {
-    if (fails("timer_settime"))
-        return -1;
     locked lock(fake_mutex);
     const std::uint64_t ns = ns_of(p_new->it_value);
-    fake.periods.push_back(ns / 1000);
     static_cast<fake_timer*>(timer)->deadline_ns = ns == 0 ? 0 : fake.now_ns + ns;
     return 0;
 }
@@ -135,13 +108,6 @@ int fake_timer_gettime(timer_t timer, itimerspec* p_out)
     *p_out = {};
     if (deadline != 0)
         p_out->it_value = timespec_of(deadline - fake.now_ns);
-    return 0;
-}
-
-int fake_system(const char* line)
-{
-    locked lock(fake_mutex);
-    fake.shell.emplace_back(line);
     return 0;
 }
 
@@ -158,7 +124,7 @@ void plat_fake_reset()
     plat_fake_co.timer_settime = fake_timer_settime;
     plat_fake_co.timer_gettime = fake_timer_gettime;
     plat_fake_co.timer_delete = [](timer_t) { return 0; };
-    plat_fake_co.system = fake_system;
+    plat_fake_co.system = [](const char*) { return 0; };
     plat_attach(&plat_fake_co);
 }
 
@@ -186,22 +152,4 @@ void plat_fake_deliver()
     lock.unlock();
     for (const sigevent& event : events)
         event.sigev_notify_function(event.sigev_value);
-}
-
-std::vector<std::uint64_t> plat_fake_periods()
-{
-    locked lock(fake_mutex);
-    return fake.periods;
-}
-
-std::vector<std::string> plat_fake_shell()
-{
-    locked lock(fake_mutex);
-    return fake.shell;
-}
-
-void plat_fake_fail(const std::string& call, int count, int error)
-{
-    locked lock(fake_mutex);
-    fake.faults[call] = {count, error};
 }

@@ -110,25 +110,6 @@ TEST(Scf, NumbersToText)
     EXPECT_STREQ(txt, "0");
 }
 
-TEST(Scf, BytesAsHex)
-{
-    const std::uint8_t data[] = {0xAB, 0xCD, 0x01, 0x00};
-    const auto txt = std::make_unique<char[]>(12); // three digits pairs, separators, NUL: exactly
-    EXPECT_EQ(scf_bin_to_ascii(txt.get(), data, 2, ','), 5);
-    EXPECT_STREQ(txt.get(), "AB,CD");
-    EXPECT_EQ(scf_bin_to_ascii(txt.get(), data, 4, 0), 8);
-    EXPECT_STREQ(txt.get(), "ABCD0100");
-    EXPECT_EQ(scf_bin_to_hex(txt.get(), 12, data, 4), 8);
-    EXPECT_STREQ(txt.get(), "abcd0100");
-    const std::uint16_t half = 0x12EF;
-    const std::uint64_t both = 0x0123456789abcdef;
-    char wide[64];
-    EXPECT_EQ(scf_bin_to_hexstr(wide, sizeof wide, &half, 1, 2, ' '), 6);
-    EXPECT_STREQ(wide, "0x12ef");
-    EXPECT_EQ(scf_bin_to_hexstr(wide, sizeof wide, &both, 1, 8, ' '), 18);
-    EXPECT_STREQ(wide, "0x0123456789abcdef");
-}
-
 // No size is overrun, and what is cut is cut at whole items: an item with its separator takes the five
 // characters that must be left for it.
 TEST(Scf, HexStopsInTime)
@@ -174,22 +155,6 @@ TEST(Scf, SplittingInPlace)
     EXPECT_EQ(items(",,,", 8), list{});
     EXPECT_EQ(items("", 8), list{});
     EXPECT_EXIT(scf_split(nullptr, nullptr, 0, ','), testing::ExitedWithCode(1), "^$");
-}
-
-TEST(Scf, CaseOfEveryByte)
-{
-    std::string all;
-    for (int c = 0; c < 256; c++)
-        all += static_cast<char>(c);
-    std::string upper = all;
-    std::string lower = all;
-    scf_case_to_upper(upper.data(), upper.size());
-    scf_case_to_lower(lower.data(), lower.size());
-    for (int c = 0; c < 256; c++) {
-        const auto i = static_cast<std::size_t>(c);
-        EXPECT_EQ(upper[i], c < 128 ? static_cast<char>(std::toupper(c)) : all[i]);
-        EXPECT_EQ(lower[i], c < 128 ? static_cast<char>(std::tolower(c)) : all[i]);
-    }
 }
 
 } // namespace

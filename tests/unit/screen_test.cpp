@@ -2,12 +2,10 @@
 #include <array>
 #include <gtest/gtest.h>
 #include <random>
-#include <set>
 #include <string>
 
 #include "panel_fake.h"
 #include "plain_canvas.h"
-#include "plat_fake.h"
 #include "screen/screen.h"
 #include "screen_linux/screen_linux.h"
 #include "screenconf/screenconf.h"
@@ -151,23 +149,6 @@ std::array<std::uint16_t, 16> glyph(char code)
     return rows;
 }
 
-TEST(Font, EveryCodeFrom33To125IsDrawnAndDiffers)
-{
-    std::set<std::array<std::uint16_t, 16>> seen;
-    for (int code = 1; code < 256; code++) {
-        const auto rows = glyph(static_cast<char>(code));
-        const int index = code < 32 ? 0 : (code - 32) % 100; // the table begins again behind code 131
-        const bool drawn = index >= 1 && index <= 93;
-        EXPECT_EQ(rows != glyph(' '), drawn) << code;
-        if (code < 132) {
-            EXPECT_EQ(seen.insert(rows).second || !drawn, true) << code;
-            EXPECT_EQ(rows[0] | rows[15], 0) << code << " reaches out of its 14 rows";
-        } else {
-            EXPECT_EQ(rows, glyph(static_cast<char>(32 + index))) << code;
-        }
-    }
-}
-
 // Text at any place and scale, against its glyphs at scale 1 blown up.
 void compare_text(uint32_t width, uint32_t height, uint32_t scale, const std::string& text, uint32_t x,
                   uint32_t y)
@@ -245,42 +226,6 @@ TEST(ScreenLinux, TheOtherDepthsGetTheSameFiguresInTheirLayout)
     }
 }
 
-TEST(ScreenLinux, TwoPagesTakeTurnsAndKeepThePicture)
-{
-    panel_fake_start({.width = 20, .height = 10, .pages = 2});
-    screen_clear(0x111111);
-    EXPECT_EQ(screen_invalidate(), 1);
-    screen_put_pixel(3, 4, 0x222222);
-    EXPECT_EQ(panel_fake_pixel(0, 0), 0x111111u);
-    panel_fake_fail(FBIOPAN_DISPLAY);
-    EXPECT_EQ(screen_invalidate(), 0); // the page stays the one to draw on
-    screen_put_pixel(5, 4, 0x333333);
-    EXPECT_EQ(screen_invalidate(), 1);
-    EXPECT_EQ(screen_invalidate(), 1);
-    EXPECT_EQ(panel_fake_requests(), (std::vector<std::string>{"pan 0", "pan 10", "pan 0"}));
-    EXPECT_EQ(panel_fake_pixel(3, 4), 0x222222u);
-    EXPECT_EQ(panel_fake_pixel(5, 4), 0x333333u);
-}
-
-TEST(ScreenLinux, AModeIsSetOnceUntilTheScreenWasBlanked)
-{
-    panel_fake_start({.width = 1920, .height = 4, .pages = 2});
-    EXPECT_EQ(screen_control(SCREEN_CONTROL_MODE, 4), 0);
-    EXPECT_EQ(screen_control(SCREEN_CONTROL_MODE, 4), 0);
-    EXPECT_EQ(screen_control(SCREEN_CONTROL_BLANK, 0), 0);
-    EXPECT_EQ(screen_control(SCREEN_CONTROL_MODE, 4), 0);
-    EXPECT_EQ(screen_control(SCREEN_CONTROL_UNBLANK, 0), 0);
-    panel_fake_fail(FBIOPUT_VSCREENINFO);
-    EXPECT_EQ(screen_control(SCREEN_CONTROL_MODE, 6), -1);
-    EXPECT_EQ(screen_width(), 1280u); // as it was
-    EXPECT_EQ(screen_control(SCREEN_CONTROL_MODE, 6), 0);
-    EXPECT_EQ(screen_control(3, 0), -1);
-    EXPECT_EQ(panel_fake_requests(), (std::vector<std::string>{"mode 1280x720", "blank 4", "mode 1280x720",
-                                                               "blank 0", "mode 1440x240"}));
-    EXPECT_EQ(screen_control(SCREEN_CONTROL_MODE, 99), 0); // unknown: the first row
-    EXPECT_EQ(screen_width(), 640u);
-}
-
 TEST(ScreenLinux, AModeLargerThanTheMemoryIsDrawnAsFarAsThatGoes)
 {
     panel_fake_start({.width = 100, .height = 50, .pages = 2});
@@ -297,23 +242,6 @@ TEST(ScreenLinux, AModeLargerThanTheMemoryIsDrawnAsFarAsThatGoes)
         screen_rows(0, 0, 1920, 1080, {colours});
         EXPECT_EQ(screen_invalidate(), 1);
     }
-}
-
-TEST(ScreenLinux, ADeviceOfAnotherDriverIsPassedOverAndAMissingOneEndsTheSearch)
-{
-    panel_fake_reset({.width = 20, .height = 10});
-    screenconf* p_conf = screenconf_get(SCREEN_MAIN);
-    p_conf->fb_id = "fake_70000";
-    EXPECT_EQ(screen_start(SCREEN_MAIN, 0), 0); // fb0 is another driver's, fb1 isn't there
-    EXPECT_EQ(screen_get_active(), SCREEN_NONE);
-    p_conf->fb_id = "fake";
-    EXPECT_EQ(screen_start(SCREEN_MAIN, 0), 1);
-    EXPECT_EQ(p_conf->dev_number, 0u);
-    EXPECT_EQ(screen_start(SCREEN_HDMI, 0), 0); // no record
-    EXPECT_EQ(screen_start(77, 0), 0);
-    EXPECT_EQ(screen_get_active(), SCREEN_MAIN);
-    screen_clear(0x77);
-    EXPECT_EQ(panel_fake_pixel(0, 0), 0x77u); // the panel is still the one that is drawn on
 }
 
 } // namespace

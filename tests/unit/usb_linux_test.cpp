@@ -1,5 +1,4 @@
 // USB on the kernel's attribute: events at the start, and the watch of the host power.
-#include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <string>
@@ -82,27 +81,6 @@ TEST_F(UsbLinux, WatchEndsWithoutTheAttribute)
     EXPECT_EQ(usb_set(USB_SET_HOST_POWER_OFF, 0), 1);
     EXPECT_EQ(switchings.back().mode, CHARGE_HOST_POWER_OFF);
     EXPECT_EQ(usb_set(0, 0), 0);
-}
-
-// Listeners are called by mask, in order, and may leave and come from within their call.
-usb_listener first{};
-usb_listener second{};
-std::string called;
-
-TEST_F(UsbLinux, ListenersComeAndGo)
-{
-    first.mask = USB_EVT_CONNECTED;
-    second.mask = USB_EVT_CONNECTED | USB_EVT_DISCONNECTED;
-    called.clear();
-    usb_evt_attach(&first, [](unsigned event) {
-        called += "1:" + std::to_string(event) + " ";
-        usb_evt_detach(&first);
-    });
-    usb_evt_attach(&second, [](unsigned event) { called += "2:" + std::to_string(event) + " "; });
-    usb_evt(USB_EVT_CONNECTED);
-    usb_evt(USB_EVT_CONNECTED);
-    usb_evt(USB_EVT_DISCONNECTED);
-    EXPECT_EQ(called, "1:2 2:2 2:2 2:1 ");
 }
 
 } // namespace
