@@ -150,6 +150,20 @@ a script that never returns doesn't hold the console, and the power key ends it
   phone    speed 1
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:1: the script doesn't return, and the menu was to stop
 
+a script that doesn't compile, and one that never stops calling itself, are told where
+  write    /system/scripts/start_korvat.lua this is no script
+  write    /system/scripts/stop.lua x = 1
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  phone    key 116 tap
+  phone    clock +140
+  write    /system/scripts/start_korvat.lua local function f() return 1 + f() end f()
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  phone    kmsg 2                  -> QAT: luigi: /system/scripts/start_korvat.lua:1: syntax error near 'is'\nQAT: luigi: /system/scripts/start_korvat.lua:1: stack overflow
+
 an endless text is an error of the script
   write    /system/scripts/start_korvat.lua local s = ("x"):rep(2e8)
   phone    key 116 tap
