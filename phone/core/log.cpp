@@ -22,11 +22,14 @@ namespace {
 constexpr std::array log_files = {"log/kmsg", "log/shell", "log/port"};
 constexpr std::size_t log_limit = 1 << 20;
 constexpr std::size_t log_keep = log_limit / 2;
+constexpr std::size_t gather_limit = 64 << 10; // so much is written at once, before its time
 
 std::mutex gather_mutex; // guards what is gathered
 std::mutex file_mutex;   // one writer at a time
 std::condition_variable gathered;
 std::array<std::string, log_files.size()> pending;
+std::array<std::string, log_files.size()>
+    writing; // guarded by file_mutex; keeps its room from flush to flush
 
 std::string content(const std::string& path)
 {
@@ -36,14 +39,31 @@ std::string content(const std::string& path)
     return text.str();
 }
 
-// Leaves the newest whole lines of a log that has grown too long.
-void cut(const std::string& path)
+// Leaves the newest whole lines of a log that has grown to `size`. Copies in small pieces: a log must not
+// make the program larger.
+void cut(const std::string& path, std::size_t size)
 {
-    const std::string all = content(path);
-    const std::size_t from = all.find('\n', all.size() - std::min(all.size(), log_keep));
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    if (from != all.npos)
-        file << std::string_view(all).substr(from + 1);
+    static char piece[32768]; // guarded by file_mutex
+    const std::string shorter = path + ".new";
+    const int from = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const int to = open(shorter.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    bool whole = from >= 0 && to >= 0;
+    bool in_line = true; // what comes first is the rest of a line
+    ssize_t n = 0;
+    auto at = static_cast<off_t>(size - log_keep);
+    while (whole && (n = pread(from, piece, sizeof piece, at)) > 0) {
+        at += n;
+        std::string_view part(piece, static_cast<std::size_t>(n));
+        if (in_line)
+            part.remove_prefix(std::min(part.find('\n'), part.size() - 1) + 1);
+        in_line = in_line && part.empty();
+        whole = write(to, part.data(), part.size()) == static_cast<ssize_t>(part.size());
+    }
+    for (const int fd : {from, to})
+        if (fd >= 0)
+            close(fd);
+    if (!whole || n < 0 || rename(shorter.c_str(), path.c_str()) != 0)
+        unlink(shorter.c_str());
 }
 
 void append(std::size_t log, const std::string& text)
@@ -65,7 +85,7 @@ void append(std::size_t log, const std::string& text)
     fstat(fd, &st);
     close(fd);
     if (static_cast<std::size_t>(st.st_size) > log_limit)
-        cut(path);
+        cut(path, static_cast<std::size_t>(st.st_size));
 }
 
 void writer()
@@ -79,8 +99,13 @@ void writer()
                         return true;
                 return false;
             });
+            gathered.wait_for(lock, std::chrono::milliseconds(20), [] {
+                for (const std::string& text : pending)
+                    if (text.size() > gather_limit)
+                        return true;
+                return false;
+            });
         }
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
         log_flush();
     }
 }
@@ -104,10 +129,11 @@ void log_line(log_name log, std::string_view line)
 {
     const std::lock_guard lock(gather_mutex);
     std::string& text = pending[log];
-    const bool wake = text.empty();
+    const bool was_small = text.size() <= gather_limit;
+    const bool was_empty = text.empty();
     if (text.size() < log_limit) // a writer that can't keep up must not eat the memory
         text.append(line).push_back('\n');
-    if (wake)
+    if (was_empty || (was_small && text.size() > gather_limit))
         gathered.notify_one();
 }
 
@@ -117,13 +143,13 @@ void log_flush()
         return; // there is no folder for it yet
     const std::lock_guard files(file_mutex);
     for (std::size_t log = 0; log < log_files.size(); log++) {
-        std::string text;
         {
             const std::lock_guard lock(gather_mutex);
-            text.swap(pending[log]);
+            writing[log].swap(pending[log]);
         }
-        if (!text.empty())
-            append(log, text);
+        if (!writing[log].empty())
+            append(log, writing[log]);
+        writing[log].clear();
     }
 }
 
