@@ -133,6 +133,25 @@ TEST_F(Phone, ShellLines)
     EXPECT_EQ(phone_co.pclose(stream), 0);
 }
 
+TEST_F(Phone, ALogIsCutAtAMebibyteBetweenLines)
+{
+    const std::string line(1000, 'x');
+    for (int i = 0; i < 3000; i++) {
+        log_line(log_kmsg, line + std::to_string(i));
+        if (i % 100 == 0)
+            log_flush();
+    }
+    log_flush();
+    std::ifstream file(dir + "/log/kmsg");
+    std::string first;
+    std::getline(file, first);
+    EXPECT_EQ(first.substr(0, 1000), line) << "begins with a whole line";
+    const auto size = std::filesystem::file_size(dir + "/log/kmsg");
+    EXPECT_LE(size, 1u << 20);
+    EXPECT_GE(size, 1u << 18);
+    EXPECT_EQ(ask("kmsg 1"), line + "2999\nok\n");
+}
+
 TEST_F(Phone, Faults)
 {
     char buf[4] = {};
