@@ -136,7 +136,7 @@ std::string power_cycle(session& s)
     const std::string complaint = s.p_phone->down();
     if (!complaint.empty())
         return "the program complains:\n" + complaint;
-    const std::string wrong = s.p_phone->up();
+    std::string wrong = s.p_phone->up();
     s.port = s.p_phone->port;
     return wrong;
 }
