@@ -43,8 +43,8 @@ the charger really charges, as much as the limits and the feed allow
   expect   VBCCT: ,OK
   send     batc=2
   expect   BATC:500,OK
-  # ten minutes of 500 mA into 2380 mAh are 3.5 percent
-  phone    clock +600000
+  # nine minutes of 500 mA into 2380 mAh are 3.15 percent
+  phone    clock +540000
   phone    battery auto
   file     /sys/class/power_supply/battery/capacity -> 63\n
 
