@@ -223,10 +223,19 @@ void queue_due_locked()
     }
 }
 
+void worker_loop();
+
+void add_worker_locked()
+{
+    idle_workers++;
+    std::thread(worker_loop).detach();
+}
+
 void worker_loop()
 {
     std::unique_lock lock(clock_mutex);
     clock_threads.insert(gettid());
+    idle_workers--;
     for (;;) {
         queue_due_locked();
         std::shared_ptr<std::function<void()>> fire;
@@ -234,7 +243,7 @@ void worker_loop()
             fire = expiries.front();
             expiries.pop_front();
             if (idle_workers == 0)
-                std::thread(worker_loop).detach();
+                add_worker_locked();
             mark.enter_locked(true); // its work was counted when it was queued
         } else {
             idle_workers++;
@@ -262,7 +271,8 @@ void start_workers()
     epoll_event event{};
     event.events = EPOLLIN | EPOLLET;
     epoll_ctl(host_timer_wait, EPOLL_CTL_ADD, host_timer, &event);
-    std::thread(worker_loop).detach();
+    const std::lock_guard lock(clock_mutex);
+    add_worker_locked();
 }
 
 void time_changed_locked()
