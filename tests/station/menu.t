@@ -30,7 +30,7 @@ a command gives its status and its text, its lines joined
   # the usage line of case=1,2 waits for the next command whose text is asked for
   file     /data/out -> case?|OK|CASE:false\nnosuch|NOT FOUND|nil\ncase=1,2|SYNTAX|nil\nlctr=2,1|ERROR|case      [(0,1)]                                           case(en)LCTR: \nlsot|OK|LSOT:0x0000\nkeyb=?|OK|KEYB:Key testkeyb      (0-3)                                             off,string,numeric,columms\ndtst=4,2|OK|DTST:3040,3041,3042,3043,3044\r\n3045,3046,3047,3048,3049\r\n3050,3051,3052,3053,3054\r\n\n|OK|nil\n
 
-touches and keys reach the script, with actions of their own
+keys and touches reach the script with actions of their own, wherever they fall
   write    /system/scripts/start_korvat.lua -- start
   + \nscreen.init()
   + \nlocal out = io.open("/data/out", "w")
@@ -38,6 +38,7 @@ touches and keys reach the script, with actions of their own
   + \ncustom.set_event_touch(c, function(x, y, a) out:write("t", x, ",", y, ",", a, " ") out:flush() end)
   + \ncustom.set_event_key(c, function(k, a) out:write("k", k, ",", a, " ") out:flush() end)
   + \ncanvas.add(root, c)
+  + \ncanvas.add(root, button.new("never", function() out:write("b ") end))
   + \ntaboret.push(root)
   + \nqat("dtch=3")
   phone    key 116 down
@@ -56,13 +57,14 @@ touches and keys reach the script, with actions of their own
   phone    key 114 up
   phone    clock +140
   phone    idle
-  phone    touch 30 40 down
+  # the custom widget is 480 rows high, and the finger is on the button below it
+  phone    touch 30 510 down
   phone    clock +140
   phone    idle
-  phone    touch 31 41 up
+  phone    touch 31 511 up
   phone    clock +140
   phone    idle
-  file     /data/out -> k116,1 k114,2 k114,2 k114,1 t30,40,1 t31,41,2\x20
+  file     /data/out -> k116,1 k114,2 k114,2 k114,1 t30,510,1 t31,511,2\x20
 
 a button runs its handler at a press inside it, and nowhere else
   write    /system/scripts/start_korvat.lua -- start
@@ -138,7 +140,7 @@ an error in a handler ends the menu, and the next press starts anew
   file     /sys/class/leds/red/brightness -> 11
 
 a script that never returns doesn't hold the console, and the power key ends it
-  write    /system/scripts/start_korvat.lua while true do end
+  write    /system/scripts/start_korvat.lua while true do pcall(function() while true do end end) end
   phone    key 116 tap
   phone    clock +40
   send     case?
@@ -164,12 +166,12 @@ a script that doesn't compile, and one that never stops calling itself, are told
   phone    idle
   phone    kmsg 2                  -> QAT: luigi: /system/scripts/start_korvat.lua:1: syntax error near 'is'\nQAT: luigi: /system/scripts/start_korvat.lua:1: stack overflow
 
-an endless text is an error of the script
-  write    /system/scripts/start_korvat.lua local s = ("x"):rep(2e8)
+too much memory is an error of the script, which is told where
+  write    /system/scripts/start_korvat.lua local s\ns = ("x"):rep(2e8)
   phone    key 116 tap
   phone    clock +140
   phone    idle
-  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: not enough memory
+  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:2: not enough memory
 
 wrong arguments and wrong widgets are told in words
   write    /system/scripts/start_korvat.lua -- start
