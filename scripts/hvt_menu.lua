@@ -9,8 +9,8 @@
 --   })
 --   menu.start(battery)
 --
--- Captions have up to nine characters; buttons that don't fit go to a next page by themselves. A page without a
--- command has wide buttons and no place for answers. Volume down goes back, wherever one is. Everything is
+-- Captions have up to nine characters; buttons that don't fit go to a next page by themselves. A page without
+-- a command has wide buttons and no place for answers. Volume down goes back, wherever one is. Everything is
 -- measured in characters, so any panel will do.
 
 local menu = {}
@@ -68,7 +68,7 @@ local function add_label(parent, text, x, y, w, h, padding, back, ink)
     return l
 end
 
--- Cuts a line into pieces of at most `columns` characters, at blanks, behind commas and slashes if there are any.
+-- Cuts a line into pieces of at most `columns` characters, at blanks, behind commas and slashes where it can.
 local function cut_line(text, columns, lines)
     local line = ""
     for word in text:gmatch("[^ ,/]*[ ,/]*") do
@@ -141,7 +141,7 @@ function menu.run(command)
     local status, text = qat(command)
     local word = status or "no answer"
     local room = result.columns - #word - 2
-    local shown = #command <= room and command or command:sub(1, room - 2) .. ".."
+    local shown = #command <= room and command or command:sub(1, math.max(room - 2, 0)) .. ".."
     menu.show(shown .. "  " .. word, status == "OK", plain(command, text))
     return status, text
 end

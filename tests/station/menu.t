@@ -13,6 +13,36 @@ the power key starts the script, and a second press stops it
   phone    idle
   file     /sys/class/leds/red/brightness -> 22
 
+the shipped menu: a page, a command that is well and one that fails, back, and an end in the dark
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  # "Lights", the fourth row of 144 + 16 pixels below the bar; "Red"; the stem of the l of "lctr=13,..."
+  phone    touch 300 690 tap
+  phone    clock +140
+  phone    idle
+  phone    touch 216 186 tap
+  phone    clock +140
+  phone    idle
+  file     /sys/class/leds/red/brightness -> 255
+  phone    pixel 45 1110          -> 007A33
+  phone    fail write /sys/class/leds/red/brightness
+  phone    touch 216 186 tap
+  phone    clock +140
+  phone    idle
+  phone    pixel 45 1110          -> C00000
+  phone    touch 500 1834 tap
+  phone    clock +140
+  phone    idle
+  # here the first page has its seventh button, "System"
+  phone    pixel 45 1110          -> FFFFFF
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  phone    pixel 45 1110          -> 000000
+  # closed with the menu: the next one opens it anew
+  phone    kmsg                   -> Korvat HVT is starting up...
+
 a command gives its status and its text, its lines joined
   write    /system/scripts/start_korvat.lua -- start
   + \nlocal out = io.open("/data/out", "w")
@@ -44,16 +74,10 @@ keys and touches reach the script with actions of their own, wherever they fall
   phone    key 116 down
   phone    clock +140
   phone    idle
-  phone    key 116 up
-  phone    clock +140
-  phone    idle
   # 2 is the press and 1 the release of a key, and the other way round of a touch
+  phone    key 116 up
   phone    key 114 down
-  phone    clock +140
-  phone    idle
   phone    key 114 repeat
-  phone    clock +140
-  phone    idle
   phone    key 114 up
   phone    clock +140
   phone    idle
@@ -65,6 +89,32 @@ keys and touches reach the script with actions of their own, wherever they fall
   phone    clock +140
   phone    idle
   file     /data/out -> k116,1 k114,2 k114,2 k114,1 t30,510,1 t31,511,2\x20
+
+what waits for more than five seconds is dropped
+  write    /system/scripts/start_korvat.lua -- start
+  + \nlocal root, c = canvas.new(), custom.new()
+  + \nlocal out = io.open("/data/out", "w")
+  + \ncustom.set_event_key(c, function(k, a)
+  + \n  out:write(k, ",", a, " ") out:flush()
+  + \n  while k == 114 and a == 2 and not io.open("/data/go") do end
+  + \nend)
+  + \ncanvas.add(root, c)
+  + \ntaboret.push(root)
+  phone    key 116 down
+  phone    clock +140
+  phone    idle
+  phone    clock hold
+  phone    key 114 down
+  phone    clock +40
+  phone    key 115 down
+  # 115 is to be 6.02 seconds old, 212 4.92
+  phone    clock +1100
+  phone    key 212 down
+  phone    clock +4920
+  write    /data/go 1
+  phone    clock run
+  phone    idle
+  file     /data/out -> 114,2 212,2\x20
 
 a button runs its handler at a press inside it, and nowhere else
   write    /system/scripts/start_korvat.lua -- start
