@@ -355,7 +355,11 @@ function menu.start(page)
     if screen.init() ~= 1 then return end
     measure()
     menu.open(page)
-    qat("dtch=3")
+    local status = qat("dtch=3")
+    if status ~= "OK" then
+        menu.show("No touch", false, "dtch=3 answers " .. (status or "nothing") .. ", so no button can be pressed. "
+            .. "Volume down goes back to the menu, the power key ends it.")
+    end
 end
 
 return menu
