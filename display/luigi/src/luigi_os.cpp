@@ -253,8 +253,7 @@ int luigi_os_load(lua_State* L, const char* path, const char* mode)
         lua_pushfstring(L, "cannot open %s: %s", own.c_str(), std::strerror(errno));
         return LUA_ERRFILE;
     }
-    // An editor's mark of UTF-8 is none of the script's; a line that names an interpreter isn't either, but
-    // counts.
+    // An editor's mark of UTF-8 is skipped; of a line that names an interpreter the line end stays, to count.
     std::size_t start = text.starts_with("\xEF\xBB\xBF") ? 3 : 0;
     if (text.substr(start, 1) == "#")
         start = std::min(text.find('\n'), text.size());
