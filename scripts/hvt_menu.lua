@@ -131,7 +131,8 @@ end
 local function plain(command, text)
     local name = command:match("^%w+") or ""
     local usage = name .. (" "):rep(10 - #name)
-    return ((text or ""):gsub(name:upper() .. ":", "\n"):gsub(usage, "\n%0"))
+    text = (text or ""):gsub(name:upper() .. ":", "\n"):gsub(name .. ":", "\n") -- the second with case=1
+    return (text:gsub(usage, "\n%0"))
 end
 
 -- Runs a command, shows what came of it, and gives both back. The status is never cut, a long command is.
