@@ -244,12 +244,13 @@ a phone without a battery is an error that says so
   phone    clock hold
   phone    clock +2000
   phone    charger wall
-  phone    clock +2000
+  phone    clock +4000
   file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
   +        [     0.000] No charger connected.\n
   +        [     0.000] USB Wall charger connected.\n
   +        [     0.000] Charger connected.\n
   +        [     0.000] Error state: No valid battery detected.\n
+  +        [     2.000] 0%, 0mV, 0mA\n
   phone    pixel 1000 1800 -> FF0000
 
 a charging phone isn't powered off for its time without the cable

@@ -1,5 +1,5 @@
-// The charging monitor by voltage, which other phones use. Battery and charger are spies; the log is a file
-// of the test's.
+// The charging monitor by voltage and without discharge, as other phones use it. Battery and charger are
+// spies; the log is a file of the test's.
 #include <cstring>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -157,6 +157,47 @@ TEST_F(Chargemon, ByVoltageUntilItIsReachedAndAgainWhenItHasSunk)
                       "check if capacity keeps higher than recharge_cap.\n"
                       "Starting voltage (3999mV).\n"
                       "Starting charging at 1500mA\n");
+}
+
+TEST_F(Chargemon, ByVoltageNotFromAboveAndNotForTooLong)
+{
+    cfg.voltage_mode = 1;
+    cfg.max_voltage = 4100;
+    mv = 4101;
+    start();
+    ticks(1);
+    EXPECT_EQ(log(3), "Voltage (4101 mV) too high for charging.\nEntering done state\n");
+    cfg.charge_time_limit = 5'000;
+    mv = 4099;
+    chargemon_stop();
+    start();
+    ticks(6);
+    EXPECT_EQ(log(10), "Error state: Charging time limit reached.\n");
+}
+
+// 30 percent of 1000 mAh are 300; a tick of 1 s at 1000 mA adds 277 uAh, so that the 37th passes 310.
+TEST_F(Chargemon, WithoutDischargeTheTargetItselfEndsCharging)
+{
+    cfg.target_cap = 31;
+    cfg.charge_time_limit = 37'000; // the target comes first
+    start();
+    ticks(37);
+    EXPECT_EQ(log(76), "30%, 3700mV, 1000mA, 309mAh/310mAh\nEstimated time left 0h:0m:3s\n");
+    ticks(1);
+    EXPECT_EQ(log(78), "31%, 3700mV, 1000mA, 310mAh/310mAh\nCharging done.\nEntering done state\n");
+}
+
+TEST_F(Chargemon, ThePresetStandsUnderWhatIsGiven)
+{
+    chargemon_cfg given{};
+    given.preset = 6;
+    given.target_cap = 70;
+    given.recharge_voltage = 4000; // which no preset takes
+    chargemon_set_cfg(&given);
+    EXPECT_EQ(chargemon_get_cfg()->target_cap, 70);
+    EXPECT_EQ(chargemon_get_cfg()->recharge_cap, 58);
+    EXPECT_EQ(chargemon_get_cfg()->capacity, 2380U);
+    EXPECT_EQ(chargemon_get_cfg()->recharge_voltage, 0U);
 }
 
 } // namespace
