@@ -157,6 +157,8 @@ a full battery is discharged until it fits, then done on green, and charged agai
   +        [     0.000] Capacity (65) too high,need discharging.\n
   +        [     0.000] Entering discharge state\n
   phone    pixel 1000 1800 -> 000000
+  # it looks after 122, 244 and 366 s, and no time without the cable powers it off
+  phone    clock +366000
   # 3918 + 27 = 3945 mV: 60 + 16 * 5 / 38 = 62, within the margin
   phone    battery 3918 -200
   phone    clock +118000
@@ -164,12 +166,12 @@ a full battery is discharged until it fits, then done on green, and charged agai
   # 120 s aren't above 120 s
   phone    clock +4000
   file     /system/chargemon.txt -> (cut)\n
-  +        [   120.000] 62%, 3918mV, -200mA\n
-  +        [   120.000] waiting for voltage and current stable.\n
-  +        [   122.000] 62%, 3918mV, -200mA\n
-  +        [   122.000] enough time have passed for stable voltage and current.\n
-  +        [   122.000] Discharging done.\n
-  +        [   122.000] Entering done state\n
+  +        [   486.000] 62%, 3918mV, -200mA\n
+  +        [   486.000] waiting for voltage and current stable.\n
+  +        [   488.000] 62%, 3918mV, -200mA\n
+  +        [   488.000] enough time have passed for stable voltage and current.\n
+  +        [   488.000] Discharging done.\n
+  +        [   488.000] Entering done state\n
   phone    pixel 1000 1800 -> 00FF00
   # 3882 + 27 = 3909 mV: 55 + 29 * 5 / 49 = 57, of 2380 mAh 1356
   phone    battery 3882 -200
@@ -177,11 +179,11 @@ a full battery is discharged until it fits, then done on green, and charged agai
   write    /system/chargemon.txt (cut)\n
   phone    clock +2000
   file     /system/chargemon.txt -> (cut)\n
-  +        [   242.000] 57%, 3882mV, -200mA\n
-  +        [   242.000] check if capacity keeps higher than recharge_cap.\n
-  +        [   242.000] capacities read: 57%, 57%, 57%\n
-  +        [   242.000] Starting capacity (57%, 1356mAh).\n
-  +        [   242.000] Starting charging at 1500mA\n
+  +        [   608.000] 57%, 3882mV, -200mA\n
+  +        [   608.000] check if capacity keeps higher than recharge_cap.\n
+  +        [   608.000] capacities read: 57%, 57%, 57%\n
+  +        [   608.000] Starting capacity (57%, 1356mAh).\n
+  +        [   608.000] Starting charging at 1500mA\n
   phone    spmi 1049 -> 80
   file     /sys/class/leds/lcd-backlight/brightness -> 0
 
