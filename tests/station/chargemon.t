@@ -104,14 +104,11 @@ a charger that doesn't take over is switched on three times more, then the panel
   phone    clock +2000
   phone    charger wall
   phone    clock +2000
+  phone    clock +4000
   write    /system/chargemon.txt (cut)\n
   # 880000 uAh are 36.97 percent of 2380 mAh
-  phone    clock +8000
+  phone    clock +4000
   file     /system/chargemon.txt -> (cut)\n
-  +        [     2.000] 36%, 3773mV, -200mA, 880mAh/1428mAh\n
-  +        [     2.000] Start charging retry 1\n
-  +        [     4.000] 36%, 3773mV, -200mA, 880mAh/1428mAh\n
-  +        [     4.000] Start charging retry 2\n
   +        [     6.000] 36%, 3773mV, -200mA, 880mAh/1428mAh\n
   +        [     6.000] Start charging retry 3\n
   +        [     8.000] 36%, 3773mV, -200mA, 880mAh/1428mAh\n
