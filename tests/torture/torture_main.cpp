@@ -27,6 +27,8 @@ constexpr const char* port_call = "/dev/ttyGS";
 
 struct torture_line {
     bool fixed_part;
+    bool fresh;                      // what it does once it doesn't do again: each run has a new start
+    bool polled;                     // how often it asks depends on time: its calls fail for good only
     std::vector<std::string> words;  // control words before it
     std::vector<std::string> before; // command lines before it
     std::string text;
@@ -55,7 +57,7 @@ std::vector<torture_line> read_lines(const std::string& path)
     for (std::string text; std::getline(file, text);) {
         if (text.empty() || text[0] == '#')
             continue;
-        torture_line line{text.starts_with("* "), {}, {}, ""};
+        torture_line line{text.starts_with("* "), false, false, {}, {}, ""};
         if (line.fixed_part)
             text.erase(0, 2);
         std::size_t at;
@@ -65,6 +67,10 @@ std::vector<torture_line> read_lines(const std::string& path)
                 line.words.push_back(part.substr(6));
             else if (part.starts_with("before "))
                 line.before.push_back(part.substr(7));
+            else if (part == "fresh")
+                line.fresh = true;
+            else if (part == "polled")
+                line.polled = true;
             text.erase(0, at + 4);
         }
         line.text = text;
@@ -183,7 +189,8 @@ std::string run_with_fault(campaign& c, const std::string& arm, const std::strin
     return left_open(c);
 }
 
-std::string prepare(campaign& c)
+// Starts the phone and brings it to where the line is sent.
+std::string start(campaign& c)
 {
     std::string wrong = c.phone.up();
     std::string answer;
@@ -202,8 +209,15 @@ std::string prepare(campaign& c)
     for (const std::string& text : c.line.before)
         if (!exchange(c.phone, text, reply, wrong))
             return wrong;
+    return c.phone.ask("calls line", answer) ? "" : answer; // the faults count the calls of lines alone
+}
+
+// What the line does when nothing fails.
+std::string run_without_fault(campaign& c)
+{
+    std::string answer;
+    std::string wrong;
     c.units_before = read_units(c.phone);
-    c.phone.ask("calls line", answer);
     if (!exchange(c.phone, c.line.text, c.good_reply, wrong))
         return wrong;
     c.phone.ask("calls off", answer);
@@ -212,6 +226,12 @@ std::string prepare(campaign& c)
     c.units_after = read_units(c.phone);
     c.descriptors_before = descriptors(c.phone);
     return {};
+}
+
+std::string restart(campaign& c)
+{
+    const std::string complaint = c.phone.down();
+    return complaint.empty() ? start(c) : "the program complains:\n" + complaint;
 }
 
 void report(const torture_line& line, std::size_t number, const std::string& call, bool for_good,
@@ -233,7 +253,9 @@ struct options {
 void run_line(const torture_line& line, const options& o, tally& t)
 {
     campaign c{{}, line, {}, {}, {}, {}, {}};
-    std::string verdict = prepare(c);
+    std::string verdict = start(c);
+    if (verdict.empty())
+        verdict = run_without_fault(c);
     if (!verdict.empty()) {
         std::printf("FAIL %s: %s\n", line.text.c_str(), verdict.c_str());
         t.failed++;
@@ -245,11 +267,15 @@ void run_line(const torture_line& line, const options& o, tally& t)
         if (call.find(port_call) != call.npos || (o.call != 0 && o.call != i + 1))
             continue;
         for (const bool for_good : {false, true}) {
-            if (!for_good && o.for_good_only)
+            if (!for_good && (o.for_good_only || line.polled))
                 continue;
+            verdict.clear();
             const std::string arm =
                 for_good ? "fail " + call + " all eio" : "fail call " + std::to_string(i + 1);
-            verdict = run_with_fault(c, arm, call);
+            if (line.fresh)
+                verdict = restart(c);
+            if (verdict.empty())
+                verdict = run_with_fault(c, arm, call);
             t.runs++;
             if (verdict.empty())
                 continue;
