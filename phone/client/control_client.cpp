@@ -49,6 +49,14 @@ int control_connect(const std::string& dir)
     return fd;
 }
 
+void control_say_why(const char* dir)
+{
+    if (errno == ENOENT || errno == ENOTDIR || errno == ECONNREFUSED)
+        std::fprintf(stderr, "hvt: no phone is running in %s; \"./hvt up %s\" starts one\n", dir, dir);
+    else
+        std::fprintf(stderr, "hvt: the phone in %s can't be reached: %s\n", dir, std::strerror(errno));
+}
+
 bool control_ask(int fd, std::string_view line, std::string& answer, int timeout_ms)
 {
     const std::string request = std::string(line) + "\n";

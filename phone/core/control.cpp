@@ -114,7 +114,9 @@ std::string control_request(std::string_view line)
     request rq;
     rq.rest = std::string(trimmed(line.substr(name.size())));
     rq.args = words(rq.rest);
-    const std::string wrong = found->second.fn(rq);
+    const std::string wrong = found->second.usage.empty() && !rq.args.empty()
+                                  ? std::string(name) + " takes nothing behind it"
+                                  : found->second.fn(rq);
     if (!wrong.empty())
         return "error: " + wrong + "\n";
     return (rq.answer.empty() ? "" : rq.answer + "\n") + "ok\n";

@@ -203,6 +203,8 @@ std::string word_strange(request& rq)
         strange_things.clear();
         return {};
     }
+    if (!rq.args.empty())
+        return "off or nothing is wanted";
     for (const auto& [what, count] : strange_things)
         rq.answer += (rq.answer.empty() ? "" : "\n") + std::to_string(count) + " " + what;
     return {};
@@ -294,10 +296,16 @@ void strange(std::string_view what)
 
 void watch_attach()
 {
-    word_add("fail", "PATTERN [COUNT|all] [KIND]",
-             "makes the next platform calls that contain PATTERN fail: eio, short, eof, slow MS", word_fail);
-    word_add("log", "on|off", "shows every platform call on the phone's standard error", word_log);
-    word_add("calls", "[on|off]", "records the platform calls from now on; without a word, lists them",
+    word_add("fail", "PATTERN|call N [COUNT|all] [KIND] | off",
+             "makes the next platform calls that contain PATTERN fail, or the Nth recorded one; KIND is eio, "
+             "short, eof or slow MS; off tells how many faults were never reached",
+             word_fail);
+    word_add("log", "on|off",
+             "shows every platform call on the phone's standard error, in the background in DIR/log/output",
+             word_log);
+    word_add("calls", "[on|line|off]",
+             "records the platform calls from now on, or those of command lines alone; without a word, lists "
+             "them",
              word_calls);
     word_add("strange", "[off]", "what the program asked of the phone that no model knows; off forgets it",
              word_strange);
