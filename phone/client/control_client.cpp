@@ -83,9 +83,7 @@ bool control_ask(int fd, std::string_view line, std::string& answer, int timeout
     }
     const std::string_view last = last_line(answer);
     if (last == "ok") {
-        answer.erase(answer.size() - std::min(answer.size(), std::size_t{4}));
-        if (answer == "ok\n" || answer == "ok")
-            answer.clear();
+        answer.erase(answer.size() - std::min(answer.size(), std::size_t{4})); // "ok" between its line ends
         return true;
     }
     answer = std::string(last.substr(7));

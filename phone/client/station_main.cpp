@@ -263,7 +263,7 @@ int run_prompt()
     }
     rl_callback_handler_remove();
     if (phone_off)
-        note("The phone is off.");
+        note(("The phone is off; its last words are in " + dir + "/log/kmsg.").c_str());
     write_history(history.c_str());
     return 0;
 }
