@@ -5,82 +5,29 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
-#include <linux/fb.h>
 #include <map>
 #include <string>
 #include <thread>
 #include <unistd.h>
 #include <vector>
 
+#include "bench_panel.h"
 #include "cfg/cfg.h"
 #include "client/control_client.h"
 #include "dcp/dcp.h"
 #include "luigi/luigi.h"
-#include "plat/plat.h"
-#include "plat_linux/plat_linux.h"
 #include "row.h"
-#include "screen/screen.h"
-#include "screen_linux/screen_linux.h"
-#include "screenconf/screenconf.h"
 
 namespace {
 
 using namespace std::chrono_literals;
 using std::chrono::steady_clock;
 
-constexpr unsigned WIDTH = 1080, HEIGHT = 1920, PAGES = 2;
-constexpr std::size_t FRAME = std::size_t{WIDTH} * HEIGHT * 4;
-
-int panel_fd;
-plat_callouts bench_co;
-
-int panel_open(const char* path, int flags, mode_t mode)
-{
-    return std::strncmp(path, "/dev/graphics/fb", 16) == 0 ? panel_fd : plat_linux_co.open(path, flags, mode);
-}
-
-int panel_ioctl(int fd, unsigned long request, void* arg)
-{
-    if (fd != panel_fd)
-        return plat_linux_co.ioctl(fd, request, arg);
-    if (request == FBIOGET_VSCREENINFO) {
-        auto* p = static_cast<fb_var_screeninfo*>(arg);
-        *p = {};
-        p->xres = p->xres_virtual = WIDTH;
-        p->yres = HEIGHT;
-        p->yres_virtual = HEIGHT * PAGES;
-        p->bits_per_pixel = 32;
-        p->red = {16, 8, 0};
-        p->green = {8, 8, 0};
-        p->blue = {0, 8, 0};
-    } else if (request == FBIOGET_FSCREENINFO) {
-        auto* p = static_cast<fb_fix_screeninfo*>(arg);
-        *p = {};
-        std::snprintf(p->id, sizeof p->id, "bench");
-        p->line_length = WIDTH * 4;
-        p->smem_len = static_cast<unsigned>(PAGES * FRAME);
-    }
-    return 0;
-}
-
 void start_program()
 {
-    bench_co = plat_linux_co;
-    bench_co.open = panel_open;
-    bench_co.ioctl = panel_ioctl;
-    plat_attach(&bench_co);
-    panel_fd = memfd_create("panel", MFD_CLOEXEC);
-    if (panel_fd < 0 || ftruncate(panel_fd, static_cast<off_t>(PAGES * FRAME)) != 0)
-        std::exit(1);
-    static char empty[] = "", prefix[] = "/dev/graphics/fb", id[] = "bench";
-    static screenconf conf = {empty, prefix, id, 0, 1, 1};
-    screenconf_init();
-    screenconf_set(SCREEN_MAIN, &conf);
-    screen_init();
-    screen_linux_init();
+    bench_panel(2);
     dcp_init();
     dcp_case_set(0);
     cfg_init();

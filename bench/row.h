@@ -17,7 +17,7 @@ inline int bench_row(const char* name, double measured, double yardstick, double
 // The same for a plain figure.
 inline int bench_figure(const char* name, double measured, double limit, const char* unit)
 {
-    std::printf("%-52s %12.1f %s   limit %.1f%s\n", name, measured, unit, limit,
+    std::printf("%-52s %12.2f %s   limit %.2f%s\n", name, measured, unit, limit,
                 measured > limit ? "   OVER" : "");
     std::fflush(stdout);
     return measured > limit ? 1 : 0;

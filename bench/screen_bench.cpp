@@ -12,10 +12,9 @@
 #include <unistd.h>
 #include <vector>
 
+#include "bench_panel.h"
 #include "dcp/dcp.h"
 #include "f_screen/f_screen.h"
-#include "plat/plat.h"
-#include "plat_linux/plat_linux.h"
 #include "row.h"
 #include "screen/screen.h"
 #include "screen_linux/screen_linux.h"
@@ -23,55 +22,12 @@
 
 namespace {
 
-constexpr unsigned WIDTH = 1080, HEIGHT = 1920;
-constexpr std::size_t FRAME = std::size_t{WIDTH} * HEIGHT * 4;
 constexpr int REPETITIONS = 300;
 
-unsigned pages;
-int panel_fd;
-plat_callouts panel_co;
-
-int panel_open(const char* path, int flags, mode_t mode)
-{
-    return std::strncmp(path, "/dev/graphics/fb", 16) == 0 ? panel_fd : plat_linux_co.open(path, flags, mode);
-}
-
-int panel_ioctl(int fd, unsigned long request, void* arg)
-{
-    if (fd != panel_fd)
-        return plat_linux_co.ioctl(fd, request, arg);
-    if (request == FBIOGET_VSCREENINFO) {
-        auto* p = static_cast<fb_var_screeninfo*>(arg);
-        *p = {};
-        p->xres = WIDTH;
-        p->yres = HEIGHT;
-        p->bits_per_pixel = 32;
-        p->red = {16, 8, 0};
-        p->green = {8, 8, 0};
-        p->blue = {0, 8, 0};
-    } else if (request == FBIOGET_FSCREENINFO) {
-        auto* p = static_cast<fb_fix_screeninfo*>(arg);
-        *p = {};
-        std::snprintf(p->id, sizeof p->id, "bench");
-        p->line_length = WIDTH * 4;
-        p->smem_len = static_cast<unsigned>(pages * FRAME);
-    }
-    return 0;
-}
-
 // A panel with this many pages, started as the main screen.
-void start_panel(unsigned count)
+void start_panel(unsigned pages)
 {
-    pages = count;
-    panel_fd = memfd_create("panel", MFD_CLOEXEC);
-    if (panel_fd < 0 || ftruncate(panel_fd, static_cast<off_t>(pages * FRAME)) != 0)
-        std::exit(1);
-    static char empty[] = "", prefix[] = "/dev/graphics/fb", id[] = "bench";
-    static screenconf conf = {empty, prefix, id, 0, 1, 0};
-    screenconf_init();
-    screenconf_set(SCREEN_MAIN, &conf);
-    screen_init();
-    screen_linux_init();
+    bench_panel(pages);
     if (screen_start(SCREEN_MAIN, 0) != 1)
         std::exit(1);
     std::memset(screen_linux_get_screen_info(SCREEN_MAIN)->map_base, 0, pages * FRAME);
@@ -208,10 +164,6 @@ int bench_picture()
 
 int main()
 {
-    panel_co = plat_linux_co;
-    panel_co.open = panel_open;
-    panel_co.ioctl = panel_ioctl;
-    plat_attach(&panel_co);
     dcp_init();
     f_screen_init();
     dcp_client discarding = {0, discard, no_rx, no_tx, "bench"};

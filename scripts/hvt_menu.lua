@@ -9,8 +9,9 @@
 --   })
 --   menu.start(battery)
 --
--- Captions have up to nine characters; buttons that don't fit go to a next page by themselves. Volume down
--- goes back, wherever one is. Everything is measured in characters, so any panel will do.
+-- Captions have up to nine characters; buttons that don't fit go to a next page by themselves. A page without
+-- a command has wide buttons and no place for answers. Volume down goes back, wherever one is. Everything is
+-- measured in characters, so any panel will do.
 
 local menu = {}
 
@@ -26,6 +27,7 @@ local GOOD, BAD, PLAIN = 0x007A33, 0xC00000, 0x505050
 -- The result area of the page on top (nil where it has none), and those of the pages below it.
 local result
 local below = {}
+local add_result
 
 -- Sizes, known once the panel is up.
 local W, H, CW, CH, GAP
@@ -66,10 +68,10 @@ local function add_label(parent, text, x, y, w, h, padding, back, ink)
     return l
 end
 
--- Cuts a text into lines of at most `columns` characters, at blanks and behind commas where there are any.
-local function cut(text, columns)
-    local lines, line = {}, ""
-    for word in text:gmatch("[^ ,]*[ ,]*") do
+-- Cuts a line into pieces of at most `columns` characters, at blanks, behind commas and slashes where it can.
+local function cut_line(text, columns, lines)
+    local line = ""
+    for word in text:gmatch("[^ ,/]*[ ,/]*") do
         if line ~= "" and #line + #word:gsub(" +$", "") > columns then
             lines[#lines + 1] = line
             line = ""
@@ -81,29 +83,38 @@ local function cut(text, columns)
         end
     end
     if line:find("[^ ]") then lines[#lines + 1] = line end
+end
+
+local function cut(text, columns)
+    local lines = {}
+    for line in text:gmatch("[^\r\n]+") do cut_line(line, columns, lines) end
     for i, l in ipairs(lines) do lines[i] = l:gsub("^ +", ""):gsub(" +$", "") end
     return lines
 end
 
+-- Of an answer of several parts the last row says how it goes on.
 local function show_part()
     local r = result
-    local first = (r.part - 1) * r.rows
+    local rows = r.parts > 1 and r.rows - 1 or r.rows
     for row = 1, r.rows do
-        label.set_text(r.labels[row], r.lines[first + row] or "")
+        label.set_text(r.labels[row], row <= rows and r.lines[(r.part - 1) * rows + row] or "")
+        label.set_text_color(r.labels[row], row <= rows and INK or PLAIN)
     end
-    local status = r.status
-    if r.parts > 1 then status = status .. "  " .. r.part .. "/" .. r.parts end
-    label.set_text(r.head, status)
+    if r.parts > 1 then
+        label.set_text(r.labels[r.rows], ("%d/%d  touch: more >"):format(r.part, r.parts):sub(1, r.columns))
+    end
+    label.set_text(r.head, r.status:sub(1, r.columns))
     label.set_text_color(r.head, r.colour)
 end
 
 -- Shows a status in green (good), red (not good) or grey (nil), and a text below it. A long text has parts:
--- a touch shows the next.
+-- a touch shows the next. On a page that has no place for it a page opens.
 function menu.show(status, good, text)
+    if not result then menu.open_special("Result", add_result) end
     local r = result
-    if not r then return end
     r.lines = cut(text or "", r.columns)
-    r.part, r.parts = 1, math.max(1, math.ceil(#r.lines / r.rows))
+    local fits = #r.lines <= r.rows or r.rows < 2
+    r.part, r.parts = 1, fits and 1 or math.ceil(#r.lines / (r.rows - 1))
     r.status = status
     r.colour = good == nil and PLAIN or good and GOOD or BAD
     show_part()
@@ -115,19 +126,24 @@ local function next_part()
     show_part()
 end
 
--- What a command answered, without its name; several lines become one text.
+-- What a command answered, without its name: a line each time that the name came, and one for its usage,
+-- which begins with the name in ten columns.
 local function plain(command, text)
-    local name = (command:match("^%w+") or ""):upper()
-    text = (text or ""):gsub("[\r\n]+", "  ")
-    return (text:gsub("^" .. name .. ":", ""):gsub(name .. ":", "  "))
+    local name = command:match("^%w+") or ""
+    local usage = name .. (" "):rep(10 - #name)
+    text = (text or ""):gsub(name:upper() .. ":", "\n"):gsub(name .. ":", "\n") -- the second with case=1
+    return (text:gsub(usage, "\n%0"))
 end
 
--- Runs a command, shows what came of it, and gives both back.
+-- Runs a command, shows what came of it, and gives both back. The status is never cut, a long command is.
 function menu.run(command)
     menu.show(command .. " ...", nil, "")
     taboret.update()
     local status, text = qat(command)
-    menu.show(command .. "  " .. (status or "no answer"), status == "OK", plain(command, text))
+    local word = status or "no answer"
+    local room = result.columns - #word - 2
+    local shown = #command <= room and command or command:sub(1, math.max(room - 2, 0)) .. ".."
+    menu.show(shown .. "  " .. word, status == "OK", plain(command, text))
     return status, text
 end
 
@@ -178,30 +194,31 @@ local function press(item)
     end
 end
 
--- Status line and box at the bottom of a page.
-local function add_result(root, x, y, w, h)
+-- Status line and box of a page.
+function add_result(root, x, y, w, h)
     local pad = math.floor(CH / 4)
     local row = CH + pad
     local head = add_label(root, "Choose a test", x, y, w, row, pad / 2, PAPER, PLAIN)
-    local box = add_button(root, "", x, y + row, w, h - row, pad, next_part)
+    add_button(root, "", x, y + row, w, h - row, pad, next_part)
     local rows = math.max(1, math.floor((h - row - pad) / row))
     local labels = {}
     for i = 1, rows do
         labels[i] = add_label(root, "", x + pad, y + row + pad + (i - 1) * row, w - 2 * pad, CH, 0, BUTTON, INK)
     end
     local columns = math.max(1, math.ceil((w - 2 * pad) / CW) - 1)
-    result = { head = head, box = box, labels = labels, rows = rows, columns = columns,
+    result = { head = head, labels = labels, rows = rows, columns = columns,
                lines = {}, part = 1, parts = 1, status = "", colour = PLAIN }
 end
 
--- Two columns of buttons from `first` on, the last one leading on to those that there is no room for.
-local function add_grid(root, page, x, y, w, h)
-    local bw, bh = math.floor((w - GAP) / 2), math.floor(CH * 2.25)
-    local places = math.max(1, math.floor((h + GAP) / (bh + GAP))) * 2
+-- Buttons in columns from `first` on, the last one leading on to those that there is no room for.
+local function add_grid(root, page, x, y, w, h, columns)
+    local bw = math.floor((w + GAP) / columns) - GAP
+    local bh = math.floor(columns == 1 and CH * 3 or CH * 2.25)
+    local places = math.max(1, math.floor((h + GAP) / (bh + GAP))) * columns
     local left = #page.items - page.first + 1
     local shown = left > places and places - 1 or left
     local function at(i, caption, handler)
-        add_button(root, caption, x + (i % 2) * (bw + GAP), y + math.floor(i / 2) * (bh + GAP), bw, bh,
+        add_button(root, caption, x + (i % columns) * (bw + GAP), y + math.floor(i / columns) * (bh + GAP), bw, bh,
                    (bh - CH) / 2, handler)
     end
     for i = 0, shown - 1 do
@@ -218,11 +235,18 @@ function menu.page(title, items)
     return { title = title, items = items, first = 1 }
 end
 
+local function has_command(page)
+    for _, item in ipairs(page.items) do
+        if type(item[2]) == "string" then return true end
+    end
+    return false
+end
+
 function menu.open(page)
     menu.open_special(page.title, function(root, x, y, w, h)
-        local box = math.floor(h * 0.42)
-        add_grid(root, page, x, y, w, h - box - GAP)
-        add_result(root, x, y + h - box, w, box)
+        local box = has_command(page) and math.floor(h * 0.42) or 0
+        add_grid(root, page, x, y, w, h - box - (box > 0 and GAP or 0), box > 0 and 2 or 1)
+        if box > 0 then add_result(root, x, y + h - box, w, box) end
     end)
 end
 
@@ -239,18 +263,53 @@ function menu.full_screen(command)
     push(root)
 end
 
--- Asks before something that can't be undone.
-function menu.ask(question, yes)
+-- Asks before something that can't be undone; what the command answers stands on the page before.
+function menu.ask(question, command)
     menu.open_special("Sure?", function(root, x, y, w, h)
         local row = math.floor(CH * 2.5)
-        add_label(root, question, x, y + row, w, CH * 4, CH / 4, PAPER, BAD)
-        add_button(root, "Yes", x, y + h - row, w, row, (row - CH) / 2, yes)
+        for i, line in ipairs(cut(question, math.floor(w / CW) - 1)) do
+            add_label(root, line, x, y + row + (i - 1) * CH * 1.5, w, CH * 1.5, CH / 4, PAPER, BAD)
+        end
+        add_button(root, "Yes", x, y + h - row, w, row, (row - CH) / 2, function()
+            menu.back()
+            menu.run(command)
+        end)
     end)
+end
+
+local KEYS_SHOWN = 5
+
+-- The strip above the drawing: where the finger is, and the last keys.
+local function draw_strip(x, y, w, h, place_text, keys)
+    screen.rectangle(x, y, w, h, PAPER, PAPER, 1)
+    screen.print(place_text, x, y, INK)
+    for i, line in ipairs(keys) do
+        screen.print(line, x, y + i * CH * 1.25, PLAIN)
+    end
+end
+
+-- The way of the finger, as thick as a pen, and a cross where it is.
+local function draw_trail(x, y, w, h, trail)
+    screen.rectangle(x, y, w, h, EDGE, BUTTON, 1)
+    for i = 2, #trail do
+        local a, b = trail[i - 1], trail[i]
+        for d = -2, 2 do
+            if a.down then
+                screen.line(a.x + d, a.y, b.x + d, b.y, BAD)
+                screen.line(a.x, a.y + d, b.x, b.y + d, BAD)
+            end
+        end
+    end
+    local last = trail[#trail]
+    if last and last.down then
+        screen.line(x, last.y, x + w - 1, last.y, GOOD)
+        screen.line(last.x, y, last.x, y + h - 1, GOOD)
+    end
 end
 
 -- Where a finger is and which keys were pressed, as they come.
 function menu.live()
-    local trail, keys, place_text = {}, {}, "Draw, or press keys"
+    local trail, keys, place_text, touched = {}, {}, "Draw, or press keys", false
     local function back()
         qat("dtch=3")
         menu.back()
@@ -258,37 +317,33 @@ function menu.live()
     local function on_key(code, action)
         if code == KEY_VOLUME_DOWN and action == KEY_PRESSED then return back() end
         table.insert(keys, 1, "key " .. code .. (action == KEY_PRESSED and " pressed" or " released"))
-        keys[9] = nil
+        keys[KEYS_SHOWN + 1] = nil
     end
     menu.open_special("Touch and keys", function(root, x, y, w, h)
+        local strip = math.floor(CH * 1.25 * (KEYS_SHOWN + 1))
+        local top, depth = y + strip + GAP, h - strip - GAP
         local area = custom.new()
         custom.set_event_draw(area, function()
-            screen.rectangle(x, y, w, h, EDGE, BUTTON, 1)
-            screen.print(place_text, x + GAP, y + GAP, INK)
-            for i, line in ipairs(keys) do
-                screen.print(line, x + GAP, y + GAP + i * CH * 1.25, PLAIN)
-            end
-            for i = 2, #trail do
-                local a, b = trail[i - 1], trail[i]
-                for d = -2, 2 do -- as thick as a pen
-                    if a.down then screen.line(a.x + d, a.y, b.x + d, b.y, BAD) end
-                end
-            end
-            local last = trail[#trail]
-            if last and last.down then
-                screen.line(x, last.y, x + w - 1, last.y, GOOD)
-                screen.line(last.x, y, last.x, y + h - 1, GOOD)
-            end
+            draw_strip(x, y, w, strip, place_text, keys)
+            draw_trail(x, top, w, depth, trail)
         end)
         -- While the finger is traced no press is told, so the button below doesn't hear of one.
         custom.set_event_touch(area, function(tx, ty, action)
+            local down = action ~= TOUCH_RELEASED
+            touched = touched or down -- the press that has opened the page is none of its own
+            if not touched then return end
             if ty >= y + h then
-                if action ~= TOUCH_RELEASED then back() end
+                if down then back() end
                 return
             end
-            if ty < y or tx < x or tx >= x + w then return end
-            place_text = tx .. ", " .. ty .. (action == TOUCH_RELEASED and "  up" or "")
-            trail[#trail + 1] = { x = tx, y = ty, down = action ~= TOUCH_RELEASED }
+            place_text = tx .. ", " .. ty .. (down and "" or "  up")
+            local inside = tx > x + 2 and tx < x + w - 3 and ty > top + 2 and ty < top + depth - 3
+            local last = trail[#trail]
+            if inside then
+                trail[#trail + 1] = { x = tx, y = ty, down = down }
+            elseif last then
+                last.down = false
+            end
             if #trail > 200 then table.remove(trail, 1) end
         end)
         canvas.add(root, area)
@@ -301,7 +356,11 @@ function menu.start(page)
     if screen.init() ~= 1 then return end
     measure()
     menu.open(page)
-    qat("dtch=3")
+    local status = qat("dtch=3")
+    if status ~= "OK" then
+        menu.show("No touch", false, "dtch=3 answers " .. (status or "nothing") .. ", so no button can be pressed. "
+            .. "Volume down goes back to the menu, the power key ends it.")
+    end
 end
 
 return menu

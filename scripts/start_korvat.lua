@@ -42,15 +42,22 @@ local battery = menu.page("Battery", {
     { "Voltage", "batc=1" },
     { "Current", "batc=2" },
     { "Capacity", "batc=3" },
-    { "Charger", "scct=0" },
+    { "Temp", "batc=5" },
+    { "Type", "batc=4" },
+    { "Charge on", "scct=1,500" },
+    { "No charge", "scct=0" },
 })
 
 local board = menu.page("Board", {
     { "Temp", "temp=0" },
+    { "USB volts", "adcr=0x8" },
     { "Channels", "adcr=?" },
     { "Clock", "rtcr" },
     { "RF band", "rfbv" },
-    { "Modes", "sysmode=?" },
+    { "Card", "mstt=0" },
+    { "Card size", "mstt=1" },
+    { "Chip", "msmv" },
+    { "Settings", "syscfg=?" },
     { "Camera", "camds" },
 })
 
@@ -59,10 +66,10 @@ local system = menu.page("System", {
     { "Modem", "vers=3" },
     { "Revision", "rev" },
     { "Program", "qatv" },
+    { "Units", "tact" },
     { "Commands", "list" },
-    { "Help", "help" },
-    { "Restart", function() menu.ask("Restart the phone now?", function() menu.run("kill") end) end },
-    { "Power off", function() menu.ask("Switch the phone off now?", function() qat("poff=2000") end) end },
+    { "Restart", function() menu.ask("Restart the phone now?", "kill") end },
+    { "Power off", function() menu.ask("Switch the phone off now?", "poff=2000") end },
 })
 
 menu.start(menu.page("Hardware test", {

@@ -25,10 +25,9 @@ constexpr std::uint32_t LUIGI_KEY_PRESSED = 2; // and repeated
 struct luigi_message {
     std::uint32_t timestamp; // microseconds of tmr_get, set when it is sent
     std::uint32_t type;
-    std::uintptr_t
-        a; // start, stop: the script's path, from malloc, owned by the receiver; touch: x; key: code
-    std::uint32_t b; // touch: y; key: action
-    std::uint32_t c; // touch: action
+    std::uintptr_t a; // start, stop: the script's path, of malloc, the receiver's; touch: x; key: code
+    std::uint32_t b;  // touch: y; key: action
+    std::uint32_t c;  // touch: action
 };
 
 // Starts the queue and the thread, and hears the keys.

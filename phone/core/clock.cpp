@@ -5,11 +5,12 @@
 #include <condition_variable>
 #include <deque>
 #include <list>
-#include <map>
 #include <memory>
 #include <mutex>
 #include <set>
+#include <sys/epoll.h>
 #include <sys/eventfd.h>
+#include <sys/timerfd.h>
 #include <thread>
 #include <unistd.h>
 #include <vector>
@@ -133,34 +134,14 @@ struct thread_mark {
 
 thread_local thread_mark mark;
 
-// A look at threads that work: whether all of them sleep, and haven't run since the last look (then they wait
-// for one another, or for something that the clock can't see: a lock, a condition), and the processor time
-// that they have had since `first` was cleared. Only that tells a thread that works for ever from one that
-// doesn't get to run.
-struct work_look {
-    std::map<pid_t, thread_look> last;
-    std::map<pid_t, long long> first;
-    long long run_ns = 0;
-
-    bool asleep(const std::set<pid_t>& tids)
-    {
-        std::map<pid_t, thread_look> now;
-        run_ns = 0;
-        bool sleep = true;
-        for (const pid_t tid : tids) {
-            const thread_look look = look_at(tid);
-            now[tid] = look;
-            run_ns += look.run_ns - first.try_emplace(tid, look.run_ns).first->second;
-            sleep = sleep && look.sleeps;
-        }
-        sleep = sleep && now == last;
-        last = std::move(now);
-        return sleep;
-    }
-};
+void take_kick()
+{
+    std::uint64_t kicks;
+    [[maybe_unused]] const ssize_t n = ::read(mark.kick_fd, &kicks, sizeof kicks);
+}
 
 // Blocks with `wait_host(timeout)` until it gives a result other than 0, or the deadline comes. wait_host
-// waits for the thread's kick_fd too and gives 0 when only that, or its time-out, ended it.
+// waits for the thread's kick_fd too, takes a kick, and gives 0 when only that, or its time-out, ended it.
 template <typename Wait>
 int block(nanoseconds deadline, Wait wait_host)
 {
@@ -177,8 +158,6 @@ int block(nanoseconds deadline, Wait wait_host)
         const nanoseconds timeout = host_time_to_locked(deadline);
         lock.unlock();
         result = wait_host(timeout);
-        std::uint64_t kicks;
-        [[maybe_unused]] const ssize_t n = ::read(w.kick_fd, &kicks, sizeof kicks);
         lock.lock();
     } while (result == 0 && now_locked() < deadline);
     if (!w.counted)
@@ -194,62 +173,6 @@ timespec to_timespec(nanoseconds t)
     return {t / ns_per_s, t % ns_per_s};
 }
 
-// Expiries run on worker threads, as many as run at the same time; a worker that is through waits on.
-std::deque<std::shared_ptr<std::function<void()>>> expiries;
-std::condition_variable expiries_changed;
-std::size_t idle_workers;
-
-std::set<pid_t> clock_threads; // those of timers and expiries, whose work is known; guarded by clock_mutex
-
-void worker_loop()
-{
-    std::unique_lock lock(clock_mutex);
-    clock_threads.insert(gettid());
-    for (;;) {
-        idle_workers++;
-        expiries_changed.wait(lock, [] { return !expiries.empty(); });
-        idle_workers--;
-        const auto fire = expiries.front();
-        expiries.pop_front();
-        mark.enter_locked(true); // counted by who has handed it over
-        lock.unlock();
-        (*fire)();
-        mark.leave();
-        lock.lock();
-    }
-}
-
-void hand_over_locked(const std::shared_ptr<std::function<void()>>& fire)
-{
-    at_work++;
-    activity++;
-    expiries.push_back(fire);
-    if (idle_workers < expiries.size())
-        std::thread(worker_loop).detach();
-}
-
-void wake_workers(int count)
-{
-    while (count-- > 0)
-        expiries_changed.notify_one();
-}
-
-// Hands over what is due, which counts as work from now on. The result is how many workers are to be woken.
-int fire_due_locked()
-{
-    const nanoseconds now = now_locked();
-    for (int count = 0;; count++) {
-        timer* p_due = nullptr;
-        for (timer& t : timers)
-            if (t.deadline <= now && (p_due == nullptr || t.deadline < p_due->deadline))
-                p_due = &t;
-        if (p_due == nullptr)
-            return count;
-        p_due->deadline = p_due->interval > 0 ? p_due->deadline + p_due->interval : forever;
-        hand_over_locked(p_due->fire);
-    }
-}
-
 nanoseconds next_timer_locked()
 {
     nanoseconds next = forever;
@@ -258,32 +181,105 @@ nanoseconds next_timer_locked()
     return next;
 }
 
-std::condition_variable timers_changed;
-nanoseconds awaited = forever; // until when the timer thread sleeps
+// Expiries run on worker threads. All workers that have nothing to do wait for one timer of the host's, which
+// wakes one of them; there is always one more than expiries run at the same time.
+std::deque<std::shared_ptr<std::function<void()>>> expiries;
+std::size_t idle_workers;
+int host_timer = -1;
+int host_timer_wait = -1; // the epoll descriptor that has the timer
+constexpr nanoseconds not_set = -1;
+nanoseconds host_timer_set = not_set; // the deadline that the timer is set to
 
-void timer_loop()
+std::set<pid_t> clock_threads; // those that run expiries, whose work is known; guarded by clock_mutex
+
+void set_host_timer_locked()
+{
+    const nanoseconds next = expiries.empty() ? next_timer_locked() : 0;
+    if (next == host_timer_set)
+        return;
+    host_timer_set = next;
+    const nanoseconds timeout = next == 0 ? 0 : host_time_to_locked(next);
+    if (timeout == forever)
+        return; // a wake-up of before finds nothing to do
+    itimerspec t{};
+    t.it_value = to_timespec(std::max<nanoseconds>(timeout, 1));
+    timerfd_settime(host_timer, 0, &t, nullptr);
+}
+
+// Queues what is due, which counts as work from now on.
+void queue_due_locked()
+{
+    const nanoseconds now = now_locked();
+    for (;;) {
+        const auto due = std::min_element(timers.begin(), timers.end(), [](const timer& a, const timer& b) {
+            return a.deadline < b.deadline;
+        });
+        if (due == timers.end() || due->deadline > now)
+            return;
+        due->deadline = due->interval > 0 ? due->deadline + due->interval : forever;
+        at_work++;
+        activity++;
+        expiries.push_back(due->fire);
+    }
+}
+
+void worker_loop();
+
+void add_worker_locked()
+{
+    idle_workers++;
+    std::thread(worker_loop).detach();
+}
+
+void worker_loop()
 {
     std::unique_lock lock(clock_mutex);
     clock_threads.insert(gettid());
+    idle_workers--;
     for (;;) {
-        if (const int count = fire_due_locked(); count > 0) {
-            lock.unlock();
-            wake_workers(count);
-            lock.lock();
+        queue_due_locked();
+        std::shared_ptr<std::function<void()>> fire;
+        if (!expiries.empty()) {
+            fire = expiries.front();
+            expiries.pop_front();
+            if (idle_workers == 0)
+                add_worker_locked();
+            mark.enter_locked(true); // its work was counted when it was queued
+        } else {
+            idle_workers++;
         }
-        awaited = next_timer_locked();
-        const nanoseconds timeout = host_time_to_locked(awaited);
-        if (timeout == forever)
-            timers_changed.wait(lock);
-        else
-            timers_changed.wait_for(lock, std::chrono::nanoseconds(std::min(timeout, 3600 * ns_per_s)));
+        set_host_timer_locked();
+        lock.unlock();
+        if (fire) {
+            (*fire)();
+            mark.leave();
+            lock.lock();
+        } else {
+            epoll_event event;
+            epoll_wait(host_timer_wait, &event, 1, -1);
+            lock.lock();
+            host_timer_set = not_set;
+            idle_workers--;
+        }
     }
+}
+
+void start_workers()
+{
+    host_timer = timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK);
+    host_timer_wait = epoll_create1(EPOLL_CLOEXEC);
+    epoll_event event{};
+    event.events = EPOLLIN | EPOLLET;
+    epoll_ctl(host_timer_wait, EPOLL_CTL_ADD, host_timer, &event);
+    const std::lock_guard lock(clock_mutex);
+    add_worker_locked();
 }
 
 void time_changed_locked()
 {
     kick_locked();
-    timers_changed.notify_all();
+    host_timer_set = not_set;
+    set_host_timer_locked();
 }
 
 // The loop waits, and what it waits for isn't there.
@@ -317,7 +313,7 @@ void settle(std::unique_lock<std::mutex>& lock)
 {
     constexpr long long most_run_ns = 200'000'000;
     const auto bound = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    work_look look;
+    threads_look look;
     std::uint64_t seen = activity;
     while (at_work > 0 || loop_has_input_locked()) {
         const auto woken = work_changed.wait_for(lock, std::chrono::microseconds(at_work > 0 ? 500 : 50));
@@ -363,7 +359,8 @@ void clock_sleep_until(nanoseconds deadline)
     block(deadline, [](nanoseconds timeout) {
         pollfd fd{mark.kick_fd, POLLIN, 0};
         const timespec t = to_timespec(timeout);
-        ::ppoll(&fd, 1, timeout == forever ? nullptr : &t, nullptr);
+        if (::ppoll(&fd, 1, timeout == forever ? nullptr : &t, nullptr) > 0)
+            take_kick();
         return 0;
     });
 }
@@ -378,8 +375,10 @@ int clock_poll(pollfd* fds, nfds_t count, nanoseconds timeout)
     return block(deadline, [&](nanoseconds host) {
         const timespec t = to_timespec(host);
         int n = ::ppoll(all.data(), all.size(), host == forever ? nullptr : &t, nullptr);
-        if (n > 0 && all.back().revents != 0)
+        if (n > 0 && all.back().revents != 0) {
+            take_kick();
             n--;
+        }
         for (nfds_t i = 0; i < count; i++)
             fds[i].revents = all[i].revents;
         return n;
@@ -412,6 +411,7 @@ int clock_select(int nfds, fd_set* rd, fd_set* wr, fd_set* ex, nanoseconds timeo
                                 host == forever ? nullptr : &t, nullptr);
         if (n <= 0 || !FD_ISSET(mark.kick_fd, &found[0]))
             return n;
+        take_kick();
         FD_CLR(mark.kick_fd, &found[0]);
         return n - 1;
     });
@@ -458,16 +458,13 @@ timer* find_timer_locked(int id)
 
 bool clock_timer_set(int id, nanoseconds time, nanoseconds interval)
 {
-    std::unique_lock lock(clock_mutex);
+    const std::lock_guard lock(clock_mutex);
     timer* p = find_timer_locked(id);
     if (p == nullptr)
         return false;
     p->deadline = time > 0 ? now_locked() + time : forever;
     p->interval = interval;
-    const bool sooner = p->deadline < awaited;
-    lock.unlock(); // or the thread that is woken would only wait for the lock
-    if (sooner)
-        timers_changed.notify_all();
+    set_host_timer_locked();
     return true;
 }
 
@@ -532,7 +529,7 @@ void clock_step(nanoseconds span)
             w->counted = true;
             at_work++;
         }
-        wake_workers(fire_due_locked());
+        queue_due_locked();
         time_changed_locked();
     }
     phone_base = std::max(phone_base, target);
@@ -559,7 +556,7 @@ bool clock_settle()
 {
     constexpr long long most_run_ns = 1'500'000'000;
     const auto bound = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    work_look look;
+    threads_look look;
     std::unique_lock lock(clock_mutex);
     for (;;) {
         if (loop_idle_locked()) {
@@ -589,7 +586,7 @@ void clock_attach()
         const std::lock_guard lock(clock_mutex);
         mark.enter_locked(false);
     }
-    std::thread(timer_loop).detach();
+    start_workers();
 }
 
 } // namespace phone

@@ -59,7 +59,7 @@ constexpr phone_part parts[] = {
     { "store",  store_attach,    store_seed,       nullptr },
     { "insmod", insmod_attach,   nullptr,          nullptr },
     { "input",  input_attach,    nullptr,          nullptr },
-    { "touch",  touch_panel_attach, touch_panel_seed, nullptr },
+    { "touch",  touch_panel_attach, touch_panel_seed, touch_panel_start },
     { "menu",   nullptr,         scripts_seed,     nullptr },
     { "leds",   leds_attach,     leds_seed,        nullptr },
     { "fb",     framebuffer_attach, nullptr,       framebuffer_start },

@@ -144,7 +144,8 @@ void* co_mmap(void* addr, std::size_t size, int prot, int flags, int fd, off_t o
 
 int co_poll(pollfd* fds, nfds_t count, int timeout_ms)
 {
-    return watched("poll", count > 0 ? path_of(fds[0].fd) : "", -1, [&] {
+    const auto file = count > 0 ? file_of(fds[0].fd) : nullptr;
+    return watched("poll", file != nullptr ? std::string_view(file->path) : "", -1, [&] {
         return clock_poll(fds, count, timeout_ms < 0 ? forever : nanoseconds{timeout_ms} * 1'000'000);
     });
 }

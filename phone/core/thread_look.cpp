@@ -22,6 +22,15 @@ std::string thread_file(pid_t tid, const char* name)
     return {text, static_cast<std::size_t>(std::max<ssize_t>(n, 0))};
 }
 
+// A thread that is gone reads as one that doesn't sleep.
+thread_look look_at(pid_t tid)
+{
+    const std::string stat = thread_file(tid, "stat");
+    const std::size_t name_end = stat.rfind(')');
+    const bool sleeps = name_end != stat.npos && stat.compare(name_end, 3, ") S") == 0;
+    return {sleeps, std::atoll(thread_file(tid, "schedstat").c_str())};
+}
+
 } // namespace
 
 std::set<pid_t> thread_ids()
@@ -33,12 +42,20 @@ std::set<pid_t> thread_ids()
     return tids;
 }
 
-thread_look look_at(pid_t tid)
+bool threads_look::asleep(const std::set<pid_t>& tids)
 {
-    const std::string stat = thread_file(tid, "stat");
-    const std::size_t name_end = stat.rfind(')');
-    const bool sleeps = name_end != stat.npos && stat.compare(name_end, 3, ") S") == 0;
-    return {sleeps, std::atoll(thread_file(tid, "schedstat").c_str())};
+    std::map<pid_t, thread_look> now;
+    run_ns = 0;
+    bool sleep = true;
+    for (const pid_t tid : tids) {
+        const thread_look look = look_at(tid);
+        now[tid] = look;
+        run_ns += look.run_ns - first.try_emplace(tid, look.run_ns).first->second;
+        sleep = sleep && look.sleeps;
+    }
+    sleep = sleep && now == last;
+    last = std::move(now);
+    return sleep;
 }
 
 } // namespace phone

@@ -1,6 +1,7 @@
-// What the host tells of a thread of this process: whether it sleeps, and how long it has run until now.
+// What the host tells of threads of this process: whether they sleep, and how long they have run until now.
 #pragma once
 
+#include <map>
 #include <set>
 #include <sys/types.h>
 
@@ -15,7 +16,16 @@ struct thread_look {
 // The threads of this process.
 std::set<pid_t> thread_ids();
 
-// A thread that is gone reads as one that doesn't sleep.
-thread_look look_at(pid_t tid);
+// A look at threads that work, time after time: whether all of them sleep and haven't run since the look
+// before (then they wait for one another, or for something that the clock can't see: a lock, a condition),
+// and the processor time that they have had since `first` was cleared. Only that tells a thread that works
+// for ever from one that doesn't get to run.
+struct threads_look {
+    std::map<pid_t, thread_look> last;
+    std::map<pid_t, long long> first;
+    long long run_ns = 0;
+
+    bool asleep(const std::set<pid_t>& tids);
+};
 
 } // namespace phone

@@ -20,6 +20,7 @@
 #include "core/home.h"
 #include "core/text.h"
 #include "devices/cell.h"
+#include "devices/converters.h"
 #include "devices/usb_state.h"
 
 namespace phone {
@@ -33,6 +34,9 @@ constexpr std::uint32_t chg_ctrl  = 0x01049;
 constexpr std::uint32_t chg_src   = 0x01308; // live: what feeds the phone
 constexpr std::uint32_t iusb_max  = 0x01344; // from the USB socket
 constexpr std::uint32_t idc_max   = 0x01444; // from the contacts
+constexpr std::uint32_t otg_ctl   = 0x01348;
+constexpr std::uint32_t sw_ctl    = 0x18346;
+constexpr std::uint32_t boost_ctl = 0x1A046;
 
 constexpr std::uint8_t chg_en       = 0x80; // bits of chg_ctrl
 constexpr std::uint8_t force_on_bat = 0x01;
@@ -44,11 +48,11 @@ constexpr pmic_row charger_rows[] = {
     { chg_src,   0x00,  0x00 },
     { iusb_max,  0x05,  0x1F },
     { idc_max,   0x01,  0x1F },
-    { 0x01348,   0x10,  0x11 },   // USB path: feeding the cable
+    { otg_ctl,   0x10,  0x11 },   // USB path: feeding the cable
     { 0x02845,   0x10,  0x13 },   // coin cell: low bits 2 charge it
     { 0x18345,   0x0A,  0xFF },   // 5 V switch: soft start
-    { 0x18346,   0x00,  0xFF },   // 5 V switch
-    { 0x1A046,   0x00,  0x80 },   // 5 V boost
+    { sw_ctl,    0x00,  0xFF },   // 5 V switch
+    { boost_ctl, 0x00,  0x80 },   // 5 V boost
 };
 
 constexpr std::uint32_t flow_registers[] = { ibat_max, chg_ctrl, iusb_max, idc_max };
@@ -59,15 +63,18 @@ struct charger_kind {
     const char* found;     // by the USB driver
     int detect;            // the same as a number
     double most_ma;        // before its voltage breaks down
+    double socket_mv;      // at the USB socket
+    double input_mv;       // at the charger's input, behind socket or contacts
 };
 
 constexpr charger_kind kinds[] = {
-    // name      src   found              detect  most_ma
-    { "none",    0x00, "INVALID_CHARGER", 0,         0 },
-    { "usb",     0x01, "USB_SDP_CHARGER", 1,       500 },
-    { "wall",    0x02, "USB_DCP_CHARGER", 2,      1800 },
-    { "simple",  0x03, "INVALID_CHARGER", 0,      1500 },
+    // name      src   found              detect  most_ma  socket_mv  input_mv
+    { "none",    0x00, "INVALID_CHARGER", 0,         0,       24,        11 },
+    { "usb",     0x01, "USB_SDP_CHARGER", 1,       500,     5012,      4987 },
+    { "wall",    0x02, "USB_DCP_CHARGER", 2,      1800,     5126,      5093 },
+    { "simple",  0x03, "INVALID_CHARGER", 0,      1500,       27,      5034 },
 };
+constexpr double host_power_mv = 5061; // at the socket, from the phone's own boost
 constexpr std::size_t kind_none = 0;
 constexpr std::size_t kind_usb = 1;
 constexpr std::size_t kind_simple = 3;
@@ -87,13 +94,29 @@ struct live_attribute {
     const char* path;
     std::string text;
 };
-enum { at_voltage, at_current, at_capacity, at_temp };
+enum {
+    at_voltage,
+    at_current,
+    at_capacity,
+    at_temp,
+    at_adc_voltage,
+    at_adc_therm,
+    at_adc_temp,
+    at_adc_socket,
+    at_adc_input,
+    attributes
+};
 
 std::mutex battery_mutex; // guards all below
-std::array<live_attribute, 4> live = {{{"/sys/class/power_supply/battery/voltage_now", ""},
-                                       {"/sys/class/power_supply/battery/current_now", ""},
-                                       {"/sys/class/power_supply/battery/capacity", ""},
-                                       {"/sys/class/power_supply/battery/temp", ""}}};
+std::array<live_attribute, attributes> live = {{{"/sys/class/power_supply/battery/voltage_now", ""},
+                                                {"/sys/class/power_supply/battery/current_now", ""},
+                                                {"/sys/class/power_supply/battery/capacity", ""},
+                                                {"/sys/class/power_supply/battery/temp", ""},
+                                                {"/sys/devices/qpnp-vadc-8/vbat_sns", ""},
+                                                {"/sys/devices/qpnp-vadc-8/batt_therm_dflt", ""},
+                                                {"/sys/devices/qpnp-vadc-8/batt_therm", ""},
+                                                {"/sys/devices/qpnp-vadc-8/usb_in", ""},
+                                                {"/sys/devices/qpnp-vadc-8/vchg_sns", ""}}};
 cell model = {first_charge, first_temp_c};
 cell_feed feed;
 nanoseconds last;
@@ -140,17 +163,31 @@ void advance_locked()
     take_registers_locked();
 }
 
-std::array<std::string, 4> texts_locked()
+// At the USB socket, which the phone may feed itself.
+double socket_mv_locked()
+{
+    const bool fed_by_phone = (pmic_get(boost_ctl) & 0x80) != 0 && (pmic_get(sw_ctl) & 0x80) != 0 &&
+                              (pmic_get(otg_ctl) & 0x01) != 0;
+    return fed_by_phone ? std::max(host_power_mv, kinds[kind].socket_mv) : kinds[kind].socket_mv;
+}
+
+std::array<std::string, attributes> texts_locked()
 {
     const auto number_text = [](double value, const char* rest) {
         return std::to_string(std::lround(value)) + rest + "\n";
     };
-    std::array<std::string, 4> texts;
+    const double temp_c = std::round(model.temp_c * 10) / 10;
+    std::array<std::string, attributes> texts;
     texts[at_voltage] = number_text(voltage_mv_locked(), "000");
     texts[at_current] =
         std::lround(current_ma_locked()) == 0 ? "0\n" : number_text(current_ma_locked(), "000");
     texts[at_capacity] = number_text(cell_percent(model), "");
-    texts[at_temp] = number_text(model.temp_c * 10, "");
+    texts[at_temp] = number_text(temp_c * 10, "");
+    texts[at_adc_voltage] = converter_volts(voltage_mv_locked(), 3);
+    texts[at_adc_therm] = converter_therm_volts(temp_c);
+    texts[at_adc_temp] = converter_therm_degrees(temp_c);
+    texts[at_adc_socket] = converter_volts(socket_mv_locked(), 20);
+    texts[at_adc_input] = converter_volts(kinds[kind].input_mv, 20);
     return texts;
 }
 

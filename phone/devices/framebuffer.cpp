@@ -313,4 +313,9 @@ void framebuffer_start()
     }
 }
 
+std::pair<unsigned, unsigned> framebuffer_panel_size()
+{
+    return {buffers[0].width, buffers[0].height};
+}
+
 } // namespace phone

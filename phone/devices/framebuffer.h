@@ -3,9 +3,14 @@
 // only some phones have, and the words `screen` and `pixel`.
 #pragma once
 
+#include <utility>
+
 namespace phone {
 
 void framebuffer_attach();
 void framebuffer_start();
+
+// Width and height of the main panel in pixels, once phone.conf has been read.
+std::pair<unsigned, unsigned> framebuffer_panel_size();
 
 } // namespace phone

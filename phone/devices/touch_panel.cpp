@@ -16,6 +16,7 @@
 #include "core/home.h"
 #include "core/text.h"
 #include "core/watch.h"
+#include "devices/framebuffer.h"
 #include "devices/input.h"
 #include "tools/insmod.h"
 
@@ -71,9 +72,8 @@ constexpr std::uint32_t raw_modes = 13;
 constexpr std::uint32_t first_driver_mode = 100;
 constexpr std::uint32_t driver_modes = 7;
 
-input_device panel{.types = 1u << ev_syn | 1u << ev_key | 1u << ev_abs,
-                   .present = false,
-                   .abs_max = {{abs_x, 1079}, {abs_y, 1919}, {abs_pressure, 255}}};
+input_device panel{
+    .types = 1u << ev_syn | 1u << ev_key | 1u << ev_abs, .present = false, .abs_max = {{abs_pressure, 255}}};
 
 std::mutex panel_mutex; // guards all below
 bool loaded;
@@ -274,6 +274,15 @@ void touch_panel_attach()
     word_add("touchtest", "KIND R1 R2 R3|fail|ok", "what the touch controller's self test gives",
              word_touchtest);
     conf_add("touch", conf_touch);
+}
+
+// The glass lies on the whole panel.
+void touch_panel_start()
+{
+    const auto [width, height] = framebuffer_panel_size();
+    const std::lock_guard lock(panel.mutex);
+    panel.abs_max[abs_x] = static_cast<std::int32_t>(width) - 1;
+    panel.abs_max[abs_y] = static_cast<std::int32_t>(height) - 1;
 }
 
 void touch_panel_seed()

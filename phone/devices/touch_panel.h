@@ -6,5 +6,6 @@ namespace phone {
 
 void touch_panel_attach(); // adds the words `touch` and `touchtest` and the key `touch`
 void touch_panel_seed();
+void touch_panel_start();
 
 } // namespace phone

@@ -12,6 +12,30 @@ a voltage is given in mV, as the converter's code, or not at all
   send     adcr=10,2
   expect   ADCR:,SYNTAX
 
+the battery's and the charger's inputs are what is there
+  conf     charger none
+  phone    battery 3500
+  # 3500 = 0xDAC mV, a third of it at the pin: 0x6000 + 3500 / 3 / 1800 * 0x4000 = 35195 = 0x897B
+  send     adcr=10
+  expect   ADCR:0xdac,OK
+  send     adcr=10,0
+  expect   ADCR:0x897b,OK
+  send     adcr=9
+  # 11 mV, and behind a wall charger 5093
+  expect   ADCR:0xb,OK
+  phone    charger wall
+  send     adcr=9
+  expect   ADCR:0x13e5,OK
+  # a simple charger sits on contacts of its own: 27 mV on the USB socket, until the phone feeds it
+  phone    charger simple
+  send     adcr=8
+  expect   ADCR:0x1b,OK
+  send     ebct=4,1
+  expect   EBCT: ,OK
+  send     adcr=8
+  # 5061
+  expect   ADCR:0x13c5,OK
+
 a temperature has a scaled value of its own
   write    /sys/devices/qpnp-vadc-8/batt_therm_dflt Result:912345 Raw:32877\n
   write    /sys/devices/qpnp-vadc-8/batt_therm Result:-57 Raw:35001\n

@@ -9,6 +9,35 @@ six minutes without the cable and the phone goes off
   phone    clock +350000
   phone    idle
   phone    shell 1 -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg
+  # as if the phone couldn't go off, so that its log can be looked at; it goes off at the next check
+  phone    fail system reboot
+  phone    clock +20000
+  phone    shell 2 -> 0 echo "Powering off after long inactivity." > /dev/kmsg\n0 sync
+  phone    clock run
+  phone    speed 1000
+  off
+
+a battery below 3100 mV for three seconds ends it, with the cable or without
+  # the checks at 60 and 120 s: 3100 mV are enough; two bad seconds are none
+  phone    clock hold
+  phone    battery 3100 -200
+  phone    clock +70000
+  phone    battery 3099 -200
+  phone    clock +51500
+  phone    battery 3100 -200
+  phone    clock +10000
+  phone    shell 1 -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg
+  # at 180 s and on
+  phone    battery 3099 -200
+  phone    fail system reboot
+  phone    clock +55000
+  phone    shell 2 -> 0 echo "Powering off, Battery low voltage." > /dev/kmsg\n0 sync
+  # on a charger there is no estimate, and that ends the check
+  phone    battery 3000 200
+  phone    clock +70000
+  send     case?
+  expect   CASE:false,OK
+  phone    battery 3000 -200
   phone    clock run
   phone    speed 1000
   off

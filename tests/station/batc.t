@@ -11,9 +11,10 @@ voltage, current, capacity, type and temperature of a healthy phone
   expect   BATC:45,3801,-212,OK
   send     batc=4
   expect   BATC:1,OK
-  # 28.4 degrees; the thermistor's voltage of 912000 uV
+  # 28.4 degrees: a thermistor of 100 kilohm and B 4250 has 100 * e^(4250 * (1/301.55 - 1/298.15)) = 85.15 of them,
+  # below 100 kilohm at 1800 mV: 1800 * 85.15 / 185.15 = 828 mV
   send     batc?5
-  expect   BATC:28,912,OK
+  expect   BATC:28,828,OK
 
 the capacity of a voltage and a current that are given, the current as a discharge
   phone    battery 3801 -212
@@ -84,7 +85,7 @@ attributes that somebody has written stay so, with or without a number
   send     batc=1
   expect   BATC:3885,OK
   send     batc=5
-  expect   BATC:-10,912,OK
+  expect   BATC:-10,828,OK
   write    /sys/class/power_supply/battery/voltage_now no number\n
   send     batc=1
   expect   BATC:0,OK

@@ -104,14 +104,11 @@ a charger that doesn't take over is switched on three times more, then the panel
   phone    clock +2000
   phone    charger wall
   phone    clock +2000
+  phone    clock +4000
   write    /system/chargemon.txt (cut)\n
   # 880000 uAh are 36.97 percent of 2380 mAh
-  phone    clock +8000
+  phone    clock +4000
   file     /system/chargemon.txt -> (cut)\n
-  +        [     2.000] 36%, 3773mV, -200mA, 880mAh/1428mAh\n
-  +        [     2.000] Start charging retry 1\n
-  +        [     4.000] 36%, 3773mV, -200mA, 880mAh/1428mAh\n
-  +        [     4.000] Start charging retry 2\n
   +        [     6.000] 36%, 3773mV, -200mA, 880mAh/1428mAh\n
   +        [     6.000] Start charging retry 3\n
   +        [     8.000] 36%, 3773mV, -200mA, 880mAh/1428mAh\n
@@ -157,6 +154,8 @@ a full battery is discharged until it fits, then done on green, and charged agai
   +        [     0.000] Capacity (65) too high,need discharging.\n
   +        [     0.000] Entering discharge state\n
   phone    pixel 1000 1800 -> 000000
+  # it looks after 122, 244 and 366 s, and no time without the cable powers it off
+  phone    clock +366000
   # 3918 + 27 = 3945 mV: 60 + 16 * 5 / 38 = 62, within the margin
   phone    battery 3918 -200
   phone    clock +118000
@@ -164,12 +163,12 @@ a full battery is discharged until it fits, then done on green, and charged agai
   # 120 s aren't above 120 s
   phone    clock +4000
   file     /system/chargemon.txt -> (cut)\n
-  +        [   120.000] 62%, 3918mV, -200mA\n
-  +        [   120.000] waiting for voltage and current stable.\n
-  +        [   122.000] 62%, 3918mV, -200mA\n
-  +        [   122.000] enough time have passed for stable voltage and current.\n
-  +        [   122.000] Discharging done.\n
-  +        [   122.000] Entering done state\n
+  +        [   486.000] 62%, 3918mV, -200mA\n
+  +        [   486.000] waiting for voltage and current stable.\n
+  +        [   488.000] 62%, 3918mV, -200mA\n
+  +        [   488.000] enough time have passed for stable voltage and current.\n
+  +        [   488.000] Discharging done.\n
+  +        [   488.000] Entering done state\n
   phone    pixel 1000 1800 -> 00FF00
   # 3882 + 27 = 3909 mV: 55 + 29 * 5 / 49 = 57, of 2380 mAh 1356
   phone    battery 3882 -200
@@ -177,15 +176,15 @@ a full battery is discharged until it fits, then done on green, and charged agai
   write    /system/chargemon.txt (cut)\n
   phone    clock +2000
   file     /system/chargemon.txt -> (cut)\n
-  +        [   242.000] 57%, 3882mV, -200mA\n
-  +        [   242.000] check if capacity keeps higher than recharge_cap.\n
-  +        [   242.000] capacities read: 57%, 57%, 57%\n
-  +        [   242.000] Starting capacity (57%, 1356mAh).\n
-  +        [   242.000] Starting charging at 1500mA\n
+  +        [   608.000] 57%, 3882mV, -200mA\n
+  +        [   608.000] check if capacity keeps higher than recharge_cap.\n
+  +        [   608.000] capacities read: 57%, 57%, 57%\n
+  +        [   608.000] Starting capacity (57%, 1356mAh).\n
+  +        [   608.000] Starting charging at 1500mA\n
   phone    spmi 1049 -> 80
   file     /sys/class/leds/lcd-backlight/brightness -> 0
 
-charging ends one percent below the target
+charging ends one percent below the target, and begins again when the battery at rest has less than that
   conf     usb off
   conf     charger none
   conf     battery 3892 -200
@@ -198,10 +197,42 @@ charging ends one percent below the target
   phone    battery 4200 10000
   phone    clock +8000
   write    /system/chargemon.txt (cut)\n
+  phone    fail spmi 01049
   phone    clock +2000
   file     /system/chargemon.txt -> (cut)\n
   +        [    10.000] 59%, 4200mV, 10000mA, 1407mAh/1428mAh\n
+  +        [    10.000] charge_set_mode failed.\n
   +        [    10.000] Entering discharge state\n
+  phone    spmi 1049 -> 80
+  # 3882 + 27 = 3909 mV: 55 + 29 * 5 / 49 = 57, of 2380 mAh 1356; looked at after more than 120 s
+  phone    battery 3882 -200
+  phone    clock +120000
+  write    /system/chargemon.txt (cut)\n
+  phone    clock +2000
+  file     /system/chargemon.txt -> (cut)\n
+  +        [   132.000] 57%, 3882mV, -200mA\n
+  +        [   132.000] enough time have passed for stable voltage and current.\n
+  +        [   132.000] capacities read: 57%, 57%, 57%\n
+  +        [   132.000] Starting capacity (57%, 1356mAh).\n
+  +        [   132.000] Starting charging at 1500mA\n
+
+a log that can't be written is done without, and a temperature that can't be read is too hot
+  conf     usb off
+  conf     charger none
+  conf     battery 3773 -200
+  conf     without /sys/class/power_supply/battery/temp
+  strange  any
+  phone    clock hold
+  phone    clock +2000
+  phone    fail open /system/chargemon.txt 5
+  phone    charger wall
+  phone    clock +2000
+  phone    spmi 1049 -> 80
+  phone    fail off -> 0
+  phone    clock +2000
+  file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
+  +        [     0.000] No charger connected.\n
+  +        [     0.000] Error state: Battery temperature too high.\n
   phone    spmi 1049 -> 01
 
 a phone without a battery is an error that says so
@@ -212,12 +243,13 @@ a phone without a battery is an error that says so
   phone    clock hold
   phone    clock +2000
   phone    charger wall
-  phone    clock +2000
+  phone    clock +4000
   file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
   +        [     0.000] No charger connected.\n
   +        [     0.000] USB Wall charger connected.\n
   +        [     0.000] Charger connected.\n
   +        [     0.000] Error state: No valid battery detected.\n
+  +        [     2.000] 0%, 0mV, 0mA\n
   phone    pixel 1000 1800 -> FF0000
 
 a charging phone isn't powered off for its time without the cable

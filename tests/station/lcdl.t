@@ -72,10 +72,12 @@ a panel with one page of memory and 16 bits shows the same screen
   phone    pixel 0 64 -> 838183
   phone    screen -> 720x1280x16 page 0 unblanked mode 0
 
-a console node in front of the panel is put into graphics mode
+a console in front of the panel is put into graphics mode; one that can't be opened keeps the panel off, one that refuses doesn't
   conf     with /dev/tty0
-  phone    fail ioctl /dev/tty0
+  phone    fail open /dev/tty0
   send     lcdl=1,0
   expect   LCDL: ,ERROR
+  phone    fail ioctl /dev/tty0
   send     lcdl=1,0
   expect   LCDL: ,OK
+  phone    fail off -> 0

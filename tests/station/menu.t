@@ -13,6 +13,36 @@ the power key starts the script, and a second press stops it
   phone    idle
   file     /sys/class/leds/red/brightness -> 22
 
+the shipped menu: a page, a command that is well and one that fails, back, and an end in the dark
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  # "Lights", the fourth row of 144 + 16 pixels below the bar; "Red"; the stem of the l of "lctr=13,..."
+  phone    touch 300 690 tap
+  phone    clock +140
+  phone    idle
+  phone    touch 216 186 tap
+  phone    clock +140
+  phone    idle
+  file     /sys/class/leds/red/brightness -> 255
+  phone    pixel 45 1110          -> 007A33
+  phone    fail write /sys/class/leds/red/brightness
+  phone    touch 216 186 tap
+  phone    clock +140
+  phone    idle
+  phone    pixel 45 1110          -> C00000
+  phone    touch 500 1834 tap
+  phone    clock +140
+  phone    idle
+  # here the first page has its seventh button, "System"
+  phone    pixel 45 1110          -> FFFFFF
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  phone    pixel 45 1110          -> 000000
+  # closed with the menu: the next one opens it anew
+  phone    kmsg                   -> Korvat HVT is starting up...
+
 a command gives its status and its text, its lines joined
   write    /system/scripts/start_korvat.lua -- start
   + \nlocal out = io.open("/data/out", "w")
@@ -30,7 +60,7 @@ a command gives its status and its text, its lines joined
   # the usage line of case=1,2 waits for the next command whose text is asked for
   file     /data/out -> case?|OK|CASE:false\nnosuch|NOT FOUND|nil\ncase=1,2|SYNTAX|nil\nlctr=2,1|ERROR|case      [(0,1)]                                           case(en)LCTR: \nlsot|OK|LSOT:0x0000\nkeyb=?|OK|KEYB:Key testkeyb      (0-3)                                             off,string,numeric,columms\ndtst=4,2|OK|DTST:3040,3041,3042,3043,3044\r\n3045,3046,3047,3048,3049\r\n3050,3051,3052,3053,3054\r\n\n|OK|nil\n
 
-touches and keys reach the script, with actions of their own
+keys and touches reach the script with actions of their own, wherever they fall
   write    /system/scripts/start_korvat.lua -- start
   + \nscreen.init()
   + \nlocal out = io.open("/data/out", "w")
@@ -38,31 +68,53 @@ touches and keys reach the script, with actions of their own
   + \ncustom.set_event_touch(c, function(x, y, a) out:write("t", x, ",", y, ",", a, " ") out:flush() end)
   + \ncustom.set_event_key(c, function(k, a) out:write("k", k, ",", a, " ") out:flush() end)
   + \ncanvas.add(root, c)
+  + \ncanvas.add(root, button.new("never", function() out:write("b ") end))
   + \ntaboret.push(root)
   + \nqat("dtch=3")
   phone    key 116 down
   phone    clock +140
   phone    idle
-  phone    key 116 up
-  phone    clock +140
-  phone    idle
   # 2 is the press and 1 the release of a key, and the other way round of a touch
+  phone    key 116 up
   phone    key 114 down
-  phone    clock +140
-  phone    idle
   phone    key 114 repeat
-  phone    clock +140
-  phone    idle
   phone    key 114 up
   phone    clock +140
   phone    idle
-  phone    touch 30 40 down
+  # the custom widget is 480 rows high, and the finger is on the button below it
+  phone    touch 30 510 down
   phone    clock +140
   phone    idle
-  phone    touch 31 41 up
+  phone    touch 31 511 up
   phone    clock +140
   phone    idle
-  file     /data/out -> k116,1 k114,2 k114,2 k114,1 t30,40,1 t31,41,2\x20
+  file     /data/out -> k116,1 k114,2 k114,2 k114,1 t30,510,1 t31,511,2\x20
+
+what waits for more than five seconds is dropped
+  write    /system/scripts/start_korvat.lua -- start
+  + \nlocal root, c = canvas.new(), custom.new()
+  + \nlocal out = io.open("/data/out", "w")
+  + \ncustom.set_event_key(c, function(k, a)
+  + \n  out:write(k, ",", a, " ") out:flush()
+  + \n  while k == 114 and a == 2 and not io.open("/data/go") do end
+  + \nend)
+  + \ncanvas.add(root, c)
+  + \ntaboret.push(root)
+  phone    key 116 down
+  phone    clock +140
+  phone    idle
+  phone    clock hold
+  phone    key 114 down
+  phone    clock +40
+  phone    key 115 down
+  # 115 is to be 6.02 seconds old, 212 4.92
+  phone    clock +1100
+  phone    key 212 down
+  phone    clock +4920
+  write    /data/go 1
+  phone    clock run
+  phone    idle
+  file     /data/out -> 114,2 212,2\x20
 
 a button runs its handler at a press inside it, and nowhere else
   write    /system/scripts/start_korvat.lua -- start
@@ -138,7 +190,7 @@ an error in a handler ends the menu, and the next press starts anew
   file     /sys/class/leds/red/brightness -> 11
 
 a script that never returns doesn't hold the console, and the power key ends it
-  write    /system/scripts/start_korvat.lua while true do end
+  write    /system/scripts/start_korvat.lua while true do pcall(function() while true do end end) end
   phone    key 116 tap
   phone    clock +40
   send     case?
@@ -164,12 +216,12 @@ a script that doesn't compile, and one that never stops calling itself, are told
   phone    idle
   phone    kmsg 2                  -> QAT: luigi: /system/scripts/start_korvat.lua:1: syntax error near 'is'\nQAT: luigi: /system/scripts/start_korvat.lua:1: stack overflow
 
-an endless text is an error of the script
-  write    /system/scripts/start_korvat.lua local s = ("x"):rep(2e8)
+too much memory is an error of the script, which is told where
+  write    /system/scripts/start_korvat.lua local s\ns = ("x"):rep(2e8)
   phone    key 116 tap
   phone    clock +140
   phone    idle
-  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: not enough memory
+  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:2: not enough memory
 
 wrong arguments and wrong widgets are told in words
   write    /system/scripts/start_korvat.lua -- start

@@ -39,11 +39,11 @@ the die temperature comes in thousandths and is cut to degrees
   expect   TEMP: -10,OK
 
 other formats are hexadecimal
-  # 31764 = 0x7C14; 912000 uV / 1000 = 912 = 0x390
+  # 31764 = 0x7C14; 828 mV (see batc) = 0x33C
   send     temp=0
   expect   TEMP: 0x7c14,OK
   send     temp=4,1
-  expect   TEMP: 0x390,OK
+  expect   TEMP: 0x33c,OK
 
 numbers without a channel are syntax errors, and the help
   send     temp=8

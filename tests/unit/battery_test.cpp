@@ -142,14 +142,9 @@ TEST_F(Battery, ValuesThatAreGivenTakeThePlaceOfTheMeasurement)
     set(1, 3, 135);
     measured_ma = -200;
     int percent = 0;
-    int mv = 0;
-    int ma = 0;
-    EXPECT_EQ(battery_read_capacity(&percent, &mv, &ma), 1);
-    // 3800 + 27 = 3827: 45 + 2 * 5 / 22
-    EXPECT_EQ(percent, 45);
-    EXPECT_EQ(mv, 3800);
-    EXPECT_EQ(ma, -200);
-    // what was measured, given back, is a charge now
+    int mv = 3800;
+    int ma = -200;
+    // what is given as a charge
     EXPECT_EQ(battery_read_capacity(&percent, &mv, &ma), 0);
     // the largest numbers that a line can hold
     mv = INT32_MAX;

@@ -15,7 +15,7 @@ constexpr std::size_t BLOCK_BYTES = 16384;
 struct file_map {
     file_map(int fd, std::uint64_t file_size)
     {
-        if (file_size == 0 || file_size > UINT_MAX)
+        if (file_size == 0 || file_size > INT_MAX)
             return;
         void* p = plat_mmap(nullptr, file_size, PROT_READ, MAP_PRIVATE, fd, 0);
         if (p == MAP_FAILED)

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 #include "attr/attr.h"
@@ -15,6 +16,10 @@ constexpr std::uint32_t ADDR_MASK = 0xFFFFF;
 constexpr int MOST_FIELDS = 4096;
 constexpr std::size_t READ_ROOM = 0x10000;
 constexpr std::size_t WRITE_ROOM = 16388;
+
+// The charging monitor reads the charger on the timer thread while a station uses the bus: an address that
+// changes under a transfer would turn it to another register.
+std::recursive_mutex transfer_mutex;
 
 int write_attr(unsigned bus, const char* name, const char* text)
 {
@@ -56,6 +61,7 @@ int spmi_linux_read(unsigned bus, std::uint32_t addr, std::uint8_t* p_buf, std::
 {
     if (len > SPMI_MOST_READ)
         return 0;
+    const std::lock_guard lock(transfer_mutex);
     char path[64];
     std::snprintf(path, sizeof path, "/sys/kernel/debug/spmi/spmi-%u/data", bus);
     const auto p_text = std::make_unique<char[]>(READ_ROOM);
@@ -70,6 +76,7 @@ int spmi_linux_write(unsigned bus, std::uint32_t addr, const std::uint8_t* p_buf
     constexpr std::size_t ITEM = std::char_traits<char>::length("0xFF ");
     if (len == 0 || len * ITEM > WRITE_ROOM - ITEM)
         return 0;
+    const std::lock_guard lock(transfer_mutex);
     const auto p_text = std::make_unique<char[]>(WRITE_ROOM);
     scf_bin_to_hexstr(p_text.get(), WRITE_ROOM, p_buf, static_cast<int>(len), 1, ' ');
     return set_address(bus, addr) != 0 && write_attr(bus, "data", p_text.get()) != 0 ? 1 : 0;
@@ -80,6 +87,7 @@ int spmi_linux_masked_write(unsigned bus, std::uint8_t mask, std::uint32_t addr,
 {
     if (len > SPMI_MOST_READ)
         return 0;
+    const std::lock_guard lock(transfer_mutex);
     std::vector<std::uint8_t> bytes(len);
     if (spmi_linux_read(bus, addr, bytes.data(), len) == 0)
         return 0;

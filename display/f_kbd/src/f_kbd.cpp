@@ -1,5 +1,6 @@
 #include "f_kbd/f_kbd.h"
 
+#include <atomic>
 #include <cstdio>
 
 #include "cio_v2/cio.h"
@@ -24,8 +25,9 @@ constexpr int CAMD_STATUS = 5;
 constexpr int CAMD_LAST_MOVE = 4; // close, open and the like: this phone's cover is moved by hand
 
 kbd_observer f_kbd_observer;
-int f_kbd_client;
-int f_kbd_form = FORM_OFF; // FORM_OFF: the test isn't active
+// The command may come from a menu while the main loop reports.
+std::atomic<int> f_kbd_client;
+std::atomic<int> f_kbd_form = FORM_OFF; // FORM_OFF: the test isn't active
 
 void report_string(int code, const char* action)
 {
@@ -109,7 +111,8 @@ int do_keyb(int id, int action, int argc, const dcp_word* argv)
         dcp_printf(id, "keyb", "0x%x", f_kbd_form != FORM_OFF ? 1u : 0u);
         return DCP_OK;
     }
-    const int as_it_is = f_kbd_form != FORM_OFF ? f_kbd_form : FORM_STRING;
+    const int active_form = f_kbd_form;
+    const int as_it_is = active_form != FORM_OFF ? active_form : FORM_STRING;
     const int form = argc > 0 ? dcp_int(argv[0]) : as_it_is;
     if (form < FORM_OFF || form > FORM_LAST) {
         dcp_printf(id, "keyb", " Control value out of range: %d ", form);

@@ -70,9 +70,12 @@ void draw_bar(const touch_event& e, std::uint32_t left, std::uint32_t up, std::u
 {
     static const std::uint32_t screen_w = screen_width();
     static const std::uint32_t screen_h = screen_height();
-    const std::uint32_t x = std::min(e.x > left ? e.x - left : 0, screen_w);
-    const std::uint32_t y = std::min(e.y > up ? e.y - up : 0, screen_h);
-    screen_rectangle(x, y, w, h, CROSS_COLOUR, CROSS_COLOUR, 1);
+    const auto on_screen = [](std::uint32_t at, std::uint32_t before, std::uint32_t size) {
+        const std::int64_t place = std::int64_t{static_cast<std::int32_t>(at)} - before;
+        return static_cast<std::uint32_t>(std::clamp<std::int64_t>(place, 0, size));
+    };
+    screen_rectangle(on_screen(e.x, left, screen_w), on_screen(e.y, up, screen_h), w, h, CROSS_COLOUR,
+                     CROSS_COLOUR, 1);
 }
 
 void draw_cross(const touch_event& e)

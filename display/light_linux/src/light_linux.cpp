@@ -1,5 +1,6 @@
 #include "light_linux/light_linux.h"
 
+#include <atomic>
 #include <cstdio>
 
 #include "attr/attr.h"
@@ -10,7 +11,7 @@ namespace {
 struct led_row {
     light_dev dev; // first: the light's set function gets its address
     const char* path;
-    std::uint16_t level; // as it was last set
+    std::atomic<std::uint16_t> level; // as it was last set, by whatever thread
 };
 
 int linux_led_set(light_dev* p_dev, std::uint16_t level)

@@ -95,7 +95,7 @@ void end_failed_menu(const std::string& error)
     luigi_state_close();
     luigi_default_running = false;
     luigi_report_log(error);
-    luigi_report_page(error, "The power key starts it again");
+    luigi_report_page(error, "The power key starts it again.");
 }
 
 void draw_menu()
@@ -119,7 +119,7 @@ void start_menu(const char* path)
     }
     luigi_report_log(error);
     if (there)
-        luigi_report_page(error, "Press the power key twice to try again");
+        luigi_report_page(error, "Press the power key twice to try again.");
 }
 
 void stop_menu(const char* path)
@@ -129,7 +129,8 @@ void stop_menu(const char* path)
         return;
     if (!luigi_state_stop(path, error))
         return luigi_report_log(error);
-    luigi_state_update(error);
+    if (!luigi_state_update(error))
+        luigi_report_log(error);
     luigi_state_close();
 }
 

@@ -253,8 +253,10 @@ int luigi_os_load(lua_State* L, const char* path, const char* mode)
         lua_pushfstring(L, "cannot open %s: %s", own.c_str(), std::strerror(errno));
         return LUA_ERRFILE;
     }
-    // The line that names an interpreter is none of the script's, but it counts.
-    const std::size_t start = text.starts_with('#') ? std::min(text.find('\n'), text.size()) : 0;
+    // An editor's mark of UTF-8 is skipped; of a line that names an interpreter the line end stays, to count.
+    std::size_t start = text.starts_with("\xEF\xBB\xBF") ? 3 : 0;
+    if (text.substr(start, 1) == "#")
+        start = std::min(text.find('\n'), text.size());
     return luaL_loadbufferx(L, text.data() + start, text.size() - start, ("@" + own).c_str(), mode);
 }
 

@@ -15,21 +15,33 @@ constexpr std::uint32_t WHITE = 0xFFFFFF;
 constexpr std::uint32_t RED = 0xC00000;
 constexpr std::uint32_t BLACK = 0x000000;
 
-// Prints a text in lines from `y` on, broken behind a blank where one is near; the place below it.
+// The first line of a text, of at most `room` characters: it ends at a blank, or behind a slash, if one is
+// near.
+std::string_view first_line(std::string_view text, std::size_t room)
+{
+    if (text.size() <= room)
+        return text;
+    const std::string_view line = text.substr(0, room);
+    const std::size_t at = text.substr(0, room + 1).find_last_of(" /");
+    if (at == line.npos || at <= room / 2)
+        return line;
+    return text[at] == '/' ? text.substr(0, std::min(at + 1, room)) : text.substr(0, at);
+}
+
+// Prints a text in lines from `y` on, with dots for what has no room; the place below it.
 std::uint32_t print_wrapped(std::string_view text, std::uint32_t y, std::uint32_t colour)
 {
     const std::uint32_t margin = screen_char_width() / 2;
+    const std::uint32_t row = screen_char_height() * 5 / 4;
     const std::size_t room =
-        std::max<std::size_t>((screen_width() - margin) / std::max(screen_char_width(), 1u), 1);
-    while (!text.empty()) {
-        std::size_t end = std::min(room, text.size());
-        if (const std::size_t blank = text.substr(0, end).rfind(' ');
-            end < text.size() && blank != text.npos && blank > room / 2)
-            end = blank;
-        screen_print(std::string(text.substr(0, end)).c_str(), margin, y, colour);
-        text.remove_prefix(end);
+        std::max<std::size_t>((screen_width() - 2 * margin) / std::max(screen_char_width(), 1u), 1);
+    while (!text.empty() && y + row <= screen_height()) {
+        const std::string_view line = first_line(text, room);
+        const bool last = y + 2 * row > screen_height() && line.size() < text.size();
+        screen_print(last ? "..." : std::string(line).c_str(), margin, y, colour);
+        text.remove_prefix(line.size());
         text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-        y += screen_char_height() * 5 / 4;
+        y += row;
     }
     return y;
 }
@@ -51,8 +63,8 @@ void luigi_report_page(const std::string& message, const char* hint)
         return;
     screen_clear(WHITE);
     std::uint32_t y = screen_char_height();
-    y = print_wrapped("The menu has ended: its script failed", y, RED) + screen_char_height();
-    y = print_wrapped(message, y, BLACK) + screen_char_height();
-    print_wrapped(hint, y, RED);
+    y = print_wrapped("The menu has ended: its script failed.", y, RED);
+    y = print_wrapped(hint, y, RED) + screen_char_height();
+    print_wrapped(message, y, BLACK);
     screen_invalidate();
 }

@@ -1,6 +1,9 @@
 #include "luigi_state.h"
 
+#include <array>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <lua.hpp>
 
 #include "cfg/cfg.h"
@@ -25,16 +28,39 @@ std::size_t memory_used;
 // When the script that is running was first seen to run on though a stop is wanted; 0 if it wasn't.
 std::uint64_t runs_on_since;
 
+// "file:line: " of the innermost function of a script that runs; empty when there is none.
+using place_text = std::array<char, LUA_IDSIZE + 16>;
+place_text memory_place; // where memory was refused last
+
+place_text running_place(lua_State* state)
+{
+    place_text place{};
+    lua_Debug ar;
+    for (int level = 0; place[0] == '\0' && lua_getstack(state, level, &ar) != 0; level++)
+        if (lua_getinfo(state, "Sl", &ar); ar.currentline > 0)
+            std::snprintf(place.data(), place.size(), "%s:%d: ", ar.short_src, ar.currentline);
+    return place;
+}
+
+// Lua's own messages begin with "file:line:".
+bool has_place(const char* text)
+{
+    const char* const p = std::strchr(text, ':');
+    const std::size_t digits = p != nullptr ? std::strspn(p + 1, "0123456789") : 0;
+    return digits > 0 && p[1 + digits] == ':';
+}
+
 void* allocate(void*, void* p, std::size_t old_size, std::size_t size)
 {
     const std::size_t old = p != nullptr ? old_size : 0; // without a block it tells the kind of object
-    if (size > old && memory_used + (size - old) > MOST_MEMORY)
-        return nullptr;
+    const bool too_much = size > old && memory_used + (size - old) > MOST_MEMORY;
     void* p_new = nullptr;
-    if (size == 0)
+    if (size == 0) {
         std::free(p);
-    else if ((p_new = std::realloc(p, size)) == nullptr)
+    } else if (too_much || (p_new = std::realloc(p, size)) == nullptr) {
+        memory_place = L != nullptr ? running_place(L) : place_text{};
         return nullptr;
+    }
     memory_used += size - old;
     return p_new;
 }
@@ -47,6 +73,9 @@ void check_stop(lua_State* state, lua_Debug*)
     if (runs_on_since == 0)
         runs_on_since = now;
     else if (now - runs_on_since > STOP_PATIENCE_US) {
+        // A pcall of the script's own may catch it, so it comes again with the next instruction.
+        lua_sethook(state, check_stop, LUA_MASKCOUNT, 1);
+        lua_sethook(L, check_stop, LUA_MASKCOUNT, 1);
         luaL_where(state, 0);
         lua_pushliteral(state, "the script doesn't return, and the menu was to stop");
         lua_concat(state, 2);
@@ -54,10 +83,15 @@ void check_stop(lua_State* state, lua_Debug*)
     }
 }
 
-// A message of any error value; what it says of places comes with the phone's own paths.
+// A message of any error value, with its place.
 int to_message(lua_State* state)
 {
-    luaL_tolstring(state, 1, nullptr);
+    const char* const text = luaL_tolstring(state, 1, nullptr);
+    if (!has_place(text)) {
+        lua_pushstring(state, running_place(state).data());
+        lua_insert(state, -2);
+        lua_concat(state, 2);
+    }
     return 1;
 }
 
@@ -77,18 +111,20 @@ int silent_print(lua_State* state)
 bool run_protected(lua_CFunction fn, void* arg, std::string& error)
 {
     runs_on_since = 0;
+    lua_sethook(L, check_stop, LUA_MASKCOUNT, HOOK_PERIOD);
     lua_settop(L, 0);
     lua_pushcfunction(L, to_message);
     lua_pushcfunction(L, fn);
     lua_pushlightuserdata(L, arg);
-    const bool done = lua_pcallk(L, 1, 0, 1, 0, nullptr) == LUA_OK;
-    if (!done) {
+    const int status = lua_pcallk(L, 1, 0, 1, 0, nullptr);
+    if (status != LUA_OK) {
         const char* const text =
             lua_type(L, -1) == LUA_TSTRING ? lua_tostring(L, -1) : "an error without a text";
-        error = luigi_os_phone_paths(text);
+        const char* const place = status == LUA_ERRMEM ? memory_place.data() : ""; // no handler for those
+        error = luigi_os_phone_paths(std::string(place) + text);
     }
     lua_settop(L, 0);
-    return done;
+    return status == LUA_OK;
 }
 
 // `qat` to another instance where one is configured, otherwise to this one.
@@ -182,7 +218,6 @@ bool luigi_state_start(const char* path, std::string& error)
         return false;
     }
     lua_atpanic(L, panic);
-    lua_sethook(L, check_stop, LUA_MASKCOUNT, HOOK_PERIOD);
     if (run_protected(prepare_and_run, as_argument(path), error))
         return true;
     luigi_state_close();

@@ -68,7 +68,7 @@ bool load_driver(touch_config* p_cfg)
         line = std::string("insmod /system/modules/") + p_cfg->module;
     else if (p_cfg->load_cmd != nullptr)
         line = p_cfg->load_cmd;
-    if (line.empty() || plat_system(line.c_str()) != 0)
+    if (!line.empty() && plat_system(line.c_str()) != 0)
         return false;
     p_cfg->loaded = 1;
     return true;

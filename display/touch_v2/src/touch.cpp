@@ -101,7 +101,8 @@ int touch_start_evt_hnd(int mode)
     if (!is_polled()) {
         if (events_on.exchange(true))
             return 0;
-        return touch_tab.start_evt_hnd != nullptr ? touch_tab.start_evt_hnd(mode) : 0;
+        events_on = touch_tab.start_evt_hnd != nullptr && touch_tab.start_evt_hnd(mode) != 0;
+        return events_on ? 1 : 0;
     }
     std::uintptr_t none = 0;
     const std::uintptr_t run = ++last_run;

@@ -31,6 +31,13 @@ void set_led(std::uint16_t level)
         light_set(LIGHT_ZONE_MMI, SUBZONE_RED, level);
 }
 
+std::uint32_t charge_with(int mode, std::uint32_t ma)
+{
+    charge_set_mode(mode);
+    charge_set_current(ma, 0);
+    return ma;
+}
+
 } // namespace
 
 void chmon_log(const char* fmt, ...)
@@ -76,11 +83,14 @@ int chmon_median_percent()
 
 std::uint32_t chmon_start_charger()
 {
-    const bool simple = chmon_fsm.charger == CHARGER_SIMPLE;
-    const std::uint32_t ma = simple ? cmcfg.simple_current : cmcfg.wall_current;
-    charge_set_mode(simple ? CHARGE_SIMPLE : CHARGE_USB);
-    charge_set_current(ma, 0);
-    return ma;
+    switch (chmon_fsm.charger) {
+    case CHARGER_WALL:
+        return charge_with(CHARGE_USB, cmcfg.wall_current);
+    case CHARGER_SIMPLE:
+        return charge_with(CHARGE_SIMPLE, cmcfg.simple_current);
+    default:
+        return 0; // it is gone, and the phone not yet off
+    }
 }
 
 void chmon_toggle_led()

@@ -32,11 +32,14 @@ int fail(const char* message)
     return go(me.error);
 }
 
-// The time since the last tick in ms, counted in the session and in `p_own`, which may be null.
+// The time since the last tick in ms, counted in the session and in `p_own`, which may be null. The clock is
+// the wall's: it wraps, and may be set back.
 std::uint32_t advance(std::uint32_t* p_own)
 {
     const std::uint32_t now = tmr_get();
-    const std::uint32_t dt = (now - me.last_time) / 1000;
+    const auto us = static_cast<std::int32_t>(now - me.last_time);
+    const std::uint32_t dt =
+        (us < 0 ? 0U - static_cast<std::uint32_t>(us) : static_cast<std::uint32_t>(us)) / 1000;
     me.last_time = now;
     me.total_ms += dt;
     if (p_own != nullptr)
@@ -120,6 +123,7 @@ int idle_change()
     if (me.charger != CHARGER_WALL && me.charger != CHARGER_SIMPLE)
         return 0;
     chmon_log("Charger connected.");
+    begin_time();
     if (!battery_is_valid())
         return fail("No valid battery detected");
     return cmcfg.voltage_mode != 0 ? idle_by_voltage() : idle_by_capacity();

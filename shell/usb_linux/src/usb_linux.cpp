@@ -1,8 +1,8 @@
 #include "usb_linux/usb_linux.h"
 
+#include "attr/attr.h"
 #include "cfg/cfg.h"
 #include "charge/charge.h"
-#include "plat/plat.h"
 #include "tmr/tmr.h"
 #include "uevent/uevent.h"
 #include "usb/usb.h"
@@ -11,14 +11,14 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 #include <mutex>
-#include <string>
 
 namespace {
 
 constexpr const char* detect_path = "/sys/devices/platform/msm_hsusb/gadget/detect";
-constexpr std::size_t MAX_PARAM = 64;
-constexpr int STATE_FIELD = 3; // of the gadget's uevent
+constexpr std::size_t PARAM_ROOM = 65; // 64 characters
+constexpr int STATE_FIELD = 3;         // of the gadget's uevent
 constexpr std::uint32_t RECHECK_MS = 5;
 constexpr std::uint32_t VBUS_CHECK_US = 100'000;
 constexpr std::uint32_t DEFAULT_TIMEOUT_US = 500'000;
@@ -47,32 +47,17 @@ bool vbus_runs;
 bool vbus_wanted; // asked for since its last round
 tmr_link tmr_vbus_check;
 
-// The text of an attribute; false when it can't be read.
-bool read_param(const char* path, std::string* p_text)
-{
-    const int fd = plat_open(path, O_RDONLY);
-    if (fd < 0)
-        return false;
-    char buf[MAX_PARAM] = {};
-    const ssize_t got = plat_read(fd, buf, sizeof buf);
-    plat_close(fd);
-    if (got < 0)
-        return false;
-    *p_text = std::string(buf, strnlen(buf, sizeof buf));
-    return true;
-}
-
 int get_charger_type(int* p_val)
 {
-    std::string text;
-    if (read_param(detect_path, &text) && std::sscanf(text.c_str(), "%d", p_val) == 1)
+    char text[PARAM_ROOM];
+    if (attr_read(detect_path, text, sizeof text) == ATTR_OK && std::sscanf(text, "%d", p_val) == 1)
         return 1;
     const char* path = cfg_get_str("chg_type", "chg_type_path", nullptr);
-    if (!path || !read_param(path, &text))
+    if (!path || attr_read(path, text, sizeof text) != ATTR_OK)
         return 0;
     int found = -1;
     for (int type = 0; type < static_cast<int>(std::size(usb_type)); type++)
-        if (text.find(usb_type[type]) != std::string::npos)
+        if (std::strstr(text, usb_type[type]))
             found = type;
     if (found < 0)
         return 0;
@@ -82,14 +67,14 @@ int get_charger_type(int* p_val)
 
 int usb_linux_get(int item, int* p_val)
 {
-    std::string text;
+    char text[PARAM_ROOM];
     switch (item) {
     case USB_GET_CHARGER_TYPE:
         return get_charger_type(p_val);
     case USB_GET_CONNECTED:
-        if (!read_param(config.state_path, &text))
+        if (attr_read(config.state_path, text, sizeof text) != ATTR_OK)
             return 0;
-        *p_val = text.find(config.connected) != std::string::npos;
+        *p_val = std::strstr(text, config.connected) != nullptr;
         return 1;
     default:
         return 0;

@@ -1,0 +1,12 @@
+// A panel for benchmarks without the phone: a framebuffer of 1080 by 1920 pixels at 32 bits in plain memory,
+// beside the host's own files.
+#pragma once
+
+#include <cstddef>
+
+constexpr unsigned WIDTH = 1080, HEIGHT = 1920;
+constexpr std::size_t FRAME = std::size_t{WIDTH} * HEIGHT * 4;
+
+// A new panel with this many pages of memory, configured as the main screen, and the screen modules made
+// ready for it; it is for screen_start to open it. Ends the program when there is no memory.
+void bench_panel(unsigned pages);
