@@ -248,6 +248,7 @@ int run_prompt()
     stifle_history(history_lines);
     std::puts("The phone is on. Type a command (help, case?, ...); Ctrl-D ends.");
     rl_bind_key('\t', rl_insert);
+    rl_variable_bind("enable-bracketed-paste", "off"); // lines that are pasted are lines, one after the other
     show_prompt();
     while (!over) {
         pollfd fds[3] = {{STDIN_FILENO, POLLIN, 0}, {port, POLLIN, 0}, {control, POLLIN, 0}};
