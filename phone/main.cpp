@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "check/check.h"
 #include "core/log.h"
 #include "core/power.h"
 #include "core/table.h"
@@ -53,6 +54,7 @@ int main(int argc, char** argv)
         std::_Exit(1);
     }
     plat_attach(&phone::phone_co);
+    check_watch(phone::power_program_stopped);
     const int status = s_main(argc, argv);
     phone::log_flush();
     // The phone's threads live on; what they use must not be torn down.

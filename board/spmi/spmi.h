@@ -5,8 +5,9 @@
 #include <cstddef>
 #include <cstdint>
 
-// The most that one reading gives; less when `addr` stands inside a row of 16.
+// The most that one reading gives from the start of a row of registers; `addr % SPMI_ROW` less inside it.
 constexpr std::size_t SPMI_MOST_READ = 4095;
+constexpr std::uint32_t SPMI_ROW = 16;
 
 struct spmi_co {
     int (*read)(unsigned bus, std::uint32_t addr, std::uint8_t* p_buf, std::size_t len);

@@ -27,8 +27,7 @@ int main(int argc, char** argv)
     }
     const int fd = control_connect(argv[1]);
     if (fd < 0) {
-        std::fprintf(stderr, "hvt: no phone is running in %s; \"./hvt up %s\" starts one\n", argv[1],
-                     argv[1]);
+        control_say_why(argv[1]);
         return 1;
     }
     std::string line;

@@ -49,6 +49,14 @@ int control_connect(const std::string& dir)
     return fd;
 }
 
+void control_say_why(const char* dir)
+{
+    if (errno == ENOENT || errno == ENOTDIR || errno == ECONNREFUSED)
+        std::fprintf(stderr, "hvt: no phone is running in %s; \"./hvt up %s\" starts one\n", dir, dir);
+    else
+        std::fprintf(stderr, "hvt: the phone in %s can't be reached: %s\n", dir, std::strerror(errno));
+}
+
 bool control_ask(int fd, std::string_view line, std::string& answer, int timeout_ms)
 {
     const std::string request = std::string(line) + "\n";
@@ -75,9 +83,7 @@ bool control_ask(int fd, std::string_view line, std::string& answer, int timeout
     }
     const std::string_view last = last_line(answer);
     if (last == "ok") {
-        answer.erase(answer.size() - std::min(answer.size(), std::size_t{4}));
-        if (answer == "ok\n" || answer == "ok")
-            answer.clear();
+        answer.erase(answer.size() - std::min(answer.size(), std::size_t{4})); // "ok" between its line ends
         return true;
     }
     answer = std::string(last.substr(7));

@@ -37,6 +37,8 @@ std::string read_line(int line, std::string_view text)
     if (found.empty())
         return {};
     if (word_keys.contains(found[0])) {
+        if (found.size() == 1)
+            return wrong_line(line, found[0] + " wants a value");
         word_lines.push_back({line, std::string(trimmed(text.substr(0, text.find('#'))))});
         return {};
     }
@@ -90,7 +92,7 @@ std::string conf_read()
     for (int line = 1; std::getline(file, text); line++)
         if (std::string wrong = read_line(line, text); !wrong.empty())
             return wrong;
-    return {};
+    return file.bad() ? path + ": can't be read: " + std::strerror(errno) : "";
 }
 
 std::string conf_run_words()

@@ -86,15 +86,24 @@ void accept_loop(int listener)
     }
 }
 
+std::string no_word(std::string_view name)
+{
+    return "no word \"" + escaped(name) + "\"; \"help\" lists them";
+}
+
 std::string list_words(request& rq)
 {
+    if (rq.args.size() > 1)
+        return "one word at most is wanted";
     for (const auto& [name, w] : control_words) {
+        if (!rq.args.empty() && name != rq.args[0])
+            continue;
         std::string line = name + (w.usage.empty() ? "" : " " + w.usage);
         if (line.size() < 40)
             line.resize(40, ' ');
         rq.answer += (rq.answer.empty() ? "" : "\n") + line + " " + w.help;
     }
-    return {};
+    return rq.answer.empty() ? no_word(rq.args[0]) : "";
 }
 
 } // namespace
@@ -110,11 +119,13 @@ std::string control_request(std::string_view line)
     const std::string_view name = line.substr(0, line.find_first_of(" \t"));
     const auto found = control_words.find(name);
     if (found == control_words.end())
-        return "error: no word \"" + escaped(name) + "\"; \"help\" lists them\n";
+        return "error: " + no_word(name) + "\n";
     request rq;
     rq.rest = std::string(trimmed(line.substr(name.size())));
     rq.args = words(rq.rest);
-    const std::string wrong = found->second.fn(rq);
+    const std::string wrong = found->second.usage.empty() && !rq.args.empty()
+                                  ? std::string(name) + " takes nothing behind it"
+                                  : found->second.fn(rq);
     if (!wrong.empty())
         return "error: " + wrong + "\n";
     return (rq.answer.empty() ? "" : rq.answer + "\n") + "ok\n";
@@ -122,7 +133,7 @@ std::string control_request(std::string_view line)
 
 std::string control_start()
 {
-    word_add("help", "", "lists the words of this build", list_words);
+    word_add("help", "[WORD]", "lists the words of this build, or tells of one", list_words);
     const std::string path = home_path("control");
     const int dir = open(home_path("").c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
     const int listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);

@@ -17,7 +17,8 @@ struct request {
 // Carries out a request; the result is empty, or why it can't be done.
 using word_fn = std::string (*)(request& rq);
 
-// `usage` shows the values, `help` says the effect in a few words. Only before control_start.
+// `usage` shows the values, `help` says the effect in a few words. A word without a usage is refused with
+// anything behind it. Only before control_start.
 void word_add(std::string_view name, std::string_view usage, std::string_view help, word_fn fn);
 
 // Carries out one request line; the result is what goes back, final line included.

@@ -94,8 +94,6 @@ ssize_t write_attribute(open_file& file, const void* buf, std::size_t size)
 
 std::string word_files(request& rq)
 {
-    if (!rq.args.empty())
-        return "nothing is wanted";
     const std::lock_guard lock(table_mutex);
     for (const auto& file : table)
         if (file != nullptr)

@@ -115,7 +115,7 @@ std::string show(log_name log, request& rq)
     std::int64_t count = 20;
     if (!rq.args.empty()) {
         const auto given = number(rq.args[0]);
-        if (!given || *given < 1 || *given > 100000)
+        if (rq.args.size() > 1 || !given || *given < 1 || *given > 100000)
             return "a count of lines from 1 to 100000 is wanted";
         count = *given;
     }

@@ -1,5 +1,6 @@
 #include "core/power.h"
 
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -27,7 +28,7 @@ namespace {
 constexpr const char* handed_on = "HVT_PHONE_HANDED_ON"; // "lock,master,slave": descriptors over a restart
 
 char** own_argv;
-int starter = -1; // who waits for a start in the background
+std::atomic<int> starter = -1; // who waits for a start in the background
 
 void take_up_handed_on()
 {
@@ -115,6 +116,7 @@ void tell_starter()
     leave_terminal();
     [[maybe_unused]] const ssize_t n = write(starter, "1", 1);
     close(starter);
+    starter = -1;
 }
 
 std::string boot(const start_options& options)
@@ -175,6 +177,17 @@ std::string power_on(const start_options& options, char** argv)
     std::thread(signal_loop).detach();
     std::thread(finish_start).detach();
     return {};
+}
+
+void power_program_stopped(const char* expr, const char* file, int line)
+{
+    const char* const slash = std::strrchr(file, '/');
+    const std::string text = std::string("the program stopped itself: ") + expr + ", " +
+                             (slash != nullptr ? slash + 1 : file) + " line " + std::to_string(line);
+    log_line(log_kmsg, "phone: " + text);
+    log_flush();
+    if (starter >= 0)
+        std::fprintf(stderr, "hvt: %s\n", text.c_str());
 }
 
 void power_off()

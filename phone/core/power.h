@@ -16,6 +16,10 @@ struct start_options {
 // Boots the phone in DIR up to where the program can start. The result is empty, or what is wrong.
 std::string power_on(const start_options& options, char** argv);
 
+// The program ends itself at a check of its own, without a word: the phone's kernel log tells which, and who
+// waits for a start in the background is told.
+void power_program_stopped(const char* expr, const char* file, int line);
+
 // Never return.
 [[noreturn]] void power_off();
 [[noreturn]] void power_restart();

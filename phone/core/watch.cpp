@@ -140,6 +140,20 @@ std::size_t words_of_target(const std::string& first)
     return first == "i2c" ? 4 : first == "spmi" ? 2 : 1;
 }
 
+// What is wrong with a count or a kind at the end, which is no part of the pattern whatever its value.
+std::string wrong_end(const std::vector<std::string>& args)
+{
+    const std::size_t words = args.size();
+    if (words == 0 || words <= words_of_target(args[0]))
+        return {};
+    rule ignored{};
+    if (args[words - 2] == "slow")
+        return read_count_and_kind(args, words - 2, ignored);
+    return args[words - 1] == "slow" || number(args[words - 1])
+               ? read_count_and_kind(args, words - 1, ignored)
+               : "";
+}
+
 // The pattern may hold blanks: it ends before a count or a kind.
 std::string word_fail(request& rq)
 {
@@ -154,6 +168,8 @@ std::string word_fail(request& rq)
         const std::string wrong = read_count_and_kind(rq.args, 2, r);
         return wrong.empty() ? add_rule(r) : wrong;
     }
+    if (std::string wrong = wrong_end(rq.args); !wrong.empty())
+        return wrong;
     std::size_t end = rq.args.size();
     for (std::size_t i = end > 0 ? words_of_target(rq.args[0]) : 0; i < end; i++) {
         rule probe = r;
@@ -203,6 +219,8 @@ std::string word_strange(request& rq)
         strange_things.clear();
         return {};
     }
+    if (!rq.args.empty())
+        return "off or nothing is wanted";
     for (const auto& [what, count] : strange_things)
         rq.answer += (rq.answer.empty() ? "" : "\n") + std::to_string(count) + " " + what;
     return {};
@@ -294,10 +312,16 @@ void strange(std::string_view what)
 
 void watch_attach()
 {
-    word_add("fail", "PATTERN [COUNT|all] [KIND]",
-             "makes the next platform calls that contain PATTERN fail: eio, short, eof, slow MS", word_fail);
-    word_add("log", "on|off", "shows every platform call on the phone's standard error", word_log);
-    word_add("calls", "[on|off]", "records the platform calls from now on; without a word, lists them",
+    word_add("fail", "PATTERN|call N [COUNT|all] [KIND] | off",
+             "makes the next platform calls that contain PATTERN fail, or the Nth recorded one; KIND is eio, "
+             "short, eof or slow MS; off tells how many faults were never reached",
+             word_fail);
+    word_add("log", "on|off",
+             "shows every platform call on the phone's standard error, in the background in DIR/log/output",
+             word_log);
+    word_add("calls", "[on|line|off]",
+             "records the platform calls from now on, or those of command lines alone; without a word, lists "
+             "them",
              word_calls);
     word_add("strange", "[off]", "what the program asked of the phone that no model knows; off forgets it",
              word_strange);

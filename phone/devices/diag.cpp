@@ -24,6 +24,8 @@ constexpr std::size_t block_bytes = 32768;
 constexpr std::size_t trailing_bytes = 3;
 constexpr std::size_t record_bytes = 8192 - 4;
 constexpr std::size_t kept_requests = 32;
+constexpr const char* wanted_words =
+    "PREFIX RESPONSE [COUNT], off, last, recent, log HEX, log2 HEX, filter, up or down is wanted";
 
 // An exchange block in the program's memory.
 struct block {
@@ -123,8 +125,9 @@ int fetch_response(block* p)
 {
     if (responses.empty())
         return 0;
-    const packet bytes = std::move(responses.front());
+    packet bytes = std::move(responses.front());
     responses.pop_front();
+    bytes.resize(std::min(bytes.size(), block_bytes)); // an error packet with the largest request in it
     p->size = static_cast<std::uint32_t>(bytes.size());
     std::memcpy(p->data, bytes.data(), bytes.size());
     return 1;
@@ -258,7 +261,7 @@ std::string word_rule(const std::vector<std::string>& args)
     rule r{{}, rule_kind::answer, {}, -1};
     const auto prefix = hex_bytes(args[0]);
     if (!prefix || prefix->empty() || args.size() < 2 || args.size() > 3)
-        return "PREFIX RESPONSE [COUNT], off, last, recent, log, log2, filter, up or down is wanted";
+        return wanted_words;
     r.prefix = *prefix;
     if (args[1] == "silent" || args[1] == "empty") {
         r.kind = args[1] == "silent" ? rule_kind::silent : rule_kind::empty;
@@ -296,7 +299,7 @@ std::string word_diag(request& rq)
     if (what == "log2")
         return word_store(second_store, args);
     if (args.size() != 1)
-        return args.empty() ? "what?" : word_rule(args);
+        return args.empty() ? wanted_words : word_rule(args);
     if (what == "off")
         rules.clear();
     else if (what == "up" || what == "down")

@@ -224,7 +224,7 @@ std::string word_screen(request& rq)
     }
     if (p_fb == nullptr)
         return "the slots are 0, the panel, and 2, the HDMI output";
-    if (args.size() > 1)
+    if (args.size() > 1 || (!args.empty() && !args[0].ends_with(".png")))
         return "[FILE.png] [SLOT] is wanted";
     const std::lock_guard lock(fb_mutex);
     if (!args.empty())

@@ -170,7 +170,7 @@ std::string word_gpio(request& rq)
     const auto line = rq.args.empty() ? std::nullopt : number(rq.args[0]);
     if (!line || rq.args.size() > 2)
         return "N [0|1|free] is wanted";
-    if (*line < 0 || !lines.contains(static_cast<unsigned>(*line)))
+    if (*line < 0 || *line > power_last || !lines.contains(static_cast<unsigned>(*line)))
         return "no line has the number " + rq.args[0];
     const auto n = static_cast<unsigned>(*line);
     if (rq.args.size() == 1) {

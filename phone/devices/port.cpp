@@ -167,6 +167,11 @@ void plug(bool in)
 
 std::string word_usb(request& rq)
 {
+    if (rq.args.empty()) {
+        const std::lock_guard lock(port_mutex);
+        rq.answer = cable_in ? "on" : "off";
+        return {};
+    }
     if (rq.args.size() != 1 || (rq.args[0] != "on" && rq.args[0] != "off"))
         return "on or off is wanted";
     plug(rq.args[0] == "on");
@@ -180,7 +185,7 @@ void port_attach()
     node_add("/dev/ttyGS0", &port_node);
     path_optional("/dev/ttyGS1");
     conf_offer("/dev/ttyGS1", [] { node_add("/dev/ttyGS1", &port_node); });
-    word_add("usb", "on|off", "plugs or pulls the station's cable", word_usb);
+    word_add("usb", "[on|off]", "plugs or pulls the station's cable; alone: says it", word_usb);
     conf_add_word("usb");
 }
 

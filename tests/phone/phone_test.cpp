@@ -190,6 +190,24 @@ TEST_F(Phone, Faults)
     EXPECT_EQ(ask("calls"), "lseek /data/text\nread /data/text\nok\n");
 }
 
+TEST_F(Phone, WordsRefuseWhatTheyDoNotTake)
+{
+    const char* const rows[][2] = {
+        {"nosuch 1", "no word \"nosuch\"; \"help\" lists them"},
+        {"idle now", "idle takes nothing behind it"},
+        {"strange on", "off or nothing is wanted"},
+        {"kmsg 1 2", "a count of lines from 1 to 100000 is wanted"},
+        {"speed 0.5", "a factor from 1 to 1000 is wanted"},
+        {"clock 5", "hold, run or +MS with 0 to 2147483647 ms is wanted"},
+        {"fail read /x 0", "a count from 1, or \"all\", is wanted"},
+        {"fail read /x slow", "slow wants 0 to 3600000 ms"},
+        {"log", "on or off is wanted"},
+    };
+    for (const auto& [line, reason] : rows)
+        EXPECT_EQ(ask(line), "error: " + std::string(reason) + "\n") << line;
+    EXPECT_EQ(ask("fail off"), "0\nok\n");
+}
+
 // Expiries in the order in which they came.
 struct expiries {
     std::mutex mutex;

@@ -36,7 +36,7 @@ a count that doesn't fit is refused
   expect   SPMIR:,SYNTAX
   # 4096 fields, of which the row's address and the columns before the first byte take some
   send     spmir=0,0x14001,4095
-  expect   SPMIR:,ERROR
+  expect   SPMIR:,SYNTAX
 
 values that are missing are a syntax error, and the help
   send     spmir

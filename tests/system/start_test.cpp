@@ -108,6 +108,7 @@ TEST(Start, AWrongLineOfPhoneConfIsNamed)
         {"with /dev/nonsense\n", "line 1: no phone has /dev/nonsense"},
         {"without\n", "line 1: without wants one path"},
         {"usb sideways\n", "line 1: on or off is wanted"},
+        {"speed\n", "line 1: speed wants a value"},
     };
     for (const auto& [text, reason] : lines) {
         phone_fixture phone;
@@ -130,6 +131,37 @@ TEST(Start, TheConsoleIsOnTheSecondPortWhereThereIsOne)
         ASSERT_TRUE(phone.ask("calls", answer));
         EXPECT_EQ(answer.substr(0, answer.find('\n')), second ? "write /dev/ttyGS1" : "write /dev/ttyGS0");
     }
+}
+
+TEST(Start, ASessionOutlivesARestartAndSaysWhenThePhoneGoesOff)
+{
+    phone_fixture phone;
+    ASSERT_EQ(phone.up(), "");
+    close(phone.port); // it would take a part of the answers
+    phone.port = -1;
+    const std::string station = hvt_virtual.substr(0, hvt_virtual.rfind('/')) + "/hvt-station " + phone.dir;
+    FILE* stream =
+        popen(("printf 'case?\\nkill=1\\ncase?\\npoff\\nrev\\n' | " + station + " 2>&1").c_str(), "r");
+    ASSERT_NE(stream, nullptr);
+    char text[256] = {};
+    EXPECT_GT(std::fread(text, 1, sizeof text - 1, stream), 0u);
+    EXPECT_EQ(WEXITSTATUS(pclose(stream)), 1);
+    EXPECT_STREQ(text, "CASE:false,OK\nTP,OK\nCASE:false,OK\n"
+                       "hvt: the phone is off; the rest of the input wasn't sent\n");
+}
+
+TEST(Start, AProgramThatStopsItselfLeavesItsReason)
+{
+    phone_fixture phone;
+    ASSERT_EQ(phone.up(), "");
+    std::string answer;
+    ASSERT_TRUE(phone.ask("fail open /proc/version", answer));
+    ASSERT_GT(write(phone.port, "vers=2\r", 7), 0);
+    EXPECT_FALSE(phone.ask("idle", answer));
+    EXPECT_EQ(answer, "the phone went off");
+    phone.down();
+    const std::string log = content(phone.dir + "/log/kmsg");
+    EXPECT_NE(log.find("phone: the program stopped itself: fd >= 0, vers_linux.cpp line "), log.npos) << log;
 }
 
 TEST(Start, WithoutAPortTheProgramRunsOn)

@@ -53,13 +53,14 @@ int do_spmir(int id, int action, int argc, const dcp_word* argv)
         return status;
     char* const text = dcp_text(argv[2]);
     scf_clean(text, " ");
+    const std::uint32_t addr = dcp_uint(argv[1]);
     std::int32_t count = 0;
     scf_str_to_int32(&count, 1, text, 10);
-    if (count < 1 || count > static_cast<std::int32_t>(SPMI_MOST_READ))
+    if (count < 1 || count > static_cast<std::int32_t>(SPMI_MOST_READ - addr % SPMI_ROW))
         return answer(id, "spmir", DCP_SYNTAX);
     const auto len = static_cast<std::size_t>(count);
     std::uint8_t bytes[SPMI_MOST_READ];
-    if (spmi_read(dcp_uint(argv[0]), dcp_uint(argv[1]), bytes, len) == 0)
+    if (spmi_read(dcp_uint(argv[0]), addr, bytes, len) == 0)
         return answer(id, "spmir", DCP_ERROR);
     answer_bytes(id, bytes, len);
     return DCP_OK;

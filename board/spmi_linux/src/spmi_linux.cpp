@@ -13,7 +13,6 @@
 namespace {
 
 constexpr std::uint32_t ADDR_MASK = 0xFFFFF;
-constexpr std::size_t ROW = 16; // columns of a row of the dump
 constexpr int MOST_FIELDS = 4096;
 constexpr std::size_t READ_ROOM = 0x10000;
 constexpr std::size_t WRITE_ROOM = 16388;
@@ -43,13 +42,13 @@ int set_count(unsigned bus, std::size_t len)
     return write_attr(bus, "count", text);
 }
 
-// Takes the bytes out of a dump: a row's address, then a field for each of its 16 columns. A row's end and
+// Takes the bytes out of a dump: a row's address, then a field for each of its columns. A row's end and
 // the next row's address stay in the field of the row's last byte, whose number stops before them.
 int scan_dump(char* p_text, std::uint32_t addr, std::uint8_t* p_buf, std::size_t len)
 {
     char* field[MOST_FIELDS];
     const int fields = scf_split(p_text, field, MOST_FIELDS, ' ');
-    const std::size_t first = (addr & (ROW - 1)) + 1;
+    const std::size_t first = addr % SPMI_ROW + 1;
     if (first + len > static_cast<std::size_t>(fields))
         return 0;
     for (std::size_t i = 0; i < len; i++)
