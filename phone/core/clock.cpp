@@ -44,7 +44,7 @@ nanoseconds phone_base; // the phone's clock at that moment
 nanoseconds wall_offset;
 double pace = 1;
 bool held;
-std::list<waiter*> waiters;
+std::vector<waiter*> waiters;
 std::list<timer> timers;
 int next_timer = 1;
 int at_work;            // threads that aren't blocked
@@ -99,7 +99,7 @@ nanoseconds host_time_to_locked(nanoseconds deadline)
 }
 
 struct thread_mark;
-std::list<const thread_mark*> known_threads; // guarded by clock_mutex
+std::vector<const thread_mark*> known_threads; // guarded by clock_mutex
 
 // Each thread's own wake-up descriptor, and its place in the count of those at work.
 struct thread_mark {
@@ -125,7 +125,7 @@ struct thread_mark {
     {
         const std::lock_guard lock(clock_mutex);
         known = false;
-        known_threads.remove(this);
+        std::erase(known_threads, this);
         at_work--;
         activity++;
         work_changed.notify_all();
@@ -164,7 +164,7 @@ int block(nanoseconds deadline, Wait wait_host)
         at_work++;
     mark.blocked = false;
     activity++;
-    waiters.remove(&w);
+    std::erase(waiters, &w);
     return result;
 }
 

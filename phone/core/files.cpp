@@ -9,6 +9,7 @@
 #include <set>
 #include <sys/eventfd.h>
 #include <unistd.h>
+#include <unordered_map>
 #include <vector>
 
 #include "core/control.h"
@@ -23,10 +24,15 @@ namespace {
 
 constexpr int link_limit = 40;
 
-std::map<std::string, const node*, std::less<>> nodes;           // written before the program runs
-std::map<std::string, const attribute*, std::less<>> attributes; // likewise
-std::set<std::string, std::less<>> lacking;                      // likewise
-std::set<std::string, std::less<>> optional_paths;               // likewise
+struct text_hash : std::hash<std::string_view> {
+    using is_transparent = void;
+};
+
+// Written before the program runs, as the next three.
+std::unordered_map<std::string, const node*, text_hash, std::equal_to<>> nodes;
+std::map<std::string, const attribute*, std::less<>> attributes;
+std::set<std::string, std::less<>> lacking;
+std::set<std::string, std::less<>> optional_paths;
 
 std::mutex mounts_mutex;
 std::map<std::string, std::string, std::less<>> mounts; // folders of the host by the phone's

@@ -40,6 +40,7 @@ slnk kbd_lst_head;
 
 pollfd nodes[MOST_NODES];
 unsigned node_count;
+char next_node[32]; // the path of the first node that isn't open
 
 const kbd_co* kbd_cmd_co;
 
@@ -58,16 +59,20 @@ struct {
 int kbd_mode;
 int kbd_sel_key = 158;
 
+void name_next_node()
+{
+    std::snprintf(next_node, sizeof next_node, "/dev/input/event%u", node_count);
+}
+
 // Devices that turn up later are taken in when they do.
 void open_nodes()
 {
     while (node_count < MOST_NODES) {
-        char path[32];
-        std::snprintf(path, sizeof path, "/dev/input/event%u", node_count);
-        const int fd = plat_open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+        const int fd = plat_open(next_node, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
         if (fd < 0)
             return;
         nodes[node_count++] = {fd, POLLIN, 0};
+        name_next_node();
     }
 }
 
@@ -109,6 +114,7 @@ const slnk* next_observer(const slnk* p_prv, observer_cb* p_cb)
 void kbd_init()
 {
     slnk_init(&kbd_lst_head);
+    name_next_node();
     open_nodes();
     core_dfc(linux_kbd_poll_dcf, nullptr, nullptr, POLL_PERIOD_US);
 }
