@@ -34,11 +34,10 @@ std::string file_of(const bmp_fields& f, std::size_t cut = 0)
     std::memcpy(file.data(), f.magic, 2);
     pbuf_pack(file.data() + 2, "whhwwwwhhwwwwww", 0, 0, 0, f.offset, f.header, f.width, f.height, 1, f.bits,
               f.compression, 0, 0, 0, 0, 0);
-    for (int y = 0; y < 2; y++)
-        for (int x = 0; x < 3; x++)
-            for (int byte = 0; byte < 3; byte++)
-                file[static_cast<std::size_t>(54 + (1 - y) * 12 + x * 3 + byte)] =
-                    static_cast<uint8_t>(PIXELS[y][x] >> 8 * byte);
+    for (std::size_t y = 0; y < 2; y++)
+        for (std::size_t x = 0; x < 3; x++)
+            for (std::size_t byte = 0; byte < 3; byte++)
+                file[54 + (1 - y) * 12 + x * 3 + byte] = static_cast<uint8_t>(PIXELS[y][x] >> 8 * byte);
     file.resize(file.size() - cut);
     return std::string(file.begin(), file.end());
 }

@@ -156,8 +156,10 @@ luigi_canvas* luigi_checktype(lua_State* L, int index, std::uint32_t mask)
     lua_rawgetp(L, -1, p);
     auto* const p_me = static_cast<luigi_canvas*>(lua_touserdata(L, -1));
     lua_pop(L, 2);
-    if (p == nullptr || p_me == nullptr)
+    if (p == nullptr || p_me == nullptr) {
         luaL_error(L, "%s expected, got %s", "canvas (or inheritage)", luaL_typename(L, index));
+        __builtin_unreachable(); // an error of Lua's is thrown
+    }
     if ((p_me->type & mask) != mask)
         luaL_error(L, "luigi_type %d expected, got %d", static_cast<int>(mask), static_cast<int>(p_me->type));
     return p_me;
