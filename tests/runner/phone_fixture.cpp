@@ -44,6 +44,38 @@ int wait_for(pid_t pid)
     return status;
 }
 
+bool phone_runs(const std::string& dir)
+{
+    const int fd = open((dir + "/hvt.pid").c_str(), O_RDWR | O_CLOEXEC);
+    if (fd < 0)
+        return false;
+    const bool locked = flock(fd, LOCK_EX | LOCK_NB) != 0;
+    close(fd);
+    return locked;
+}
+
+int pid_of(const std::string& dir)
+{
+    return std::atoi(content(dir + "/hvt.pid").c_str());
+}
+
+// Waits for the end of the test, at the pipe whose other end it has, and clears away what it has left.
+[[noreturn]] void guard_phone(const std::string& dir, int pipe_end)
+{
+    setsid();
+    const int null = open("/dev/null", O_RDWR | O_CLOEXEC);
+    for (int fd = 0; fd < 3; fd++)
+        dup2(null, fd);
+    char none;
+    while (read(pipe_end, &none, 1) < 0 && errno == EINTR) {
+    }
+    if (const int pid = pid_of(dir); pid > 0 && phone_runs(dir))
+        kill(pid, SIGKILL);
+    std::error_code ignored;
+    std::filesystem::remove_all(dir, ignored);
+    _exit(0);
+}
+
 } // namespace
 
 phone_fixture::phone_fixture()
@@ -55,13 +87,24 @@ phone_fixture::phone_fixture()
         std::exit(1);
     }
     dir = pattern;
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC) != 0 || (guard = fork()) < 0) {
+        std::perror("the phone's guard");
+        std::exit(1);
+    }
+    if (guard == 0) {
+        close(ends[1]);
+        guard_phone(dir, ends[0]);
+    }
+    close(ends[0]);
+    guard_end = ends[1];
 }
 
 phone_fixture::~phone_fixture()
 {
     down();
-    std::error_code ignored;
-    std::filesystem::remove_all(dir, ignored);
+    close(guard_end);
+    wait_for(guard);
 }
 
 std::string phone_fixture::up()
@@ -116,12 +159,7 @@ bool phone_fixture::reconnect()
 
 bool phone_fixture::runs() const
 {
-    const int fd = open((dir + "/hvt.pid").c_str(), O_RDWR | O_CLOEXEC);
-    if (fd < 0)
-        return false;
-    const bool locked = flock(fd, LOCK_EX | LOCK_NB) != 0;
-    close(fd);
-    return locked;
+    return phone_runs(dir);
 }
 
 std::string phone_fixture::down()
@@ -133,7 +171,7 @@ std::string phone_fixture::down()
     if (port >= 0)
         close(port);
     port = -1;
-    const int pid = std::atoi(content(dir + "/hvt.pid").c_str());
+    const int pid = pid_of(dir);
     if (pid > 0 && runs())
         kill(pid, SIGTERM);
     for (int turn = 0; turn < 2000 && runs(); turn++) {

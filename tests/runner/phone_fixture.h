@@ -1,4 +1,5 @@
-// A virtual phone of a test's own: a fresh folder, the program in it, its two ports. Everything goes with it.
+// A virtual phone of a test's own: a fresh folder, the program in it, its two ports. Everything goes with it,
+// also when the test is killed.
 #pragma once
 
 #include <string>
@@ -8,6 +9,8 @@ struct phone_fixture {
     std::string dir;
     int port = -1;
     int control = -1;
+    int guard = -1;     // a process that ends the phone should this one be killed
+    int guard_end = -1; // what it waits at
 
     phone_fixture();
     ~phone_fixture();
