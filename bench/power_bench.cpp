@@ -34,7 +34,32 @@ constexpr int tick_ms = 2000; // of the monitor
 constexpr int span_ms = 40;
 constexpr int periods = 30;
 
-std::string program;
+std::string here; // the folder of the benchmarks
+
+double processor_ns(pid_t pid)
+{
+    clockid_t clock;
+    timespec t;
+    if (clock_getcpuclockid(pid, &clock) != 0 || clock_gettime(clock, &t) != 0)
+        std::exit(1);
+    return static_cast<double>(t.tv_sec) * 1e9 + static_cast<double>(t.tv_nsec);
+}
+
+pid_t start(const std::string& program, const char* argument)
+{
+    const pid_t pid = fork();
+    if (pid != 0)
+        return pid;
+    execl(program.c_str(), program.c_str(), argument, nullptr);
+    _exit(127);
+}
+
+void stop(pid_t pid)
+{
+    kill(pid, SIGKILL);
+    int status;
+    waitpid(pid, &status, 0);
+}
 
 // A phone in a folder of its own, made after the lines of a phone.conf.
 struct phone {
@@ -47,11 +72,7 @@ struct phone {
         char pattern[] = "/tmp/hvt-bench-XXXXXX";
         dir = mkdtemp(pattern);
         std::ofstream(dir + "/phone.conf") << conf;
-        pid = fork();
-        if (pid == 0) {
-            execl(program.c_str(), program.c_str(), dir.c_str(), nullptr);
-            _exit(127);
-        }
+        pid = start(here + "/../phone/hvt-virtual", dir.c_str());
         while ((port = open((dir + "/ttyGS0").c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC)) < 0)
             std::this_thread::sleep_for(1ms);
         while (access((dir + "/control").c_str(), F_OK) != 0)
@@ -64,9 +85,7 @@ struct phone {
     phone& operator=(const phone&) = delete;
     ~phone()
     {
-        kill(pid, SIGKILL);
-        int status;
-        waitpid(pid, &status, 0);
+        stop(pid);
         close(port);
         std::filesystem::remove_all(dir);
     }
@@ -81,15 +100,6 @@ struct phone {
             std::fprintf(stderr, "%s: %s\n", words.c_str(), answer.c_str());
             std::exit(1);
         }
-    }
-
-    double processor_ns() const
-    {
-        clockid_t clock;
-        timespec t;
-        if (clock_getcpuclockid(pid, &clock) != 0 || clock_gettime(clock, &t) != 0)
-            std::exit(1);
-        return static_cast<double>(t.tv_sec) * 1e9 + static_cast<double>(t.tv_nsec);
     }
 };
 
@@ -146,30 +156,40 @@ int monitor()
     least.fill(1e18);
     for (int period = 0; period < periods; period++)
         for (double& span : least) {
-            const double from = charging.processor_ns();
+            const double from = processor_ns(charging.pid);
             charging.ask("clock +" + std::to_string(span_ms));
-            span = std::min(span, charging.processor_ns() - from);
+            span = std::min(span, processor_ns(charging.pid) - from);
         }
     std::sort(least.begin(), least.end());
     return bench_figure("a tick of the charging monitor, processor time",
                         (least.back() - least[least.size() / 2]) / 1e3, 1000, "us");
 }
 
+// Processor time a second.
+double idle_ns(pid_t pid)
+{
+    const double from = processor_ns(pid);
+    std::this_thread::sleep_for(seconds(idle_s));
+    return (processor_ns(pid) - from) / idle_s;
+}
+
+// What a wake-up costs is the machine's, so a bare program that wakes as often stands beside the phone.
 int idle()
 {
     const phone p("");
     std::this_thread::sleep_for(3s); // the monitor has found the host and ended
-    const double from = p.processor_ns();
-    std::this_thread::sleep_for(seconds(idle_s));
-    return bench_figure("an idle phone, of one core", (p.processor_ns() - from) / (idle_s * 1e9) * 100, 0.5,
-                        "%");
+    const double phone_ns = idle_ns(p.pid);
+    const pid_t bare = start(here + "/bare_poll", nullptr);
+    const double bare_ns = idle_ns(bare);
+    stop(bare);
+    return bench_figure("an idle phone, of one core", phone_ns / 1e9 * 100, 0.5, "%") +
+           bench_row("  in a second, beside a bare timer, pipe and loop", phone_ns, bare_ns, 1.2);
 }
 
 } // namespace
 
 int main()
 {
-    program =
-        std::filesystem::read_symlink("/proc/self/exe").parent_path().string() + "/../phone/hvt-virtual";
+    here = std::filesystem::read_symlink("/proc/self/exe").parent_path();
     return commands() + monitor() + idle() == 0 ? 0 : 1;
 }

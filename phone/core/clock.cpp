@@ -124,6 +124,10 @@ struct thread_mark {
     void leave()
     {
         const std::lock_guard lock(clock_mutex);
+        leave_locked();
+    }
+    void leave_locked()
+    {
         known = false;
         std::erase(known_threads, this);
         at_work--;
@@ -252,8 +256,8 @@ void worker_loop()
         lock.unlock();
         if (fire) {
             (*fire)();
-            mark.leave();
             lock.lock();
+            mark.leave_locked();
         } else {
             epoll_event event;
             epoll_wait(host_timer_wait, &event, 1, -1);
