@@ -21,15 +21,12 @@ struct core_free {
     void operator()(void* p) const { std::free(p); }
 };
 
+// A deferred call: at a timer first if it has a delay, then in the list.
 struct dfc_rec {
-    slnk lnk;
-    core_fn fn;
-    void* p1;
-    void* p2;
-};
-
-struct dfc_delayed {
-    tmr_link link; // first: the timer's callback gets its address
+    union { // first: timer and list give its address
+        tmr_link timer;
+        slnk lnk;
+    };
     core_fn fn;
     void* p1;
     void* p2;
@@ -49,14 +46,6 @@ slnk core_rcc_list_head;
 fd_set core_readfds;
 fd_set core_ready; // what the pass under way still has to serve
 int core_nfds;
-
-template <class T>
-T* allocate()
-{
-    void* p = std::malloc(sizeof(T));
-    HVT_CHECK(p != nullptr);
-    return static_cast<T*>(p);
-}
 
 bool fits_set(int fd)
 {
@@ -101,14 +90,25 @@ void empty_pipe()
     ssize_t n;
     do {
         n = plat_read(pfd[0], bytes, sizeof bytes);
-    } while (n > 0 || (n < 0 && errno == EINTR));
+    } while (n == sizeof bytes || (n < 0 && errno == EINTR)); // fewer: that was all
+}
+
+void append_deferred(dfc_rec* p_rec)
+{
+    {
+        std::lock_guard lock(core_dfc_mutex);
+        slnk_insert(core_dfc_list_tail, &p_rec->lnk);
+        core_dfc_list_tail = &p_rec->lnk;
+    }
+    // A full pipe is as good: the bytes in it wake the loop.
+    if (core_started && plat_write(pfd[1], "x", 1) < 0)
+        return;
 }
 
 // On the timer thread.
 void core_tmr_cb(tmr_link* p_link, std::uint32_t)
 {
-    const std::unique_ptr<dfc_delayed, core_free> owner(reinterpret_cast<dfc_delayed*>(p_link));
-    core_dfc(owner->fn, owner->p1, owner->p2, 0);
+    append_deferred(reinterpret_cast<dfc_rec*>(p_link));
 }
 
 // A descriptor that was closed under its client makes every select fail; without it the others live on.
@@ -217,26 +217,15 @@ int core_start()
 
 void core_dfc(core_fn fn, void* p1, void* p2, std::uint32_t delay_us)
 {
-    if (delay_us != 0 && core_started) {
-        auto* p_rec = allocate<dfc_delayed>();
-        p_rec->fn = fn;
-        p_rec->p1 = p1;
-        p_rec->p2 = p2;
-        tmr_cb_add(&p_rec->link, core_tmr_cb, delay_us);
-        return;
-    }
-    auto* p_rec = allocate<dfc_rec>();
+    auto* p_rec = static_cast<dfc_rec*>(std::malloc(sizeof(dfc_rec)));
+    HVT_CHECK(p_rec != nullptr);
     p_rec->fn = fn;
     p_rec->p1 = p1;
     p_rec->p2 = p2;
-    {
-        std::lock_guard lock(core_dfc_mutex);
-        slnk_insert(core_dfc_list_tail, &p_rec->lnk);
-        core_dfc_list_tail = &p_rec->lnk;
-    }
-    // A full pipe is as good: the bytes in it wake the loop.
-    if (core_started && plat_write(pfd[1], "x", 1) < 0)
-        return;
+    if (delay_us != 0 && core_started)
+        tmr_cb_add(&p_rec->timer, core_tmr_cb, delay_us);
+    else
+        append_deferred(p_rec);
 }
 
 void core_add_rd_cb_client(core_rd_cb_client* p_client)
