@@ -28,6 +28,9 @@ int clock_select(int nfds, fd_set* rd, fd_set* wr, fd_set* ex, nanoseconds timeo
 // Wakes every blocked thread, so that it looks at its descriptors and at the time again.
 void clock_kick();
 
+// A descriptor of the program has been closed: its number may mean another one the next time.
+void clock_descriptor_closed();
+
 // One-shot or periodic timers that call `fire` on a thread of its own at each expiry. Times are relative;
 // 0 disarms.
 int clock_timer_create(std::function<void()> fire);

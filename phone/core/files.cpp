@@ -12,6 +12,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/clock.h"
 #include "core/control.h"
 #include "core/files_table.h"
 #include "core/home.h"
@@ -190,15 +191,18 @@ std::shared_ptr<open_file> file_of(int fd)
 
 int files_open(const char* path, int flags, mode_t mode)
 {
-    auto file = std::make_shared<open_file>();
-    file->path = path;
-    file->attribute = is_kernel_path(file->path);
-    if (path_is_lacking(file->path)) {
+    const std::string_view name(path);
+    const auto found = nodes.find(name);
+    const node* const p_node = found != nodes.end() ? found->second : nullptr;
+    if (path_is_lacking(name) ||
+        (p_node != nullptr && p_node->present != nullptr && !p_node->present(name))) {
         errno = ENOENT;
         return -1;
     }
-    const auto found = nodes.find(file->path);
-    file->p_node = found != nodes.end() ? found->second : nullptr;
+    auto file = std::make_shared<open_file>();
+    file->path = name;
+    file->attribute = is_kernel_path(name);
+    file->p_node = p_node;
     const int fd = file->p_node != nullptr ? open_node(file, flags) : open_plain(file, flags, mode);
     if (fd >= 0)
         enter(std::move(file));
@@ -216,7 +220,9 @@ int files_close(int fd)
     }
     if (file != nullptr && file->p_node != nullptr && file->p_node->close != nullptr)
         file->p_node->close(*file);
-    return ::close(fd);
+    const int result = ::close(fd);
+    clock_descriptor_closed();
+    return result;
 }
 
 ssize_t files_read(open_file* p_file, int fd, void* buf, std::size_t size)

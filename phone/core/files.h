@@ -26,6 +26,8 @@ struct open_file {
 // What stands behind a path. Calls may come from any thread, several at a time. An empty slot: read and write
 // go to the descriptor itself, ioctl is strange and fails with ENOTTY, close has nothing to do.
 struct node {
+    // Whether the node is there at all; without this slot it always is. Asked before each open.
+    bool (*present)(std::string_view path) = nullptr;
     // Gives a real descriptor, or -1 and errno. Without this slot it is an eventfd.
     int (*open)(open_file& file, int flags) = nullptr;
     ssize_t (*read)(open_file& file, void* buf, std::size_t size) = nullptr;
@@ -33,6 +35,8 @@ struct node {
     int (*ioctl)(open_file& file, unsigned long request, void* arg) = nullptr;
     off_t (*lseek)(open_file& file, off_t offset, int whence) = nullptr;
     void (*close)(open_file& file) = nullptr;
+    // Whether there is something to read: for devices that know it without asking the host.
+    bool (*readable)(open_file& file) = nullptr;
 };
 
 // A plain attribute file with a life of its own: `before_read` may bring the file's content up to date when

@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <span>
 #include <sys/ioctl.h>
 
 #include "core/clock.h"
@@ -142,10 +143,28 @@ void* co_mmap(void* addr, std::size_t size, int prot, int flags, int fd, off_t o
                    [&] { return ::mmap(addr, size, prot, flags, fd, offset); });
 }
 
+// A look without a wait at devices that know themselves what there is to read; -1 if others are among them.
+int poll_devices(std::span<pollfd> fds)
+{
+    int ready = 0;
+    for (pollfd& p : fds) {
+        const auto file = file_of(p.fd);
+        if (p.events != POLLIN || file == nullptr || file->p_node == nullptr ||
+            file->p_node->readable == nullptr)
+            return -1;
+        p.revents = file->p_node->readable(*file) ? POLLIN : 0;
+        ready += p.revents != 0 ? 1 : 0;
+    }
+    return ready;
+}
+
 int co_poll(pollfd* fds, nfds_t count, int timeout_ms)
 {
     const auto file = count > 0 ? file_of(fds[0].fd) : nullptr;
     return watched("poll", file != nullptr ? std::string_view(file->path) : "", -1, [&] {
+        if (timeout_ms == 0)
+            if (const int ready = poll_devices({fds, count}); ready >= 0)
+                return ready;
         return clock_poll(fds, count, timeout_ms < 0 ? forever : nanoseconds{timeout_ms} * 1'000'000);
     });
 }

@@ -35,20 +35,23 @@ const std::set<std::int64_t> case_codes = {116, 115, 114, 212, 528};
 // event1, a node for whatever else a test wants to press.
 input_device test_keys{.types = 1u << ev_syn | 1u << ev_key};
 
-input_device& device_of(const open_file& file)
+input_device& device_of(std::string_view path)
 {
     constexpr std::string_view prefix = "/dev/input/event";
-    return *devices[static_cast<std::size_t>(*number(file.path.substr(prefix.size())))];
+    return *devices[static_cast<std::size_t>(*number(path.substr(prefix.size())))];
+}
+
+bool input_present(std::string_view path)
+{
+    input_device& device = device_of(path);
+    const std::lock_guard lock(device.mutex);
+    return device.present;
 }
 
 int input_open(open_file& file, int flags)
 {
-    input_device& device = device_of(file);
+    input_device& device = device_of(file.path);
     const std::lock_guard lock(device.mutex);
-    if (!device.present) {
-        errno = ENOENT;
-        return -1;
-    }
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0)
         return -1;
@@ -69,7 +72,15 @@ ssize_t input_read(open_file& file, void* buf, std::size_t size)
         errno = EINVAL;
         return -1;
     }
-    return read(file.fd, buf, size / event_size * event_size);
+    const ssize_t n = read(file.fd, buf, size / event_size * event_size);
+    if (n > 0)
+        static_cast<input_reader*>(file.data.get())->waiting -= n;
+    return n;
+}
+
+bool input_readable(open_file& file)
+{
+    return static_cast<const input_reader*>(file.data.get())->waiting > 0;
 }
 
 int tell_axis(input_device& device, int axis, void* arg)
@@ -87,7 +98,7 @@ int tell_axis(input_device& device, int axis, void* arg)
 
 int input_ioctl(open_file& file, unsigned long request, void* arg)
 {
-    input_device& device = device_of(file);
+    input_device& device = device_of(file.path);
     const std::lock_guard lock(device.mutex);
     if (request == request_types) {
         std::memcpy(arg, &device.types, sizeof device.types);
@@ -100,7 +111,11 @@ int input_ioctl(open_file& file, unsigned long request, void* arg)
     return -1;
 }
 
-constexpr node input_node = {.open = input_open, .read = input_read, .ioctl = input_ioctl};
+constexpr node input_node = {.present = input_present,
+                             .open = input_open,
+                             .read = input_read,
+                             .ioctl = input_ioctl,
+                             .readable = input_readable};
 
 void put(std::uint8_t* p, std::uint32_t value, std::size_t size)
 {
@@ -117,8 +132,9 @@ void send_locked(input_device& device, int type, int code, std::int32_t value)
     put(event + 10, static_cast<std::uint32_t>(code), 2);
     put(event + 12, static_cast<std::uint32_t>(value), 4);
     for (const auto& weak : device.readers)
-        if (const auto reader = weak.lock()) [[maybe_unused]]
-            const ssize_t n = write(reader->write_end, event, sizeof event);
+        if (const auto reader = weak.lock())
+            if (write(reader->write_end, event, sizeof event) == sizeof event)
+                reader->waiting += sizeof event;
 }
 
 void report_key(input_device& device, int code, std::int32_t value)

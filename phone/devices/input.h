@@ -3,6 +3,7 @@
 // is event2 once its kernel module is loaded. An event has 16 bytes, as on any 32-bit kernel.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -16,6 +17,7 @@ namespace phone {
 // What lies behind the descriptors of one reader.
 struct input_reader {
     int write_end = -1;
+    std::atomic<long> waiting = 0; // bytes that can be read
     ~input_reader();
 };
 

@@ -4,6 +4,8 @@
 
 #include <atomic>
 #include <cerrno>
+#include <chrono>
+#include <condition_variable>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -266,6 +268,57 @@ TEST_F(Phone, SpeedHoldsForWaitsThatHaveBegun)
     EXPECT_GE(clock_now(CLOCK_MONOTONIC) - start, 100'000'000'000);
     EXPECT_LT(std::chrono::steady_clock::now() - host_start, std::chrono::seconds(20));
     ask("speed 1");
+}
+
+TEST_F(Phone, ATimerFiresWhileTheExpiryOfAnotherWaits)
+{
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool far_fired = false;
+    bool near_saw_it = false;
+    const int far = clock_timer_create([&] {
+        const std::lock_guard lock(mutex);
+        far_fired = true;
+        changed.notify_all();
+    });
+    const int near = clock_timer_create([&] {
+        std::unique_lock lock(mutex);
+        EXPECT_FALSE(far_fired);
+        near_saw_it = changed.wait_for(lock, std::chrono::seconds(60), [&] { return far_fired; });
+        changed.notify_all();
+    });
+    clock_timer_set(far, 500'000'000, 0);
+    clock_timer_set(near, 900'000'000, 0);
+    clock_timer_set(near, 10'000'000, 0);
+    std::unique_lock lock(mutex);
+    EXPECT_TRUE(changed.wait_for(lock, std::chrono::seconds(60), [&] { return near_saw_it; }));
+}
+
+TEST_F(Phone, TheLoopsWaitKnowsWhichDescriptorsAreOpen)
+{
+    int ends[2];
+    ASSERT_EQ(phone_co.pipe(ends), 0);
+    const int fd = ends[0];
+    fd_set wanted;
+    FD_ZERO(&wanted);
+    FD_SET(fd, &wanted);
+    const auto wait_readable = [&](int nfds) {
+        fd_set found = wanted;
+        const int n = phone_co.select(nfds, &found, nullptr, nullptr, nullptr);
+        return n == 1 ? FD_ISSET(fd, &found) : n != 0 && errno == EBADF ? -1 : -2;
+    };
+    for (int i = 0; i < 2; i++) {
+        ASSERT_EQ(phone_co.write(ends[1], "x", 1), 1);
+        EXPECT_EQ(wait_readable(fd + 1), 1) << "round " << i;
+        EXPECT_EQ(phone_co.close(ends[0]), 0);
+        EXPECT_EQ(wait_readable(fd + 1), -1) << "a closed descriptor";
+        EXPECT_EQ(phone_co.close(ends[1]), 0);
+        ASSERT_EQ(phone_co.pipe(ends), 0);
+        ASSERT_EQ(ends[0], fd) << "the number is free again";
+    }
+    phone_co.close(ends[0]);
+    ASSERT_EQ(phone_co.open("/data/text", O_RDONLY, 0), fd);
+    EXPECT_EQ(wait_readable(fd + 1), 1) << "a plain file can always be read";
 }
 
 } // namespace

@@ -1,0 +1,80 @@
+// What the files of the clock share: clock.cpp has the time itself, clock_work.cpp the threads at work,
+// clock_waits.cpp the waits, clock_timers.cpp the timers. Functions whose name ends in _locked want
+// clock_mutex.
+#pragma once
+
+#include <cstdint>
+#include <mutex>
+#include <set>
+#include <sys/types.h>
+#include <vector>
+
+#include "core/clock.h"
+
+namespace phone::clock_inner {
+
+constexpr nanoseconds ns_per_s = 1'000'000'000;
+
+extern std::mutex clock_mutex; // guards all that the files of the clock have
+
+timespec to_timespec(nanoseconds t);
+nanoseconds now_locked();
+
+// How long the host waits for `deadline`; forever while the clock stands before it.
+nanoseconds host_time_to_locked(nanoseconds deadline);
+
+// A thread that is blocked: until when, and the eventfd that wakes it before.
+struct waiter {
+    nanoseconds deadline;
+    int kick_fd;
+    bool counted; // a step has already counted it as at work again
+};
+extern std::vector<waiter*> waiters;
+
+// Each thread's own wake-up descriptor, and its place in the count of those at work.
+struct thread_mark {
+    int kick_fd;
+    pid_t tid;
+    bool is_main = false;
+    bool known = false;   // its work is counted
+    bool blocked = false; // in one of the waits
+
+    thread_mark();
+    ~thread_mark();
+
+    // Counts the thread's work, if that isn't done yet; `counted`: the number has it already.
+    void enter_locked(bool counted);
+    void leave_locked();
+};
+thread_mark& own_mark();
+
+extern int at_work; // threads that aren't blocked, and expiries that are counted and wait for a thread
+
+// A thread has begun or ended a wait or a piece of work.
+void work_changed_locked();
+
+// Waits until no other thread is at work and the loop has nothing to read. Threads that wait for something
+// the clock can't see don't count, nor one that has worked for 200 ms without a wait; but it may have to wait
+// for a busy processor as long as it likes, up to a minute.
+void come_to_rest(std::unique_lock<std::mutex>& lock);
+
+// Makes every blocked thread look again.
+void kick_locked();
+
+// The loop waits, and what it waits for is there, or isn't there.
+bool loop_has_input_locked();
+bool loop_idle_locked();
+
+void start_workers();
+nanoseconds next_timer_locked();
+
+// Counts the expiries that are due as work, before a thread has taken them.
+void count_due_timers_locked();
+
+// Has the host ring at the next deadline; `always`: the pace of time has changed.
+void set_host_timer_locked(bool always);
+
+// The threads that run expiries, whose work is known.
+const std::set<pid_t>& workers_locked();
+
+} // namespace phone::clock_inner

@@ -1,0 +1,208 @@
+// The waits of the program's threads and of the phone's own.
+#include <algorithm>
+#include <atomic>
+#include <iterator>
+#include <unistd.h>
+
+#include "core/clock_inner.h"
+#include "core/kept_set.h"
+
+namespace phone {
+
+using namespace clock_inner;
+
+namespace {
+
+// The main loop's last wait for input.
+struct {
+    bool ran; // at least once
+    bool waits;
+    int nfds;
+    fd_set rd;
+} loop;
+
+std::atomic<unsigned> descriptor_changes;
+
+// What select is asked for, and what it has found; the descriptors to read, to write, and exceptions.
+struct select_sets {
+    int nfds;
+    fd_set wanted[3];
+    fd_set found[3];
+};
+
+void take_kick()
+{
+    std::uint64_t kicks;
+    [[maybe_unused]] const ssize_t n = ::read(own_mark().kick_fd, &kicks, sizeof kicks);
+}
+
+// Blocks with `wait_host(timeout)` until it gives a result other than 0, or the deadline comes. wait_host
+// waits for the thread's kick_fd too, takes a kick, and gives 0 when only that, or its time-out, ended it.
+// `p_loop`: what the main loop waits for, if it is that.
+template <typename Wait>
+int block(nanoseconds deadline, const select_sets* p_loop, Wait wait_host)
+{
+    thread_mark& mark = own_mark();
+    waiter w{deadline, mark.kick_fd, false};
+    std::unique_lock lock(clock_mutex);
+    if (p_loop != nullptr)
+        loop = {true, true, p_loop->nfds, p_loop->wanted[0]};
+    mark.enter_locked(false); // perhaps a thread of the program that the clock meets for the first time
+    waiters.push_back(&w);
+    mark.blocked = true;
+    at_work--;
+    work_changed_locked();
+    int result;
+    do {
+        const nanoseconds timeout = host_time_to_locked(deadline);
+        lock.unlock();
+        result = wait_host(timeout);
+        lock.lock();
+    } while (result == 0 && (deadline == forever || now_locked() < deadline));
+    if (!w.counted)
+        at_work++;
+    mark.blocked = false;
+    if (p_loop != nullptr)
+        loop.waits = false;
+    work_changed_locked();
+    std::erase(waiters, &w);
+    return result;
+}
+
+// select with the thread's kick_fd beside the descriptors that are wanted.
+int select_or_kick(select_sets& sets, nanoseconds timeout)
+{
+    const int kick_fd = own_mark().kick_fd;
+    std::copy(std::begin(sets.wanted), std::end(sets.wanted), std::begin(sets.found));
+    FD_SET(kick_fd, &sets.found[0]);
+    const timespec t = to_timespec(timeout);
+    return ::pselect(std::max(sets.nfds, kick_fd + 1), &sets.found[0], &sets.found[1], &sets.found[2],
+                     timeout == forever ? nullptr : &t, nullptr);
+}
+
+// The same for the loop, which waits for ever and for the same descriptors nearly each time.
+int loop_select_or_kick(select_sets& sets)
+{
+    static kept_set kept;
+    const int kick_fd = own_mark().kick_fd;
+    fd_set wanted = sets.wanted[0];
+    FD_SET(kick_fd, &wanted);
+    if (!kept.keep(std::max(sets.nfds, kick_fd + 1), wanted, descriptor_changes))
+        return select_or_kick(sets, forever);
+    FD_ZERO(&sets.found[1]);
+    FD_ZERO(&sets.found[2]);
+    return kept.wait(sets.found[0]);
+}
+
+// A kick is none of the descriptors that were asked for.
+int without_kick(select_sets& sets, int count)
+{
+    const int kick_fd = own_mark().kick_fd;
+    if (count <= 0 || !FD_ISSET(kick_fd, &sets.found[0]))
+        return count;
+    take_kick();
+    FD_CLR(kick_fd, &sets.found[0]);
+    return count - 1;
+}
+
+} // namespace
+
+std::vector<waiter*> clock_inner::waiters;
+
+void clock_inner::kick_locked()
+{
+    for (const waiter* w : waiters) {
+        const std::uint64_t one = 1;
+        [[maybe_unused]] const ssize_t n = ::write(w->kick_fd, &one, sizeof one);
+    }
+}
+
+bool clock_inner::loop_idle_locked()
+{
+    if (!loop.waits)
+        return false;
+    fd_set rd = loop.rd;
+    timeval none{};
+    return ::select(loop.nfds, &rd, nullptr, nullptr, &none) == 0;
+}
+
+bool clock_inner::loop_has_input_locked()
+{
+    return loop.waits && !loop_idle_locked();
+}
+
+void clock_sleep_until(nanoseconds deadline)
+{
+    block(deadline, nullptr, [](nanoseconds timeout) {
+        pollfd fd{own_mark().kick_fd, POLLIN, 0};
+        const timespec t = to_timespec(timeout);
+        if (::ppoll(&fd, 1, timeout == forever ? nullptr : &t, nullptr) > 0)
+            take_kick();
+        return 0;
+    });
+}
+
+int clock_poll(pollfd* fds, nfds_t count, nanoseconds timeout)
+{
+    if (timeout == 0)
+        return ::poll(fds, count, 0);
+    std::vector<pollfd> all(fds, fds + count);
+    all.push_back({own_mark().kick_fd, POLLIN, 0});
+    const nanoseconds deadline = timeout == forever ? forever : clock_now(CLOCK_MONOTONIC) + timeout;
+    return block(deadline, nullptr, [&](nanoseconds host) {
+        const timespec t = to_timespec(host);
+        int n = ::ppoll(all.data(), all.size(), host == forever ? nullptr : &t, nullptr);
+        if (n > 0 && all.back().revents != 0) {
+            take_kick();
+            n--;
+        }
+        for (nfds_t i = 0; i < count; i++)
+            fds[i].revents = all[i].revents;
+        return n;
+    });
+}
+
+int clock_select(int nfds, fd_set* rd, fd_set* wr, fd_set* ex, nanoseconds timeout)
+{
+    fd_set* const given[3] = {rd, wr, ex};
+    select_sets sets{};
+    sets.nfds = nfds;
+    for (int i = 0; i < 3; i++)
+        if (given[i] != nullptr)
+            sets.wanted[i] = *given[i];
+    const bool is_loop = timeout == forever && own_mark().is_main;
+    const bool keep = is_loop && wr == nullptr && ex == nullptr;
+    const nanoseconds deadline = timeout == forever ? forever : clock_now(CLOCK_MONOTONIC) + timeout;
+    const int result = block(deadline, is_loop ? &sets : nullptr, [&](nanoseconds host) {
+        return without_kick(sets, keep ? loop_select_or_kick(sets) : select_or_kick(sets, host));
+    });
+    for (int i = 0; i < 3 && result >= 0; i++) {
+        if (given[i] == nullptr)
+            continue;
+        if (result > 0)
+            *given[i] = sets.found[i];
+        else
+            FD_ZERO(given[i]);
+    }
+    return result;
+}
+
+void clock_kick()
+{
+    const std::lock_guard lock(clock_mutex);
+    descriptor_changes++;
+    kick_locked();
+}
+
+void clock_descriptor_closed()
+{
+    descriptor_changes++;
+}
+
+bool clock_loop_runs()
+{
+    const std::lock_guard lock(clock_mutex);
+    return loop.ran;
+}
+
+} // namespace phone
