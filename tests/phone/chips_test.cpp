@@ -5,7 +5,6 @@
 #include <linux/i2c-dev.h>
 #include <linux/i2c.h>
 #include <string>
-#include <vector>
 
 #include "chips/chips.h"
 #include "chips/i2c_bus.h"
@@ -100,52 +99,15 @@ TEST_F(Chips, TheAddressPastTheLastReadsAsZeroAndIsStrange)
     }
 }
 
-// One transfer on a bus, as a driver makes it.
-struct bus {
-    int fd;
-
-    explicit bus(const char* path) : fd(phone_co.open(path, 2, 0)) {}
-    ~bus() { phone_co.close(fd); }
-    bus(const bus&) = delete;
-    bus& operator=(const bus&) = delete;
-
-    int transfer(std::vector<i2c_msg> messages) const
-    {
-        i2c_rdwr_ioctl_data data{messages.data(), static_cast<std::uint32_t>(messages.size())};
-        return phone_co.ioctl(fd, I2C_RDWR, &data);
-    }
-};
-
-i2c_msg message(std::uint16_t addr, std::vector<std::uint8_t>& bytes, std::uint16_t flags = 0)
-{
-    return {addr, flags, static_cast<std::uint16_t>(bytes.size()), bytes.data()};
-}
-
-TEST_F(Chips, APointerMovesOnOverMessagesAndTransfers)
-{
-    const bus b("/dev/i2c-5");
-    std::vector<std::uint8_t> write = {0x38, 0x11, 0x22, 0x33};
-    std::vector<std::uint8_t> point = {0x38};
-    std::vector<std::uint8_t> one(1);
-    std::vector<std::uint8_t> two(2);
-    EXPECT_EQ(b.transfer({message(0x18, write)}), 1);
-    EXPECT_EQ(b.transfer({message(0x18, point), message(0x18, one, I2C_M_RD)}), 2);
-    EXPECT_EQ(b.transfer({message(0x18, two, I2C_M_RD)}), 1);
-    EXPECT_EQ(one[0], 0x11);
-    EXPECT_EQ(two, (std::vector<std::uint8_t>{0x22, 0x33}));
-    EXPECT_FALSE(strange_now());
-}
-
 TEST_F(Chips, ATransferEndsWhereNothingAcknowledges)
 {
-    const bus b("/dev/i2c-5");
-    std::vector<std::uint8_t> first = {0x38, 0x44};
-    std::vector<std::uint8_t> second = {0x39, 0x55};
-    EXPECT_EQ(b.transfer({message(0x18, first), message(0x19, second), message(0x18, second)}), -1);
+    std::uint8_t first[] = {0x38, 0x44};
+    std::uint8_t second[] = {0x39, 0x55};
+    i2c_msg messages[] = {{0x18, 0, 2, first}, {0x19, 0, 2, second}, {0x18, 0, 2, second}};
+    i2c_rdwr_ioctl_data data{messages, 3};
+    EXPECT_EQ(phone_co.ioctl(phone_co.open("/dev/i2c-5", O_RDWR, 0), I2C_RDWR, &data), -1);
     EXPECT_EQ(i2c_chip(5, 0x18)->val[0x38], 0x44);
     EXPECT_EQ(i2c_chip(5, 0x18)->val[0x39], 0x00);
-    EXPECT_EQ(bus("/dev/i2c-4").transfer({message(0x18, first)}), -1);
-    EXPECT_EQ(b.transfer({}), -1);
 }
 
 TEST_F(Chips, ThePowerChipKeepsItsTableAndItsIdentities)

@@ -7,10 +7,8 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
-#include <fstream>
 #include <poll.h>
 #include <spawn.h>
-#include <sstream>
 #include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
@@ -19,6 +17,7 @@
 
 #include "client/control_client.h"
 #include "client/port_client.h"
+#include "runner/file_text.h"
 
 std::string hvt_virtual;
 
@@ -27,14 +26,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr const char* greeting = "TP,OK\r\n";
-
-std::string content(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
 
 int wait_for(pid_t pid)
 {
@@ -56,7 +47,7 @@ bool phone_runs(const std::string& dir)
 
 int pid_of(const std::string& dir)
 {
-    return std::atoi(content(dir + "/hvt.pid").c_str());
+    return std::atoi(file_text(dir + "/hvt.pid").c_str());
 }
 
 // Waits for the end of the test, at the pipe whose other end it has, and clears away what it has left.
@@ -123,7 +114,7 @@ std::string phone_fixture::up()
         return hvt_virtual + " can't be started";
     }
     const int status = wait_for(pid);
-    const std::string complaint = content("/proc/self/fd/" + std::to_string(errors));
+    const std::string complaint = file_text("/proc/self/fd/" + std::to_string(errors));
     close(errors);
     if (status != 0)
         return "the phone doesn't start: " + complaint;
@@ -179,7 +170,7 @@ std::string phone_fixture::down()
             kill(pid, SIGKILL);
         std::this_thread::sleep_for(5ms);
     }
-    return content(dir + "/log/output");
+    return file_text(dir + "/log/output");
 }
 
 bool phone_fixture::ask(std::string_view line, std::string& answer)

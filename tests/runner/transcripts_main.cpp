@@ -6,11 +6,11 @@
 #include <filesystem>
 #include <fstream>
 #include <poll.h>
-#include <sstream>
 #include <thread>
 #include <unistd.h>
 
 #include "client/port_client.h"
+#include "runner/file_text.h"
 #include "runner/phone_fixture.h"
 #include "runner/transcript.h"
 
@@ -103,12 +103,10 @@ std::string ask_phone(session& s, const step& st)
 
 std::string check_file(session& s, const step& st)
 {
-    std::ifstream file(file_of(s, st.text), std::ios::binary);
-    if (!file)
+    const std::string path = file_of(s, st.text);
+    if (!std::filesystem::exists(path))
         return st.text + " isn't there";
-    std::ostringstream text;
-    text << file.rdbuf();
-    return compare(st.text + " holds something else", unescaped(st.answer), text.str());
+    return compare(st.text + " holds something else", unescaped(st.answer), file_text(path));
 }
 
 std::string write_file(session& s, const step& st)

@@ -40,29 +40,17 @@ struct Input : testing::Test {
     void TearDown() override { EXPECT_EQ(phone.down(), ""); }
 };
 
-std::string name_of(std::size_t size)
+TEST_F(Input, LinesOfAnyLength)
 {
-    return std::string(size, 'a');
-}
-
-TEST_F(Input, LinesUpToTheBufferAreOneLine)
-{
-    // 32767 bytes and the line end fill the buffer of 32768.
-    for (const std::size_t size : {1, 2, 255, 256, 257, 4095, 4096, 32766, 32767})
-        EXPECT_EQ(shown(exchange(name_of(size) + "\r")), "NOT FOUND\\r\\n") << size;
-    expect_alive();
-}
-
-TEST_F(Input, LongerLinesFallIntoSeveral)
-{
-    // Each full buffer of 32768 bytes is a line; the rest is another.
-    for (const std::size_t size : {32768, 32769, 65536, 100'000}) {
-        const std::string got = exchange(name_of(size) + "\r");
+    // 32767 bytes and the line end fill the buffer. Each full buffer of 32768 bytes is a line; the rest is
+    // another.
+    for (const std::size_t size :
+         {1, 2, 255, 256, 257, 4095, 4096, 32766, 32767, 32768, 32769, 65536, 100'000}) {
         std::string wanted;
         for (std::size_t i = 0; i < size / 32768; i++)
             wanted += "NOT FOUND\r\n";
         wanted += size % 32768 == 0 ? "\r\n" : "NOT FOUND\r\n";
-        EXPECT_EQ(shown(got), shown(wanted)) << size;
+        EXPECT_EQ(shown(exchange(std::string(size, 'a') + "\r")), shown(wanted)) << size;
     }
     expect_alive();
 }

@@ -5,21 +5,13 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <sys/mount.h>
 #include <unistd.h>
 
+#include "runner/file_text.h"
 #include "runner/phone_fixture.h"
 
 namespace {
-
-std::string content(const std::string& path)
-{
-    std::ifstream file(path);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
 
 TEST(Start, ASecondStartOnTheSameFolderSaysSo)
 {
@@ -30,7 +22,7 @@ TEST(Start, ASecondStartOnTheSameFolderSaysSo)
     second.dir = phone.dir;
     const std::string wrong = second.up();
     second.dir = own;
-    const std::string pid = std::to_string(std::atoi(content(phone.dir + "/hvt.pid").c_str()));
+    const std::string pid = std::to_string(std::atoi(file_text(phone.dir + "/hvt.pid").c_str()));
     EXPECT_NE(wrong.find("hvt: " + phone.dir + " is already running (process " + pid + "); \"./hvt down " +
                          phone.dir + "\" stops it"),
               std::string::npos)
@@ -45,8 +37,8 @@ TEST(Start, WhatLiesInTheFolderSurvives)
     std::filesystem::create_directories(phone.dir + "/root/sys/class/x");
     std::ofstream(phone.dir + "/root/sys/class/x/y") << "mine";
     ASSERT_EQ(phone.up(), "");
-    EXPECT_EQ(content(phone.dir + "/root/sys/class/x/y"), "mine");
-    EXPECT_EQ(content(phone.dir + "/root" + state), "CONFIGURED\n");
+    EXPECT_EQ(file_text(phone.dir + "/root/sys/class/x/y"), "mine");
+    EXPECT_EQ(file_text(phone.dir + "/root" + state), "CONFIGURED\n");
     ASSERT_EQ(phone.down(), "");
     std::filesystem::remove(phone.dir + "/root" + state);
     ASSERT_EQ(phone.up(), "");
@@ -88,13 +80,13 @@ TEST(Start, AFullDiskIsNamedAndNothingIsLost)
     std::ofstream(phone.dir + "/filler") << std::string(1 << 20, 'x');
     const std::string wrong = phone.up();
     EXPECT_NE(wrong.find("No space left on device"), std::string::npos) << wrong;
-    EXPECT_EQ(content(phone.dir + "/root/keep/this"), "as it was");
+    EXPECT_EQ(file_text(phone.dir + "/root/keep/this"), "as it was");
     // With room again the phone starts and is whole.
     std::filesystem::remove(phone.dir + "/filler");
     EXPECT_EQ(phone.down(), "");
     ASSERT_EQ(mount("none", phone.dir.c_str(), "tmpfs", MS_REMOUNT, "size=64m"), 0);
     EXPECT_EQ(phone.up(), "");
-    EXPECT_EQ(content(phone.dir + "/root/sys/devices/virtual/android_usb/android0/state"), "CONFIGURED\n");
+    EXPECT_EQ(file_text(phone.dir + "/root/sys/devices/virtual/android_usb/android0/state"), "CONFIGURED\n");
     phone.down();
     close(phone.port);
     phone.port = -1;
@@ -160,7 +152,7 @@ TEST(Start, AProgramThatStopsItselfLeavesItsReason)
     EXPECT_FALSE(phone.ask("idle", answer));
     EXPECT_EQ(answer, "the phone went off");
     phone.down();
-    const std::string log = content(phone.dir + "/log/kmsg");
+    const std::string log = file_text(phone.dir + "/log/kmsg");
     EXPECT_NE(log.find("phone: the program stopped itself: fd >= 0, vers_linux.cpp line "), log.npos) << log;
 }
 

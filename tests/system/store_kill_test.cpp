@@ -7,13 +7,12 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <poll.h>
 #include <random>
-#include <sstream>
 #include <string>
 #include <thread>
 
 #include "client/port_client.h"
+#include "runner/file_text.h"
 #include "runner/phone_fixture.h"
 
 namespace {
@@ -44,10 +43,7 @@ std::string write_line(const unit& u, int byte)
 // The byte that the whole file consists of; -1 for anything else.
 int whole_of(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    const std::string bytes = text.str();
+    const std::string bytes = file_text(path);
     if (bytes.size() != unit_size || bytes.find_first_not_of(bytes[0]) != std::string::npos)
         return -1;
     return static_cast<unsigned char>(bytes[0]);
@@ -75,11 +71,7 @@ bool exchange(const phone_fixture& phone, const std::string& line)
     std::string got;
     if (!port_send(phone.port, line, got, 1000))
         return false;
-    while (got.size() < wanted.size()) {
-        pollfd p{phone.port, POLLIN, 0};
-        if (poll(&p, 1, 1000) <= 0 || !port_take(phone.port, got))
-            return false;
-    }
+    phone.receive(got, wanted.size());
     return got == wanted;
 }
 

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "client/port_client.h"
+#include "runner/file_text.h"
 #include "runner/phone_fixture.h"
 #include "runner/transcript.h"
 #include "torture/harmless.h"
@@ -82,12 +83,8 @@ std::vector<torture_line> read_lines(const std::string& path)
 unit_files read_units(const phone_fixture& phone)
 {
     unit_files units;
-    for (const auto& entry : std::filesystem::directory_iterator(phone.dir + "/units")) {
-        std::ifstream file(entry.path(), std::ios::binary);
-        std::ostringstream text;
-        text << file.rdbuf();
-        units[entry.path().filename()] = text.str();
-    }
+    for (const auto& entry : std::filesystem::directory_iterator(phone.dir + "/units"))
+        units[entry.path().filename()] = file_text(entry.path());
     return units;
 }
 

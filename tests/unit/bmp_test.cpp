@@ -1,6 +1,6 @@
 // BMP files: what is read, what is refused, and what is drawn of them.
-#include <cstdio>
 #include <cstring>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <string>
 #include <unistd.h>
@@ -48,17 +48,9 @@ struct Bmp : testing::Test {
     Bmp() { panel_fake_start({.width = 5, .height = 4}); }
     ~Bmp() override { unlink(path.c_str()); }
 
-    void write(const std::string& bytes) const
-    {
-        FILE* f = std::fopen(path.c_str(), "wb");
-        ASSERT_NE(f, nullptr);
-        std::fwrite(bytes.data(), 1, bytes.size(), f);
-        std::fclose(f);
-    }
-
     int draw(const std::string& bytes) const
     {
-        write(bytes);
+        std::ofstream(path, std::ios::binary) << bytes;
         screen_clear(0);
         return screen_load_image(path.c_str());
     }

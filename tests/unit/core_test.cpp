@@ -78,8 +78,6 @@ void begin()
     std::_Exit(3);
 }
 
-#define EXPECT_GOOD_END(scenario) EXPECT_EXIT(scenario(), testing::ExitedWithCode(0), "^$")
-
 // One that another takes out isn't served, and not by the old answer of select when it comes back at once.
 void reader_removed_by_another()
 {
@@ -161,18 +159,10 @@ void many_threads()
 
 } // namespace
 
-TEST(Core, Deferred)
+TEST(Core, EachScenarioEndsWell)
 {
-    EXPECT_GOOD_END(burst_fills_the_pipe);
-}
-
-TEST(Core, Readers)
-{
-    EXPECT_GOOD_END(reader_removed_by_another);
-    EXPECT_GOOD_END(descriptor_closed_under_its_client);
-}
-
-TEST(Core, Threads)
-{
-    EXPECT_GOOD_END(many_threads);
+    EXPECT_EXIT(burst_fills_the_pipe(), testing::ExitedWithCode(0), "^$");
+    EXPECT_EXIT(reader_removed_by_another(), testing::ExitedWithCode(0), "^$");
+    EXPECT_EXIT(descriptor_closed_under_its_client(), testing::ExitedWithCode(0), "^$");
+    EXPECT_EXIT(many_threads(), testing::ExitedWithCode(0), "^$");
 }

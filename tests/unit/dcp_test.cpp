@@ -78,9 +78,9 @@ TEST_F(Dcp, LineFormsReachTheHandler)
          {row{"spy", 0, "spy 0"}, row{"spy=,", 0, "spy 0 0 0"}, row{"SpY=1,2,3", 0, "spy 0 1 2 3"},
           row{"spy?", 0, "spy 1"}, row{"spy?7", 0, "spy 1 7"}, row{"spytext=\"Aa\"", 0, "text 0 Aa"},
           row{"spytext=,1", 0, "text 0 none"}, row{"spytext?\"unended", 0, "text 1 unended"},
-          row{"LONGEST_name_of_all=4", 0, "spy 0 4"}, row{"longest_name_of_al", 3, ""},
-          row{"longest_name_of_bll", 3, ""}, row{"spy ", 3, ""}, row{"nosuch?", 3, ""}, row{"=5", 3, ""},
-          row{"", 0, ""}, row{"spytex", 3, ""}}) {
+          row{"LONGEST_name_of_all=4", 0, "spy 0 4"}, row{"longest_name_of_all?4", 0, "spy 1 4"},
+          row{"longest_name_of_al", 3, ""}, row{"longest_name_of_bll", 3, ""}, row{"spy ", 3, ""},
+          row{"nosuch?", 3, ""}, row{"=5", 3, ""}, row{"", 0, ""}, row{"spytex", 3, ""}}) {
         SCOPED_TRACE(r.line);
         called.clear();
         EXPECT_EQ(parse(r.line), r.status);

@@ -6,12 +6,12 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <random>
-#include <sstream>
 #include <string>
 
 #include "file_linux/file_linux.h"
 #include "plat_fake.h"
 #include "plat_linux/plat_linux.h"
+#include "runner/file_text.h"
 
 namespace {
 
@@ -35,13 +35,7 @@ struct Files : testing::Test {
         std::ofstream(at(name), std::ios::binary) << text;
     }
 
-    std::string read(const std::string& name) const
-    {
-        std::stringstream text;
-        text << std::ifstream(at(name), std::ios::binary).rdbuf();
-        return text.str();
-    }
-
+    std::string read(const std::string& name) const { return file_text(at(name)); }
     std::size_t compress() const { return file_compress(at("src").c_str(), at("dst").c_str()); }
     std::size_t uncompress() const { return file_uncompress(at("dst").c_str(), at("out").c_str()); }
 };

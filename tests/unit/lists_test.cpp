@@ -1,9 +1,6 @@
-#include <algorithm>
 #include <gtest/gtest.h>
-#include <random>
 #include <vector>
 
-#include "rlnk/rlnk.h"
 #include "slnk/slnk.h"
 
 namespace {
@@ -72,43 +69,4 @@ TEST(Slnk, SerializedImageCanMove)
     slnk_serialize(1, &empty);
     slnk_serialize(0, &empty);
     EXPECT_EQ(empty.p_next, nullptr);
-}
-
-// Against plain times in a stable sort, with removals in between and distances up to the largest.
-TEST(Rlnk, AgreesWithSortedPlainTimes)
-{
-    std::mt19937 random(1);
-    for (int round = 0; round < 50; round++) {
-        struct plain {
-            rlnk lnk;
-            std::uint32_t distance;
-        };
-        std::vector<plain> all(40);
-        rlnk head;
-        rlnk_init(&head, 0);
-        std::vector<plain*> want;
-        for (plain& p : all) {
-            p.distance = round % 2 != 0 ? random() % 10 : random();
-            rlnk_init(&p.lnk, p.distance);
-            rlnk_insert(&head, &p.lnk);
-            want.push_back(&p);
-            if (random() % 4 == 0) {
-                const auto victim = want.begin() + static_cast<std::ptrdiff_t>(random() % want.size());
-                rlnk_remove(&head, &(*victim)->lnk);
-                want.erase(victim);
-            }
-        }
-        std::stable_sort(want.begin(), want.end(),
-                         [](plain* l, plain* r) { return l->distance < r->distance; });
-        std::uint32_t sum = 0;
-        const rlnk* p = rlnk_next(&head);
-        for (const plain* p_want : want) {
-            ASSERT_EQ(static_cast<const void*>(p), p_want);
-            sum += p->rank;
-            EXPECT_EQ(sum, p_want->distance);
-            p = rlnk_next(p);
-        }
-        EXPECT_EQ(p, &head);
-        EXPECT_EQ(head.rank, 0u);
-    }
 }

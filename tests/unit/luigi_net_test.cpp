@@ -6,7 +6,6 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
-#include <sstream>
 #include <string>
 #include <sys/socket.h>
 #include <thread>
@@ -16,6 +15,7 @@
 #include "cfg/cfg.h"
 #include "luigi/luigi.h"
 #include "plat_fake.h"
+#include "runner/file_text.h"
 
 namespace {
 
@@ -112,10 +112,7 @@ std::string wait_for_file(const std::string& path)
 {
     for (int turn = 0; turn < 4000 && !std::filesystem::exists(path); turn++)
         std::this_thread::sleep_for(5ms);
-    std::ifstream file(path);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
+    return file_text(path);
 }
 
 void send_script(std::uint32_t type, const std::string& path)

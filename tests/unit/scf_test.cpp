@@ -125,20 +125,6 @@ TEST(Scf, HexStopsInTime)
     }
 }
 
-TEST(Scf, CleaningALine)
-{
-    struct row {
-        const char *text, *chars, *clean;
-    };
-    for (const row& r : {row{"ab\bc", "", "ac"}, row{"\b\bx", "", "x"}, row{"a\r\nb\r\n", "\r\n", "ab"},
-                         row{"ab\r\b", "\r\n", "a"}, row{"ab\b\b\b\bcd", "", "cd"}, row{"\r\n", "\r\n", ""},
-                         row{"", "\r\n", ""}, row{"\xff\x80 ~", "\r\n", "\xff\x80 ~"}}) {
-        const auto text = exact_text(r.text);
-        EXPECT_EQ(scf_clean(text.get(), r.chars), std::strlen(r.clean));
-        EXPECT_STREQ(text.get(), r.clean);
-    }
-}
-
 TEST(Scf, SplittingInPlace)
 {
     const auto items = [](const char* str, int max) {
