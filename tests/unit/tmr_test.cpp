@@ -44,6 +44,9 @@ TEST_F(Tmr, EqualExpiriesFireLastAddedFirst)
     plat_fake_advance_us(1);
     EXPECT_EQ(fired, (links{&c, &b, &a}));
     EXPECT_EQ(tmr_cb_left(), 0u);
+    tmr_cb_add(&a, note, 500);
+    tmr_cb_rm(&a);
+    EXPECT_EQ(tmr_cb_left(), 0u) << "without a timer nothing runs";
 }
 
 // The expiry of a timer that is removed meanwhile must not be taken for its successor's.
