@@ -29,7 +29,7 @@ int clock_select(int nfds, fd_set* rd, fd_set* wr, fd_set* ex, nanoseconds timeo
 void clock_kick();
 
 // A descriptor of the program has been closed: its number may mean another one the next time.
-void clock_descriptor_closed();
+void clock_descriptor_closed(int fd);
 
 // One-shot or periodic timers that call `fire` on a thread of its own at each expiry. Times are relative;
 // 0 disarms.

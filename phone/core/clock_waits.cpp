@@ -194,9 +194,11 @@ void clock_kick()
     kick_locked();
 }
 
-void clock_descriptor_closed()
+void clock_descriptor_closed(int fd)
 {
-    descriptor_changes++;
+    const std::lock_guard lock(clock_mutex);
+    if (fd >= 0 && fd < loop.nfds && FD_ISSET(fd, &loop.rd))
+        descriptor_changes++;
 }
 
 bool clock_loop_runs()

@@ -221,7 +221,7 @@ int files_close(int fd)
     if (file != nullptr && file->p_node != nullptr && file->p_node->close != nullptr)
         file->p_node->close(*file);
     const int result = ::close(fd);
-    clock_descriptor_closed();
+    clock_descriptor_closed(fd);
     return result;
 }
 
