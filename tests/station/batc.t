@@ -39,11 +39,16 @@ the capacity of a voltage and a current that are given, the current as a dischar
 
 algorithm, model and resistance are set, and a value of 0 keeps the old one
   phone    battery 3800 -200
-  # algorithm 2: 3800 + 27 = 3827 mV, between 3830 (56) and 3813 (53): 53 + 14 * 3 / 17
+  # algorithm 2 takes a current of any sign. 3800 + 27 = 3827 mV, between 3830 (56) and 3813 (53): 53 + 14 * 3 / 17
   send     batc=6,2
   expect   BATC: ,OK
   send     batc=3
   expect   BATC:55,3800,-200,OK
+  # 3800 - 27 = 3773 mV, between 3791 (46) and 3771 (33): 33 + 2 * 13 / 20
+  phone    battery 3800 200
+  send     batc=3
+  expect   BATC:34,3800,200,OK
+  phone    battery 3800 -200
   # back to algorithm 1 with model 1: between 3832 (54) and 3806 (46): 46 + 21 * 8 / 26
   send     batc=6,1,1
   expect   BATC: ,OK

@@ -118,7 +118,7 @@ stored records are counted, read one after the other with their length, and drop
   send     ftmc=206
   expect   FTMC:0x6d,OK
 
-the log filter is set when its length is right
+the log filter is set when its length is right, and codes that only the driver knows are taken
   send     ftmc=202,5,0,0,0,1
   expect   FTMC:,OK
   phone    diag filter -> none
@@ -126,8 +126,6 @@ the log filter is set when its length is right
   expect   FTMC:0xca,0x02,0x00,0x00,0x00,0x01,0x02,OK
   phone    diag filter -> 0102
   phone    diag last -> none
-
-codes that only the driver knows are taken
   send     ftmc=200
   expect   FTMC:0xc8,OK
   send     ftmc=204

@@ -21,11 +21,9 @@ two values leave the prompt as it is, and 0 removes it
   send     s4=0,a,0
   expect   S4:0x00, 0x0a,OK
 
-one value sets both
+one value sets both; no value, and more than three, set both to line feed
   send     s4=21
   read     S4:0x21, 0x21,!OK\r!
-
-no value, and more than three, set both to line feed
   send     s4
   read     S4:0x0a, 0x0a,\nOK\r\n
   send     s4=0,a
