@@ -39,15 +39,12 @@ the battery's and the charger's inputs are what is there
 a temperature has a scaled value of its own
   write    /sys/devices/qpnp-vadc-8/batt_therm_dflt Result:912345 Raw:32877\n
   write    /sys/devices/qpnp-vadc-8/batt_therm Result:-57 Raw:35001\n
-  write    /sys/devices/qpnp-vadc-8/die_temp Result:41999 Raw:30303\n
   write    /sys/devices/qpnp-vadc-8/pcb_therm Result:2900 Raw:32260\n
   send     adcr=11
   expect   ADCR:0x390,OK
   # -57 tenths of a degree, cut towards 0: -5
   send     adcr=11,2
   expect   ADCR:0xfffffffb,OK
-  send     adcr=13,2
-  expect   ADCR:0x29,OK
   send     adcr=37,2
   expect   ADCR:0xb54,OK
 

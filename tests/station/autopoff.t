@@ -60,12 +60,6 @@ the cable in time sets the time back
   send     case?
   expect   CASE:false,OK
 
-a phone on the cable stays on
-  phone    clock hold
-  phone    clock +420000
-  send     case?
-  expect   CASE:false,OK
-
 a state attribute that can't be read counts for nothing
   conf     without /sys/devices/virtual/android_usb/android0/state
   strange  any

@@ -29,14 +29,10 @@ the capacity of a voltage and a current that are given, the current as a dischar
   expect   BATC:53,3801,500,OK
   send     batc=3,4400,1,9
   expect   BATC:100,4400,1,OK
-  # 3488 + 0 mV, below the last pair with a percent
-  send     batc=3,3488,1
-  expect   BATC:0,3488,1,OK
   # given as a charge: no estimate
   send     batc=3,3900,-500
   expect   BATC: ,ERROR
-
-a battery that gives off no current has no estimate
+  # nor when there is none
   phone    battery 3801 0
   send     batc=3
   expect   BATC: ,ERROR

@@ -184,7 +184,7 @@ a full battery is discharged until it fits, then done on green, and charged agai
   phone    spmi 1049 -> 80
   file     /sys/class/leds/lcd-backlight/brightness -> 0
 
-charging ends one percent below the target, and begins again when the battery at rest has less than that
+charging ends one percent below the target
   conf     usb off
   conf     charger none
   conf     battery 3892 -200
@@ -204,17 +204,6 @@ charging ends one percent below the target, and begins again when the battery at
   +        [    10.000] charge_set_mode failed.\n
   +        [    10.000] Entering discharge state\n
   phone    spmi 1049 -> 80
-  # 3882 + 27 = 3909 mV: 55 + 29 * 5 / 49 = 57, of 2380 mAh 1356; looked at after more than 120 s
-  phone    battery 3882 -200
-  phone    clock +120000
-  write    /system/chargemon.txt (cut)\n
-  phone    clock +2000
-  file     /system/chargemon.txt -> (cut)\n
-  +        [   132.000] 57%, 3882mV, -200mA\n
-  +        [   132.000] enough time have passed for stable voltage and current.\n
-  +        [   132.000] capacities read: 57%, 57%, 57%\n
-  +        [   132.000] Starting capacity (57%, 1356mAh).\n
-  +        [   132.000] Starting charging at 1500mA\n
 
 a log that can't be written is done without, and a temperature that can't be read is too hot
   conf     usb off

@@ -11,16 +11,6 @@ a box has its colour from corner to corner and nowhere else
   phone    pixel 130 239 -> 000000
   phone    pixel 129 240 -> 000000
 
-a huge box fills what is right of and below its corner
-  send     lcdl=1,0
-  expect   LCDL: ,OK
-  send     dbox=1000,1900,0x7FFFFFFF,0x7FFFFFFF,0,0,0,255
-  expect   DBOX: ,OK
-  phone    pixel 1079 1919 -> 0000FF
-  phone    pixel 1000 1900 -> 0000FF
-  phone    pixel 999 1900 -> 000000
-  phone    pixel 1000 1899 -> 000000
-
 without values the border of a box of no size runs around the screen
   send     lcdl=1
   expect   LCDL: ,OK

@@ -18,10 +18,12 @@ values left out are black, and only 8 bits of a value count
   expect   DCLR: ,OK
   phone    pixel 7 7 -> 000000
 
-without a screen nothing can be cleared
+without a screen nothing can be cleared, and the accepted values
   send     dclr=0,1,2,3
   expect   DCLR: ,ERROR
   phone    pixel 0 0 -> 000000
+  send     dclr=?
+  expect   DCLR: ,dclr      (0-0xff)[,(0-0xff)[,(0-0xff)[,(0-0xff)]]]         clear(alpha,r,g,b),OK
 
 a panel that can't be panned is told
   send     lcdl=1,0
@@ -29,7 +31,3 @@ a panel that can't be panned is told
   phone    fail ioctl /dev/graphics/fb0
   send     dclr=0,1,2,3
   expect   DCLR: ,ERROR
-
-the accepted values
-  send     dclr=?
-  expect   DCLR: ,dclr      (0-0xff)[,(0-0xff)[,(0-0xff)[,(0-0xff)]]]         clear(alpha,r,g,b),OK

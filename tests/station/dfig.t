@@ -21,7 +21,6 @@ a horizontal line of thickness 4 is four rows, a vertical one grows to the right
   phone    pixel 50 50 -> FF0000
   phone    pixel 50 51 -> 000000
   phone    pixel 51 50 -> 000000
-  phone    pixel 100 100 -> FF0000
 
 a line without an end goes to the bottom right corner, in black
   send     lcdl=1

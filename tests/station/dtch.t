@@ -62,7 +62,7 @@ at most one event each 20 ms
   expect   DTCH:3,3,3,3,OK
   expect   DTCH:3,3,3,3,OK
 
-starting twice does not report twice, and after the end nothing is reported
+starting twice does not report twice, after the end nothing is reported, and there is no mode above 3
   send     dtch=1
   expect   DTCH: ,OK
   send     dtch=1
@@ -74,8 +74,6 @@ starting twice does not report twice, and after the end nothing is reported
   expect   DTCH: ,OK
   phone    touch 20 30 tap
   phone    clock +100
-
-a mode above 3
   send     dtch=4
   expect   DTCH: ,SYNTAX
 

@@ -27,11 +27,9 @@ no file for the controller, none of that name, a name too long
   send     dtfd="/3456789_123456789_123456789_123456789_123456789_123456789_123456789_123456789_123456789_123456789_123456789_123456789_123456789"
   expect   DTFD: ,ERROR
 
-a firmware that the driver refuses
+a firmware that the driver refuses, and the help
   write    /system/etc/firmware/half.bin \x01\x02
   send     dtfd="/system/etc/firmware/half.bin"
   expect   DTFD: ,ERROR
-
-help
   send     dtfd=?
   expect   DTFD:Touch firmware download,dtfd                                                        dtfd(firmware),OK

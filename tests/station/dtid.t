@@ -27,16 +27,12 @@ another panel
   expect   DTID:0x00750012,0xDEADBEEF,OK
   send     dtid=1
   expect   DTID:0x02,0x0075,0x0012,0xDEADBEEF,OK
-  send     dtid=4
-  expect   DTID:0x12,OK
 
-values out of range
+values out of range, and the help
   send     dtid=5
   expect   SYNTAX
   send     dtid=1,1
   expect   dtid      [(1-4)]                                           dtid(action),SYNTAX
-
-help
   send     dtid=?
   expect   DTID:Read touch hardware info and write/read trim area,dtid      [(1-4)]                                           dtid(action),OK
 

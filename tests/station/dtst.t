@@ -1,6 +1,6 @@
 # The touch controller's own tests.
 
-the self tests are of five kinds and more
+the self tests are of five kinds and more, and only the first result counts
   # the phone's results: 0x10 and the kind
   send     dtst=1
   expect   DTST:0x10,OK
@@ -16,8 +16,6 @@ the self tests are of five kinds and more
   expect   DTST:0x16,OK
   send     dtst=5,5
   expect   DTST: ,SYNTAX
-
-only the first result counts
   phone    touchtest 2 0x1234 1 2
   send     dtst=2
   expect   DTST:0x1234,OK

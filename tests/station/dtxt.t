@@ -34,14 +34,6 @@ what begins right of the screen or ends below it is left out
   expect   DTXT: ,OK
   phone    pixel 6 1883 -> FFFFFF
 
-long text ends at the edge
-  send     lcdl=1,0
-  expect   LCDL: ,OK
-  send     dtxt=0,0,255,255,255,"###############################################################################################################################################################################################################################################################"
-  expect   DTXT: ,OK
-  phone    pixel 1062 12 -> FFFFFF
-  phone    pixel 6 60 -> 000000
-
 a place outside the screen and a missing text are errors
   send     lcdl=1,0
   expect   LCDL: ,OK
@@ -58,10 +50,8 @@ a place outside the screen and a missing text are errors
   send     dtxt=0,0,255,255,255,""
   expect   DTXT: ,OK
 
-without a screen nothing is printed
+without a screen nothing is printed, and the accepted values
   send     dtxt=0,0,255,255,255,"#"
   expect   DTXT: ,ERROR
-
-the accepted values
   send     dtxt=?
   expect   DTXT: ,dtxt      (0-240),(0-320),(0-255),(0-255),(0-255),(a-z,A-Z) text(x,y,r,g,b,str),OK

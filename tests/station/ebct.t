@@ -18,9 +18,6 @@ the battery current is set in steps of 50 mA, the input current to 1500 mA
   phone    spmi 1044 -> 14
   phone    spmi 1344 -> 0F
   phone    spmi 1444 -> 0F
-  send     ebct=2,3000
-  expect   EBCT: ,OK
-  phone    spmi 1044 -> 3C
   # 1000 mA
   send     ebct=2,0
   expect   EBCT: ,OK

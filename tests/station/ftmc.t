@@ -2,7 +2,6 @@ a request in decimal or hexadecimal, with or without blanks, is the same packet
   send     ftmc=75,11,0x00,128,0,0
   # bytes 0 to 5 again, 10 bytes to come, state 0
   expect   FTMC:0x4b,0x0b,0x00,0x80,0x00,0x00,0x0a,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,OK
-  phone    diag last -> 4B0B00800000
   send     ftmc=0x4B, 0x0B, 0, 0x80, 0, 0
   expect   FTMC:0x4b,0x0b,0x00,0x80,0x00,0x00,0x0a,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,OK
   phone    diag recent -> 4B0B00800000\n4B0B00800000
@@ -38,30 +37,26 @@ an empty response ends the exchange at once, also behind one that doesn't match
   # the first exchange one request, the second two
   phone    diag recent -> 4B0B0E00\n4B0B0E00\n4B0B0E00
 
-a modem that doesn't answer costs the whole time and no more
-  send     ftmc=209,1
-  expect   FTMC:,OK
-  phone    diag 4B silent
-  send     ftmc=75,11,14,0
-  expect   FTMC:,ERROR
-  phone    diag recent -> 4B0B0E00
-
-the time is 25 seconds, and can be set
+a modem that doesn't answer costs the whole time and no more: 25 seconds, which can be set
   phone    diag down
   phone    clock hold
   raw      ftmc=75,11,14,0\r
   phone    clock +24500
   phone    clock +600
   expect   FTMC:,ERROR
+  phone    diag recent -> none
   phone    clock run
+  phone    diag up
+  phone    diag 4B silent 1
   send     ftmc=209,3
   expect   FTMC:,OK
   phone    clock hold
   raw      ftmc=75,11,14,0\r
   phone    clock +3100
   expect   FTMC:,ERROR
-  phone    diag recent -> none
+  phone    diag recent -> 4B0B0E00
   phone    clock run
+  phone    diag down
   send     ftmc=209,0
   expect   FTMC:,OK
   phone    clock hold
@@ -99,6 +94,10 @@ a failing driver is waited for
 stored records are counted, read one after the other with their length, and dropped
   phone    diag log 0102030405
   phone    diag log AA
+  # a log that can't be read counts as empty
+  phone    fail diag 103 1
+  send     ftmc=201
+  expect   FTMC:0xc9,0x00,0x00,0x00,0x00,OK
   send     ftmc=201
   expect   FTMC:0xc9,0x02,0x00,0x00,0x00,OK
   send     ftmc=205
@@ -112,15 +111,14 @@ stored records are counted, read one after the other with their length, and drop
   send     ftmc=205
   expect   FTMC:0xcd,OK
   phone    diag last -> none
-
-the second store is read under the driver's own number
+  # the second store is read under the driver's own number
   phone    diag log2 C0FFEE
   send     ftmc=206
   expect   FTMC:0x6d,0xc0,0xff,0xee,OK
   send     ftmc=206
   expect   FTMC:0x6d,OK
 
-the log filter is set when its length is right
+the log filter is set when its length is right, and codes that only the driver knows are taken
   send     ftmc=202,5,0,0,0,1
   expect   FTMC:,OK
   phone    diag filter -> none
@@ -128,8 +126,6 @@ the log filter is set when its length is right
   expect   FTMC:0xca,0x02,0x00,0x00,0x00,0x01,0x02,OK
   phone    diag filter -> 0102
   phone    diag last -> none
-
-codes that only the driver knows are taken
   send     ftmc=200
   expect   FTMC:0xc8,OK
   send     ftmc=204
@@ -175,11 +171,3 @@ no value is a syntax error, and what it is
   send     ftmc=?
   expect   FTMC:Factory Test Mode Channel,
   + ftmc      (0-255)[,(0-255)...]                              ftmc(data),OK
-
-a log that can't be read counts as empty
-  phone    diag log 01
-  phone    fail diag 103 1
-  send     ftmc=201
-  expect   FTMC:0xc9,0x00,0x00,0x00,0x00,OK
-  send     ftmc=201
-  expect   FTMC:0xc9,0x01,0x00,0x00,0x00,OK

@@ -10,8 +10,6 @@ a pattern lists the names that begin with it, in table order
 a pattern is compared as it is written, the command's own name isn't
   send     HELP="S3"
   expect   NOT FOUND
-  send     HeLp="s3"
-  expect   s3        0xB[,0xB]                                         s3(ct,final),OK
 
 a mask selects by group bits: 1 is invisible, 2 standard
   send     help="cas",1
@@ -21,10 +19,6 @@ a mask selects by group bits: 1 is invisible, 2 standard
 
 a mask without a pattern goes through the letters
   send     help=,0x80
-  expect   NOT FOUND
-
-what matches no row isn't found, and isn't OK
-  send     help="nosuch"
   expect   NOT FOUND
 
 a string that isn't closed ends with the line

@@ -27,7 +27,7 @@ names and characters with p and r, without the command's name
   send     keyb=0
   expect   KEYB: ,OK
 
-codes in hexadecimal, a key that repeats is pressed again
+codes in hexadecimal, a key that repeats is pressed again, and the help
   send     keyb=2
   expect   KEYB: ,OK
   # 528 = 0x210, 408 = 0x198, 1 = ESC
@@ -40,15 +40,17 @@ codes in hexadecimal, a key that repeats is pressed again
   phone    key 408 tap
   expect   KEYB:198,p
   expect   KEYB:198,r
+  # touch and mouse buttons are no keys
+  phone    key 330 tap
+  phone    key 259 tap
+  phone    clock +400
+  phone    key 260 tap
+  expect   KEYB:104,p
+  expect   KEYB:104,r
+  send     keyb=?
+  expect   KEYB:Key test,keyb      (0-3)                                             off,string,numeric,columms,OK
 
-the matrix form knows no place on a phone without a matrix
-  send     keyb=3
-  expect   KEYB: ,OK
-  phone    key 116 tap
-  expect   KEYB: row: 0, col: 0, p
-  expect   KEYB: row: 0, col: 0, r
-
-the key 408 is held back in the string form and alone in the form 4
+the key 408 is held back in the string form and alone in the form 4; the matrix form knows no place
   send     keyb=1
   expect   KEYB: ,OK
   phone    key 408 tap
@@ -59,16 +61,11 @@ the key 408 is held back in the string form and alone in the form 4
   phone    key 408 tap
   expect   HWp
   expect   HWr
-
-touch and mouse buttons are no keys
-  send     keyb=2
+  send     keyb=3
   expect   KEYB: ,OK
-  phone    key 330 tap
-  phone    key 259 tap
-  phone    clock +400
-  phone    key 260 tap
-  expect   KEYB:104,p
-  expect   KEYB:104,r
+  phone    key 116 tap
+  expect   KEYB: row: 0, col: 0, p
+  expect   KEYB: row: 0, col: 0, r
 
 without a value the test starts in the string form; a new value changes it and attaches nothing twice
   send     keyb
@@ -84,27 +81,23 @@ without a value the test starts in the string form; a new value changes it and a
   expect   KEYB:74,p
   expect   KEYB:74,r
 
-it tells whether it is active, and after its end nothing is reported
+it tells whether it is active, a value out of range leaves it as it was, and after its end nothing is reported
   send     keyb?
   expect   KEYB:0x0,OK
   send     keyb=2
   expect   KEYB: ,OK
   send     keyb?
   expect   KEYB:0x1,OK
-  send     keyb=0
-  expect   KEYB: ,OK
-  phone    key 30 tap
-  phone    clock +200
-  send     keyb?
-  expect   KEYB:0x0,OK
-
-a value out of range leaves the test as it was
-  send     keyb=2
-  expect   KEYB: ,OK
   send     keyb=5
   expect   KEYB: Control value out of range: 5 ,ERROR
   phone    key 30 down
   expect   KEYB:1e,p
+  send     keyb=0
+  expect   KEYB: ,OK
+  phone    key 30 up
+  phone    clock +200
+  send     keyb?
+  expect   KEYB:0x0,OK
 
 the reports have line ends of their own and leave the station's alone
   send     s3=2b,d
@@ -116,7 +109,12 @@ the reports have line ends of their own and leave the station's alone
   send     keyb?
   expect   KEYB:0x1+OK
 
-while it runs the power key's reset is late and off
+while it runs the power key's reset is late and off; a chip that doesn't take that is told, and the test stays off
+  phone    fail spmi 00845 1
+  send     keyb=1
+  expect   KEYB: ,ERROR
+  send     keyb?
+  expect   KEYB:0x0,OK
   phone    spmi 844               -> 0F
   phone    spmi 845               -> 06
   phone    spmi 847               -> 80
@@ -130,16 +128,3 @@ while it runs the power key's reset is late and off
   phone    spmi 844               -> 0F
   phone    spmi 845               -> 06
   phone    spmi 847               -> 80
-
-a chip that doesn't take the timers is told, and the test stays off
-  phone    fail spmi 00845 1
-  send     keyb=1
-  expect   KEYB: ,ERROR
-  send     keyb?
-  expect   KEYB:0x0,OK
-  phone    spmi 844               -> 0F
-  phone    spmi 847               -> 80
-
-help
-  send     keyb=?
-  expect   KEYB:Key test,keyb      (0-3)                                             off,string,numeric,columms,OK

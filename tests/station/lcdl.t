@@ -17,25 +17,20 @@ the main panel starts with the start screen
   phone    pixel 4 1540 -> CFCFCF
   phone    screen -> 1080x1920x32 page 0 unblanked mode 0
 
-the HDMI output starts without the start screen unless that is asked for
+the HDMI output starts without the start screen unless that is asked for, and the panel is selected again
+  send     lcdl=1,0
+  expect   LCDL: ,OK
   send     lcdl=3
   expect   LCDL: ,OK
   phone    pixel 0 500 2 -> 000000
   send     lcdl=3,1
   expect   LCDL: ,OK
   phone    pixel 0 500 2 -> FFFFFF
-  # the panel wasn't touched
-  phone    pixel 0 500 -> 000000
-
-starting the panel again selects it again
-  send     lcdl=1,0
-  expect   LCDL: ,OK
-  send     lcdl=3,0
-  expect   LCDL: ,OK
   send     dclr=0,1,2,3
   expect   DCLR: ,OK
   phone    pixel 5 5 2 -> 010203
-  phone    pixel 5 5 -> 000000
+  # the panel wasn't touched
+  phone    pixel 0 500 -> 000000
   send     lcdl=1,0
   expect   LCDL: ,OK
   send     dclr=0,4,5,6

@@ -1,36 +1,27 @@
 # The VSYNC record is unit 60220, 0xEB3C, of the main store: high, low, low, high byte.
 
-a measurement is shown
+a measurement needs an active screen; its low 16 bits are stored and read back while the store is open
   phone    vsync 16667
   send     lvsm
   expect   LVSM: ,ERROR
-  # 16667 = 0x411B; the measurement needs an active screen
   send     lcdl=1,0
   expect   LCDL: ,OK
+  # 16667 = 0x411B
   send     lvsm
   expect   LVSM:0x411B,OK
-
-a measurement is stored, its low 16 bits, and read back
-  send     lcdl=1,0
-  expect   LCDL: ,OK
-  send     tact=1
-  expect   TACT:,OK
   phone    vsync 0xABCD1234
-  send     lvsm=1
-  expect   LVSM:0xABCD1234,OK
-  phone    unit 0xEB3C -> 12343412
-  send     lvsm=2
-  expect   LVSM:0x1234,OK
-
-with the store closed nothing is stored or read
-  send     lcdl=1,0
-  expect   LCDL: ,OK
-  phone    unit 0xEB3C 412B2B41
   send     lvsm=1
   expect   LVSM: ,ERROR
   send     lvsm=2
   expect   LVSM: ,ERROR
   phone    unit 0xEB3C -> 412B2B41
+  send     tact=1
+  expect   TACT:,OK
+  send     lvsm=1
+  expect   LVSM:0xABCD1234,OK
+  phone    unit 0xEB3C -> 12343412
+  send     lvsm=2
+  expect   LVSM:0x1234,OK
 
 a record must mirror and have four bytes
   send     tact=1

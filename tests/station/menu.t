@@ -1,18 +1,6 @@
 # The menu on the phone's own panel: what the power key and a finger do to scripts. The scripts tell what they
 # see through the lights and through files.
 
-the power key starts the script, and a second press stops it
-  write    /system/scripts/start_korvat.lua qat("lctr=13,1,11,1")
-  write    /system/scripts/stop.lua qat("lctr=13,1,22,1")
-  phone    key 116 tap
-  phone    clock +140
-  phone    idle
-  file     /sys/class/leds/red/brightness -> 11
-  phone    key 116 tap
-  phone    clock +140
-  phone    idle
-  file     /sys/class/leds/red/brightness -> 22
-
 the shipped menu: a page, a command that is well and one that fails, back, and an end in the dark
   phone    key 116 tap
   phone    clock +140
@@ -116,16 +104,19 @@ what waits for more than five seconds is dropped
   phone    idle
   file     /data/out -> 114,2 212,2\x20
 
-a button runs its handler at a press inside it, and nowhere else
+a button runs its handler at a press inside it; an error there ends the menu, and the next key press starts anew
   write    /system/scripts/start_korvat.lua -- start
   + \nscreen.init()
+  + \nqat("lctr=13,1,11")
   + \nlocal root = canvas.new()
-  + \nlocal b = button.new("x", function(me, x, y) qat("lctr=13,1," .. x .. ",1") qat("lctr=13,1," .. y .. ",3") end)
-  + \ncanvas.set_position(b, 100, 200) canvas.set_size(b, 50, 40)
-  + \ncanvas.add(root, b)
-  + \nlocal under = button.new("y", function() qat("lctr=13,1,7,2") end)
-  + \ncanvas.set_position(under, 100, 200) canvas.set_size(under, 50, 40)
-  + \ncanvas.add(root, under)
+  + \nlocal function add(x, handler)
+  + \n  local b = button.new("x", handler)
+  + \n  canvas.set_position(b, x, 200) canvas.set_size(b, 50, 40)
+  + \n  canvas.add(root, b)
+  + \nend
+  + \nadd(100, function(me, x, y) qat("lctr=13,1," .. x .. ",1") qat("lctr=13,1," .. y .. ",3") end)
+  + \nadd(100, function() qat("lctr=13,1,7,2") end)
+  + \nadd(400, function() error("boom") end)
   + \ntaboret.push(root)
   + \nqat("dtch=3")
   phone    key 116 tap
@@ -137,14 +128,22 @@ a button runs its handler at a press inside it, and nowhere else
   phone    touch 100 240 tap
   phone    clock +140
   phone    idle
-  file     /sys/class/leds/red/brightness -> 0\n
+  file     /sys/class/leds/red/brightness -> 11
   phone    touch 149 239 tap
   phone    clock +140
   phone    idle
   file     /sys/class/leds/red/brightness  -> 149
   file     /sys/class/leds/blue/brightness -> 239
-  # the button that was added first has it alone; green is on since the start
-  file     /sys/class/leds/green/brightness -> 255
+  # the button that was added first has it alone
+  file     /sys/class/leds/green/brightness -> 11
+  phone    touch 400 200 tap
+  phone    clock +140
+  phone    idle
+  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:12: boom
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  file     /sys/class/leds/red/brightness  -> 11
 
 without a start script a press changes nothing
   conf     without /system/scripts/start_korvat.lua
@@ -156,6 +155,27 @@ without a start script a press changes nothing
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
   file     /sys/class/leds/red/brightness -> 0\n
 
+a script that doesn't compile, never stops calling itself or takes too much memory is told where
+  write    /system/scripts/start_korvat.lua this is no script
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  phone    key 116 tap
+  phone    clock +140
+  write    /system/scripts/start_korvat.lua local function f() return 1 + f() end f()
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  phone    key 116 tap
+  phone    clock +140
+  write    /system/scripts/start_korvat.lua local s\ns = ("x"):rep(2e8)
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  phone    kmsg 3                  -> QAT: luigi: /system/scripts/start_korvat.lua:1: syntax error near 'is'\n
+  +        QAT: luigi: /system/scripts/start_korvat.lua:1: stack overflow\n
+  +        QAT: luigi: /system/scripts/start_korvat.lua:2: not enough memory
+
 while the key test runs the power key belongs to it
   write    /system/scripts/start_korvat.lua qat("lctr=13,1,11,1")
   send     keyb=2
@@ -166,28 +186,6 @@ while the key test runs the power key belongs to it
   phone    clock +140
   phone    idle
   file     /sys/class/leds/red/brightness -> 0\n
-
-an error in a handler ends the menu, and the next press starts anew
-  write    /system/scripts/start_korvat.lua -- start
-  + \nscreen.init()
-  + \nqat("lctr=13,1,11,1")
-  + \nlocal root = canvas.new()
-  + \ncanvas.add(root, button.new("x", function() error("boom") end))
-  + \ntaboret.push(root)
-  + \nqat("dtch=3")
-  phone    key 116 tap
-  phone    clock +140
-  phone    idle
-  send     lctr=13,0
-  expect   LCTR: ,OK
-  phone    touch 100 50 tap
-  phone    clock +140
-  phone    idle
-  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:5: boom
-  phone    key 116 tap
-  phone    clock +140
-  phone    idle
-  file     /sys/class/leds/red/brightness -> 11
 
 a script that never returns doesn't hold the console, and the power key ends it
   write    /system/scripts/start_korvat.lua while true do pcall(function() while true do end end) end
@@ -201,27 +199,6 @@ a script that never returns doesn't hold the console, and the power key ends it
   phone    idle
   phone    speed 1
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:1: the script doesn't return, and the menu was to stop
-
-a script that doesn't compile, and one that never stops calling itself, are told where
-  write    /system/scripts/start_korvat.lua this is no script
-  write    /system/scripts/stop.lua x = 1
-  phone    key 116 tap
-  phone    clock +140
-  phone    idle
-  phone    key 116 tap
-  phone    clock +140
-  write    /system/scripts/start_korvat.lua local function f() return 1 + f() end f()
-  phone    key 116 tap
-  phone    clock +140
-  phone    idle
-  phone    kmsg 2                  -> QAT: luigi: /system/scripts/start_korvat.lua:1: syntax error near 'is'\nQAT: luigi: /system/scripts/start_korvat.lua:1: stack overflow
-
-too much memory is an error of the script, which is told where
-  write    /system/scripts/start_korvat.lua local s\ns = ("x"):rep(2e8)
-  phone    key 116 tap
-  phone    clock +140
-  phone    idle
-  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:2: not enough memory
 
 wrong arguments and wrong widgets are told in words
   write    /system/scripts/start_korvat.lua -- start

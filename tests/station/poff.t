@@ -35,11 +35,9 @@ with 0 it waits for the cable to go
   phone    usb off
   off
 
-a phone that refuses to go off says so
+a phone that refuses to go off says so, and what it is
   phone    fail system reboot 1
   send     poff
   expect   POFF: ,ERROR
-
-what it is
   send     poff=?
   expect   POFF:Power off system,poff      W                                                 POFF(waittime),OK

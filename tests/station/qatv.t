@@ -4,10 +4,8 @@ the version is told without its mark
   send     qatv?
   expect   QATV:8842-1170, s_qat_korvat_1_32_2_5_b,OK
 
-it takes no value
+it takes no value, and what it is
   send     qatv=1
   expect   qatv                                                        version(),SYNTAX
-
-what it is
   send     qatv=?
   expect   QATV:QAT version,qatv                                                        version(),OK

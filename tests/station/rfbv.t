@@ -4,8 +4,6 @@ the variant is stored at the first start
   phone    unit 800009F7 -> 4C313233343537385F323057313234353800
   send     rfbv
   expect   RFBV:0, 1790,OK
-  send     ppre=11
-  expect   PPRE:L1234578_20W12458,OK
 
 a variant that is stored stays, whatever is measured
   phone    idle
@@ -16,20 +14,17 @@ a variant that is stored stays, whatever is measured
   restart
   phone    unit 800009F7 -> 4C313233343537385F323057313234353800
 
-with the unit gone, the voltage gives the variant
-  phone    unit 800009F7 -
-  write    /sys/devices/qpnp-vadc-8/rf_id Result:1433000 Raw:37600\n
-  send     rfbv
-  expect   RFBV:0, 1433,OK
-  # "W12458"
-  phone    unit 800009F7 -> 57313234353800
-
-a voltage between the variants stores nothing
+with the unit gone, the voltage gives the variant, and one between the variants none
   phone    unit 800009F7 -
   write    /sys/devices/qpnp-vadc-8/rf_id Result:1432000 Raw:37600\n
   send     rfbv
   expect   RFBV:0, 1432,OK
   phone    unit 800009F7 -> none
+  write    /sys/devices/qpnp-vadc-8/rf_id Result:1433000 Raw:37600\n
+  send     rfbv
+  expect   RFBV:0, 1433,OK
+  # "W12458"
+  phone    unit 800009F7 -> 57313234353800
 
 with the pin active other variants hold, of which most have an empty text
   phone    unit 800009F7 -

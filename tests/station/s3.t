@@ -1,10 +1,6 @@
 # s3 sets the first byte of the line term, which ends each result, and of the final sequence, which ends the
 # answer. Both stand as hexadecimal numbers, in the line and in the reply.
 
-the start-up setting is a comma and a carriage return
-  send     s3?
-  expect   S3:0x2c, 0x0d,OK
-
 the reply to a setting has the new terminators
   send     s3=d,d
   read     S3:0x0d, 0x0d\rOK\r\n
@@ -31,14 +27,12 @@ no value, and more than two, set both to carriage return
   send     s3=2c,d,9
   read     S3:0x0d, 0x0d\rOK\r\n
 
-a read applies nothing
+the start-up setting is a comma and a carriage return, and a read applies nothing
   send     s3?21,21
   expect   S3:0x2c, 0x0d,OK
 
-the test form is the usage line
+the test form is the usage line, and so is the answer to a line that doesn't fit
   send     s3=?
   expect   s3        0xB[,0xB]                                         s3(ct,final),OK
-
-a line that doesn't fit gets the usage line
   send     s3=g
   expect   s3        0xB[,0xB]                                         s3(ct,final),SYNTAX

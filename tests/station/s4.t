@@ -1,7 +1,8 @@
 # s4 sets the second byte of the line term and of the final sequence, and the prompt behind the latter.
 
 the start-up setting has no second byte in the term, a line feed in the final sequence and no prompt
-  send     s4?
+  # a read applies nothing
+  send     s4?21,21,21
   expect   S4:0x00, 0x0a,OK
 
 with s3 it brings back line ends and a prompt
@@ -20,11 +21,9 @@ two values leave the prompt as it is, and 0 removes it
   send     s4=0,a,0
   expect   S4:0x00, 0x0a,OK
 
-one value sets both
+one value sets both; no value, and more than three, set both to line feed
   send     s4=21
   read     S4:0x21, 0x21,!OK\r!
-
-no value, and more than three, set both to line feed
   send     s4
   read     S4:0x0a, 0x0a,\nOK\r\n
   send     s4=0,a
@@ -38,14 +37,8 @@ a zero in the final sequence ends it before the prompt
   send     s4=0,a
   read     S4:0x00, 0x0a,OK\r\n>
 
-a read applies nothing
-  send     s4?21,21,21
-  expect   S4:0x00, 0x0a,OK
-
-the test form is the usage line
+the test form is the usage line, and so is the answer to a line that doesn't fit
   send     s4=?
   expect   s4        0xB[,0xB[,0xB]]                                   s4(lt,final,prompt),OK
-
-a line that doesn't fit gets the usage line
   send     s4=a a
   expect   s4        0xB[,0xB[,0xB]]                                   s4(lt,final,prompt),SYNTAX

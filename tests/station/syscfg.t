@@ -6,13 +6,11 @@ a setting gets its text
   expect   SYSCFG: ,OK
   file     /sys/module/lpm_resources/enable_low_power/vdd_mem -> 7 x
 
-a number outside the list is a syntax error
+a number outside the list is a syntax error, and so is a missing text
   send     syscfg=37,"x"
   expect   SYSCFG: ,SYNTAX
   send     syscfg=-1,"x"
   expect   SYSCFG: ,SYNTAX
-
-so is a missing text
   send     syscfg
   expect   SYSCFG: ,SYNTAX
   send     syscfg=0,

@@ -1,16 +1,3 @@
-a phone starts in mode 0
-  file     /sys/devices/system/cpu/cpu2/cpufreq/scaling_governor -> ondemand
-  file     /sys/devices/system/cpu/cpu0/cpufreq/scaling_max_freq -> 960000
-  file     /sys/devices/system/cpu/cpu3/cpufreq/scaling_min_freq -> 300000
-  file     /sys/devices/system/cpu/cpufreq/ondemand/up_threshold -> 90
-  file     /sys/devices/system/cpu/cpufreq/ondemand/io_is_busy -> 1
-  file     /sys/module/pm_8x60/modes/cpu1/power_collapse/suspend_enabled -> 1
-  file     /sys/module/pm_8x60/modes/cpu2/standalone_power_collapse/suspend_enabled -> 1
-  file     /sys/module/pm_8x60/modes/cpu3/standalone_power_collapse/idle_enabled -> 1
-  file     /sys/module/pm_8x60/modes/cpu0/power_collapse/idle_enabled -> 1
-  file     /sys/module/pm_8x60/modes/cpu1/power_collapse/idle_enabled -> 0\n
-  file     /sys/module/lpm_resources/enable_low_power/l2 -> 2
-
 mode 1 keeps the current steady: one frequency, no sleep
   phone    idle
   write    /sys/devices/system/cpu/cpufreq/ondemand/up_threshold 55

@@ -12,13 +12,6 @@ a new phone has its main store closed, and the status is told for both actions
   send     tact=0
   expect   TACT:,OK
 
-blanks in the values are taken out, and numbers may be hexadecimal
-  phone    unit 10 0A0B
-  send     tact= 1\x20
-  expect   TACT:,OK
-  send     tact= 1 1 , 0 X 1 0
-  expect   TACT:0x0a,0x0b,OK
-
 a unit of the main store can be reached only while the store is open, and one that isn't there is named
   phone    unit EB3C 01020304
   send     tact=11,60220,9
@@ -31,7 +24,8 @@ a unit of the main store can be reached only while the store is open, and one th
   phone    unit EB3C -> 090AFF00
   send     tact=11,77
   expect   TACT:77 is not registerd,ERROR
-  send     tact=11,60220
+  # blanks in the values are taken out
+  send     tact= 1 1 , 0 X EB3C\x20
   expect   TACT:0x09,0x0a,0xff,0x00,OK
 
 an auxiliary unit needs the store open too, by this command, and is kept over a restart
@@ -48,7 +42,7 @@ an auxiliary unit needs the store open too, by this command, and is kept over a 
   send     tact=11,0x80001363
   expect   TACT:0x01,0x02,0x03,OK
 
-a unit can be removed from the main store only
+a unit can be removed from the main store only, and a format empties that
   phone    unit 5 AA
   send     tact=1
   expect   TACT:,OK
@@ -57,6 +51,11 @@ a unit can be removed from the main store only
   phone    unit 5 -> none
   send     tact=8,0x80001363
   expect   TACT:,ERROR
+  send     tact=0
+  expect   TACT:,OK
+  send     tact=3,1
+  expect   TACT:,OK
+  phone    unit EB3C -> none
   phone    unit 80001363 -> 02FE05
 
 the list has the main units and then the auxiliary ones, ascending, without those from 0x10000 on
@@ -72,12 +71,6 @@ the list has the main units and then the auxiliary ones, ascending, without thos
   expect   TACT:,OK
   send     tact=7
   expect   TACT:,ERROR
-
-a format empties the main store
-  send     tact=3,1
-  expect   TACT:,OK
-  phone    unit EB3C -> none
-  phone    unit 80001363 -> 02FE05
 
 transactions and the write mode want the store open
   send     tact=9
@@ -176,12 +169,12 @@ the modem's NV memory is moved into the store, in steps or until it is done
   phone    clock +200
   phone    clock +400
   expect   TACT:,OK
-
-a transfer to a unit is the same
-  phone    speed 100
+  # a transfer to a unit is the same
   send     tact=1
   expect   TACT:,OK
   send     tact=10,5,6
+  phone    clock +200
+  phone    clock +400
   expect   TACT:,OK
   phone    diag last -> 4B0B0080070000000000000000000000
 
