@@ -15,7 +15,7 @@ a picture is drawn in the top left corner, and the rest stays; without a screen 
   phone    pixel 2 0 -> 000000
   phone    pixel 0 500 -> FFFFFF
 
-a file that can't be read, one that is no picture, a missing one, a folder and a path without quotes
+a file that can't be read, one that is no picture, a missing one, a folder, no path and one without quotes
   write    /data/a.bmp BMF\0\0\0\0\0\0\06\0\0\0(\0\0\0\x02\0\0\0\x02\0\0\0\x01\0\x18\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\xff\0\0V4\x12\0\0\0\0\xff\0\xff\0\0\0
   write    /data/text.bmp Bonjour
   send     lcdl=1,0
@@ -29,6 +29,8 @@ a file that can't be read, one that is no picture, a missing one, a folder and a
   send     dimg="/data/nosuch.bmp"
   expect   DIMG: ,ERROR
   send     dimg="/sys"
+  expect   DIMG: ,ERROR
+  send     dimg
   expect   DIMG: ,ERROR
   send     dimg=/data/a.bmp
   expect   dimg      a...z                                             image(file),SYNTAX

@@ -38,11 +38,15 @@ no bytes, or no bus, give no line; no chip gives no ack
   strange  any
 
 a register that fails is no acknowledge, and the bytes before it have arrived
+  phone    fail i2c 4 49 39 1
   phone    fail i2c 5 18 39 1
   send     i2cw=5,18,38,11,22,33
   expect   I2CW:no ack,ERROR
   phone    i2c 5 18 38 -> 11
   phone    i2c 5 18 3A -> 00
+  # the register of that number of another chip is another one
+  send     i2cw=4,49,38,11,22,33
+  expect   I2CW:no ack,ERROR
 
 only the set form writes; the others are help
   send     i2cw?5,18,38,1

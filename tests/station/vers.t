@@ -1,7 +1,11 @@
-the application system's version is the kernel's, without line ends
-  write    /proc/version Linux version 3.4.0 (builder@host)\r\n #1 SMP PREEMPT\n
+the application system's version is the kernel's, without line ends, and may be empty
+  # a backspace takes the last character that stayed
+  write    /proc/version Linux version 3.4.0 (builder@host)x\r\n\x08 #1 SMP PREEMPT\n
   send     vers=2
   expect   VERS:Linux version 3.4.0 (builder@host) #1 SMP PREEMPT,OK
+  write    /proc/version \n
+  send     vers=2
+  expect   VERS:,OK
 
 a value above 3 is an error without a line
   send     vers=4
