@@ -32,7 +32,7 @@ void rebase_locked()
 void time_changed_locked()
 {
     kick_locked();
-    set_host_timer_locked(true);
+    reset_host_timer_locked();
 }
 
 // The next deadline of a timer, or of a waiter that isn't at work yet.

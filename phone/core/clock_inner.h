@@ -71,8 +71,9 @@ nanoseconds next_timer_locked();
 // Counts the expiries that are due as work, before a thread has taken them.
 void count_due_timers_locked();
 
-// Has the host ring at the next deadline; `always`: the pace of time has changed.
-void set_host_timer_locked(bool always);
+// Has the host ring at the next deadline; the second one anew, when the pace of time has changed.
+void set_host_timer_locked();
+void reset_host_timer_locked();
 
 // The threads that run expiries, whose work is known.
 const std::set<pid_t>& workers_locked();

@@ -36,10 +36,9 @@ std::set<pid_t> workers;
 // A timer of the host's may ring before anything is due: the worker that it wakes sets it anew. So one that
 // is set to a moment soon enough is left alone, and with two a far deadline stays set while near ones come
 // and go.
-constexpr nanoseconds not_set = -1;
-struct {
+struct host_timer {
     int fd;
-    nanoseconds deadline;
+    nanoseconds deadline; // forever when it isn't set
 } host_timers[2];
 int host_wait; // the epoll descriptor that has them
 
@@ -94,7 +93,7 @@ void wait_for_host_timer(std::unique_lock<std::mutex>& lock)
     const int n = epoll_wait(host_wait, &event, 1, -1);
     lock.lock();
     if (n > 0)
-        host_timers[event.data.u32].deadline = not_set;
+        host_timers[event.data.u32].deadline = forever;
     idle_workers--;
 }
 
@@ -105,7 +104,7 @@ void worker_loop()
     idle_workers--;
     for (;;) {
         const expiry fire = take_due_locked();
-        set_host_timer_locked(false);
+        set_host_timer_locked();
         if (fire == nullptr) {
             wait_for_host_timer(lock);
             continue;
@@ -130,25 +129,28 @@ nanoseconds clock_inner::next_timer_locked()
     return first != timers.end() ? first->deadline : forever;
 }
 
-void clock_inner::set_host_timer_locked(bool always)
+void clock_inner::set_host_timer_locked()
 {
     const nanoseconds next = next_timer_locked();
-    auto* p_set = &host_timers[0];
-    for (auto& t : host_timers) {
-        if (always)
-            t.deadline = not_set;
-        if (t.deadline != not_set && t.deadline <= next)
-            return;
-        if (p_set->deadline != not_set && (t.deadline == not_set || t.deadline > p_set->deadline))
-            p_set = &t;
-    }
+    const auto [p_sooner, p_later] =
+        std::minmax_element(std::begin(host_timers), std::end(host_timers),
+                            [](const host_timer& a, const host_timer& b) { return a.deadline < b.deadline; });
+    if (p_sooner->deadline <= next)
+        return;
     const nanoseconds timeout = host_time_to_locked(next);
     if (timeout == forever)
         return;
-    p_set->deadline = next;
+    p_later->deadline = next;
     itimerspec t{};
     t.it_value = to_timespec(std::max<nanoseconds>(timeout, 1));
-    timerfd_settime(p_set->fd, 0, &t, nullptr);
+    timerfd_settime(p_later->fd, 0, &t, nullptr);
+}
+
+void clock_inner::reset_host_timer_locked()
+{
+    for (host_timer& t : host_timers)
+        t.deadline = forever;
+    set_host_timer_locked();
 }
 
 void clock_inner::count_due_timers_locked()
@@ -166,7 +168,7 @@ void clock_inner::start_workers()
 {
     host_wait = epoll_create1(EPOLL_CLOEXEC);
     for (std::uint32_t i = 0; i < std::size(host_timers); i++) {
-        host_timers[i] = {timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK), not_set};
+        host_timers[i] = {timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK), forever};
         epoll_event event{};
         event.events = EPOLLIN | EPOLLET;
         event.data.u32 = i;
@@ -192,7 +194,7 @@ bool clock_timer_set(int id, nanoseconds time, nanoseconds interval)
     uncount_locked(*p);
     p->deadline = time > 0 ? now_locked() + time : forever;
     p->interval = interval;
-    set_host_timer_locked(false);
+    set_host_timer_locked();
     return true;
 }
 
