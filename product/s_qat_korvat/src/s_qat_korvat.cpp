@@ -30,6 +30,7 @@
 #include "trim/trim.h"
 #include "usb/usb.h"
 #include "usb_linux/usb_linux.h"
+#include "wcn3680_linux/wcn3680_linux.h"
 
 namespace {
 
@@ -37,6 +38,10 @@ constexpr const char* start_line = "echo \"Korvat HVT is starting up...\" > /dev
 constexpr const char* vmrk_rev = "@(#) s_qat_korvat_1_32_2_5_b";
 
 constexpr int light_green = 2; // subzone: the program is alive
+
+constexpr const char* nv_file = "/system/etc/firmware/wlan/prima/korvat_WCNSS_qcom_wlan_nv.bin";
+constexpr const char* nv_file_sella =
+    "/system/etc/firmware/wlan/prima/korvat_sella_WCNSS_qcom_wlan_nv.bin";
 
 constexpr hwp board_hwp = {0, 0, 1};
 
@@ -102,6 +107,16 @@ void s_cfg_init()
     cfg_set_str("screen_brenk", "panel_debugfs", "/sys/kernel/debug/mdss_dsi_panel");
 }
 
+// Two of the RF band variants have calibration data of their own.
+void s_cfg_wlan()
+{
+    char variant[32];
+    const bool known = rfbv_get_config(variant, sizeof variant) != 0;
+    const bool sella = known && (std::string_view(variant) == "L1234578_20W12458" ||
+                                 std::string_view(variant) == "L124578_17W12458");
+    cfg_set_str("wcn3680_linux", "wlan_nv_file_path", sella ? nv_file_sella : nv_file);
+}
+
 void usb_cb_tpok_con(unsigned event);
 
 void usb_cb_tpok_discon(unsigned)
@@ -144,6 +159,8 @@ int s_entry(int, char**)
     usb_start();
     chargemon_start();
     rfbv_setup();
+    s_cfg_wlan();
+    wcn3680_linux_wake_up_wcnss();
     syscfg_set_mode(0);
     return core_start();
 }

@@ -22,6 +22,7 @@
 #include "f_battery/f_battery.h"
 #include "f_card/f_card.h"
 #include "f_charge/f_charge.h"
+#include "f_fm/f_fm.h"
 #include "f_ftm/f_ftm.h"
 #include "f_ftm_gps_gen8/f_ftm_gps_gen8.h"
 #include "f_fuelgauge/f_fuelgauge.h"
@@ -29,6 +30,8 @@
 #include "f_kbd/f_kbd.h"
 #include "f_kill/f_kill.h"
 #include "f_light/f_light.h"
+#include "f_mdml/f_mdml.h"
+#include "f_modem/f_modem.h"
 #include "f_msm/f_msm.h"
 #include "f_poff/f_poff.h"
 #include "f_pp/f_pp.h"
@@ -36,6 +39,7 @@
 #include "f_rfbv/f_rfbv.h"
 #include "f_rtc/f_rtc.h"
 #include "f_screen/f_screen.h"
+#include "f_sim/f_sim.h"
 #include "f_smps/f_smps.h"
 #include "f_spmi/f_spmi.h"
 #include "f_syscfg/f_syscfg.h"
@@ -43,7 +47,9 @@
 #include "f_temp/f_temp.h"
 #include "f_touch_v2/f_touch.h"
 #include "f_usb/f_usb.h"
+#include "f_wlan/f_wlan.h"
 #include "file_linux/file_linux.h"
+#include "fm/fm.h"
 #include "fsm/fsm.h"
 #include "ftm_linux/ftm_linux.h"
 #include "fuelgauge/fuelgauge.h"
@@ -55,6 +61,9 @@
 #include "light_linux/light_linux.h"
 #include "light_pm8941/light_pm8941.h"
 #include "luigi/luigi.h"
+#include "mdml/mdml.h"
+#include "modem/modem.h"
+#include "modem_brenk/modem_brenk.h"
 #include "msm/msm.h"
 #include "msm_linux/msm_linux.h"
 #include "pin/pin.h"
@@ -70,6 +79,8 @@
 #include "screenconf/screenconf.h"
 #include "sdcard/sdcard.h"
 #include "sdcard_de/sdcard_de.h"
+#include "sim/sim.h"
+#include "sim_brenk/sim_brenk.h"
 #include "smps/smps.h"
 #include "smps_brenk/smps_brenk.h"
 #include "spmi/spmi.h"
@@ -90,6 +101,8 @@
 #include "vers_linux/vers_linux.h"
 #include "vreg/vreg.h"
 #include "vreg_linux/vreg_linux.h"
+#include "wcn3680_linux/wcn3680_linux.h"
+#include "wlan/wlan.h"
 
 namespace {
 
@@ -104,9 +117,12 @@ constexpr autoinit_entry initcompif[] = {
     cio_dev_init,
     fuelgauge_init,
     file_init,
+    fm_init,
     fsm_init,
     kbd_init,
     light_init,
+    mdml_init,
+    modem_init,
     pin_init,
     msm_init,
     rfbv_init,
@@ -114,6 +130,7 @@ constexpr autoinit_entry initcompif[] = {
     screen_init,
     screenconf_init,
     sdcard_init,
+    sim_init,
     smps_init,
     spmi_init,
     syscfg_init,
@@ -124,6 +141,7 @@ constexpr autoinit_entry initcompif[] = {
     usb_init,
     vers_init,
     vreg_init,
+    wlan_init,
 };
 
 // Drivers: attach a callout table to their interface.
@@ -144,6 +162,7 @@ constexpr autoinit_entry initcomp[] = {
     light_linux_init,
     light_pm8941_init,
     luigi_init,
+    modem_brenk_init,
     msm_linux_init,
     pwrsupply_linux_init,
     queue_init,
@@ -151,6 +170,7 @@ constexpr autoinit_entry initcomp[] = {
     screen_linux_init,
     screen_brenk_init,
     sdcard_de_init,
+    sim_brenk_init,
     smps_brenk_init,
     spmi_linux_init,
     syscfg_brenk_init,
@@ -159,6 +179,7 @@ constexpr autoinit_entry initcomp[] = {
     vers_amss_init,
     vers_linux_init,
     vreg_linux_init,
+    wcn3680_linux_init,
 };
 
 // Commands: add a command table.
@@ -171,18 +192,22 @@ constexpr autoinit_entry initcompcmd[] = {
     f_card_init,
     f_charge_init,
     f_fuelgauge_init,
+    f_fm_init,
     f_ftm_init,
     f_ftm_gps_init,
     f_i2c_init,
     f_kbd_init,
     f_kill_init,
     f_light_init,
+    f_mdml_init,
+    f_modem_init,
     f_poff_init,
     f_pp_init,
     f_msm_init,
     f_rfbv_init,
     f_rtc_init,
     f_screen_init,
+    f_sim_init,
     f_smps_init,
     f_spmi_init,
     f_syscfg_init,
@@ -190,6 +215,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_temp_init,
     f_touch_init,
     f_usb_init,
+    f_wlan_init,
     rfbv_brenk_init,
     t_vers_init,
     t_vreg_init,
