@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 
 #include "dcp/dcp.h"
 #include "i2c/i2c.h"
@@ -44,21 +43,6 @@ bool read_bytes(const i2c_handle* p_hnd, unsigned reg, std::uint8_t* p_buf, unsi
     return i2c_read(p_hnd, p_buf, count) >= 0;
 }
 
-// What passes a line of response goes to the port in pieces, with the end that spmir has.
-void answer_bytes(int id, const std::uint8_t* p_buf, unsigned count)
-{
-    char text[5 * MOST_BYTES + 16];
-    scf_bin_to_hexstr(text, sizeof text, p_buf, static_cast<int>(count), 1, ',');
-    if (std::strlen("I2CR:") + std::strlen(text) <= DCP_MAX_RESPONSE) {
-        dcp_printf(id, "i2cr", "%s", text);
-        return;
-    }
-    const char* const name = dcp_case_get() == 0 ? "I2CR:" : "i2cr:";
-    dcp_bin_tx(id, name, std::strlen(name), nullptr, nullptr);
-    dcp_bin_tx(id, text, std::strlen(text), nullptr, nullptr);
-    dcp_bin_tx(id, ",", 2, nullptr, nullptr);
-}
-
 int do_i2cr(int id, int action, int argc, const dcp_word* argv)
 {
     if (action != DCP_ACTION_SET) {
@@ -78,7 +62,9 @@ int do_i2cr(int id, int action, int argc, const dcp_word* argv)
     i2c_close(&hnd);
     if (!done)
         return answer(id, "i2cr", false);
-    answer_bytes(id, bytes, count);
+    char text[5 * MOST_BYTES + 1]; // "0x01," a byte
+    scf_bin_to_hexstr(text, sizeof text, bytes, static_cast<int>(count), 1, ',');
+    dcp_print_long(id, "i2cr", text);
     return DCP_OK;
 }
 

@@ -93,22 +93,20 @@ int mstt_card(int id, uint32_t act, int64_t sub)
     return DCP_SYNTAX;
 }
 
+// What needs a path. `text` is null when the line has three values.
 int mstt_file(int id, uint32_t act, uint32_t sub, const char* path, const char* text)
 {
+    if (act == 3 && sub == 1 && text != nullptr)
+        return answer(id, sdcard_write_file(path, text, std::strlen(text)) == 1);
+    if (text != nullptr)
+        return DCP_SYNTAX;
     if (act == 2 && sub == 2)
         return answer_raw(id, [=](char* p) { return sdcard_list_folder_inf(path, p, TEXT_BYTES); });
     if (act == 2 && sub == 3)
         return answer_raw(id, [=](char* p) { return sdcard_read_file(path, p, TEXT_BYTES); });
     if (act == 4 && sub == 1)
         return answer(id, sdcard_delete_file(path) == 1);
-    if (act == 3 && sub == 1 && text != nullptr)
-        return answer(id, sdcard_write_file(path, text, std::strlen(text)) == 1);
     return DCP_SYNTAX;
-}
-
-bool is_for_file(uint32_t act, uint32_t sub)
-{
-    return act == 2 || act == 3 || (act == 4 && sub == 1);
 }
 
 int do_card_mstt(int id, int action, int argc, const dcp_word* argv)
@@ -122,15 +120,13 @@ int do_card_mstt(int id, int action, int argc, const dcp_word* argv)
         return DCP_OK;
     }
     const uint32_t act = dcp_uint(argv[0]);
-    if (argc == 1)
-        return mstt_card(id, act, -1);
-    const uint32_t sub = dcp_uint(argv[1]);
-    if (!is_for_file(act, sub))
-        return mstt_card(id, act, sub);
-    const char* path = argc > 2 ? dcp_text(argv[2]) : nullptr;
-    if (path == nullptr || path[0] == '\0')
+    if (argc <= 2)
+        return mstt_card(id, act, argc == 2 ? dcp_uint(argv[1]) : int64_t{-1});
+    const char* const path = dcp_text(argv[2]);
+    const char* const text = argc > 3 ? dcp_text(argv[3]) : nullptr;
+    if (path == nullptr || path[0] == '\0' || (argc > 3 && text == nullptr))
         return DCP_SYNTAX;
-    return mstt_file(id, act, sub, path, argc > 3 ? dcp_text(argv[3]) : nullptr);
+    return mstt_file(id, act, dcp_uint(argv[1]), path, text);
 }
 
 constexpr dcp_cmd f_card_cmd_tab[] = {

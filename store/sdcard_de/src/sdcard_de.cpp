@@ -172,15 +172,16 @@ int run(const std::string& line)
     return plat_system(line.c_str()) == 0;
 }
 
-// The copy ends at the end of the card, where the tool can't write on and says 1. With the same result for a
-// device that can't be opened, that one is looked for before.
+// The copy ends at the end of the card, where the tool can't write on and says 1. It says the same of a device
+// that can't be opened, so that one is told by a look before.
 int sdcard_de_erase()
 {
     std::string device;
-    if (!lcl_srch_mmc_dev(&device) || plat_access(device.c_str(), W_OK) != 0)
+    if (!lcl_srch_mmc_dev(&device))
         return 0;
+    const bool there = plat_access(device.c_str(), W_OK) == 0;
     const int status = plat_system((DD + device).c_str());
-    return status != -1 && WIFEXITED(status) && WEXITSTATUS(status) <= 1;
+    return there && status != -1 && WIFEXITED(status) && WEXITSTATUS(status) <= 1;
 }
 
 int sdcard_de_delete_file(const char* path)
