@@ -17,6 +17,7 @@
 #include "gpio_linux/gpio_linux.h"
 #include "hwp/hwp.h"
 #include "i2c/i2c.h"
+#include "irda_rpm841/irda_rpm841.h"
 #include "light/light.h"
 #include "pin/pin.h"
 #include "plat/plat.h"
@@ -181,6 +182,7 @@ int s_entry(int, char**)
     usb_start();
     chargemon_start();
     rfbv_setup();
+    irda_rpm841_conf("/dev/irda", "/dev/ttyHSL2");
     s_cfg_wlan();
     wcn3680_linux_wake_up_wcnss();
     syscfg_set_mode(0);

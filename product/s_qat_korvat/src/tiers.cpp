@@ -10,6 +10,7 @@
 #include "backcap_qpnp/backcap_qpnp.h"
 #include "battery/battery.h"
 #include "bmp/bmp.h"
+#include "bt/bt.h"
 #include "cfg/cfg.h"
 #include "charge/charge.h"
 #include "charge_qpnp/charge_qpnp.h"
@@ -20,6 +21,7 @@
 #include "f_adcr/f_adcr.h"
 #include "f_backcap/f_backcap.h"
 #include "f_battery/f_battery.h"
+#include "f_bt/f_bt.h"
 #include "f_card/f_card.h"
 #include "f_charge/f_charge.h"
 #include "f_fm/f_fm.h"
@@ -27,6 +29,7 @@
 #include "f_ftm_gps_gen8/f_ftm_gps_gen8.h"
 #include "f_fuelgauge/f_fuelgauge.h"
 #include "f_i2c/f_i2c.h"
+#include "f_irda/f_irda.h"
 #include "f_kbd/f_kbd.h"
 #include "f_kill/f_kill.h"
 #include "f_light/f_light.h"
@@ -55,6 +58,8 @@
 #include "fuelgauge/fuelgauge.h"
 #include "fuelgauge_pm8941/fuelgauge_pm8941.h"
 #include "i2c/i2c.h"
+#include "irda/irda.h"
+#include "irda_rpm841/irda_rpm841.h"
 #include "kbd/kbd.h"
 #include "kbd_qpnp/kbd_qpnp.h"
 #include "light/light.h"
@@ -113,12 +118,14 @@ constexpr autoinit_entry initcompif[] = {
     adcr_init,
     backcap_init,
     battery_init,
+    bt_init,
     charge_init,
     cio_dev_init,
     fuelgauge_init,
     file_init,
     fm_init,
     fsm_init,
+    irda_init,
     kbd_init,
     light_init,
     mdml_init,
@@ -189,6 +196,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_qat_init,
     f_backcap_init,
     f_battery_init,
+    f_bt_init,
     f_card_init,
     f_charge_init,
     f_fuelgauge_init,
@@ -196,6 +204,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_ftm_init,
     f_ftm_gps_init,
     f_i2c_init,
+    f_irda_init,
     f_kbd_init,
     f_kill_init,
     f_light_init,
@@ -216,6 +225,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_touch_init,
     f_usb_init,
     f_wlan_init,
+    irda_rpm841_init,
     rfbv_brenk_init,
     t_vers_init,
     t_vreg_init,

@@ -5,12 +5,11 @@
 
 #include "ftm_linux/ftm_linux.h"
 #include "pin/pin.h"
+#include "pin/signals.h"
 #include "sim/sim.h"
 #include "tmr/tmr.h"
 
 namespace {
-
-constexpr int sig_sim_detect = 50;
 
 constexpr std::uint8_t test_start[] = {0x4B, 0x0B, 0x00, 0x80, 0x02, 0x00, 0x00, 0x00};
 constexpr std::uint8_t test_poll[] = {0x4B, 0x0B, 0x00, 0x80, 0x03, 0x00, 0x00, 0x00};
@@ -32,7 +31,7 @@ int sim_brenk_detect(std::uint8_t* p_present)
 {
     if (p_present == nullptr)
         return SIM_FAILED;
-    *p_present = pin_in_get(sig_sim_detect) == PIN_ACTIVE ? 1 : 0;
+    *p_present = pin_in_get(PIN_IN_SIM_DETECT) == PIN_ACTIVE ? 1 : 0;
     return SIM_OK;
 }
 
