@@ -10,10 +10,10 @@
 #include <thread>
 #include <vector>
 
-#include "chips/i2c_bus.h"
+#include "board/i2c_bus.h"
 #include "core/control.h"
 #include "core/table.h"
-#include "devices/gpio.h"
+#include "board/gpio.h"
 #include "phone/clock_once.h"
 
 namespace {

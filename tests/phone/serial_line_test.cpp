@@ -11,7 +11,7 @@
 
 #include "core/control.h"
 #include "core/table.h"
-#include "devices/serial_line.h"
+#include "board/serial_line.h"
 #include "phone/clock_once.h"
 
 namespace {
