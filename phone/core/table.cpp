@@ -364,6 +364,13 @@ int co_timer_delete(timer_t timer)
     });
 }
 
+// Not watched: what threads of the program tell one another is none of the phone's business.
+int co_cond_wait(std::condition_variable* p_cond, std::unique_lock<std::mutex>* p_lock,
+                 const timespec* p_until)
+{
+    return clock_cond_wait(p_cond, *p_lock, p_until != nullptr ? to_ns(*p_until) : forever) ? 0 : ETIMEDOUT;
+}
+
 } // namespace
 
 // clang-format off
@@ -414,6 +421,8 @@ const plat_callouts phone_co = {
     .timer_settime = co_timer_settime,
     .timer_gettime = [](timer_t timer, itimerspec* p_out) { return watched("timer_gettime", "", -1, [&] { return gettime(timer, p_out); }); },
     .timer_delete  = co_timer_delete,
+    .cond_wait     = co_cond_wait,
+    .cond_wake     = [](std::condition_variable* p_cond) { clock_cond_wake(p_cond); },
     .host_path     = [](const char* path) { return path_is_lacking(path) ? std::string() : host_path(path); },
 };
 // clang-format on

@@ -1,5 +1,7 @@
 #include "plat/plat.h"
 
+#include <algorithm>
+
 #include "check/check.h"
 
 namespace {
@@ -240,6 +242,27 @@ int plat_timer_gettime(timer_t timer, itimerspec* p_out)
 int plat_timer_delete(timer_t timer)
 {
     return p_plat_co->timer_delete(timer);
+}
+
+int plat_cond_wait(std::condition_variable& cond, std::unique_lock<std::mutex>& lock, const timespec* p_until)
+{
+    return p_plat_co->cond_wait(&cond, &lock, p_until);
+}
+
+void plat_cond_wake(std::condition_variable& cond)
+{
+    p_plat_co->cond_wake(&cond);
+}
+
+timespec plat_time_in(std::int64_t us)
+{
+    constexpr std::int64_t us_per_s = 1'000'000;
+    constexpr std::int64_t ns_per_s = 1'000'000'000;
+    timespec t{};
+    plat_clock_gettime(CLOCK_MONOTONIC, &t);
+    us = std::max<std::int64_t>(us, 0);
+    const std::int64_t ns = t.tv_nsec + us % us_per_s * 1000;
+    return {t.tv_sec + us / us_per_s + ns / ns_per_s, ns % ns_per_s};
 }
 
 std::string plat_host_path(const char* path)

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <dlfcn.h>
 #include <linux/netlink.h>
+#include <pthread.h>
 #include <sys/ioctl.h>
 #include <sys/mount.h>
 
@@ -57,6 +58,15 @@ ssize_t linux_uevent_recv(int fd, void* buf, std::size_t size, std::uint32_t* p_
     return n;
 }
 
+int linux_cond_wait(std::condition_variable* p_cond, std::unique_lock<std::mutex>* p_lock,
+                    const timespec* p_until)
+{
+    if (p_until == nullptr)
+        return pthread_cond_wait(p_cond->native_handle(), p_lock->mutex()->native_handle());
+    return pthread_cond_clockwait(p_cond->native_handle(), p_lock->mutex()->native_handle(), CLOCK_MONOTONIC,
+                                  p_until);
+}
+
 } // namespace
 
 // clang-format off
@@ -107,6 +117,8 @@ const plat_callouts plat_linux_co = {
     .timer_settime = timer_settime,
     .timer_gettime = timer_gettime,
     .timer_delete  = timer_delete,
+    .cond_wait     = linux_cond_wait,
+    .cond_wake     = [](std::condition_variable* p_cond) { p_cond->notify_all(); },
     .host_path     = [](const char* path) { return std::string(path); },
 };
 // clang-format on
