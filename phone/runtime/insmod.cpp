@@ -15,6 +15,7 @@ namespace {
 struct kernel_module {
     void (*load)();
     bool loaded;
+    std::string arguments;
 };
 
 std::mutex modules_mutex; // guards the table
@@ -43,6 +44,8 @@ int tool_insmod(tool_call& call)
     if (found->second.loaded)
         return refuse(call, "init_module '" + path + "' failed (File exists)");
     found->second.loaded = true;
+    for (std::size_t i = 2; i < call.args.size(); i++)
+        found->second.arguments += (i > 2 ? " " : "") + call.args[i];
     if (found->second.load != nullptr)
         found->second.load();
     return 0;
@@ -52,12 +55,27 @@ int tool_insmod(tool_call& call)
 
 void module_add(std::string_view file, void (*load)())
 {
-    modules[std::string(file)] = {load, false};
+    modules[std::string(file)] = {load, false, ""};
+}
+
+bool module_loaded(std::string_view file)
+{
+    const std::lock_guard lock(modules_mutex);
+    const auto found = modules.find(file);
+    return found != modules.end() && found->second.loaded;
+}
+
+std::string module_arguments(std::string_view file)
+{
+    const std::lock_guard lock(modules_mutex);
+    const auto found = modules.find(file);
+    return found != modules.end() ? found->second.arguments : "";
 }
 
 void insmod_attach()
 {
     tool_add("insmod", tool_insmod);
+    tool_add("/system/bin/insmod", tool_insmod);
 }
 
 } // namespace phone

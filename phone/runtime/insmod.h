@@ -1,6 +1,7 @@
 // Kernel modules: the tool insmod. A device whose driver is a module says what happens when it is loaded.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace phone {
@@ -8,6 +9,10 @@ namespace phone {
 // `file` is the module's file name, without folder; the file itself must be in the file tree to be loaded.
 // Only while devices attach.
 void module_add(std::string_view file, void (*load)());
+
+// Whether the module is loaded, and what stood behind its path then.
+bool module_loaded(std::string_view file);
+std::string module_arguments(std::string_view file);
 
 void insmod_attach();
 
