@@ -72,6 +72,10 @@ struct plat_callouts {
     int (*socket)(int domain, int type, int protocol);
     int (*connect)(int fd, const sockaddr* p_addr, socklen_t size);
     ssize_t (*send)(int fd, const void* buf, std::size_t size);
+    int (*setsockopt)(int fd, int level, int option, const void* p_value, socklen_t size);
+    // Bluetooth
+    int (*hci_open_dev)(int device);
+    int (*hci_send_cmd)(int fd, std::uint16_t ogf, std::uint16_t ocf, std::uint8_t size, const void* p_param);
     // time
     int (*clock_gettime)(clockid_t clock, timespec* p_out);
     int (*nanosleep)(const timespec* p_time, timespec* p_left);
@@ -147,6 +151,13 @@ int plat_getaddrinfo(const char* host, const char* service, const addrinfo* p_hi
 int plat_socket(int domain, int type, int protocol);
 int plat_connect(int fd, const sockaddr* p_addr, socklen_t size);
 ssize_t plat_send(int fd, const void* buf, std::size_t size);
+int plat_setsockopt(int fd, int level, int option, const void* p_value, socklen_t size);
+
+// A raw HCI socket, tied to Bluetooth device `device`; it is read, polled and closed as any other descriptor.
+// And a command through it: opcode group and command, `size` bytes of parameters. Both as the functions of
+// that name in libbluetooth: -1 and errno when they fail.
+int plat_hci_open_dev(int device);
+int plat_hci_send_cmd(int fd, std::uint16_t ogf, std::uint16_t ocf, std::uint8_t size, const void* p_param);
 
 int plat_clock_gettime(clockid_t clock, timespec* p_out);
 int plat_nanosleep(const timespec* p_time, timespec* p_left);

@@ -214,6 +214,21 @@ ssize_t plat_send(int fd, const void* buf, std::size_t size)
     return p_plat_co->send(fd, buf, size);
 }
 
+int plat_setsockopt(int fd, int level, int option, const void* p_value, socklen_t size)
+{
+    return p_plat_co->setsockopt(fd, level, option, p_value, size);
+}
+
+int plat_hci_open_dev(int device)
+{
+    return p_plat_co->hci_open_dev(device);
+}
+
+int plat_hci_send_cmd(int fd, std::uint16_t ogf, std::uint16_t ocf, std::uint8_t size, const void* p_param)
+{
+    return p_plat_co->hci_send_cmd(fd, ogf, ocf, size, p_param);
+}
+
 int plat_clock_gettime(clockid_t clock, timespec* p_out)
 {
     return p_plat_co->clock_gettime(clock, p_out);

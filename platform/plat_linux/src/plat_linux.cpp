@@ -1,5 +1,8 @@
 #include "plat_linux/plat_linux.h"
 
+#include <bluetooth/bluetooth.h>
+#include <bluetooth/hci.h>
+#include <bluetooth/hci_lib.h>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -58,6 +61,11 @@ ssize_t linux_uevent_recv(int fd, void* buf, std::size_t size, std::uint32_t* p_
     return n;
 }
 
+int linux_hci_send_cmd(int fd, std::uint16_t ogf, std::uint16_t ocf, std::uint8_t size, const void* p_param)
+{
+    return hci_send_cmd(fd, ogf, ocf, size, const_cast<void*>(p_param)); // which it only reads
+}
+
 int linux_cond_wait(std::condition_variable* p_cond, std::unique_lock<std::mutex>* p_lock,
                     const timespec* p_until)
 {
@@ -111,6 +119,9 @@ const plat_callouts plat_linux_co = {
     .socket        = socket,
     .connect       = connect,
     .send          = [](int fd, const void* buf, std::size_t size) { return send(fd, buf, size, MSG_NOSIGNAL); },
+    .setsockopt    = setsockopt,
+    .hci_open_dev  = hci_open_dev,
+    .hci_send_cmd  = linux_hci_send_cmd,
     .clock_gettime = clock_gettime,
     .nanosleep     = nanosleep,
     .timer_create  = timer_create,
