@@ -4,8 +4,8 @@
 #include <cstring>
 
 #include "check/check.h"
+#include "core/life.h"
 #include "core/log.h"
-#include "core/power.h"
 #include "core/table.h"
 #include "plat/plat.h"
 #include "s_qat_korvat/s_qat_korvat.h"
@@ -48,13 +48,13 @@ int main(int argc, char** argv)
     phone::start_options options;
     if (!read_options(argc, argv, options))
         return usage();
-    const std::string wrong = phone::power_on(options, argv);
+    const std::string wrong = phone::life_on(options, argv);
     if (!wrong.empty()) {
         std::fprintf(stderr, "hvt: %s\n", wrong.c_str());
         std::_Exit(1);
     }
     plat_attach(&phone::phone_co);
-    check_watch(phone::power_program_stopped);
+    check_watch(phone::life_program_stopped);
     const int status = s_main(argc, argv);
     phone::log_flush();
     // The phone's threads live on; what they use must not be torn down.

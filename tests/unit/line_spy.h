@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "dcp/dcp.h"
-#include "exact_text.h"
+#include "unit/exact_text.h"
 
 struct line_spy {
     dcp_client client = {0, keep, [](dcp_client*, void*, std::size_t, dcp_bin_cb, void*) {},
