@@ -66,7 +66,7 @@ TEST(CioTty, APortThatStartsCookedIsMadeRawAlsoWhenItComesBack)
     plat_fake_reset();
     dcp_init();
     tmr_init();
-    core_init("test");
+    core_init();
     cio_dev_init();
     cio_tty_init();
     const cooked_port first(path);
@@ -95,6 +95,6 @@ TEST(CioTty, APortThatStartsCookedIsMadeRawAlsoWhenItComesBack)
     console.p_dev_obj->close(console.p_dev_obj);
     close(second.station);
     unlink(path.c_str());
-    core_init("test");
+    core_init();
     dcp_init();
 }

@@ -8,8 +8,7 @@
 #include "unit/line_spy.h"
 #include "vers/vers.h"
 
-// Who names nothing is told all: the records, the latest first; all versions, the program's own
-// first.
+// Who names nothing is told all: the records, the latest first; the versions, the program's own first.
 TEST(Rev, TheBareFormsTellAllThereIs)
 {
     using list = std::vector<std::string>;
