@@ -42,6 +42,7 @@ a modem that doesn't answer costs the whole time and no more: 25 seconds, which 
   phone    clock hold
   raw      ftmc=75,11,14,0\r
   phone    clock +24500
+  phone    port 1 -> < ftmc=75,11,14,0\\r
   phone    clock +600
   expect   FTMC:,ERROR
   phone    diag recent -> none
@@ -120,6 +121,9 @@ stored records are counted, read one after the other with their length, and drop
 
 the log filter is set when its length is right, and codes that only the driver knows are taken
   send     ftmc=202,5,0,0,0,1
+  expect   FTMC:,OK
+  # and one of a single byte isn't taken
+  send     ftmc=202,1,0,0,0,1
   expect   FTMC:,OK
   phone    diag filter -> none
   send     ftmc=202,2,0,0,0,1,2

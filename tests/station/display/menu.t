@@ -145,15 +145,28 @@ a button runs its handler at a press inside it; an error there ends the menu, an
   phone    idle
   file     /sys/class/leds/red/brightness  -> 11
 
-without a start script a press changes nothing
+without a start script a press changes nothing, and the third one tries again
   conf     without /system/scripts/start_korvat.lua
   write    /system/scripts/stop.lua qat("lctr=13,1,22,1")
+  send     lcdl=1,0
+  expect   LCDL: ,OK
+  send     dclr=0,1,2,3
+  expect   DCLR: ,OK
   phone    key 116 tap
   phone    clock +140
   phone    idle
-  phone    screen                  -> 1080x1920x32 page 0 unblanked mode 0
+  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
   file     /sys/class/leds/red/brightness -> 0\n
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  phone    kmsg 2                  -> QAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory\n
+  +        QAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
+  phone    pixel 30 60             -> 010203
 
 settings of phone.conf stand behind those of the board: another script starts, without a padding
   conf     setting luigi canvas_padding 0
@@ -333,11 +346,17 @@ a handler that pops its own page and lets the collector run comes to no harm
   # the button whose handler kept it is gone with its page
   file     /data/out -> canvas (or inheritage) expected, got userdata
 
-a script can't end the program, and its files are those of the phone
+a script can't end the program, and its files are those of the phone, opened in each mode and read by lines
   write    /system/scripts/start_korvat.lua -- start
-  + \nlocal f = io.open(luigi_scripts_path .. "note", "w") f:write("kept\\n") f:close()
+  + \nlocal note, out = luigi_scripts_path .. "note", "/data/out"
+  + \nlocal function put(name, mode, text) local f = io.open(name, mode) f:write(text) f:close() end
+  + \nput(note, "w", "longer than") put(note, "wb", "kept\\n") put(note, "a", "added\\n") put(note, "r+b", "K")
+  + \nput(out, "w", io.open(note):read("*a"))
+  + \nfor line in io.lines(note) do put(out, "a", line .. ";") end
+  + \nfor some in io.lines("/system/scripts/note", 4) do put(out, "a", some .. "|") end
+  + \nput(out, "a", select(2, pcall(io.open, note, "rw")) .. select(2, pcall(io.lines, "/nosuch")))
   + \nassert(not io.tmpfile())
-  + \nlocal t = io.tmpfile() t:write("one") t:seek("set") f = io.open("/data/out", "w")
+  + \nlocal t, f = io.tmpfile(), io.open("/data/temp", "w") t:write("one") t:seek("set")
   + \nlocal a, b = os.tmpname(), os.tmpname()
   + \nf:write(t:read("*a"), a == b and "same" or "two", io.open(a):read("*a"), io.open(b):read("*a")) f:close()
   + \nos.execute("echo hello > /dev/kmsg")
@@ -346,6 +365,8 @@ a script can't end the program, and its files are those of the phone
   phone    key 116 tap
   phone    clock +140
   phone    idle
-  file     /system/scripts/note    -> kept\n
-  file     /data/out               -> onetwo
-  phone    kmsg                    -> Korvat HVT is starting up...\nhello\nQAT: luigi: /system/scripts/start_korvat.lua:8: os.exit ends the menu
+  file     /data/temp              -> onetwo
+  file     /system/scripts/note    -> Kept\nadded\n
+  file     /data/out               -> Kept\nadded\nKept;added;Kept|\nadd|ed\n|bad argument #2 to 'io.open' (invalid mode)
+  +        /nosuch: No such file or directory
+  phone    kmsg                    -> Korvat HVT is starting up...\nhello\nQAT: luigi: /system/scripts/start_korvat.lua:14: os.exit ends the menu
