@@ -37,7 +37,8 @@ std::set<pid_t> thread_ids()
 {
     std::set<pid_t> tids;
     std::error_code error;
-    for (std::filesystem::directory_iterator it("/proc/self/task", error), end; !error && it != end; it.increment(error))
+    for (std::filesystem::directory_iterator it("/proc/self/task", error), end; !error && it != end;
+         it.increment(error))
         tids.insert(std::atoi(it->path().filename().c_str()));
     return tids;
 }

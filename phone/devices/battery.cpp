@@ -230,8 +230,8 @@ std::string store_text_locked()
     return text;
 }
 
-// Brings the attributes up to date, except those that are gone or that somebody else has written. False when one
-// couldn't be written: it is tried again the next time.
+// Brings the attributes up to date, except those that are gone or that somebody else has written. False when
+// one couldn't be written: it is tried again the next time.
 bool publish_locked(bool all)
 {
     const auto texts = texts_locked();
@@ -259,7 +259,9 @@ bool publish_locked(bool all)
 // The same as the answer of a word.
 std::string answer_published_locked(bool all)
 {
-    return publish_locked(all) ? "" : "the attributes can't be written, is the disk full? They follow when they can";
+    return publish_locked(all)
+               ? ""
+               : "the attributes can't be written, is the disk full? They follow when they can";
 }
 
 void before_read(std::string_view)

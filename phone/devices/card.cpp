@@ -82,7 +82,8 @@ void empty_card()
 {
     std::error_code error;
     std::error_code ignored;
-    for (std::filesystem::directory_iterator it(home_path("card"), error), end; !error && it != end; it.increment(error))
+    for (std::filesystem::directory_iterator it(home_path("card"), error), end; !error && it != end;
+         it.increment(error))
         std::filesystem::remove_all(it->path(), ignored);
 }
 

@@ -172,8 +172,8 @@ int run(const std::string& line)
     return plat_system(line.c_str()) == 0;
 }
 
-// The copy ends at the end of the card, where the tool can't write on and says 1. It says the same of a device
-// that can't be opened, so that one is told by a look before.
+// The copy ends at the end of the card, where the tool can't write on and says 1. It says the same of a
+// device that can't be opened, so that one is told by a look before.
 int sdcard_de_erase()
 {
     std::string device;
