@@ -9,8 +9,8 @@
 
 #include "luigi/luigi.h"
 
-// Stops on the queue. They wait their turn; but a script that has neither come back nor finished a command for
-// 60 seconds while one waits is ended by an error.
+// Stops on the queue. They wait their turn; but a script that has neither come back nor finished a command
+// for 60 seconds while one waits is ended by an error.
 extern std::atomic<int> luigi_stops_wanted;
 
 // True from such an end until the next entry of the script's code, which is to be the stop script.

@@ -53,7 +53,8 @@ bool same_entry(const std::string& a, const std::string& b)
            dir_a.st_ino == dir_b.st_ino;
 }
 
-// Puts a link named `link` to the firmware, in the place of what may be there: unless that is the firmware itself.
+// Puts a link named `link` to the firmware, in the place of what may be there: unless that is the firmware
+// itself.
 bool replace_link(const std::string& link, const std::string& file)
 {
     if (same_entry(link, file))

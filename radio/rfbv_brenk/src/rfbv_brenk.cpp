@@ -54,8 +54,9 @@ const rfbv_row* find(int key)
     return nullptr;
 }
 
-// Stores the text unless one is stored: 0 when that isn't sure. The store gives an absent unit and a query that
-// failed alike, and an existing unit is never to be overwritten: so it is asked twice before, and once after.
+// Stores the text unless one is stored: 0 when that isn't sure. The store gives an absent unit and a query
+// that failed alike, and an existing unit is never to be overwritten: so it is asked twice before, and once
+// after.
 int store_once(const char* text)
 {
     if (trim_get_size(TRIM_RF_VARIANT) != 0)

@@ -63,7 +63,8 @@ TEST_F(UsbLinux, WatchOfTheHostPower)
     switchings.clear();
     EXPECT_EQ(usb_set(USB_SET_VBUS_WATCH, 7'200'000), 1); // two hours
     plat_fake_advance_us(100'000);
-    EXPECT_EQ(switchings, switching(CHARGE_HOST_POWER_ON, 2550) + switching(CHARGE_HOST_POWER_OFF, 7'202'550));
+    EXPECT_EQ(switchings,
+              switching(CHARGE_HOST_POWER_ON, 2550) + switching(CHARGE_HOST_POWER_OFF, 7'202'550));
 }
 
 TEST_F(UsbLinux, WatchEndsWithoutTheAttribute)
