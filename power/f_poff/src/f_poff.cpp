@@ -13,6 +13,8 @@
 namespace {
 
 constexpr std::uint32_t GOING_DOWN_S = 60;
+constexpr std::uint64_t EARLY_US =
+    500; // a timer comes early by fractions of a microsecond for each change of the list
 
 std::mutex poff_mutex;      // guards what follows: the timer comes on a thread of its own
 std::uint64_t poff_time_us; // of tmr_get64
@@ -42,7 +44,7 @@ void tmr_cb_poff(tmr_link*, std::uint32_t);
 bool wait_on_locked()
 {
     const std::uint64_t now = tmr_get64();
-    if (now >= poff_time_us)
+    if (now + EARLY_US >= poff_time_us)
         return false;
     const std::uint64_t left = std::min<std::uint64_t>(poff_time_us - now, UINT32_MAX);
     tmr_cb_rm(&tmr_poff);

@@ -5,8 +5,8 @@
 #include "cfg/cfg.h"
 #include "dcp/dcp.h"
 #include "f_poff/f_poff.h"
-#include "plat_fake.h"
 #include "tmr/tmr.h"
+#include "unit/plat_fake.h"
 
 namespace {
 
