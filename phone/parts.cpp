@@ -21,6 +21,12 @@
 #include "display/scripts.h"
 #include "display/touch_panel.h"
 #include "power/battery.h"
+#include "radio/hci.h"
+#include "radio/hci_tools.h"
+#include "radio/irda.h"
+#include "radio/sim.h"
+#include "radio/vendor_tools.h"
+#include "radio/wlan.h"
 #include "runtime/insmod.h"
 #include "runtime/kmsg.h"
 #include "runtime/tools.h"
@@ -65,6 +71,12 @@ constexpr phone_part parts[] = {
     { "fb",     framebuffer_attach, nullptr,       framebuffer_start },
     { "panel",  panel_attach,    panel_seed,       nullptr },
     { "card",   card_attach,     nullptr,          card_start },
+    { "sim",    sim_attach,      nullptr,          nullptr },
+    { "tool",   vendor_tools_attach, nullptr,      nullptr },
+    { "wlan",   wlan_attach,     wlan_seed,        nullptr },
+    { "hci",    hci_attach,      hci_seed,         nullptr },
+    { "hcitool", hci_tools_attach, nullptr,        nullptr },
+    { "irda",   irda_attach,     nullptr,          nullptr },
 };
 // clang-format on
 

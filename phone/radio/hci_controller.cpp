@@ -107,9 +107,9 @@ hci_packet statistics_event()
 answer radio_test(parameters p)
 {
     enum : std::uint8_t { read_statistics = 2, transmit_packets = 4, transmit_carrier = 5, receive = 6 };
-    const std::size_t wanted = p.empty()                  ? 0
-                               : p[0] == read_statistics  ? 1
-                               : p[0] == transmit_carrier ? 9
+    const std::size_t wanted = p.empty()                                     ? 0
+                               : p[0] == read_statistics                     ? 1
+                               : p[0] == transmit_carrier                    ? 9
                                : p[0] == transmit_packets || p[0] == receive ? 21
                                                                              : 0;
     if (wanted == 0 || p.size() != wanted)

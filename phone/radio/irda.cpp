@@ -84,8 +84,9 @@ void finish_newest_locked()
 void arm_echo_locked()
 {
     if (!to_echo.empty())
-        clock_timer_set(echo_timer,
-                        std::max<nanoseconds>(to_echo.front().end + echo_time - clock_now(CLOCK_MONOTONIC), 1), 0);
+        clock_timer_set(
+            echo_timer,
+            std::max<nanoseconds>(to_echo.front().end + echo_time - clock_now(CLOCK_MONOTONIC), 1), 0);
 }
 
 // More of a packet that went on, or the beginning of the next.
@@ -168,8 +169,8 @@ int irda_ioctl(open_file&, unsigned long request, void*)
 std::string tell_state()
 {
     const auto number_of = [](bool on) { return on ? "1" : "0"; };
-    return std::string("select ") + number_of(state.select) + " uart " + number_of(state.uart) + " receiver " +
-           number_of(state.receiver) + " mode " + number_of(state.mode) + " speed " +
+    return std::string("select ") + number_of(state.select) + " uart " + number_of(state.uart) +
+           " receiver " + number_of(state.receiver) + " mode " + number_of(state.mode) + " speed " +
            std::to_string(serial_speed(line_path)) + " sent " + std::to_string(finished);
 }
 
@@ -221,10 +222,11 @@ void irda_attach()
     node_add(control_path, &irda_node);
     serial_add(line_path, &line_model);
     echo_timer = clock_timer_create(send_echo);
-    word_add("irda", "[HEX|last|echo on|off]",
-             "sends bytes to the infrared port; the last packet that it has sent; a partner that sends all back; "
-             "alone, its state",
-             word_irda);
+    word_add(
+        "irda", "[HEX|last|echo on|off]",
+        "sends bytes to the infrared port; the last packet that it has sent; a partner that sends all back; "
+        "alone, its state",
+        word_irda);
 }
 
 } // namespace phone

@@ -21,7 +21,7 @@ struct setting {
     std::string text;
 };
 
-std::mutex settings_mutex; // guards the next
+std::mutex settings_mutex;               // guards the next
 std::map<std::string, setting> settings; // by tool, blank, first argument
 
 std::optional<setting> setting_of(const tool_call& call)
@@ -36,7 +36,8 @@ std::string unescaped(std::string_view text)
 {
     std::string out;
     for (std::size_t i = 0; i < text.size(); i++) {
-        const bool escape = text[i] == '\\' && i + 1 < text.size() && (text[i + 1] == 'n' || text[i + 1] == 't');
+        const bool escape =
+            text[i] == '\\' && i + 1 < text.size() && (text[i + 1] == 'n' || text[i + 1] == 't');
         if (escape)
             i++;
         out += !escape ? text[i] : text[i] == 'n' ? '\n' : '\t';
@@ -114,7 +115,8 @@ int tool_prints(tool_call& call, std::string_view healthy)
 void vendor_tools_attach()
 {
     word_add("tool", "NAME ARG TEXT|none | off",
-             "what a vendor's tool (wlanftmtest, fmftmtest, hcitool, iw) gives when ARG is its first argument; \\n "
+             "what a vendor's tool (wlanftmtest, fmftmtest, hcitool, iw) gives when ARG is its first "
+             "argument; \\n "
              "and \\t stand for line end and tab; alone, lists what is set",
              word_tool);
 }

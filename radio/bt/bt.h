@@ -1,5 +1,5 @@
-// The Bluetooth controller under test, as a thin layer of callouts (bt_attach): starting it, bytes to and from
-// it, and the tests that each chip does in its own way. What is the same for every chip goes through HCI
+// The Bluetooth controller under test, as a thin layer of callouts (bt_attach): starting it, bytes to and
+// from it, and the tests that each chip does in its own way. What is the same for every chip goes through HCI
 // (bt_hci.h). Operations give BT_OK, or why not. Starting is slow and goes on beside the caller: the first
 // operation that needs the controller waits for its end.
 #pragma once
@@ -41,20 +41,22 @@ struct bt_co {
     std::size_t (*rd_poll)();
     int (*wr)(const void* p_data, std::size_t size);
     int (*script_exec)(const char* path);
-    int (*tst_tx_switched)(std::uint32_t mode, std::uint32_t channel, std::uint32_t packet, std::uint32_t length,
-                           std::uint32_t power, std::uint32_t pattern);
+    int (*tst_tx_switched)(std::uint32_t mode, std::uint32_t channel, std::uint32_t packet,
+                           std::uint32_t length, std::uint32_t power, std::uint32_t pattern);
     int (*tst_tx_static)(std::uint32_t channel, std::uint32_t power, std::uint32_t data, std::uint32_t rate,
                          std::uint32_t pattern);
     int (*addr_wr)(const std::uint8_t* p_addr, std::size_t size);
     int (*addr_rd)(std::uint8_t* p_addr);
-    int (*tst_rx_static)(std::uint32_t channel, std::uint32_t packet, std::uint32_t pattern, bt_rx_stats* p_stats);
+    int (*tst_rx_static)(std::uint32_t channel, std::uint32_t packet, std::uint32_t pattern,
+                         bt_rx_stats* p_stats);
     int (*reset)();
     int (*chip_reset)();
     int (*getBDaddressFromFlash)(std::uint8_t* p_addr);
     int (*setBDaddressInFlash)(const std::uint8_t* p_addr);
     int (*tst_rx_cw_rssi)(std::uint32_t channel, int* p_rssi);
     int (*get_default_params)(int index, bt_params* p_params);
-    int (*test_coex)(const std::uint8_t* p_bytes, std::size_t count, std::uint8_t* p_out, std::size_t* p_count);
+    int (*test_coex)(const std::uint8_t* p_bytes, std::size_t count, std::uint8_t* p_out,
+                     std::size_t* p_count);
     int (*pin_test)(std::uint8_t* p_a, std::uint8_t* p_b, std::uint8_t* p_c);
     int (*scan)(int count, char* p_text);
 };
@@ -65,8 +67,8 @@ void bt_attach(const bt_co* p_co);
 int bt_start();
 int bt_stop();
 
-// For the driver: a start that bt_start had begun has failed, and the controller is stopped. bt_start_lost tells
-// once that this has happened.
+// For the driver: a start that bt_start had begun has failed, and the controller is stopped. bt_start_lost
+// tells once that this has happened.
 void bt_start_failed();
 bool bt_start_lost();
 
@@ -88,8 +90,10 @@ int bt_tst_tx_static(std::uint32_t channel, std::uint32_t power, std::uint32_t d
 int bt_addr_wr(const std::uint8_t* p_addr, std::size_t size);
 int bt_addr_rd(std::uint8_t* p_addr);
 
-// Starts a receive test, or, with `p_stats`, reads what has come; of the values only the packet type counts then.
-int bt_tst_rx_static(std::uint32_t channel, std::uint32_t packet, std::uint32_t pattern, bt_rx_stats* p_stats);
+// Starts a receive test, or, with `p_stats`, reads what has come; of the values only the packet type counts
+// then.
+int bt_tst_rx_static(std::uint32_t channel, std::uint32_t packet, std::uint32_t pattern,
+                     bt_rx_stats* p_stats);
 
 int bt_reset();
 int bt_chip_reset();
@@ -104,6 +108,6 @@ int bt_test_coex(const std::uint8_t* p_bytes, std::size_t count, std::uint8_t* p
 // A result that the chip doesn't give stays as it was.
 int bt_pin_test(std::uint8_t* p_a, std::uint8_t* p_b, std::uint8_t* p_c);
 
-// Looks for devices, at most `count` (1 to BT_SCAN_MOST): their addresses; an empty text for none. Takes as long
-// as an inquiry.
+// Looks for devices, at most `count` (1 to BT_SCAN_MOST): their addresses; an empty text for none. Takes as
+// long as an inquiry.
 int bt_scan(int count, char* p_text);

@@ -1,5 +1,5 @@
-// HCI on top of bt: commands built from a table, their events taken apart. Every byte of an event is looked at
-// only where the event reaches that far. The functions send and wait, and give 1 for success: a Command
+// HCI on top of bt: commands built from a table, their events taken apart. Every byte of an event is looked
+// at only where the event reaches that far. The functions send and wait, and give 1 for success: a Command
 // Complete event with status 0 has come; and 0 for anything else, when the outputs are as they were.
 #pragma once
 
@@ -29,11 +29,11 @@ constexpr std::uint8_t BT_HCI_LE_TEST_END = 15;
 // The row of an index, which must be in the table.
 const bt_hci_row* bt_hci_cmd_get(std::uint8_t index);
 
-constexpr std::size_t BT_HCI_HEAD = 4;     // of a command: 0, opcode low, opcode high, length
+constexpr std::size_t BT_HCI_HEAD = 4; // of a command: 0, opcode low, opcode high, length
 constexpr std::size_t BT_HCI_PAR_MOST = 255;
 constexpr std::size_t BT_HCI_EVENT_MOST = 261;
-constexpr std::size_t BT_HCI_AT_CODE = 1;   // of an event: its code
-constexpr std::size_t BT_HCI_AT_PAR = 6;    // of a Command Complete event: status, then what was asked for
+constexpr std::size_t BT_HCI_AT_CODE = 1; // of an event: its code
+constexpr std::size_t BT_HCI_AT_PAR = 6;  // of a Command Complete event: status, then what was asked for
 constexpr std::uint8_t BT_HCI_EVENT_VENDOR = 255;
 
 // One exchange: the command, zero at first, and the event that has come.
@@ -83,8 +83,8 @@ int bt_hci_rev_txt(char* p_text);
 std::size_t bt_hci_rd_dyn_cfg(std::uint8_t* p_bytes);
 
 // Any command. `params` holds the parameters and takes what is shown, with room for BT_HCI_EVENT_MOST bytes;
-// mode 1 shows the parameters of a good event, status first, mode 0 sends raw and shows the whole event. Of a bad
-// event only the size is taken and the bytes stay. The number of bytes shown, 0 when no event has come.
+// mode 1 shows the parameters of a good event, status first, mode 0 sends raw and shows the whole event. Of a
+// bad event only the size is taken and the bytes stay. The number of bytes shown, 0 when no event has come.
 std::size_t bt_hci_usr_cmd(const bt_hci_row* p_row, std::uint8_t* params, int mode, bool* p_answered);
 
 int bt_le_transmitter_test(std::uint8_t channel, std::uint8_t length, std::uint8_t payload);

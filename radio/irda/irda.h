@@ -1,6 +1,6 @@
 // The infrared port under test: it sends fixed packets, receives, and sends back what it hears. A driver does
-// the work (irda_co_attach). What comes in is told later, by a callback on the main loop. Operations give 1 on
-// success and 0 on failure, or where the driver has no such operation.
+// the work (irda_co_attach). What comes in is told later, by a callback on the main loop. Operations give 1
+// on success and 0 on failure, or where the driver has no such operation.
 #pragma once
 
 #include <cstdint>

@@ -22,7 +22,8 @@ constexpr std::size_t WLAN_TEXT_ROOM = 128;
 // A calibration item.
 constexpr std::size_t WLAN_ITEM_WORDS = 7;
 
-// Of `expected` packets `received` came: `percent` is what was lost, or 100 when more came than were expected.
+// Of `expected` packets `received` came: `percent` is what was lost, or 100 when more came than were
+// expected.
 struct wlan_rx_stats {
     std::uint32_t expected; // 0: not known
     std::uint32_t received;
@@ -60,8 +61,10 @@ struct wlan_co {
     int (*tx_burst)(const wlan_burst* p_burst);
     int (*stop_tx)();
     int (*get_tx_default_parameters)(wlan_burst* p_burst);
-    int (*test_coex)(const std::uint8_t* p_bytes, std::size_t count, std::uint8_t* p_out, std::size_t* p_count);
-    int (*selftest)(const std::uint8_t* p_bytes, std::size_t count, std::uint8_t* p_out, std::size_t* p_count);
+    int (*test_coex)(const std::uint8_t* p_bytes, std::size_t count, std::uint8_t* p_out,
+                     std::size_t* p_count);
+    int (*selftest)(const std::uint8_t* p_bytes, std::size_t count, std::uint8_t* p_out,
+                    std::size_t* p_count);
     int (*scan)(char* p_text);
     int (*calibration_gain)(std::uint32_t item, std::uint32_t* p_words);
 };

@@ -42,8 +42,7 @@ constexpr const char* vmrk_rev = "@(#) s_qat_korvat_1_32_2_5_b";
 constexpr int light_green = 2; // subzone: the program is alive
 
 constexpr const char* nv_file = "/system/etc/firmware/wlan/prima/korvat_WCNSS_qcom_wlan_nv.bin";
-constexpr const char* nv_file_sella =
-    "/system/etc/firmware/wlan/prima/korvat_sella_WCNSS_qcom_wlan_nv.bin";
+constexpr const char* nv_file_sella = "/system/etc/firmware/wlan/prima/korvat_sella_WCNSS_qcom_wlan_nv.bin";
 
 constexpr hwp board_hwp = {0, 0, 1};
 

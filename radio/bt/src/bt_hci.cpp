@@ -51,8 +51,8 @@ constexpr std::uint8_t event_connection_request = 4;
 constexpr std::uint8_t event_command_complete = 14;
 constexpr std::uint8_t event_command_status = 15;
 constexpr std::uint8_t event_hardware_error = 16;
-constexpr std::uint8_t known_events[] = {event_connection_request, event_command_complete, event_command_status,
-                                         event_hardware_error, BT_HCI_EVENT_VENDOR};
+constexpr std::uint8_t known_events[] = {event_connection_request, event_command_complete,
+                                         event_command_status, event_hardware_error, BT_HCI_EVENT_VENDOR};
 
 constexpr std::size_t event_head = 3; // packet type, code, length
 constexpr std::size_t at_length = 2;

@@ -1,5 +1,5 @@
-// Identity, reset, download, test mode, scripts and scanning. The tests on the air stand in f_bt_tests.cpp, what
-// deals in bytes and addresses in f_bt_bytes.cpp.
+// Identity, reset, download, test mode, scripts and scanning. The tests on the air stand in f_bt_tests.cpp,
+// what deals in bytes and addresses in f_bt_bytes.cpp.
 #include "f_bt/f_bt.h"
 
 #include <cstdint>

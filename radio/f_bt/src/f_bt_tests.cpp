@@ -23,8 +23,8 @@ int passed(bool ok)
     return ok ? DCP_OK : DCP_ERROR;
 }
 
-// The values of a line over the first of `count` fields; a line with more values than there are fields leaves all
-// as they are.
+// The values of a line over the first of `count` fields; a line with more values than there are fields leaves
+// all as they are.
 void overlay(std::uint32_t* const* pp_fields, int count, int argc, const dcp_word* argv)
 {
     if (argc > count)
@@ -56,7 +56,8 @@ int read_rx(int id, const rx_values& v)
     const int result = bt_tst_rx_static(v.channel, v.packet, v.pattern, &s);
     if (result != BT_OK)
         return blank(id, "bsrx", result == BT_NOT_IMPLEMENTED ? DCP_NOT_FOUND : DCP_ERROR);
-    dcp_printf(id, "bsrx", "0x%X,0x%X,%f,0x%X", s.packets, s.stat_12, static_cast<double>(s.ber), s.bit_errors);
+    dcp_printf(id, "bsrx", "0x%X,0x%X,%f,0x%X", s.packets, s.stat_12, static_cast<double>(s.ber),
+               s.bit_errors);
     return DCP_OK;
 }
 
@@ -93,7 +94,8 @@ int do_bt_bwtx(int id, int action, int argc, const dcp_word* argv)
         for (std::uint32_t i = 0; i < fields_switched; i++)
             *in_row[i] = row.values[i];
     overlay(in_line, std::size(in_line), argc, argv);
-    return blank(id, "bwtx", passed(bt_tst_tx_switched(mode, channel, packet, length, power, pattern) == BT_OK));
+    return blank(id, "bwtx",
+                 passed(bt_tst_tx_switched(mode, channel, packet, length, power, pattern) == BT_OK));
 }
 
 int do_bt_bsrx(int id, int action, int argc, const dcp_word* argv)

@@ -109,7 +109,8 @@ int do_wlan_wlcg(int id, int action, int argc, const dcp_word* argv)
     std::uint32_t w[WLAN_ITEM_WORDS] = {};
     switch (wlan_calibration_gain(dcp_uint(argv[0]), w)) {
     case WLAN_OK:
-        dcp_printf(id, "wlcg", "0x%x,0x%x,0x%x,0x%x,0x%x,0x%x,0x%x", w[0], w[1], w[2], w[3], w[4], w[5], w[6]);
+        dcp_printf(id, "wlcg", "0x%x,0x%x,0x%x,0x%x,0x%x,0x%x,0x%x", w[0], w[1], w[2], w[3], w[4], w[5],
+                   w[6]);
         return DCP_OK;
     case WLAN_NOT_IMPLEMENTED:
         return DCP_NOT_FOUND;

@@ -1,5 +1,5 @@
-// The two devices: opened and closed together. Functions give 1 on success and 0 on failure. What needs an open
-// port fails on a closed one.
+// The two devices: opened and closed together. Functions give 1 on success and 0 on failure. What needs an
+// open port fails on a closed one.
 #pragma once
 
 #include <cstddef>

@@ -7,8 +7,8 @@
 #include "bt/bt.h"
 #include "bt/bt_hci.h"
 
-// Waits for the end of a start that is under way, and resets the controller then. BT_OK when none is, or all went
-// well.
+// Waits for the end of a start that is under way, and resets the controller then. BT_OK when none is, or all
+// went well.
 int wcn3680_bt_linux_pending_startup();
 
 // Waits for the next vendor event: its size, 0 when none comes within 2 s.

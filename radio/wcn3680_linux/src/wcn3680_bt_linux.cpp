@@ -1,5 +1,5 @@
-// The Bluetooth driver: starting and stopping, and packets to and from the controller through a raw HCI socket.
-// The chip's own tests stand in wcn3680_bt_tests.cpp.
+// The Bluetooth driver: starting and stopping, and packets to and from the controller through a raw HCI
+// socket. The chip's own tests stand in wcn3680_bt_tests.cpp.
 #include <algorithm>
 #include <bluetooth/bluetooth.h>
 #include <bluetooth/hci.h>
@@ -8,6 +8,7 @@
 #include <cstring>
 #include <pthread.h>
 #include <string>
+#include <sys/ioctl.h>
 
 #include "plat/plat.h"
 #include "tmr/tmr.h"
@@ -275,8 +276,8 @@ constexpr bt_co wcn3680_bt_co = {
 
 } // namespace
 
-// A start that failed leaves the controller stopped: the next one begins anew. One whose reset fails leaves it
-// ready.
+// A start that failed leaves the controller stopped: the next one begins anew. One whose reset fails leaves
+// it ready.
 int wcn3680_bt_linux_pending_startup()
 {
     if (bt_state != state::starting)

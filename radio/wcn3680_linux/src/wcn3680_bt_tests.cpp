@@ -184,15 +184,16 @@ int wcn3680_bt_linux_addr_rd(std::uint8_t* p_addr)
 }
 
 // A carrier is sent modulated or not; rate and pattern mean nothing to it.
-int wcn3680_bt_linux_tst_tx_static(std::uint32_t channel, std::uint32_t power, std::uint32_t data, std::uint32_t,
-                                   std::uint32_t)
+int wcn3680_bt_linux_tst_tx_static(std::uint32_t channel, std::uint32_t power, std::uint32_t data,
+                                   std::uint32_t, std::uint32_t)
 {
     if (bt_hci_reset() == 0)
         return BT_FAILED;
     bt_hci_buf buf(wcn3680_bt_linux_hci_cmd_get(QCT_TX_STATIC));
     const std::uint8_t kind = data <= 1 ? 7 : 4;
     const std::uint8_t fill = data == 1 ? 1 : 0;
-    pbuf_pack(buf.p_par, "bbbbbbbbb", SUB_TX_STATIC, chip_channel(channel), power, kind, 1, fill, fill, fill, fill);
+    pbuf_pack(buf.p_par, "bbbbbbbbb", SUB_TX_STATIC, chip_channel(channel), power, kind, 1, fill, fill, fill,
+              fill);
     return bt_hci_exchange(&buf) != 0 ? BT_OK : BT_FAILED;
 }
 

@@ -12,8 +12,8 @@ void wcn3680_fm_linux_init();
 // file, or no number of 32 bits in it.
 bool wcn3680_result_get(int* p_number);
 
-// Runs a shell line and takes what it prints, of which the first 64 KiB are kept. False when the line couldn't
-// be run, failed, or printed more than anybody wants to read.
+// Runs a shell line and takes what it prints, of which the first 64 KiB are kept. False when the line
+// couldn't be run, failed, or printed more than anybody wants to read.
 bool wcn3680_output_get(const char* line, std::string& text);
 
 // 1 when the shell line ended well, else 0.

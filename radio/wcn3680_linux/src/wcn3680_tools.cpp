@@ -27,7 +27,8 @@ bool wcn3680_result_get(int* p_number)
     errno = 0;
     const long number = std::strtol(text, &p_end, 10);
     // A number that goes on behind the room isn't known.
-    if (p_end == text || p_end == text + sizeof text - 1 || errno != 0 || number < INT_MIN || number > INT_MAX)
+    if (p_end == text || p_end == text + sizeof text - 1 || errno != 0 || number < INT_MIN ||
+        number > INT_MAX)
         return false;
     *p_number = static_cast<int>(number);
     return true;

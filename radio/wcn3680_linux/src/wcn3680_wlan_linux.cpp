@@ -29,8 +29,8 @@ constexpr int item_bytes = WLAN_ITEM_WORDS * 4;
 enum class state { ready, stopped, starting };
 
 state wlan_state = state::stopped;
-std::uint32_t start_mode;      // the thread's, from its creation on
-bool loadedWlanDriver;         // likewise: the module stays loaded, with the mode of its first load
+std::uint32_t start_mode; // the thread's, from its creation on
+bool loadedWlanDriver;    // likewise: the module stays loaded, with the mode of its first load
 pthread_t wlan_thread;
 
 // The slow part of a start, beside the main loop. 1 when all of it went well.
