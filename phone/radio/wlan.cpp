@@ -113,9 +113,11 @@ int tool_fmftmtest(tool_call& call)
 // The file that the link leads to, by its own name.
 std::string calibration()
 {
-    const std::string host = host_path(std::string(firmware_dir) + nv_name);
+    const std::string link = std::string(firmware_dir) + nv_name;
     std::error_code error;
-    if (host.empty() || !std::filesystem::is_regular_file(host, error))
+    const auto target = std::filesystem::read_symlink(host_path(link, false), error);
+    const std::string host = host_path(link);
+    if (path_is_lacking(target.string()) || host.empty() || !std::filesystem::is_regular_file(host, error))
         return "no calibration";
     return "calibration " + std::filesystem::path(host).filename().string();
 }

@@ -1,0 +1,11 @@
+# The modem's number, which this board doesn't know.
+
+it is an error, takes no value, and has a help
+  send     mdmid
+  expect   MDMID:,ERROR
+  send     mdmid?
+  expect   MDMID:,ERROR
+  send     mdmid=1
+  expect   mdmid                                                       modem_id,SYNTAX
+  send     mdmid=?
+  expect   MDMID:Read modem id,mdmid                                                       modem_id,OK

@@ -1,0 +1,37 @@
+# WLAN idle: whatever is sent ends.
+
+a burst and a static transmission each end in their own way, and only once
+  send     wlpu
+  expect   WLPU: ,OK
+  send     wbtx
+  expect   WBTX: ,OK
+  send     widl
+  expect   WIDL: ,OK
+  phone    shell 1 -> 0 wlanftmtest -s
+  send     wstx=6,0,1
+  expect   WSTX: ,OK
+  send     widl?
+  expect   WIDL: ,OK
+  send     widl
+  expect   WIDL: ,OK
+  phone    shell 2 -> 0 wlanftmtest -c 6 -w 0 -y\n0 wlanftmtest -z
+
+a transmission that can't be stopped is an error, and the next attempt ends it
+  send     widl
+  expect   WIDL: ,ERROR
+  send     wlpu
+  expect   WLPU: ,OK
+  send     wstx=6,0,1
+  expect   WSTX: ,OK
+  phone    fail wlanftmtest -z
+  send     widl
+  expect   WIDL: ,ERROR
+  send     widl
+  expect   WIDL: ,OK
+  phone    shell 1 -> 0 wlanftmtest -z
+
+it takes no value, and has a help
+  send     widl=1
+  expect   widl                                                        idle(),SYNTAX
+  send     widl=?
+  expect   WIDL:WLAN Idle mode (stopping TX),widl                                                        idle(),OK

@@ -1,0 +1,23 @@
+# The WLAN chip's self test, which this one doesn't have.
+
+with power or without, bytes or none
+  send     wlst
+  expect   WLST: ,NOT FOUND
+  send     wlst?1\*19{,10}
+  expect   WLST: ,NOT FOUND
+  send     wlst=1\*20{,10}
+  expect   WLST:Too many parameters,ERROR
+  send     wlst=?
+  expect   WLST:WLAN Selftest,wlst                                                        run selftest(...),OK
+
+a transmission is stopped first; one that can't be stopped is an error
+  send     wlpu
+  expect   WLPU: ,OK
+  send     wbtx
+  expect   WBTX: ,OK
+  phone    fail wlanftmtest -s
+  send     wlst
+  expect   WLST: ,ERROR
+  send     wlst
+  expect   WLST: ,NOT FOUND
+  phone    shell 1 -> 0 wlanftmtest -s
