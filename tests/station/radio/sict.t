@@ -16,9 +16,13 @@ a card is told by its line alone, for the first slot
   phone    diag last -> none
 
 the test of the contacts is started, and asked for every 100 ms until it has ended
-  send     sict=1
-  expect   SICT:0x00,OK
+  phone    clock hold
+  raw      sict=1\r
   # 350 ms: asked after 102, 202, 302 and 402
+  phone    clock +395
+  phone    clock +20
+  expect   SICT:0x00,OK
+  phone    clock run
   phone    diag recent -> 4B0B008002000000\*4{\n4B0B008003000000}
 
 without a card, and in any other last state, the contacts are bad: all 16 bits count

@@ -17,9 +17,9 @@ a mask selects by group bits: 1 is invisible, 2 standard
   send     help="cas",0xFE
   expect   NOT FOUND
 
-a mask without a pattern goes through the letters
+a mask without a pattern goes through the letters; a command of no group stands under every mask
   send     help=,0x80
-  expect   NOT FOUND
+  expect   rwbt      [(0-4)[(" ")]]                                    test rwbt,OK
 
 a string that isn't closed ends with the line
   send     help="hel
