@@ -121,6 +121,7 @@ std::string control_request(std::string_view line)
     if (found == control_words.end())
         return "error: " + no_word(name) + "\n";
     request rq;
+    rq.word = name;
     rq.rest = std::string(trimmed(line.substr(name.size())));
     rq.args = words(rq.rest);
     const std::string wrong = found->second.usage.empty() && !rq.args.empty()
