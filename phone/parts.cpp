@@ -11,6 +11,7 @@
 #include "core/conf.h"
 #include "core/files.h"
 #include "core/log.h"
+#include "core/toolbox.h"
 #include "core/uevents.h"
 #include "core/watch.h"
 #include "diag/diag.h"
@@ -42,6 +43,7 @@ constexpr phone_part parts[] = {
     { "clock",  clock_words_attach, nullptr,       nullptr },
     { "watch",  watch_attach,    nullptr,          nullptr },
     { "conf",   conf_attach,     nullptr,          nullptr },
+    { "shell",  toolbox_attach,  nullptr,          nullptr },
     { "tools",  tools_attach,    nullptr,          nullptr },
     { "uevent", uevents_attach,  nullptr,          nullptr },
     { "kmsg",   kmsg_attach,     nullptr,          nullptr },
