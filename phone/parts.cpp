@@ -9,6 +9,7 @@
 #include "board/spmi.h"
 #include "core/clock.h"
 #include "core/conf.h"
+#include "core/control.h"
 #include "core/files.h"
 #include "core/log.h"
 #include "core/toolbox.h"
@@ -39,6 +40,7 @@ namespace {
 constexpr phone_part parts[] = {
     // name     attach           seed              start
     { "log",    log_attach,      nullptr,          nullptr },
+    { "control", control_attach, nullptr,          nullptr },
     { "files",  files_attach,    nullptr,          nullptr },
     { "clock",  clock_words_attach, nullptr,       nullptr },
     { "watch",  watch_attach,    nullptr,          nullptr },
