@@ -1,8 +1,13 @@
+#: Reads a channel of the board's converters: a voltage or a temperature.
+#: adcr=CHANNEL[,FORMAT] | the channel's value, always hexadecimal. CHANNEL is one of those that `adcr=?` lists.
+#:   FORMAT 0 is the converter's own code, 1 (also when left out) mV or the thermal zone's value / 1000, 2 the
+#:   scaled value of a temperature channel, cut to whole units towards 0
 # The converter channels of the power chip and the thermal zones.
 
 a voltage is given in mV, as the converter's code, or not at all
   write    /sys/devices/qpnp-vadc-8/vbat_sns Result:3812345 Raw:36142\n
   # 3812345 uV / 1000 = 3812 = 0xEE4; 36142 = 0x8D2E
+  #: The battery's voltage is 3812 mV:
   send     adcr=10
   expect   ADCR:0xee4,OK
   send     adcr?10,1
