@@ -68,7 +68,7 @@ function head_line(name, state, line,    at, form)
     line = trimmed(line)
     if ((at = index(line, " | ")) > 0) {
         form = trimmed(substr(line, 1, at))
-        if (form !~ ("^" name "($|[=?])"))
+        if (form !~ ("^" name "($|[[=?])"))
             complain(where ": the form \"" form "\" doesn't begin with " name)
         forms[name] = forms[name] "| `" form "` | " trimmed(substr(line, at + 3)) " |\n"
         return "forms"
