@@ -48,7 +48,7 @@ function read_transcript(name, path,    line, number, verb, state)
             mark(name, trimmed(substr(trimmed(line), 3)))
         else if (line ~ /^[ \t]+[^ \t#]/)
             step(name, trimmed(line))
-        else if (line ~ /^[ \t]+#/ || line ~ /^[^ \t#]/)
+        else if (line ~ /^[^ \t#]/ || (answered && line ~ /^[ \t]+#/))
             end_exchange(name)
     }
     end_exchange(name)
