@@ -92,8 +92,8 @@ function mark(name, caption)
     sent = ""
 }
 
-# A step of an open exchange. What stands behind the last answer isn't shown.
-function step(name, line,    verb, rest, at)
+# A step of an open exchange. What stands behind the last answer isn't shown, nor what the phone is only asked.
+function step(name, line,    verb, rest)
 {
     if (open_exchange == "")
         return
@@ -116,13 +116,11 @@ function step(name, line,    verb, rest, at)
         else
             pending = pending rest
     } else if (verb == "expect" || verb == "read") {
-        shown[name] = shown[name] pending "\n" rest "\n"
+        shown[name] = shown[name] pending (pending == "" ? "" : "\n") rest "\n"
         pending = ""
         answered = 1
-    } else if (verb == "phone") {
-        at = index(rest, " -> ")
-        pending = pending (pending == "" ? "" : "\n") "$ ./hvt phone DIR " \
-                  (at ? trimmed(substr(rest, 1, at)) "\n" substr(rest, at + 4) : rest)
+    } else if (verb == "phone" && rest !~ / ->( |$)/) {
+        pending = pending (pending == "" ? "" : "\n") "$ ./hvt phone DIR " rest
     }
     answer_open = verb == "expect" || verb == "read" || (verb == "+" && answer_open)
 }

@@ -17,6 +17,7 @@ the driver is loaded, and a tap is reported once, at the press
   phone    shell -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg\n0 insmod /system/modules/max1187x.ko
   phone    touch 540 960 down
   expect   DTCH:540,960,540,960,OK
+  # the release is seen before the next press comes
   phone    touch 540 960 up
   phone    clock +100
   phone    touch 1079 1919 tap

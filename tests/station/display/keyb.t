@@ -40,10 +40,10 @@ names and characters with p and r, without the command's name
   expect   KEYB: ,OK
 
 codes in hexadecimal, a key that repeats is pressed again, and the help
+  # 528 = 0x210, 408 = 0x198
   #:
   send     keyb=2
   expect   KEYB: ,OK
-  # 528 = 0x210, 408 = 0x198, 1 = ESC
   phone    key 528 down
   phone    key 528 repeat
   expect   KEYB:210,p

@@ -13,7 +13,7 @@
 #: tact=4,1 | one step of the same: `1` while it runs, `0` when it is done, `0` and `ERROR` when it failed
 #: tact=10,SOURCE,DESTINATION | the same as `tact=4`; the numbers don't count. Store open
 #: tact=2[,UNIT] | moves units to the modem, which this phone can't: `ERROR`. With UNIT the store must be closed
-#: tact=5 | begins a transaction; tact=6 ends it. Store open
+#: tact=5 | no effect, and neither has `tact=6`: this store has no transactions. Store open
 #: tact=9 | the write mode, `0x2`. Store open
 #: tact=12,N | writes all units of the main store below 0xFFFFFF with up to 8000 bytes to /data/ram_dump1.txt (N 1) or
 #:   /data/ram_dump2.txt (N 2), which takes long; after N 2, `ERROR` when the two files differ. Store open
@@ -24,11 +24,11 @@
 a new phone has its main store closed, and the status is told for both actions
   send     tact
   expect   TACT:0x0,OK
+  #:
   send     tact=1
   expect   TACT:,OK
   send     tact?
   expect   TACT:0x1,OK
-  #:
   send     tact=1
   expect   TACT:,ERROR
   send     tact=0
