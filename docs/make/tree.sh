@@ -21,3 +21,64 @@ command_tables() {
         done
     done
 }
+
+# The first sentence of each file's opening comment, one line a file: path and sentence, separated by a tab.
+first_sentences() {
+    awk 'function tell() {
+             if (path == "")
+                 return
+             if (match(text, /\.( |$)/))
+                 text = substr(text, 1, RSTART)
+             print path "\t" text
+         }
+         FNR == 1 { tell(); path = FILENAME; text = ""; over = 0 }
+         !over && /^\/\/ ?/ { sub(/^\/\/ ?/, ""); text = text (text == "" ? "" : " ") $0; next }
+         { over = 1 }
+         END { tell() }' "$@" /dev/null
+}
+
+# The modules as the build lists name them, one line a module, separated by tabs: floor, room, module, what its door
+# opens, what its inside needs besides.
+modules() {
+    rooms | while read -r floor room; do
+        [ -f "$top/$room/CMakeLists.txt" ] || continue
+        awk -v floor="$floor" -v room="$room" '
+            /^hvt_module\(/ { inside = 1; text = "" }
+            inside { text = text " " $0 }
+            inside && /\)/ {
+                inside = 0
+                sub(/^ *hvt_module\(/, "", text)
+                sub(/\).*/, "", text)
+                n = split(text, word, " ")
+                list["OPENS"] = list["STANDS_ON"] = list["LINKS"] = ""
+                for (i = 2; i <= n; i++)
+                    if (word[i] ~ /^(OPENS|STANDS_ON|LINKS)$/)
+                        kind = word[i]
+                    else
+                        list[kind] = list[kind] (list[kind] == "" ? "" : " ") \
+                                     (word[i] == "${all}" ? "every other module" : word[i])
+                print floor "\t" room "\t" word[1] "\t" list["OPENS"] "\t" list["STANDS_ON"]
+            }' "$top/$room/CMakeLists.txt"
+    done
+}
+
+# What the virtual phone registers by calls of one kind (word_add, conf_add, tool_add, node_add ...), one line a
+# call, separated by tabs: file, line, then the texts that the call names.
+registered() {
+    find "$top/phone" -name '*.cpp' | sort | xargs awk -v call="$1" '
+        !inside && match($0, "(^|[^a-z_])" call "\\(\"") { inside = 1; from = FNR; text = "" }
+        inside { text = text " " $0 }
+        inside && /;/ {
+            inside = 0
+            out = FILENAME "\t" from
+            text = substr(text, index(text, call "("))
+            while (match(text, /"([^"\\]|\\.)*"/)) {
+                part = substr(text, RSTART + 1, RLENGTH - 2)
+                between = substr(text, 1, RSTART - 1)
+                gsub(/\\"/, "\"", part)
+                out = out (between ~ /^ *$/ && out != "" ? "" : "\t") part
+                text = substr(text, RSTART + RLENGTH)
+            }
+            print out
+        }' | sed "s|^$top/||"
+}
