@@ -1,5 +1,5 @@
 #: Reads the identity of the main chip from its fuses.
-#: msmv | device, feature and version, hexadecimal
+#: msmv | device, feature and version, hexadecimal; `ERROR` behind one blank when they can't be read
 
 the three numbers are hexadecimal
   # 497 = 0x1F1, 17 = 0x11

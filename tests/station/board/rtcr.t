@@ -1,5 +1,6 @@
 #: Reads the real time clock.
-#: rtcr | `YEAR,MONTH,DAY,HOUR,MINUTE,SECOND`, decimal, the year in full
+#: rtcr | `YEAR,MONTH,DAY,HOUR,MINUTE,SECOND`, decimal, the year in full; `ERROR` behind one blank when the clock
+#:   doesn't answer. Values are passed over
 
 the clock runs with the phone's time
   phone    clock hold

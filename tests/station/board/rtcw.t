@@ -1,6 +1,6 @@
 #: Sets the real time clock.
-#: rtcw=YEAR,MONTH,DAY,HOUR,MINUTE,SECOND | six numbers, the year in full (of it 16 bits count, of the others 8).
-#:   Answers with one blank; a date that there isn't is `ERROR`
+#: rtcw=YEAR,MONTH,DAY,HOUR,MINUTE,SECOND | six numbers, the year in full (of it 16 bits count, of the others 8), the
+#:   month from 1, the hour from 0 to 23. Answers with one blank; a date that there isn't is `ERROR`
 
 a date that is set is the clock's from then on
   phone    clock hold

@@ -1,6 +1,7 @@
 #: Sets how much the processor may draw and how steadily, as a set of kernel settings.
 #: sysmode=MODE | 0 the default, as after a start; 1 stable current: one frequency, no sleep; 2 low current: one
-#:   processor; 3 high current: full speed. A setting that fails is passed over. Answers with one blank
+#:   processor; 3 high current: full speed. A setting that fails is passed over. Answers with one blank; another mode
+#:   is `SYNTAX`
 #: sysmode=? | the modes
 
 mode 1 keeps the current steady: one frequency, no sleep
