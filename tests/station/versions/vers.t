@@ -1,7 +1,7 @@
 #: Tells the versions of the program, of the application system and of the modem.
 #: vers[=WHICH] | 0, also when left out: program, application system and modem, a line each. 1 the program: name, date
 #:   and time of its build. 2 the application system, as its kernel tells it. 3 the modem: its build and the time of
-#:   it. A number above 3 is `ERROR`
+#:   it. A number above 3 is `ERROR` with no line, a kernel that can't be read `ERROR` behind an empty one
 
 the application system's version is the kernel's, without line ends, and may be empty
   # a backspace takes the last character that stayed
@@ -11,6 +11,13 @@ the application system's version is the kernel's, without line ends, and may be 
   write    /proc/version \n
   send     vers=2
   expect   VERS:,OK
+
+a kernel's version that can't be read is an error
+  phone    fail read /proc/version
+  send     vers=2
+  expect   VERS:,ERROR
+  send     vers=2
+  expect   VERS:Linux version 3.4.0-perf-g5d2c81e (build@korvat) (gcc version 4.7 (GCC) ) #1 SMP PREEMPT Mon Jul 29 19:12:44 2013,OK
 
 a value above 3 is an error without a line
   send     vers=4
