@@ -7,8 +7,11 @@ top=$(cd "$(dirname "$0")/.." && pwd)
 failed=0
 bad() { echo "$1"; failed=1; }
 
+told=
 says() {
-    "$top/docs/make/map" "$1" | grep -qF -e "$2" || bad "./hvt map $1 doesn't tell: $2"
+    [ "$told" = "$1" ] || text=$("$top/docs/make/map" "$1")
+    told=$1
+    printf '%s\n' "$text" | grep -qF -e "$2" || bad "./hvt map $1 doesn't tell: $2"
     case $2 in */*) [ -e "$top/${2%%[:#]*}" ] || bad "./hvt map $1 names $2, which isn't there" ;; esac
 }
 says lctr "display/f_light/f_light.h"

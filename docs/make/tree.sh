@@ -62,15 +62,21 @@ modules() {
     done
 }
 
-# What the virtual phone registers by calls of one kind (word_add, conf_add, tool_add, node_add ...), one line a
-# call, separated by tabs: file, line, then the texts that the call names.
+# What the virtual phone registers by name (word_add, conf_add, tool_add), one line a call, separated by tabs: call,
+# file, line, then the texts that it names.
 registered() {
-    find "$top/phone" -name '*.cpp' | sort | xargs awk -v call="$1" '
-        !inside && match($0, "(^|[^a-z_])" call "\\(\"") { inside = 1; from = FNR; text = "" }
+    find "$top/phone" -name '*.cpp' | sort | xargs awk -v skipped=$((${#top} + 2)) '
+        !inside && match($0, /(^|[^a-z_])(word|conf|tool)_add\("/) {
+            inside = 1
+            from = FNR
+            text = ""
+            match($0, /(word|conf|tool)_add\("/)
+            call = substr($0, RSTART, RLENGTH - 2)
+        }
         inside { text = text " " $0 }
         inside && /;/ {
             inside = 0
-            out = FILENAME "\t" from
+            out = call "\t" substr(FILENAME, skipped) "\t" from
             text = substr(text, index(text, call "("))
             while (match(text, /"([^"\\]|\\.)*"/)) {
                 part = substr(text, RSTART + 1, RLENGTH - 2)
@@ -80,5 +86,5 @@ registered() {
                 text = substr(text, RSTART + RLENGTH)
             }
             print out
-        }' | sed "s|^$top/||"
+        }'
 }
