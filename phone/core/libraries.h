@@ -3,7 +3,7 @@
 // the phone's file tree.
 #pragma once
 
-#include "closed/host.h"
+#include "core/library_host.h"
 
 namespace phone {
 

@@ -13,7 +13,7 @@
 #include "core/files_table.h"
 #include "core/libraries.h"
 #include "core/mounts.h"
-#include "core/shell.h"
+#include "core/toolbox.h"
 #include "core/uevents.h"
 #include "core/watch.h"
 
@@ -230,12 +230,12 @@ int co_rename(const char* from, const char* to)
 
 int co_system(const char* line)
 {
-    return watched("system", line, -1, [&] { return shell_run(line); });
+    return watched("system", line, -1, [&] { return toolbox_run(line); });
 }
 
 FILE* co_popen(const char* line, const char* mode)
 {
-    return watched("popen", line, static_cast<FILE*>(nullptr), [&] { return shell_popen(line, mode); });
+    return watched("popen", line, static_cast<FILE*>(nullptr), [&] { return toolbox_popen(line, mode); });
 }
 
 int co_mount(const char* device, const char* dir, const char* type, unsigned long flags, const void* data)
@@ -394,7 +394,7 @@ const plat_callouts phone_co = {
     .rmdir         = [](const char* path) { return on_host("rmdir", path, false, [](const char* host) { return ::rmdir(host); }); },
     .system        = co_system,
     .popen         = co_popen,
-    .pclose        = [](FILE* stream) { return watched("pclose", "", -1, [&] { return shell_pclose(stream); }); },
+    .pclose        = [](FILE* stream) { return watched("pclose", "", -1, [&] { return toolbox_pclose(stream); }); },
     .mount         = co_mount,
     .umount        = co_umount,
     .statfs        = co_statfs,

@@ -21,8 +21,8 @@ struct core_rd_cb_client {
     void* p2;
 };
 
-// Empties the lists and enters the program's revision, `rev_text`, kept as a pointer, and its build time.
-void core_init(const char* rev_text);
+// Empties the lists of deferred calls and read clients.
+void core_init();
 
 // Runs the loop. Gives -1 if the loop's pipe can't be made; doesn't return otherwise.
 int core_start();

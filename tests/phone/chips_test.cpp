@@ -6,13 +6,13 @@
 #include <linux/i2c.h>
 #include <string>
 
-#include "chips/chips.h"
-#include "chips/i2c_bus.h"
-#include "chips/pm8941.h"
+#include "board/chips.h"
+#include "board/gpio.h"
+#include "board/i2c_bus.h"
+#include "board/pm8941.h"
 #include "core/control.h"
 #include "core/table.h"
 #include "core/watch.h"
-#include "devices/gpio.h"
 
 namespace {
 

@@ -19,11 +19,11 @@
 #include "core/files.h"
 #include "core/home.h"
 #include "core/log.h"
-#include "core/shell.h"
 #include "core/table.h"
+#include "core/toolbox.h"
 #include "core/watch.h"
 #include "runner/file_text.h"
-#include "tools/tools.h"
+#include "runtime/tools.h"
 
 using namespace phone;
 

@@ -1,4 +1,4 @@
-#include "plat_fake.h"
+#include "unit/plat_fake.h"
 
 #include <algorithm>
 #include <csignal>

@@ -14,16 +14,13 @@ constexpr unsigned CURRENT_REG = 255; // from here on: no register is written be
 
 int answer(int id, const char* name, bool done)
 {
-    dcp_printf(id, name, "%s", done ? "" : "no ack");
-    return done ? DCP_OK : DCP_ERROR;
+    return done ? dcp_answer(id, name, "", DCP_OK) : dcp_answer(id, name, "no ack", DCP_ERROR);
 }
 
 int do_i2cw(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action != DCP_ACTION_SET) {
-        dcp_printf(id, "i2cw", "%s", "write to any i2c device at specified address");
-        return DCP_OK;
-    }
+    if (action != DCP_ACTION_SET)
+        return dcp_answer(id, "i2cw", "write to any i2c device at specified address", DCP_OK);
     std::uint8_t bytes[MOST_BYTES];
     const int count = argc > 2 ? scf_str_to_uint8(bytes, MOST_BYTES, dcp_text(argv[2]), 16) : 0;
     i2c_handle hnd;
@@ -47,8 +44,7 @@ int do_i2cr(int id, int action, int argc, const dcp_word* argv)
 {
     if (action != DCP_ACTION_SET) {
         dcp_printf(id, "i2cr", "%s", "read from any i2c device at specified address");
-        dcp_printf(id, "i2cr", "%s", "reg=255 accesses current register");
-        return DCP_OK;
+        return dcp_answer(id, "i2cr", "reg=255 accesses current register", DCP_OK);
     }
     unsigned val[] = {0, 0, 0, 1}; // port, address, register, count
     for (int i = 0; argc <= 4 && i < argc; i++)

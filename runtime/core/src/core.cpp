@@ -9,7 +9,6 @@
 
 #include "check/check.h"
 #include "plat/plat.h"
-#include "rev/rev.h"
 #include "tmr/tmr.h"
 
 namespace {
@@ -31,8 +30,6 @@ struct dfc_rec {
     void* p1;
     void* p2;
 };
-
-rev_rec rev_vmrk, rev_date, rev_time;
 
 std::atomic<bool> core_started;
 int pfd[2];
@@ -191,12 +188,8 @@ void start_watching()
 
 } // namespace
 
-void core_init(const char* rev_text)
+void core_init()
 {
-    rev_init();
-    rev_add(&rev_vmrk, "vmrk_rev", rev_text);
-    rev_add(&rev_date, "bld_date", __DATE__);
-    rev_add(&rev_time, "bld_time", __TIME__);
     slnk_init(&core_dfc_list_head);
     core_dfc_list_tail = &core_dfc_list_head;
     slnk_init(&core_rcc_list_head);

@@ -1,0 +1,32 @@
+// The phone's shell: runs command lines with quotes, redirections, ;, && and ||, and pipes, by a table of
+// tool stand-ins. Nothing ever reaches the host's shell or its programs. An unknown tool exits with 127.
+#pragma once
+
+#include <cstdio>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace phone {
+
+struct tool_call {
+    std::vector<std::string> args; // args[0] is the tool's name
+    std::string in;
+    std::string out;
+    std::string err;
+};
+
+// A tool: the result is its exit status. Any thread.
+using tool_fn = int (*)(tool_call& call);
+
+// Only before the program runs.
+void tool_add(std::string_view name, tool_fn fn);
+
+// Runs a line; the result is a wait status, as of system. What the line prints goes nowhere.
+int toolbox_run(std::string_view line);
+
+// The same with a stream from (mode "r") or to (mode "w") the line.
+FILE* toolbox_popen(const char* line, const char* mode);
+int toolbox_pclose(FILE* stream);
+
+} // namespace phone

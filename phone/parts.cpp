@@ -1,0 +1,75 @@
+#include "core/parts.h"
+
+#include "board/converters.h"
+#include "board/gpio.h"
+#include "board/i2c_bus.h"
+#include "board/processor.h"
+#include "board/regulators.h"
+#include "board/rtc.h"
+#include "board/spmi.h"
+#include "core/clock.h"
+#include "core/conf.h"
+#include "core/files.h"
+#include "core/log.h"
+#include "core/uevents.h"
+#include "core/watch.h"
+#include "diag/diag.h"
+#include "display/framebuffer.h"
+#include "display/input.h"
+#include "display/leds.h"
+#include "display/panel.h"
+#include "display/scripts.h"
+#include "display/touch_panel.h"
+#include "power/battery.h"
+#include "runtime/insmod.h"
+#include "runtime/kmsg.h"
+#include "runtime/tools.h"
+#include "shell/port.h"
+#include "shell/usb_state.h"
+#include "store/card.h"
+#include "store/store.h"
+#include "versions/proc.h"
+
+namespace phone {
+
+namespace {
+
+// clang-format off
+constexpr phone_part parts[] = {
+    // name     attach           seed              start
+    { "log",    log_attach,      nullptr,          nullptr },
+    { "files",  files_attach,    nullptr,          nullptr },
+    { "clock",  clock_words_attach, nullptr,       nullptr },
+    { "watch",  watch_attach,    nullptr,          nullptr },
+    { "conf",   conf_attach,     nullptr,          nullptr },
+    { "tools",  tools_attach,    nullptr,          nullptr },
+    { "uevent", uevents_attach,  nullptr,          nullptr },
+    { "kmsg",   kmsg_attach,     nullptr,          nullptr },
+    { "proc",   nullptr,         proc_seed,        nullptr },
+    { "diag",   diag_attach,     nullptr,          nullptr },
+    { "usb",    port_attach,     usb_state_seed,   nullptr },
+    { "gpio",   gpio_attach,     nullptr,          nullptr },
+    { "i2c",    i2c_attach,      nullptr,          nullptr },
+    { "spmi",   spmi_attach,     spmi_seed,        spmi_start },
+    { "battery", battery_attach, battery_seed,     battery_start },
+    { "vreg",   regulators_attach, regulators_seed,  nullptr },
+    { "adc",    nullptr,         converters_seed,  nullptr },
+    { "cpu",    nullptr,         processor_seed,   nullptr },
+    { "rtc",    rtc_attach,      nullptr,          rtc_start },
+    { "store",  store_attach,    store_seed,       nullptr },
+    { "insmod", insmod_attach,   nullptr,          nullptr },
+    { "input",  input_attach,    nullptr,          nullptr },
+    { "touch",  touch_panel_attach, touch_panel_seed, touch_panel_start },
+    { "menu",   nullptr,         scripts_seed,     nullptr },
+    { "leds",   leds_attach,     leds_seed,        nullptr },
+    { "fb",     framebuffer_attach, nullptr,       framebuffer_start },
+    { "panel",  panel_attach,    panel_seed,       nullptr },
+    { "card",   card_attach,     nullptr,          card_start },
+};
+// clang-format on
+
+} // namespace
+
+constinit const std::span<const phone_part> phone_parts = parts;
+
+} // namespace phone

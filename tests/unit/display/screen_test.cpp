@@ -1,0 +1,247 @@
+// Figures, text and pages of the screen on a framebuffer in memory, against the plain rules.
+#include <array>
+#include <gtest/gtest.h>
+#include <random>
+#include <string>
+
+#include "screen/screen.h"
+#include "screen_linux/screen_linux.h"
+#include "screenconf/screenconf.h"
+#include "unit/display/panel_fake.h"
+#include "unit/display/plain_canvas.h"
+
+namespace {
+
+using std::uint32_t;
+
+constexpr panel_shape SHAPES[] = {
+    {.width = 1, .height = 1},
+    {.width = 3, .height = 40},
+    {.width = 240, .height = 20, .line_padding = 36},
+    {.width = 239, .height = 321, .pages = 2},
+};
+
+std::mt19937 random_bits(5);
+
+uint32_t any(uint32_t limit)
+{
+    return random_bits() % limit;
+}
+
+// A coordinate or size near a screen of that many pixels, or any value at all.
+uint32_t near_screen(uint32_t pixels)
+{
+    constexpr uint32_t EDGES[] = {0, 1, 2, 3, 0x7FFFFFFF, 0x80000000, 0xFFFFFFF0, 0xFFFFFFFE, 0xFFFFFFFF};
+    switch (any(4)) {
+    case 0:
+        return EDGES[any(std::size(EDGES))];
+    case 1:
+        return pixels - 2 + any(5);
+    default:
+        return any(pixels + pixels / 2 + 1);
+    }
+}
+
+// Runs `draw` many times on every shape, on the panel and on the plain canvas, and compares the pictures.
+template <class Draw>
+void compare_everywhere(int times, Draw draw)
+{
+    for (const panel_shape& shape : SHAPES) {
+        panel_fake_start(shape);
+        screen_clear(0x102030);
+        plain_canvas plain(shape.width, shape.height, 0x102030);
+        for (int i = 0; i < times; i++) {
+            const std::string what = draw(plain, any(0x1000000));
+            ASSERT_EQ(panel_fake_picture(), plain.pixels)
+                << shape.width << "x" << shape.height << ": " << what;
+        }
+    }
+}
+
+std::string text_of(std::initializer_list<uint32_t> values)
+{
+    std::string text;
+    for (const uint32_t value : values)
+        text += std::to_string(value) + " ";
+    return text;
+}
+
+TEST(Screen, LinesBetweenAnyEndsAreThoseOfTheWalk)
+{
+    compare_everywhere(300, [](plain_canvas& plain, uint32_t colour) {
+        const uint32_t x0 = near_screen(plain.w), y0 = near_screen(plain.h);
+        const uint32_t x1 = near_screen(plain.w), y1 = near_screen(plain.h);
+        screen_line(x0, y0, x1, y1, colour);
+        plain.line(x0, y0, x1, y1, colour);
+        return "line " + text_of({x0, y0, x1, y1});
+    });
+}
+
+TEST(Screen, BoxesOfAnyPlaceAndSizeAreThoseOfTheirLines)
+{
+    compare_everywhere(300, [](plain_canvas& plain, uint32_t colour) {
+        const uint32_t x = near_screen(plain.w), y = near_screen(plain.h);
+        const uint32_t w = near_screen(plain.w), h = near_screen(plain.h);
+        const uint32_t fill = any(2) == 0 ? colour : colour ^ 0xFFFFFF;
+        const bool filled = any(4) != 0;
+        screen_rectangle(x, y, w, h, colour, fill, filled);
+        plain.rectangle(x, y, w, h, colour, fill, filled);
+        return "rectangle " + text_of({x, y, w, h, filled, fill == colour});
+    });
+}
+
+TEST(Screen, EllipsesAreThoseOfTheirPixels)
+{
+    compare_everywhere(150, [](plain_canvas& plain, uint32_t colour) {
+        const uint32_t x = any(2 * plain.w + 2), y = any(2 * plain.h + 2);
+        const uint32_t w = any(3 * plain.w + 4), h = any(3 * plain.h + 4);
+        screen_ellipse(x, y, w, h, colour, 1);
+        plain.ellipse(x, y, w, h, colour);
+        screen_ellipse(x, y, w, h, ~colour, 0); // no outline form
+        return "ellipse " + text_of({x, y, w, h});
+    });
+}
+
+TEST(Screen, AHugeEllipseEndsSoon)
+{
+    panel_fake_start({.width = 239, .height = 321});
+    screen_ellipse(120, 160, 0xFFFFFFFF, 0xFFFFFFFF, 0x123456, 1);
+    EXPECT_EQ(panel_fake_picture(), plain_canvas(239, 321, 0x123456).pixels);
+    screen_ellipse(0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFF0, 3, 0, 1);
+    EXPECT_EQ(panel_fake_picture(), plain_canvas(239, 321, 0x123456).pixels);
+}
+
+TEST(Screen, RowsArePixelsWithTheirTints)
+{
+    compare_everywhere(100, [](plain_canvas& plain, uint32_t colour) {
+        std::array<uint32_t, 700> colours;
+        std::array<uint32_t, 400> tints;
+        for (uint32_t& c : colours)
+            c = any(0x1000000) & 0xFFFF00;
+        for (uint32_t& t : tints)
+            t = any(256);
+        const uint32_t x = near_screen(plain.w), y = near_screen(plain.h), w = any(300), h = any(400);
+        const screen_row_set rows = {colours.data(), any(50), 1 + any(8), 1 + any(3),
+                                     colour % 2 == 0 ? tints.data() : nullptr};
+        screen_rows(x, y, w, h, rows);
+        for (uint32_t j = 0; j < h; j++)
+            for (uint32_t i = 0; i < w; i++)
+                if (x + i >= x && y + j >= y) // beyond 32 bits is beyond the screen
+                    plain.put(x + i, y + j,
+                              colours[rows.pitch * (j / rows.repeat % rows.count) + i] |
+                                  (rows.p_tints != nullptr ? tints[j] : 0));
+        return "rows " + text_of({x, y, w, h, rows.pitch, rows.count, rows.repeat});
+    });
+}
+
+// One character at scale 1, as 16 rows of bits.
+std::array<std::uint16_t, 16> glyph(char code)
+{
+    panel_fake_start({.width = 17, .height = 17});
+    screen_clear(0);
+    const char text[] = {code, '\0'};
+    screen_print(text, 0, 0, 0xFFFFFF);
+    std::array<std::uint16_t, 16> rows{};
+    for (unsigned y = 0; y < 16; y++)
+        for (unsigned x = 0; x < 16; x++)
+            if (panel_fake_pixel(x, y) != 0)
+                rows[y] = static_cast<std::uint16_t>(rows[y] | 1u << x);
+    return rows;
+}
+
+// Text at any place and scale, against its glyphs at scale 1 blown up.
+void compare_text(uint32_t width, uint32_t height, uint32_t scale, const std::string& text, uint32_t x,
+                  uint32_t y)
+{
+    plain_canvas plain(width, height, 0x112233);
+    const uint32_t cell = 16 * scale;
+    for (std::size_t i = 0; i < text.size(); i++) {
+        const auto left = static_cast<uint32_t>(x + i * cell);
+        if (!(left < width && y + cell < height))
+            continue;
+        const auto rows = glyph(text[i]);
+        for (uint32_t r = 0; r < cell; r++)
+            for (uint32_t c = 0; c < cell; c++)
+                if ((rows[r / scale] >> (c / scale) & 1) != 0)
+                    plain.put(left + c, y + r, 0x40C0F0);
+    }
+    panel_fake_start({.width = width, .height = height});
+    ASSERT_EQ(screen_char_width(), cell);
+    screen_clear(0x112233);
+    screen_print(text.c_str(), x, y, 0x40C0F0);
+    EXPECT_EQ(panel_fake_picture(), plain.pixels)
+        << width << "x" << height << " \"" << text << "\" at " << x << "," << y;
+}
+
+TEST(Screen, TextIsItsGlyphsAtEveryScaleAndPlace)
+{
+    const std::string all = "The quick brown fox, 0123456789: {jumps} over the lazy dog! ~\x80\xFF\x05$%&@";
+    struct {
+        uint32_t width, height, scale;
+    } constexpr screens[] = {{1, 1, 1},     {719, 70, 1},  {720, 70, 2},
+                             {1079, 70, 2}, {1080, 70, 3}, {1083, 70, 3}};
+    for (const auto& s : screens) {
+        for (const uint32_t x : {0u, 7u, s.width - 1, 0xFFFFFFF0u, 0xFFFFFFFFu})
+            for (const uint32_t y : {0u, 9u, s.height - 1, 0xFFFFFFF0u, 0xFFFFFFFDu})
+                compare_text(s.width, s.height, s.scale, all, x, y);
+        compare_text(s.width, s.height, s.scale, std::string(300, '#'), 5, 3);
+        compare_text(s.width, s.height, s.scale, "", 0, 0);
+    }
+}
+
+TEST(ScreenLinux, TheOtherDepthsGetTheSameFiguresInTheirLayout)
+{
+    const fb_bitfield red5 = {11, 5, 0}, green6 = {5, 6, 0}, blue5 = {0, 5, 0};
+    const panel_shape layouts[] = {
+        {.width = 239,
+         .height = 41,
+         .bits = 16,
+         .line_padding = 6,
+         .red = red5,
+         .green = green6,
+         .blue = blue5},
+        {.width = 239, .height = 41, .bits = 24, .line_padding = 3},
+        {.width = 239, .height = 41, .red = {0, 8, 0}, .green = {8, 8, 0}, .blue = {24, 6, 0}},
+    };
+    for (const panel_shape& shape : layouts) {
+        plain_canvas plain(shape.width, shape.height, 0x00FE12);
+        plain.line(3, 1, 200, 38, 0xF8765A);
+        plain.rectangle(10, 5, 50, 20, 0x87654F, 0x9ABCDE, true);
+        plain.ellipse(150, 20, 60, 30, 0x13579B);
+        for (uint32_t& pixel : plain.pixels) {
+            const uint32_t r = pixel >> 16, g = pixel >> 8 & 0xFF, b = pixel & 0xFF;
+            if (shape.bits == 16)
+                pixel = (r >> 3) << 11 | (g >> 2) << 5 | b >> 3;
+            else if (shape.bits == 32)
+                pixel = r | g << 8 | (b & 0xFC) << 24; // the six high bits stay where they are in the byte
+        }
+        panel_fake_start(shape);
+        screen_clear(0x00FE12);
+        screen_line(3, 1, 200, 38, 0xF8765A);
+        screen_rectangle(10, 5, 50, 20, 0x87654F, 0x9ABCDE, 1);
+        screen_ellipse(150, 20, 60, 30, 0x13579B, 1);
+        EXPECT_EQ(panel_fake_picture(), plain.pixels) << shape.bits;
+        // a clear of words goes over what lies between the rows
+        EXPECT_TRUE(shape.bits == 32 || panel_fake_rest_untouched()) << shape.bits;
+    }
+}
+
+TEST(ScreenLinux, AModeLargerThanTheMemoryIsDrawnAsFarAsThatGoes)
+{
+    panel_fake_start({.width = 100, .height = 50, .pages = 2});
+    ASSERT_EQ(screen_control(SCREEN_CONTROL_MODE, 16), 0); // 1920 x 1080
+    for (const uint32_t line : {400u, 7680u, 0u}) {
+        screen_linux_get_screen_info(SCREEN_MAIN)->fix.line_length = line;
+        screen_clear(0xFFFFFF);
+        screen_line(0, 0, 1919, 1079, 1);
+        screen_line(1919, 0, 1919, 1079, 2);
+        screen_rectangle(0, 0, 1920, 1080, 3, 3, 1);
+        screen_print("x", 0, 1000, 4);
+        screen_put_pixel(1919, 1079, 5);
+        const uint32_t colours[1920] = {};
+        screen_rows(0, 0, 1920, 1080, {colours});
+        EXPECT_EQ(screen_invalidate(), 1);
+    }
+}
+
+} // namespace
