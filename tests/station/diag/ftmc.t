@@ -167,6 +167,12 @@ a long request is gathered in parts, and its response isn't matched
   expect   FTMC:0x12,0x34,0x56,OK
   phone    diag last -> 0908
 
+a response is shown as far as a line of 32768 characters goes
+  # 5 + 6552 * 5 + 3 characters; the line term stands behind
+  phone    diag 60 \*6553{AB}
+  send     ftmc=0x60
+  expect   FTMC:\*6552{0xab,}0xa,OK
+
 no value is a syntax error, and what it is
   send     ftmc
   expect   SYNTAX
