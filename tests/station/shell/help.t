@@ -26,10 +26,6 @@ a mask selects by group bits: 1 is invisible, 2 standard
   send     help="cas",0xFE
   expect   NOT FOUND
 
-a mask without a pattern goes through the letters
-  send     help=,0x80
-  expect   NOT FOUND
-
 a string that isn't closed ends with the line
   send     help="hel
   expect   help      ["a..z"[,(1-15)]]                                 help(string,group),OK
