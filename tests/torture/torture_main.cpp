@@ -132,14 +132,24 @@ bool take_late(phone_fixture& phone, long ms, std::string& late, std::string& wr
 
 bool used[std::size(harmless)]; // rows that a line has needed
 
+bool is_for(const harmless_row& row, const std::string& line)
+{
+    std::istringstream beginnings(row.lines);
+    if (row.lines[0] == '\0')
+        return true;
+    for (std::string beginning; beginnings >> beginning;)
+        if (line.starts_with(beginning))
+            return true;
+    return false;
+}
+
 bool is_harmless(const std::string& call, const std::string& line)
 {
     bool found = false;
     for (std::size_t i = 0; i < std::size(harmless); i++) {
-        if (!call.starts_with(harmless[i].call) || !line.starts_with(harmless[i].line))
+        if (!call.starts_with(harmless[i].call) || !is_for(harmless[i], line))
             continue;
         used[i] = true;
-        std::fprintf(stderr, "USE|%zu|%s|%s\n", i, line.c_str(), call.c_str());
         found = true;
     }
     return found;
@@ -339,7 +349,7 @@ int report_unused()
         if (used[i])
             continue;
         std::printf("FAIL no line needs the harmless row { \"%s\", \"%s\" }\n", harmless[i].call,
-                    harmless[i].line);
+                    harmless[i].lines);
         count++;
     }
     return count;
