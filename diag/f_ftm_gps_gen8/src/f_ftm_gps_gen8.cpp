@@ -3,14 +3,13 @@
 #include <array>
 #include <bit>
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 #include <pthread.h>
 #include <span>
 
 #include "check/check.h"
 #include "dcp/dcp.h"
 #include "ftm_linux/ftm_linux.h"
+#include "heap/heap.h"
 #include "tmr/tmr.h"
 
 namespace {
@@ -67,10 +66,6 @@ constexpr packet commandSetup[] = {clearLogBuf, setLogFilter, enableLogging};
 const packet commandGetIq[] = {enterRFMode, addLogCode, logMaskSetExt, logMaskSetExt2, diagnfIQ};
 constexpr packet commandEnd[] = {enableLogging, exitRFMode};
 
-struct buf_free {
-    void operator()(std::uint8_t* p) const { std::free(p); }
-};
-
 std::uint8_t id_rcv_buff[FTM_MAX_RESP_LEN];
 bool bGetCNR_started;
 bool thread_started; // there is a getCnrThread to join
@@ -111,7 +106,7 @@ int getCnr(int expected)
     if (ftm_get_log_sz() != expected)
         return 0;
     const auto size = static_cast<std::size_t>(expected);
-    const std::unique_ptr<std::uint8_t, buf_free> log(static_cast<std::uint8_t*>(std::malloc(size)));
+    const auto log = heap_alloc<std::uint8_t>(size);
     HVT_CHECK(log != nullptr);
     HVT_CHECK(expected == ftm_get_log(log.get(), static_cast<std::uint32_t>(size)));
     dCNR = read_u32(log.get() + iq_at_cnr);

@@ -6,18 +6,15 @@
 #include <array>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
 
 #include "check/check.h"
+#include "heap/heap.h"
 
 namespace {
 
 constexpr int record_buf_size = 8192;
 
-struct buf_free {
-    void operator()(std::uint8_t* p) const { std::free(p); }
-};
-using buffer = std::unique_ptr<std::uint8_t, buf_free>;
+using buffer = heap_ptr<std::uint8_t>;
 
 std::uint8_t ftm_data_buf[record_buf_size]; // commands 207 and 208
 int log_size;                               // what command 207 has in it

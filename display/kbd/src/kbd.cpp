@@ -4,6 +4,7 @@
 #include <mutex>
 #include <span>
 
+#include "callout/callout.h"
 #include "check/check.h"
 #include "core/core.h"
 #include "plat/plat.h"
@@ -127,14 +128,12 @@ void kbd_co_attach(const kbd_co* p_co)
 
 int kbd_start()
 {
-    HVT_CHECK(kbd_cmd_co != nullptr);
-    return kbd_cmd_co->start != nullptr ? kbd_cmd_co->start() : 1;
+    return callout(kbd_cmd_co, &kbd_co::start, 1);
 }
 
 int kbd_stop()
 {
-    HVT_CHECK(kbd_cmd_co != nullptr);
-    return kbd_cmd_co->stop != nullptr ? kbd_cmd_co->stop() : 1;
+    return callout(kbd_cmd_co, &kbd_co::stop, 1);
 }
 
 void kbd_evt_attach(kbd_observer* p_obs, void (*cb)(int code, int action))

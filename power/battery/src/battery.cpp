@@ -8,6 +8,7 @@
 #include "adcr/adcr.h"
 #include "attr/attr.h"
 #include "battery_alg.h"
+#include "overlay/overlay.h"
 
 namespace {
 
@@ -124,12 +125,24 @@ constexpr battery_co default_co = {
 };
 // clang-format on
 
-template <typename T>
-void take_over(T& slot, T given_slot)
-{
-    if (given_slot != T{})
-        slot = given_slot;
-}
+// What takes part when settings or callouts are laid over those in force.
+// clang-format off
+constexpr std::tuple cfg_fields = {
+    &battery_cfg::algorithm,
+    &battery_cfg::model,
+    &battery_cfg::ires,
+    &battery_cfg::type_path,
+    &battery_cfg::temp_path,
+};
+constexpr std::tuple co_slots = {
+    &battery_co::read_voltage,
+    &battery_co::read_current,
+    &battery_co::read_capacity,
+    &battery_co::read_type,
+    &battery_co::read_temp,
+    &battery_co::read_temp_mv,
+};
+// clang-format on
 
 } // namespace
 
@@ -143,21 +156,12 @@ void battery_init()
 void battery_set_cfg(const battery_cfg* p_cfg)
 {
     const std::lock_guard lock(cfg_mutex);
-    take_over(cfg.algorithm, p_cfg->algorithm);
-    take_over(cfg.model, p_cfg->model);
-    take_over(cfg.ires, p_cfg->ires);
-    take_over(cfg.type_path, p_cfg->type_path);
-    take_over(cfg.temp_path, p_cfg->temp_path);
+    overlay(cfg, *p_cfg, cfg_fields);
 }
 
 void battery_cmd_co_attach(const battery_co* p_co)
 {
-    take_over(co.read_voltage, p_co->read_voltage);
-    take_over(co.read_current, p_co->read_current);
-    take_over(co.read_capacity, p_co->read_capacity);
-    take_over(co.read_type, p_co->read_type);
-    take_over(co.read_temp, p_co->read_temp);
-    take_over(co.read_temp_mv, p_co->read_temp_mv);
+    overlay(co, *p_co, co_slots);
 }
 
 int battery_read_voltage(int* p_mv)

@@ -4,10 +4,10 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdlib>
-#include <memory>
 #include <mutex>
 
 #include "check/check.h"
+#include "heap/heap.h"
 #include "plat/plat.h"
 #include "tmr/tmr.h"
 
@@ -15,10 +15,6 @@ namespace {
 
 constexpr int select_failures_in_a_row = 16;
 constexpr std::uint32_t select_failed_pause_us = 10000;
-
-struct core_free {
-    void operator()(void* p) const { std::free(p); }
-};
 
 // A deferred call: at a timer first if it has a delay, then in the list.
 struct dfc_rec {
@@ -76,7 +72,7 @@ dfc_rec* pop_deferred()
 void run_deferred()
 {
     while (dfc_rec* p_rec = pop_deferred()) {
-        const std::unique_ptr<dfc_rec, core_free> owner(p_rec);
+        const heap_ptr<dfc_rec> owner(p_rec);
         p_rec->fn(p_rec->p1, p_rec->p2);
     }
 }

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <iterator>
 
+#include "callout/callout.h"
 #include "check/check.h"
 #include "rev/rev.h"
 
@@ -43,7 +44,7 @@ void vers_init()
 const char* vers_get(int type, void* arg)
 {
     HVT_CHECK(is_type(type));
-    return vers_co_lst[type] != nullptr ? vers_co_lst[type](arg) : no_vers;
+    return callout(vers_co_lst[type], no_vers, arg);
 }
 
 void vers_co_attach(int type, vers_fn fn)

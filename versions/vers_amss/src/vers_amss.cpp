@@ -2,11 +2,10 @@
 
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
 
 #include "ftm_linux/ftm_linux.h"
+#include "heap/heap.h"
 #include "vers/vers.h"
 
 namespace {
@@ -18,10 +17,6 @@ constexpr std::size_t build_id_room = 100;
 constexpr std::uint8_t version_request = 0x00;
 constexpr std::uint32_t version_at_text = 1;
 constexpr std::size_t version_room = 20;
-
-struct reply_free {
-    void operator()(char* p) const { std::free(p); }
-};
 
 char amss_rev[256];
 
@@ -38,7 +33,7 @@ const char* ask(std::uint8_t request, char* reply, std::uint32_t offset)
 const char* vers_amss_get(void*)
 {
     amss_rev[0] = '\0';
-    const std::unique_ptr<char, reply_free> reply(static_cast<char*>(std::malloc(FTM_MAX_RESP_LEN)));
+    const auto reply = heap_alloc<char>(FTM_MAX_RESP_LEN);
     if (reply == nullptr || ftm_active() == 0)
         return amss_rev;
     const char* text = ask(build_id_request, reply.get(), build_id_at_text);
