@@ -7,6 +7,7 @@
 #include "chmon.h"
 #include "light/light.h"
 #include "plat/plat.h"
+#include "powerdown/powerdown.h"
 #include "screen/screen.h"
 
 namespace {
@@ -129,5 +130,5 @@ void chmon_shutdown()
 {
     chmon_log("Powering off.");
     plat_sync();
-    plat_system("reboot -p");
+    powerdown_off_synced();
 }

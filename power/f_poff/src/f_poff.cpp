@@ -5,41 +5,30 @@
 
 #include "cfg/cfg.h"
 #include "dcp/dcp.h"
-#include "plat/plat.h"
+#include "powerdown/powerdown.h"
 #include "tmr/tmr.h"
 #include "usb/usb.h"
 
 namespace {
 
-constexpr std::uint32_t GOING_DOWN_S = 60;
-
 tmr_link tmr_poff;
 usb_listener usb_poff = {{nullptr}, USB_EVT_DISCONNECTED, nullptr};
-
-// 0 when the phone is on its way down.
-int power_off()
-{
-    plat_system("sync");
-    return plat_system("reboot -p");
-}
 
 // Doesn't come back, unless the phone refuses to go: the station is told so then.
 int power_off_now(int id)
 {
-    if (power_off() == 0)
-        for (std::uint32_t s = 0; s < GOING_DOWN_S; s++)
-            tmr_msleep(1000);
+    powerdown_wait(powerdown_off());
     return dcp_answer(id, "poff", " ", DCP_ERROR);
 }
 
 void tmr_cb_poff(tmr_link*, std::uint32_t)
 {
-    power_off();
+    powerdown_off();
 }
 
 void usb_cb_poff(unsigned)
 {
-    power_off();
+    powerdown_off();
 }
 
 // The newest time counts. What is longer than the timers can wait, 71 minutes, is as long as they can.
