@@ -86,9 +86,9 @@ std::uint32_t chmon_start_charger()
 {
     switch (chmon_fsm.charger) {
     case CHARGER_WALL:
-        return charge_with(CHARGE_USB, cmcfg.wall_current);
+        return charge_with(CHARGE_USB, cmcfg.wall_ma);
     case CHARGER_SIMPLE:
-        return charge_with(CHARGE_SIMPLE, cmcfg.simple_current);
+        return charge_with(CHARGE_SIMPLE, cmcfg.simple_ma);
     default:
         return 0; // it is gone, and the phone not yet off
     }

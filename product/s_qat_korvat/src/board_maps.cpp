@@ -75,7 +75,7 @@ const battery_cfg board_battery_cfg = {
 const chargemon_cfg chmon_cfg = [] {
     chargemon_cfg cfg{};
     cfg.preset = 6;
-    cfg.capacity = 2380;
+    cfg.capacity_mah = 2380;
     return cfg;
 }();
 
