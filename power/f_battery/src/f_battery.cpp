@@ -70,7 +70,7 @@ int batc_config(int id, int argc, const dcp_word* argv)
     const battery_cfg cfg = {
         .algorithm = dcp_uint(value_at(1, argc, argv)),
         .model = dcp_uint(value_at(2, argc, argv)),
-        .ires = dcp_uint(value_at(3, argc, argv)),
+        .ires_mohm = dcp_uint(value_at(3, argc, argv)),
         .type_path = nullptr,
         .temp_path = nullptr,
     };

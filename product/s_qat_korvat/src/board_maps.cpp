@@ -67,8 +67,8 @@ const i2c_cfg_row i2c_cfg_tab[] = {
 const battery_cfg board_battery_cfg = {
     .algorithm = 1,
     .model = 3,
-    .ires = 135,
-    .type_path = "/sys/class/power_supply/battery/technology",
+    .ires_mohm = 135,
+    .type_path = nullptr, // its driver tells
     .temp_path = "/sys/class/power_supply/battery/temp",
 };
 
