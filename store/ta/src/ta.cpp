@@ -72,5 +72,5 @@ int ta_if_del(std::uint32_t unit)
 
 int ta_if_xfer(std::uint32_t src, std::uint32_t dst, int dir, int opt, int blocking)
 {
-    return callout(ta_co, &ta_if_co::xfer, 0, src, dst, dir, opt, blocking);
+    return callout(ta_co, &ta_if_co::xfer, TA_XFER_FAILED, src, dst, dir, opt, blocking);
 }
