@@ -61,7 +61,7 @@ constexpr adcr_channel adcr_brenk_tab[] = {
     /* 36 */ { "msm_therm",       "msm_therm",    "MSM external thermistor" },
     /* 37 */ { "pcb_therm",       "pcb_therm",    "PCB thermistor" },
     /* 38 */ { "bl_therm",        "bl_therm",     "Backlight thermistor" },
-    { nullptr, nullptr, nullptr },
+    {},
 };
 // clang-format on
 

@@ -146,7 +146,7 @@ constexpr dcp_cmd f_kbd_cmd_tab[] = {
     { "keyb",  "(0-3)",         "%d",    "off,string,numeric,columms", do_keyb,  DCP_GRP_PRODUCTION },
     { "camd",  "(0-5),(1-100)", "%d,%d", "close,open,status",          do_camd,  DCP_GRP_PRODUCTION },
     { "camds", "",              "",      "status",                     do_camds, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

@@ -255,7 +255,7 @@ const luaL_Reg luigi_canvas_functions[] = {
     { "set_padding",      canvas_set<&luigi_canvas::padding> },
     { "set_back_color",   canvas_set<&luigi_canvas::back_color> },
     { "set_border_color", canvas_set<&luigi_canvas::border_color> },
-    { nullptr,            nullptr },
+    {},
 };
 // clang-format on
 

@@ -113,7 +113,7 @@ int do_batc(int id, int action, int argc, const dcp_word* argv)
 // clang-format off
 constexpr dcp_cmd f_battery_cmd_tab[] = {
     { "batc", "(1-6)", "%v,%v,%v,%v", "batc(function)", do_batc, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

@@ -56,7 +56,7 @@ const ta_symbol nvq_tab[] = {
     { &nvq.getversion, "ta_getversion" },
     { &nvq.getmode,    "ta_getmode"    },
     { &nvq.getnextid,  "ta_getnextid"  },
-    { nullptr, nullptr },
+    {},
 };
 
 const ta_symbol auxnvq_tab[] = {
@@ -65,7 +65,7 @@ const ta_symbol auxnvq_tab[] = {
     { &auxnvq.write_unit,          "auxnvq_write_unit"          },
     { &auxnvq.write_unit_critical, "auxnvq_write_unit_critical" },
     { &auxnvq.write_flush,         "auxnvq_write_flush"         },
-    { nullptr, nullptr },
+    {},
 };
 // clang-format on
 
