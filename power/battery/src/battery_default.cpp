@@ -47,9 +47,9 @@ int battery_type(int* p_type)
     char text[ATTR_ROOM];
     if (attr_read(path, text, sizeof text) != ATTR_OK)
         return 0;
-    constexpr std::string_view unknown = "Unknown";
-    const bool is_unknown = strncasecmp(text, unknown.data(), unknown.size()) == 0 &&
-                            (text[unknown.size()] == '\0' || text[unknown.size()] == '\n');
+    constexpr std::string_view UNKNOWN = "Unknown";
+    const bool is_unknown = strncasecmp(text, UNKNOWN.data(), UNKNOWN.size()) == 0 &&
+                            (text[UNKNOWN.size()] == '\0' || text[UNKNOWN.size()] == '\n');
     *p_type = is_unknown ? TYPE_UNKNOWN : TYPE_KNOWN;
     return 1;
 }

@@ -132,7 +132,7 @@ int idle_change()
 int idle_hnd(fsm*, const fsm_event* p_evt)
 {
     switch (fsm_evt_get(p_evt)) {
-    case fsm_msg_entry:
+    case FSM_MSG_ENTRY:
         me.charger = CHARGER_UNKNOWN; // so that the first tick reports a change
         return 0;
     case CHMON_EVT_TICK:
@@ -259,9 +259,9 @@ int charging_change()
 int charging_hnd(fsm*, const fsm_event* p_evt)
 {
     switch (fsm_evt_get(p_evt)) {
-    case fsm_msg_entry:
+    case FSM_MSG_ENTRY:
         return charging_entry();
-    case fsm_msg_exit:
+    case FSM_MSG_EXIT:
         return charging_exit();
     case CHMON_EVT_TICK:
         return charging_tick();
@@ -328,9 +328,9 @@ int discharging_tick()
 int discharging_hnd(fsm*, const fsm_event* p_evt)
 {
     switch (fsm_evt_get(p_evt)) {
-    case fsm_msg_entry:
+    case FSM_MSG_ENTRY:
         return discharging_entry();
-    case fsm_msg_exit:
+    case FSM_MSG_EXIT:
         return discharging_exit();
     case CHMON_EVT_TICK:
         return discharging_tick();
@@ -380,9 +380,9 @@ int done_tick()
 int done_hnd(fsm*, const fsm_event* p_evt)
 {
     switch (fsm_evt_get(p_evt)) {
-    case fsm_msg_entry:
+    case FSM_MSG_ENTRY:
         return done_entry();
-    case fsm_msg_exit:
+    case FSM_MSG_EXIT:
         return display_exit();
     case CHMON_EVT_TICK:
         return done_tick();
@@ -411,9 +411,9 @@ int error_tick()
 int error_hnd(fsm*, const fsm_event* p_evt)
 {
     switch (fsm_evt_get(p_evt)) {
-    case fsm_msg_entry:
+    case FSM_MSG_ENTRY:
         return error_entry();
-    case fsm_msg_exit:
+    case FSM_MSG_EXIT:
         return display_exit();
     case CHMON_EVT_TICK:
         return error_tick();

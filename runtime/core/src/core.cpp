@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr int select_failures_in_a_row = 16;
-constexpr std::uint32_t select_failed_pause_us = 10000;
+constexpr int SELECT_FAILURES_IN_A_ROW = 16;
+constexpr std::uint32_t SELECT_FAILED_PAUSE_US = 10000;
 
 // A deferred call: at a timer first if it has a delay, then in the list.
 struct dfc_rec {
@@ -169,8 +169,8 @@ void start_watching()
     for (int failures = 0;;) {
         fd_set ready;
         if (!wait_readable(&ready)) {
-            if (++failures >= select_failures_in_a_row)
-                tmr_usleep(select_failed_pause_us);
+            if (++failures >= SELECT_FAILURES_IN_A_ROW)
+                tmr_usleep(SELECT_FAILED_PAUSE_US);
             continue;
         }
         failures = 0;

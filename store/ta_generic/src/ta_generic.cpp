@@ -231,7 +231,7 @@ int ta_generic_xfer_nv_to_ta()
 
 int ta_generic_xfer(std::uint32_t, std::uint32_t, int dir, int, int blocking)
 {
-    constexpr timespec STEP{0, 50'000'000};
+    constexpr timespec step{0, 50'000'000};
     constexpr int MOST_STEPS = 72000; // an hour: a modem that is busy for longer has died on the way
     if (dir != 1 || (blocking != 0 && blocking != 1))
         return TA_XFER_FAILED;
@@ -239,7 +239,7 @@ int ta_generic_xfer(std::uint32_t, std::uint32_t, int dir, int, int blocking)
     for (int i = 0; blocking == 1 && result == TA_XFER_BUSY; i++) {
         if (i == MOST_STEPS)
             return TA_XFER_FAILED;
-        plat_nanosleep(&STEP, nullptr);
+        plat_nanosleep(&step, nullptr);
         result = ta_generic_xfer_nv_to_ta();
     }
     return result;

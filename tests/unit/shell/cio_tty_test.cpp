@@ -16,8 +16,8 @@
 
 namespace {
 
-constexpr tcflag_t IN_OFF = ICRNL | IXON | IXOFF;
-constexpr tcflag_t LOCAL_OFF = ICANON | ECHO | ISIG;
+constexpr tcflag_t in_off = ICRNL | IXON | IXOFF;
+constexpr tcflag_t local_off = ICANON | ECHO | ISIG;
 
 // A pseudo terminal and the program's end of it at a path.
 struct cooked_port {
@@ -31,9 +31,9 @@ struct cooked_port {
         unlink(path.c_str());
         EXPECT_EQ(symlink(ptsname(station), path.c_str()), 0);
         before = settings();
-        before.c_iflag |= IN_OFF | BRKINT;
+        before.c_iflag |= in_off | BRKINT;
         EXPECT_EQ(ioctl(station, TCSETS, &before), 0);
-        EXPECT_TRUE((before.c_oflag & OPOST) != 0 && (before.c_lflag & LOCAL_OFF) == LOCAL_OFF);
+        EXPECT_TRUE((before.c_oflag & OPOST) != 0 && (before.c_lflag & local_off) == local_off);
     }
 
     termios settings() const
@@ -76,9 +76,9 @@ TEST(CioTty, APortThatStartsCookedIsMadeRawAlsoWhenItComesBack)
     cio_init(&console, nullptr, 64, "test", "tty", &config, nullptr);
     cio_start(&console);
     const termios raw = first.settings();
-    EXPECT_EQ(raw.c_iflag, first.before.c_iflag & ~IN_OFF);
+    EXPECT_EQ(raw.c_iflag, first.before.c_iflag & ~in_off);
     EXPECT_EQ(raw.c_oflag, first.before.c_oflag & ~static_cast<tcflag_t>(OPOST));
-    EXPECT_EQ(raw.c_lflag, first.before.c_lflag & ~LOCAL_OFF);
+    EXPECT_EQ(raw.c_lflag, first.before.c_lflag & ~local_off);
     EXPECT_EQ(raw.c_cflag & 0x100F, 0x100Du);
     EXPECT_EQ(write(first.station, "a\x03\x13\r", 4), 4);
     EXPECT_EQ(heard(console.p_dev_obj), "a\x03\x13\r");

@@ -10,13 +10,13 @@
 
 namespace {
 
-constexpr std::uint8_t build_id_request = 0x7C;
-constexpr std::uint32_t build_id_at_text = 12;
-constexpr std::size_t build_id_room = 100;
+constexpr std::uint8_t BUILD_ID_REQUEST = 0x7C;
+constexpr std::uint32_t BUILD_ID_AT_TEXT = 12;
+constexpr std::size_t BUILD_ID_ROOM = 100;
 
-constexpr std::uint8_t version_request = 0x00;
-constexpr std::uint32_t version_at_text = 1;
-constexpr std::size_t version_room = 20;
+constexpr std::uint8_t VERSION_REQUEST = 0x00;
+constexpr std::uint32_t VERSION_AT_TEXT = 1;
+constexpr std::size_t VERSION_ROOM = 20;
 
 char amss_rev[256];
 
@@ -36,13 +36,13 @@ const char* vers_amss_get(void*)
     const auto reply = heap_alloc<char>(FTM_MAX_RESP_LEN);
     if (reply == nullptr || ftm_active() == 0)
         return amss_rev;
-    const char* text = ask(build_id_request, reply.get(), build_id_at_text);
+    const char* text = ask(BUILD_ID_REQUEST, reply.get(), BUILD_ID_AT_TEXT);
     if (text == nullptr)
         return amss_rev;
-    std::snprintf(amss_rev, build_id_room, "%s,", text);
-    text = ask(version_request, reply.get(), version_at_text);
+    std::snprintf(amss_rev, BUILD_ID_ROOM, "%s,", text);
+    text = ask(VERSION_REQUEST, reply.get(), VERSION_AT_TEXT);
     if (text != nullptr)
-        std::snprintf(amss_rev + std::strlen(amss_rev), version_room, "%s", text);
+        std::snprintf(amss_rev + std::strlen(amss_rev), VERSION_ROOM, "%s", text);
     return amss_rev;
 }
 
