@@ -43,15 +43,15 @@ constexpr std::array<std::uint8_t, Size> sparse(const byte_at (&bytes)[Count])
 }
 
 // clang-format off
-constexpr std::uint8_t clear_log_buf[]   = { 0xCB };
-constexpr std::uint8_t set_log_filter[]  = { 0xCA, 0x05, 0x00, 0x00, 0x00, 0x04, 0x10, 0x00, 0x15, 0x00 };
+constexpr std::uint8_t clear_log_buf[]  = { 0xCB };
+constexpr std::uint8_t set_log_filter[] = { 0xCA, 0x05, 0x00, 0x00, 0x00, 0x04, 0x10, 0x00, 0x15, 0x00 };
 constexpr std::uint8_t enable_logging[] = { 0x60, 0x01 };
-constexpr std::uint8_t enter_rfmode[]   = { 0x4B, 0x0D, 0x65, 0x00, 0x14, 0x01, 0x00 };
-constexpr std::uint8_t exit_rfmode[]    = { 0x4B, 0x0D, 0x65, 0x00, 0x14, 0x01, 0x01 };
+constexpr std::uint8_t enter_rf_mode[]  = { 0x4B, 0x0D, 0x65, 0x00, 0x14, 0x01, 0x00 };
+constexpr std::uint8_t exit_rf_mode[]   = { 0x4B, 0x0D, 0x65, 0x00, 0x14, 0x01, 0x01 };
 constexpr auto add_log_code      = sparse<72>({ { 0, 0x73 }, { 4, 0x01 } });
-constexpr auto log_mask_set_ext   = sparse<170>({ { 0, 0x73 }, { 4, 0x04 }, { 12, 0x01 }, { 16, 0xCD }, { 17, 0x04 } });
-constexpr auto log_mask_set_ext2  = sparse<170>({ { 0, 0x73 }, { 4, 0x03 }, { 8, 0x01 }, { 12, 0xCD }, { 13, 0x04 },
-                                               { 160, 0x80 } });
+constexpr auto log_mask_set_ext  = sparse<170>({ { 0, 0x73 }, { 4, 0x04 }, { 12, 0x01 }, { 16, 0xCD }, { 17, 0x04 } });
+constexpr auto log_mask_set_ext2 = sparse<170>({ { 0, 0x73 }, { 4, 0x03 }, { 8, 0x01 }, { 12, 0xCD }, { 13, 0x04 },
+                                                 { 160, 0x80 } });
 
 // Sample size at 15, low byte first; iterations at 17.
 std::uint8_t diagnfIQ[22] = { 0x4B, 0x0D, 0x65, 0x00, 0x16, 0x32, 0x00, 0x10, 0x00, 0x00, 0x00, 0x04, 0x01, 0x00,
@@ -63,8 +63,8 @@ constexpr int IQ_AT_ITERATIONS = 17;
 using packet = std::span<const std::uint8_t>;
 
 constexpr packet command_setup[] = {clear_log_buf, set_log_filter, enable_logging};
-const packet command_get_iq[] = {enter_rfmode, add_log_code, log_mask_set_ext, log_mask_set_ext2, diagnfIQ};
-constexpr packet command_end[] = {enable_logging, exit_rfmode};
+const packet command_get_iq[] = {enter_rf_mode, add_log_code, log_mask_set_ext, log_mask_set_ext2, diagnfIQ};
+constexpr packet command_end[] = {enable_logging, exit_rf_mode};
 
 std::uint8_t id_rcv_buff[FTM_MAX_RESP_LEN];
 bool bGetCNR_started;
