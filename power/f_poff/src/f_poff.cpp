@@ -6,13 +6,12 @@
 
 #include "cfg/cfg.h"
 #include "dcp/dcp.h"
-#include "plat/plat.h"
+#include "powerdown/powerdown.h"
 #include "tmr/tmr.h"
 #include "usb/usb.h"
 
 namespace {
 
-constexpr std::uint32_t GOING_DOWN_S = 60;
 constexpr std::uint64_t EARLY_US = 1000; // a timer among others comes up to a microsecond early
 
 std::mutex poff_mutex;      // guards what follows: the timer comes on a thread of its own
@@ -21,19 +20,10 @@ tmr_link tmr_poff;
 
 usb_listener usb_poff = {{nullptr}, USB_EVT_DISCONNECTED, nullptr};
 
-// 0 when the phone is on its way down.
-int power_off()
-{
-    plat_system("sync");
-    return plat_system("reboot -p");
-}
-
 // Doesn't come back, unless the phone refuses to go: the station is told so then.
 int power_off_now(int id)
 {
-    if (power_off() == 0)
-        for (std::uint32_t s = 0; s < GOING_DOWN_S; s++)
-            tmr_msleep(1000);
+    powerdown_wait(powerdown_off());
     return dcp_answer(id, "poff", " ", DCP_ERROR);
 }
 
@@ -54,12 +44,12 @@ void tmr_cb_poff(tmr_link*, std::uint32_t)
     if (now + EARLY_US < poff_time_us)
         return arm_locked(poff_time_us - now);
     lock.unlock();
-    power_off();
+    powerdown_off();
 }
 
 void usb_cb_poff(unsigned)
 {
-    power_off();
+    powerdown_off();
 }
 
 // The newest time counts.
