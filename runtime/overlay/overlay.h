@@ -1,6 +1,6 @@
-// An overlay lays one record over another: what a product sets over what a module has by itself, what a driver
-// supplies over what the interface can do. A member that is zero or null lets the one below show. The members
-// that take part stand in one table, beside their record.
+// An overlay lays one record over another: what a product sets over what a module has by itself, what a
+// driver supplies over what the interface can do. A member that is zero or null lets the one below show. The
+// members that take part stand in one table, beside their record.
 #pragma once
 
 #include <tuple>
