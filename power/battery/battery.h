@@ -10,10 +10,9 @@ struct battery_cfg {
     std::uint32_t algorithm; // 1: for a battery that gives off current; 2: for a current of any sign
     std::uint32_t model;     // table of algorithm 1, 1 to 3
     std::uint32_t ires_mohm; // internal resistance in milliohm
-    // Attributes, read where no driver supplies the reading. Without either, the type is 1 without asking,
-    // and the temperature 25 degrees.
-    const char* type_path;
-    const char* temp_path;
+    // Attributes that the readings by default read. They are gates too: with a null one no driver is asked.
+    const char* type_path; // null: the type is 1
+    const char* temp_path; // null: 25 degrees
 };
 
 // Each gives 1, or 0 on failure with the output as it was.

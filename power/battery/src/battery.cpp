@@ -7,6 +7,9 @@
 
 namespace {
 
+constexpr int TYPE_OTHERWISE = 1;
+constexpr int TEMP_OTHERWISE = 25; // degrees
+
 battery_co co;
 
 // A station may change the settings while the charging monitor reads.
@@ -73,13 +76,23 @@ int battery_read_capacity(int* p_percent, int* p_mv, int* p_ma)
     return co.read_capacity(p_percent, p_mv, p_ma);
 }
 
+// The paths are gates: a product without one has its answer here, and no reading, not a driver's either, is
+// asked.
 int battery_read_type(int* p_type)
 {
+    if (battery_cfg_now().type_path == nullptr) {
+        *p_type = TYPE_OTHERWISE;
+        return 1;
+    }
     return co.read_type(p_type);
 }
 
 int battery_read_temp(int* p_degrees)
 {
+    if (battery_cfg_now().temp_path == nullptr) {
+        *p_degrees = TEMP_OTHERWISE;
+        return 1;
+    }
     return co.read_temp(p_degrees);
 }
 

@@ -14,7 +14,6 @@ constexpr std::uint32_t CHANNEL_VOLTAGE = 10;
 constexpr std::uint32_t CHANNEL_TEMP = 11;
 constexpr int TYPE_UNKNOWN = 0;
 constexpr int TYPE_KNOWN = 1;
-constexpr int TEMP_OTHERWISE = 25;
 constexpr std::size_t ATTR_ROOM = 32; // 31 characters of an attribute
 
 int read_channel(std::uint32_t channel, int* p_mv)
@@ -39,13 +38,8 @@ int battery_current(int*)
 
 int battery_type(int* p_type)
 {
-    const char* const path = battery_cfg_now().type_path;
-    if (path == nullptr) {
-        *p_type = TYPE_KNOWN;
-        return 1;
-    }
     char text[ATTR_ROOM];
-    if (attr_read(path, text, sizeof text) != ATTR_OK)
+    if (attr_read(battery_cfg_now().type_path, text, sizeof text) != ATTR_OK)
         return 0;
     constexpr std::string_view UNKNOWN = "Unknown";
     const bool is_unknown = strncasecmp(text, UNKNOWN.data(), UNKNOWN.size()) == 0 &&
@@ -57,13 +51,8 @@ int battery_type(int* p_type)
 // The attribute is in tenths of a degree.
 int battery_temp(int* p_degrees)
 {
-    const char* const path = battery_cfg_now().temp_path;
-    if (path == nullptr) {
-        *p_degrees = TEMP_OTHERWISE;
-        return 1;
-    }
     char text[ATTR_ROOM];
-    if (attr_read(path, text, sizeof text) != ATTR_OK)
+    if (attr_read(battery_cfg_now().temp_path, text, sizeof text) != ATTR_OK)
         return 0;
     *p_degrees = std::atoi(text) / 10;
     return 1;

@@ -68,7 +68,8 @@ const battery_cfg board_battery_cfg = {
     .algorithm = 1,
     .model = 3,
     .ires_mohm = 135,
-    .type_path = nullptr, // its driver tells
+    .type_path =
+        "/sys/class/power_supply/battery/technology", // a gate: the driver that it opens reads "type"
     .temp_path = "/sys/class/power_supply/battery/temp",
 };
 
