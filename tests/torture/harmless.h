@@ -1,5 +1,5 @@
-// The platform calls that may fail without the station hearing of it, each with the reason. A row that no line
-// needs fails the campaign.
+// The platform calls that may fail without the station hearing of it, each with the reason. A row that no
+// line needs fails the campaign.
 #pragma once
 
 struct harmless_row {
