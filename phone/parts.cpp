@@ -9,8 +9,10 @@
 #include "board/spmi.h"
 #include "core/clock.h"
 #include "core/conf.h"
+#include "core/control.h"
 #include "core/files.h"
 #include "core/log.h"
+#include "core/toolbox.h"
 #include "core/uevents.h"
 #include "core/watch.h"
 #include "diag/diag.h"
@@ -25,7 +27,6 @@
 #include "radio/hci_tools.h"
 #include "radio/irda.h"
 #include "radio/sim.h"
-#include "radio/vendor_tools.h"
 #include "radio/wlan.h"
 #include "runtime/insmod.h"
 #include "runtime/kmsg.h"
@@ -44,10 +45,12 @@ namespace {
 constexpr phone_part parts[] = {
     // name     attach           seed              start
     { "log",    log_attach,      nullptr,          nullptr },
+    { "control", control_attach, nullptr,          nullptr },
     { "files",  files_attach,    nullptr,          nullptr },
     { "clock",  clock_words_attach, nullptr,       nullptr },
     { "watch",  watch_attach,    nullptr,          nullptr },
     { "conf",   conf_attach,     nullptr,          nullptr },
+    { "shell",  toolbox_attach,  nullptr,          nullptr },
     { "tools",  tools_attach,    nullptr,          nullptr },
     { "uevent", uevents_attach,  nullptr,          nullptr },
     { "kmsg",   kmsg_attach,     nullptr,          nullptr },
@@ -72,7 +75,6 @@ constexpr phone_part parts[] = {
     { "panel",  panel_attach,    panel_seed,       nullptr },
     { "card",   card_attach,     nullptr,          card_start },
     { "sim",    sim_attach,      nullptr,          nullptr },
-    { "tool",   vendor_tools_attach, nullptr,      nullptr },
     { "wlan",   wlan_attach,     wlan_seed,        nullptr },
     { "hci",    hci_attach,      hci_seed,         nullptr },
     { "hcitool", hci_tools_attach, nullptr,        nullptr },

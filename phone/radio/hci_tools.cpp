@@ -6,9 +6,9 @@
 
 #include "core/clock.h"
 #include "core/text.h"
+#include "core/toolbox.h"
 #include "radio/hci.h"
 #include "radio/hci_controller.h"
-#include "radio/vendor_tools.h"
 
 namespace phone {
 
@@ -23,19 +23,25 @@ constexpr std::string_view devices[] = {
     "\t7C:6D:62:A8:13:90\tclock offset: 0x1e07\tclass: 0x38010c\n",
 };
 
+int refuse(tool_call& call, const std::string& why)
+{
+    call.err = call.args[0] + ": " + why + "\n";
+    return 1;
+}
+
 int tool_hciconfig(tool_call& call)
 {
     const std::string what = call.args.size() == 3 ? call.args[2] : "";
     if (what != "up" && what != "down" && what != "reset")
-        return tool_refuses(call, "a device and up, down or reset are wanted");
+        return refuse(call, "a device and up, down or reset are wanted");
     if (call.args[1] != "hci0" || !hci_is_there())
-        return tool_refuses(call, "can't get device info: No such device");
+        return refuse(call, "can't get device info: No such device");
     if (what == "up")
         hci_bring_up();
     else if (what == "down")
         hci_take_down();
     else if (!hci_is_up())
-        return tool_refuses(call, "can't reset device hci0: Network is down");
+        return refuse(call, "can't reset device hci0: Network is down");
     else
         hci_controller_reset();
     return 0;
@@ -44,23 +50,23 @@ int tool_hciconfig(tool_call& call)
 int tool_hcitool(tool_call& call)
 {
     if (call.args.size() < 2 || call.args[1] != "inq")
-        return tool_refuses(call, "only inq is known");
+        return refuse(call, "only inq is known");
     std::size_t most = std::size(devices);
     for (std::size_t i = 2; i < call.args.size(); i++) {
         const std::string_view option = call.args[i];
         const auto count =
             option.starts_with(count_option) ? number(option.substr(count_option.size())) : std::nullopt;
         if (!count || *count < 1)
-            return tool_refuses(call, "unknown option " + call.args[i]);
+            return refuse(call, "unknown option " + call.args[i]);
         most = std::min(most, static_cast<std::size_t>(*count));
     }
     if (!hci_is_up())
-        return tool_refuses(call, "device is not available: No such device");
+        return refuse(call, "device is not available: No such device");
     clock_sleep_until(clock_now(CLOCK_MONOTONIC) + inquiry_time);
-    std::string text(heading);
+    call.out = heading;
     for (std::size_t i = 0; i < most; i++)
-        text += devices[i];
-    return tool_prints(call, text);
+        call.out += devices[i];
+    return 0;
 }
 
 } // namespace

@@ -222,6 +222,7 @@ void irda_attach()
     node_add(control_path, &irda_node);
     serial_add(line_path, &line_model);
     echo_timer = clock_timer_create(send_echo);
+    watch_target_add("irda", {target_number::hex});
     word_add(
         "irda", "[HEX|last|echo on|off]",
         "sends bytes to the infrared port; the last packet that it has sent; a partner that sends all back; "

@@ -9,8 +9,8 @@
 #include "core/files.h"
 #include "core/home.h"
 #include "core/log.h"
+#include "core/toolbox.h"
 #include "core/watch.h"
-#include "radio/vendor_tools.h"
 #include "runtime/insmod.h"
 
 namespace phone {
@@ -21,6 +21,8 @@ constexpr const char* wlan_module = "pronto_wlan.ko";
 constexpr const char* fm_module = "radio-iris-transport.ko";
 constexpr const char* station_mode = "con_mode=0";
 constexpr const char* test_mode = "con_mode=5";
+
+constexpr const char* result_file = "/data/ftm_response.txt";
 
 constexpr const char* firmware_dir = "/system/etc/firmware/wlan/prima/";
 constexpr const char* nv_name = "WCNSS_qcom_wlan_nv.bin";
@@ -46,15 +48,22 @@ std::mutex wlan_mutex; // guards the next two
 bool station_is_up;
 bool test_is_on;
 
-bool module_is_in(const char* mode)
+int refuse(tool_call& call, const std::string& why)
 {
-    return module_loaded(wlan_module) && module_arguments(wlan_module) == mode;
+    call.err = call.args[0] + ": " + why + "\n";
+    return 1;
+}
+
+// Puts a result into the file that the program reads.
+int leave(std::string_view result)
+{
+    return file_write(result_file, std::string(result) + "\n") ? 0 : 1;
 }
 
 int tool_mount(tool_call& call)
 {
     if (call.args != std::vector<std::string>{"mount", "-o", "rw,remount", "/system"})
-        return tool_refuses(call, "only /system can be remounted");
+        return refuse(call, "only /system can be remounted");
     return 0;
 }
 
@@ -62,9 +71,9 @@ int tool_ifconfig(tool_call& call)
 {
     const bool up = call.args.size() == 3 && call.args[2] == "up";
     if (call.args.size() != 3 || call.args[1] != "wlan0" || (!up && call.args[2] != "down"))
-        return tool_refuses(call, "an interface and up or down are wanted");
-    if (!module_is_in(station_mode))
-        return tool_refuses(call, "wlan0: No such device");
+        return refuse(call, "an interface and up or down are wanted");
+    if (!module_loaded(wlan_module, station_mode))
+        return refuse(call, "wlan0: No such device");
     const std::lock_guard lock(wlan_mutex);
     station_is_up = up;
     return 0;
@@ -73,41 +82,42 @@ int tool_ifconfig(tool_call& call)
 int tool_iw(tool_call& call)
 {
     if (call.args != std::vector<std::string>{"iw", "wlan0", "scan"})
-        return tool_refuses(call, "wlan0 scan is wanted");
+        return refuse(call, "wlan0 scan is wanted");
     const std::lock_guard lock(wlan_mutex);
-    if (!station_is_up || !module_is_in(station_mode))
-        return tool_refuses(call, "command failed: Network is down (-100)");
-    return tool_prints(call, scan_text);
+    if (!station_is_up || !module_loaded(wlan_module, station_mode))
+        return refuse(call, "command failed: Network is down (-100)");
+    call.out = scan_text;
+    return 0;
 }
 
 int tool_wlanftmtest(tool_call& call)
 {
     const std::string option = call.args.size() > 1 ? call.args[1] : "";
     const std::lock_guard lock(wlan_mutex);
-    if (option == "-e" && !module_is_in(test_mode))
-        return tool_refuses(call, "no test interface");
+    if (option == "-e" && !module_loaded(wlan_module, test_mode))
+        return refuse(call, "no test interface");
     if (option == "-e" || (option == "-d" && test_is_on)) {
         test_is_on = option == "-e";
         return 0;
     }
     if (!test_is_on)
-        return tool_refuses(call, "not enabled");
+        return refuse(call, "not enabled");
     const auto found = std::find_if(std::begin(test_options), std::end(test_options),
                                     [&option](const test_option& o) { return o.name == option; });
     if (found == std::end(test_options)) {
         strange("tool wlanftmtest " + option);
-        return tool_refuses(call, "unknown option " + option);
+        return refuse(call, "unknown option " + option);
     }
-    return found->result.empty() ? 0 : tool_leaves(call, found->result);
+    return found->result.empty() ? 0 : leave(found->result);
 }
 
 int tool_fmftmtest(tool_call& call)
 {
     if (call.args.size() != 3 || call.args[1] != "-f")
-        return tool_refuses(call, "-f and a frequency in kHz are wanted");
+        return refuse(call, "-f and a frequency in kHz are wanted");
     if (!module_loaded(fm_module))
-        return tool_refuses(call, "no receiver");
-    return tool_leaves(call, "61");
+        return refuse(call, "no receiver");
+    return leave("61");
 }
 
 // The file that the link leads to, by its own name.
@@ -145,8 +155,8 @@ void wlan_attach()
     tool_add("mount", tool_mount);
     tool_add("ifconfig", tool_ifconfig);
     tool_add("iw", tool_iw);
-    tool_add("wlanftmtest", tool_wlanftmtest);
-    tool_add("fmftmtest", tool_fmftmtest);
+    tool_add("wlanftmtest", tool_wlanftmtest, result_file);
+    tool_add("fmftmtest", tool_fmftmtest, result_file);
     node_add("/dev/wcnss_wlan", &wcnss_node);
 }
 

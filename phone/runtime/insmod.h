@@ -3,16 +3,19 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace phone {
 
+// Told of the module's parameters as the line has them, "con_mode=5".
+using module_load_fn = void (*)(const std::vector<std::string>& params);
+
 // `file` is the module's file name, without folder; the file itself must be in the file tree to be loaded.
 // Only while devices attach.
-void module_add(std::string_view file, void (*load)());
+void module_add(std::string_view file, module_load_fn load);
 
-// Whether the module is loaded, and what stood behind its path then.
-bool module_loaded(std::string_view file);
-std::string module_arguments(std::string_view file);
+// Whether it is loaded, and, with a `param`, with that one among its parameters. Not from within a `load`.
+bool module_loaded(std::string_view file, std::string_view param = "");
 
 void insmod_attach();
 

@@ -14,12 +14,13 @@
 #include "screenconf/screenconf.h"
 #include "unit/display/panel_fake.h"
 #include "unit/display/plain_canvas.h"
+#include "unit/plat_fake.h"
 
 namespace {
 
 using std::uint32_t;
 
-constexpr panel_shape SHAPES[] = {
+constexpr panel_shape shapes[] = {
     {.width = 1, .height = 1},
     {.width = 3, .height = 40},
     {.width = 240, .height = 20, .line_padding = 36},
@@ -36,10 +37,10 @@ uint32_t any(uint32_t limit)
 // A coordinate or size near a screen of that many pixels, or any value at all.
 uint32_t near_screen(uint32_t pixels)
 {
-    constexpr uint32_t EDGES[] = {0, 1, 2, 3, 0x7FFFFFFF, 0x80000000, 0xFFFFFFF0, 0xFFFFFFFE, 0xFFFFFFFF};
+    constexpr uint32_t edges[] = {0, 1, 2, 3, 0x7FFFFFFF, 0x80000000, 0xFFFFFFF0, 0xFFFFFFFE, 0xFFFFFFFF};
     switch (any(4)) {
     case 0:
-        return EDGES[any(std::size(EDGES))];
+        return edges[any(std::size(edges))];
     case 1:
         return pixels - 2 + any(5);
     default:
@@ -51,7 +52,7 @@ uint32_t near_screen(uint32_t pixels)
 template <class Draw>
 void compare_everywhere(int times, Draw draw)
 {
-    for (const panel_shape& shape : SHAPES) {
+    for (const panel_shape& shape : shapes) {
         panel_fake_start(shape);
         screen_clear(0x102030);
         plain_canvas plain(shape.width, shape.height, 0x102030);
@@ -229,6 +230,27 @@ TEST(ScreenLinux, TheOtherDepthsGetTheSameFiguresInTheirLayout)
         // a clear of words goes over what lies between the rows
         EXPECT_TRUE(shape.bits == 32 || panel_fake_rest_untouched()) << shape.bits;
     }
+}
+
+TEST(ScreenLinux, WithoutAFramebufferBehindTheActiveSlotDrawingDoesNothing)
+{
+    plat_fake_reset();
+    screen_init();
+    screen_linux_init();
+    screen_set_active(SCREEN_HDMI, 0);
+    EXPECT_EQ(screen_get_active(), SCREEN_HDMI);
+    EXPECT_EQ(screen_width(), 0u);
+    screen_clear(0xFFFFFF);
+    screen_put_pixel(0, 0, 0xFF0000);
+    screen_line(0, 0, 5, 0, 0xFF00);
+    screen_line(0, 0, 0, 5, 0xFF00);
+    screen_line(0, 0, 5, 7, 0xFF00);
+    screen_rectangle(0, 0, 4, 4, 0xFF, 0xFF0000, 1);
+    screen_print("text", 0, 0, 0xFFFFFF);
+    screen_set_active(SCREEN_LAST, 0);
+    screen_put_pixel(0, 0, 0xFF0000);
+    EXPECT_EQ(screen_invalidate(), 0);
+    EXPECT_EQ(screen_control(SCREEN_CONTROL_UNBLANK, 0), -1);
 }
 
 TEST(ScreenLinux, AModeLargerThanTheMemoryIsDrawnAsFarAsThatGoes)
