@@ -1,6 +1,13 @@
-# Any HCI command: mode, command (OCF), group (OGF), length, parameters.
+#: Sends any HCI command to the Bluetooth controller.
+#: bhwr=1,OCF,OGF,LENGTH[,BYTE...] | the command before its group; LENGTH parameters, hexadecimal, of which missing ones
+#:   are 0. Answers with the parameters of the event, its status first, each byte with a comma before it
+#: bhwr=0,LOW,HIGH,LENGTH[,BYTE...] | the same with the two bytes of the opcode as they stand; answers with the whole event
+#: After an event the status is `OK`. One that isn't a good Command Complete has as many of the command's own parameter
+#: bytes shown as it is long. No event within 2 s is `ERROR` behind an empty line. Fewer than four values are `SYNTAX`
+#: without a line.
 
 mode 1 shows what a good event brings, its status first
+  #:
   send     bhwr=1,9,4,0
   expect   BHWR:,0x00,0x5C,0x8E,0x2D,0x90,0x76,0x00,OK
   phone    hci recent -> 01030C00\n01091000
@@ -11,6 +18,7 @@ mode 1 shows what a good event brings, its status first
   expect   BHWR:,0x00,0x00,0x11,0x22,0x33,0x44,OK
 
 mode 0 sends the two bytes as they stand, and shows the whole event
+  #:
   send     bhwr=0,9,0x10,0
   expect   BHWR:,0x04,0x0E,0x0A,0x01,0x09,0x10,0x00,0x5C,0x8E,0x2D,0x90,0x76,0x00,OK
   phone    hci last -> 01091000

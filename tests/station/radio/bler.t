@@ -1,6 +1,9 @@
-# A low-energy receiver test: its channel.
+#: Starts a low-energy receiver test.
+#: bler[=CH] | channel 0 to 0x27; 0 when it is left out
+#: The answer is one blank in all cases. `bles` ends the test.
 
 the value is the command's one byte, a missing one 0
+  #:
   send     bler=0x11
   expect   BLER: ,OK
   phone    hci recent -> 01030C00\n011D200111

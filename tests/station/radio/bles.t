@@ -1,4 +1,5 @@
-# The end of a low-energy test, and how many packets came.
+#: Ends a low-energy test and tells how many packets came.
+#: bles | the count, four hexadecimal digits; 0 behind a transmitter test. A failure shows 0 too
 
 the count is that of a receiver test, 0 without one
   send     bles
@@ -6,6 +7,7 @@ the count is that of a receiver test, 0 without one
   phone    hci recent -> 01030C00\n011F2000
   send     bler=1
   expect   BLER: ,OK
+  #:
   send     bles?
   expect   BLES:0x05CF,OK
   send     bles

@@ -1,6 +1,9 @@
-# A low-energy transmitter test: channel, length, payload.
+#: Starts a low-energy transmitter test.
+#: blet[=CH[,LEN[,PLD]]] | channel 0 to 0x27, bytes of the payload 0 to 0x25, its pattern 0 to 7; left out they are 0
+#: The answer is one blank in all cases. `bles` ends the test.
 
 three values are the command's three bytes, missing ones 0
+  #:
   send     blet=0x13,0x25,3
   expect   BLET: ,OK
   phone    hci recent -> 01030C00\n011E2003132503

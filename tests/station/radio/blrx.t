@@ -1,6 +1,8 @@
-# The level of a Bluetooth carrier, which this chip doesn't measure.
+#: Measures the level of a Bluetooth carrier, which this phone's chip doesn't do.
+#: blrx[=CH] | `-0` and `ERROR` on this phone
 
 a level that isn't measured is 0 behind its minus
+  #:
   send     blrx=3
   expect   BLRX:-0,ERROR
   send     blrx?

@@ -1,4 +1,8 @@
-# A Bluetooth receive test: started with packet type and channel, its statistics read afterwards.
+#: Tests Bluetooth reception.
+#: bsrx=1,PKT,CH[,PAT] | starts: packet type 0 to 8 (as for `bwtx`), channel (above 78 is 78); PAT has no effect. One blank
+#: bsrx=0,PKT | what has come: packets, a second count, the bit error rate in percent, bit errors. PKT is the type that the
+#:   rate is reckoned with
+#: A failure is one blank and `ERROR`, too few values one blank and `SYNTAX`.
 
 a test is started behind a reset, with the pattern, the power and the mode that the chip wants
   send     bsrx=1,2,0x20
@@ -10,8 +14,10 @@ a test is started behind a reset, with the pattern, the power and the mode that 
   phone    hci last -> 0104FC15064E4E4E4E4E040000090111111111111100000000
 
 the statistics are sums over five blocks, the rate the share of wrong bits in percent
+  #:
   send     bsrx=1,0,3
   expect   BSRX: ,OK
+  #:
   send     bsrx=0,0
   # 410 + 310 + 210 + 110 + 10, 400 + 300 + 200 + 100 + 9, 11 + 7 + 5 + 3 + 1; 27 / (27 * 1050) * 100
   expect   BSRX:0x41A,0x3F1,0.095238,0x1B,OK

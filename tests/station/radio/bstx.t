@@ -1,4 +1,8 @@
-# A Bluetooth carrier: channel, data, rate, pattern, power.
+#: Sends a Bluetooth carrier on one channel.
+#: bstx[=CH[,DAT[,RATE[,PAT[,PWR]]]]] | CH 0 to 78, what is above is sent as 78; DAT 0 and 1 are two kinds of modulated
+#:   carrier, any other is the third; PWR 0 to 15. RATE and PAT have no effect. Left out they are 0, 2, 0, 0, 9
+#: The controller is reset first. A sixth value has all five left at these. The answer is one blank in all cases. `bthr`
+#: ends it.
 
 without values the chip's defaults are sent, behind a reset
   send     bstx
@@ -7,6 +11,7 @@ without values the chip's defaults are sent, behind a reset
   phone    hci recent -> 01030C00\n01030C00\n0104FC09050009040100000000
 
 values replace the defaults in their order; the data's three kinds, the channel's end, rate and pattern without effect
+  #:
   send     bstx=0x10,0
   expect   BSTX: ,OK
   phone    hci last -> 0104FC09051009070100000000

@@ -1,7 +1,10 @@
-# Downloads to the Bluetooth chip: this one needs none, so they are done at once; its configuration is read and not
-# shown.
+#: Downloads files to the Bluetooth chip; this phone's needs none.
+#: btfd=1[,ACT] | ACT 1 to 3 is one of the downloads, 0 all of them; done at once
+#: btfd=5 | reads the chip's configuration and drops it; `ERROR` even then
+#: The answer is one blank in all cases; other modes are `ERROR`.
 
 each download, and all of them, pass without a word to the controller
+  #:
   send     btfd=1
   expect   BTFD: ,OK
   send     btfd=1,1

@@ -1,6 +1,10 @@
-# Bluetooth resets: of the controller through HCI, and of the chip, which this one doesn't have.
+#: Resets the Bluetooth controller.
+#: bthr[=0] | resets the controller
+#: bthr=1 | resets the chip, which this phone's doesn't do: `ERROR`
+#: The answer is one blank in all cases.
 
 a reset is one HCI command, and the start has made one before it
+  #:
   send     bthr
   expect   BTHR: ,OK
   phone    hci recent -> 01030C00\n01030C00

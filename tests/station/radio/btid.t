@@ -1,7 +1,12 @@
-# The Bluetooth controller's identity: its revision text and two numbers of its version. The first Bluetooth command
-# of a phone also brings the controller up; how, stands here.
+#: Reads the identity of the Bluetooth controller.
+#: btid[=0] | its revision as a text
+#: btid=2 | its HCI revision, high byte and low byte: ` 0x..,0x..`
+#: btid=3 | its LMP subversion in the same form
+#: The first Bluetooth command after a start, whichever it is, also brings the controller up, which takes a moment; when
+#: that fails the command fails, and the next one tries again. Type 1 fails always. A failure prints no line.
 
 the first command of a fresh phone loads the driver, switches it on, brings the controller up and resets it
+  #:
   send     btid
   expect   BTID:BTFM 4.1.7 KORVAT,OK
   phone    shell 3 -> 0 insmod /system/modules/hci_smd.ko\n0 echo 1 > /sys/module/hci_smd/parameters/hcismd_set\n0 hciconfig hci0 up
@@ -19,6 +24,7 @@ a second command finds the controller up: one command, no shell line, one socket
   phone    files hci -> hci0
 
 the two numbers are shown high byte first, and type 1 and all others fail without a line
+  #:
   send     btid=2
   # revision 2B17
   expect   BTID: 0x2B,0x17,OK

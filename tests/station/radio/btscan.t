@@ -1,10 +1,14 @@
-# Looking for Bluetooth devices.
+#: Looks for Bluetooth devices.
+#: btscan[=COUNT] | the addresses of at most COUNT (1 to 7, 1 when left out) devices, separated by commas
+#: Nobody near is `No devices` and `ERROR`; what else can be wrong is said in words. It takes as long as the inquiry, a
+#: second and more.
 
 an inquiry for as many as were asked for, and a reset behind it
   send     btscan
   expect   BTSCAN:00:1B:DC:06:4F:2E,OK
   phone    shell 2 -> 0 hcitool inq --numrsp=1\n0 hciconfig hci0 reset
   phone    hci recent -> 01030C00
+  #:
   send     btscan?7
   expect   BTSCAN:00:1B:DC:06:4F:2E,7C:6D:62:A8:13:90,OK
   phone    shell 2 -> 0 hcitool inq --numrsp=7\n0 hciconfig hci0 reset

@@ -1,6 +1,8 @@
-# Scripts for the Bluetooth chip, which this one doesn't take.
+#: Runs a script for the Bluetooth chip, which this phone's doesn't take.
+#: btse="PATH" | one blank and `ERROR` on this phone
 
 a script is an error, whether it is there or not
+  #:
   send     btse="/data/bt.bts"
   expect   BTSE: ,ERROR
   send     btse?"x"

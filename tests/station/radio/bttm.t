@@ -1,6 +1,10 @@
-# The Bluetooth test mode: a tester on the air may then drive the controller.
+#: Puts the Bluetooth controller into its test mode, in which a tester on the air drives it.
+#: bttm[=1] | scanning on, a filter that accepts connections, test mode on
+#: bttm=0 | resets the controller; `OK` whatever comes of it
+#: The answer is one blank in all cases.
 
 test mode is scanning, a filter that accepts connections, and the mode itself
+  #:
   send     bttm
   expect   BTTM: ,OK
   phone    hci recent -> 01030C00\n011A0C0103\n01050C03020002\n01031800
@@ -29,6 +33,7 @@ switching off resets the controller, whatever comes of it; the next command coun
   send     bttm
   expect   BTTM: ,OK
   phone    hci 01030C00 silent 1
+  #:
   send     bttm=0
   expect   BTTM: ,OK
   phone    hci last -> 01030C00

@@ -1,6 +1,8 @@
-# The Bluetooth coexistence test, which this chip doesn't have.
+#: Tests the coexistence of Bluetooth and WLAN, which this phone's chip doesn't do.
+#: bwcx[=BYTE[,BYTE...]] | up to ten bytes, hexadecimal. An empty line and `NOT FOUND` on this phone
 
 bytes or none, the operation isn't there
+  #:
   send     bwcx
   expect   BWCX:,NOT FOUND
   send     bwcx?1,ff

@@ -1,4 +1,9 @@
-# Bluetooth packets sent: channel, packet type, pattern, mode, power, length.
+#: Sends Bluetooth packets on one channel.
+#: bwtx[=CH[,PKT[,PAT[,MODE[,PWR[,LEN]]]]]] | CH 0 to 78, what is above is sent as 78; PKT the packet type, 0 to 8: DH1,
+#:   DH3, DH5, 2-DH1, 2-DH3, 2-DH5, 3-DH1, 3-DH3, 3-DH5; PAT the payload's pattern, 0 to 4; MODE 0 or 1; PWR 0 to 15. LEN has no
+#:   effect: the payload is as long as the type allows. Left out they are 0, 0, 4, 0, 9
+#: The controller is reset first, and that alone can fail. A seventh value has all left at these. The answer is one blank
+#: in all cases.
 
 without values the chip's defaults are sent, which stand in another order than the line's values
   send     bwtx
@@ -7,6 +12,7 @@ without values the chip's defaults are sent, which stand in another order than t
   phone    hci recent -> 01030C00\n01030C00\n0104FC150400000000000304000901111111111111001B0000
 
 each value has its place, the length none
+  #:
   send     bwtx=0x20,1,1,1,7,5
   expect   BWTX: ,OK
   # 183 is 00B7

@@ -1,9 +1,19 @@
-# The FM receiver: act, then a frequency or a band.
+#: Controls the FM receiver.
+#: fmct=1[,FREQ] | starts the receiver, and tunes: FREQ up to 1080 in units of 100 kHz, from 1081 on in Hz. What is outside
+#:   76 to 108 MHz is tuned to the nearer end
+#: fmct=2,BAND | the band: 0 Japan, 1 Japan wide, 2 Europe and US; without effect on this phone
+#: fmct=4 | the device's number, 0x0000 on this phone; 5: the chip's
+#: fmct=6 | the level that the last tuning found
+#: fmct=7,REG | a register, 0x0000 on this phone
+#: fmct=0 | stops
+#: A start that fails is `Start Fail`, a tuning that fails `tune fail`, before what follows. 0, 2, 6 and 7 want a receiver
+#: that is on: without it they are `ERROR` without a line.
 
 the receiver starts once, and tunes in units of 100 kHz or in Hz
   send     fmct=1
   expect   FMCT: ,OK
   phone    shell 1 -> 0 insmod /system/modules/radio-iris-transport.ko
+  #:
   send     fmct=1,1000
   expect   FMCT: ,OK
   phone    shell 1 -> 0 fmftmtest -f 100000
@@ -29,6 +39,7 @@ a frequency beyond the band is the band's end
 a wrong count of values starts the receiver and is an error
   send     fmct
   expect   ERROR
+  #:
   send     fmct=6
   expect   FMCT:0x0000,OK
   send     fmct=0,1,2

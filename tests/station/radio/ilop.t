@@ -1,4 +1,18 @@
-# Infrared loop back: as the side that begins, once or again and again, and as the side that answers.
+#: Tests the infrared port by loop back; what comes of it is told later.
+#: ilop=1[,TIME] | sends the packet and compares what comes: no answer now, later one line of its own, ended by CR LF:
+#:   `ILOP:`, the bytes that came and the bits in which they differ, hexadecimal, `OK`. TIME (ms, 2000 when left out) is
+#:   half of how long that is waited for; nothing is `ILOP:0x0,-1,OK`
+#: ilop[=2[,TIME]] | the same, and what came goes back again and again, a line each time, until nothing comes for 4.7 s
+#: ilop=0 | is the other side: sends back what comes, with a line each time and without a limit of time. An empty line
+#: Before `irpa` it is `ERROR` without a line.
+
+with a partner that sends back what it hears, all bits are right
+  phone    irda echo on
+  send     irpa=4,5
+  expect   IRPA:,OK
+  #:
+  send     ilop=1
+  read     ILOP:0x4,0x0,OK\r\n
 
 one exchange: the packet goes out, what comes is compared bit by bit and sent back, and the receiver stays off
   send     irpa=4,5

@@ -1,4 +1,8 @@
-# The infrared port's parameters: speed and what is sent. They open the port.
+#: Opens the infrared port and sets its speed and what it sends.
+#: irpa[=BAUD[,FORMAT]] | BAUD 0 to 4: 9600, 19200, 38400, 57600, 115200; FORMAT 0 to 5: 256 bytes of 00, FF, 55, AA, 00 to
+#:   FF counting, or the four bytes 55 AA 00 FF. Left out they are 4 and 1
+#: With a value the port sends infrared pulses, without any it sends plain serial ones. An empty line. Every other command
+#: of the port wants this one first.
 
 without values: 115200 baud, plain serial pulses, all bytes FF
   send     irpa
@@ -22,6 +26,7 @@ each speed, with infrared pulses as soon as a value is given
   send     irpa=3,1
   expect   IRPA:,OK
   phone    irda -> select 1 uart 1 receiver 0 mode 1 speed 57600 sent 0
+  #:
   send     irpa=4,1
   expect   IRPA:,OK
   phone    irda -> select 1 uart 1 receiver 0 mode 1 speed 115200 sent 0

@@ -1,8 +1,13 @@
-# Receiving by infrared. What comes, and that nothing comes, is told later in lines of their own.
+#: Receives by infrared; what comes is told later.
+#: irrx=1 | switches the receiver on. Each packet is then told by a line of its own, ended by CR LF: `IRRX:`, its bytes and
+#:   those of the packet that would be sent, hexadecimal, `OK`. After 10 s without a packet `IRRX:0x0,-1,OK` ends it
+#: irrx[=0] | switches it off
+#: An empty line. Fewer than four bytes aren't told.
 
 each packet is told with its length and that of the packet that would be sent
   send     irpa=4,1
   expect   IRPA:,OK
+  #:
   send     irrx=1
   expect   IRRX:,OK
   phone    irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 0

@@ -1,8 +1,13 @@
-# Sending by infrared: once, or again and again.
+#: Sends by infrared.
+#: irtx=1 | sends the packet once
+#: irtx=2 | sends it every 30 ms until another command of the port ends it
+#: irtx[=0] | ends all and closes the port
+#: An empty line.
 
 a packet is sent once, with the receiver off
   send     irpa=4,4
   expect   IRPA:,OK
+  #:
   send     irtx=1
   expect   IRTX:,OK
   phone    clock +100

@@ -1,6 +1,10 @@
-# Waiting for the modem's processor.
+#: Waits until the modem's processor is up.
+#: mdmb[=0] | waits at most 40 s for it to come up, and then for its first answer, 40 s in all; 2 is the same
+#: mdmb=1 | waits for it to come up alone
+#: An empty line. One that is up and doesn't answer is `OK` all the same. The phone answers nothing else meanwhile.
 
 a modem that is up is asked once, and must answer unless it was only to be kickstarted
+  #:
   send     mdmb=1
   expect   MDMB:,OK
   phone    diag last -> none

@@ -1,6 +1,8 @@
-# The modem's number, which this board doesn't know.
+#: Reads the modem's number, which this phone doesn't tell.
+#: mdmid | an empty line and `ERROR` on this phone
 
 it is an error, takes no value, and has a help
+  #:
   send     mdmid
   expect   MDMID:,ERROR
   send     mdmid?

@@ -1,6 +1,12 @@
-# The modem's log, for which this phone has no driver: values are judged, and then it has failed.
+#: Switches the modem's log, for which this phone has no driver.
+#: mdml=0 | log off: one blank and `ERROR` on this phone, as all that follow
+#: mdml=1,TIMESTAMP | log on
+#: mdml=2,PATH | sets the mask
+#: mdml=3[,TIMESTAMP] | removes logs
+#: Values that don't fit are `SYNTAX` without a line.
 
 what could be done fails with a blank
+  #:
   send     mdml=0
   expect   MDML: ,ERROR
   send     mdml=1,2013-07-29

@@ -1,6 +1,8 @@
-# The modem's reset, which this board doesn't have.
+#: Resets the modem, which this phone doesn't do.
+#: mdmr[=VALUE] | an empty line and `ERROR` on this phone
 
 it is an error with a value and without
+  #:
   send     mdmr
   expect   MDMR:,ERROR
   send     mdmr?1

@@ -1,6 +1,10 @@
-# The modem's switch, which this board doesn't have.
+#: Reads or sets the modem's switch, which this phone doesn't have.
+#: mdsw[=0] | one blank and `ERROR` on this phone
+#: mdsw=1,VALUE | likewise
+#: Other counts of values are one blank and `SYNTAX`.
 
 reading and setting it are errors, anything else is one of syntax
+  #:
   send     mdsw
   expect   MDSW: ,ERROR
   send     mdsw?0

@@ -1,6 +1,8 @@
-# The pins between the chip and its neighbours.
+#: Tests the pins between the Bluetooth chip and its neighbours.
+#: pint | three results; 0xFF is one that the chip didn't give
 
 three results come behind their tags
+  #:
   send     pint
   expect   PINT:0x1A,0x2B,0x3C,OK
   phone    hci recent -> 01030C00\n010CFC010B

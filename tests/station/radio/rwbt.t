@@ -1,6 +1,13 @@
-# The Bluetooth address: this chip's can be read, and that is all.
+#: Reads or writes the Bluetooth address; this phone's can only be read.
+#: rwbt=3 | the controller's address, `0x` and twelve digits
+#: rwbt=0 | the address in the flash
+#: rwbt=1,"ADDRESS" | writes it there: six pairs of hexadecimal digits, `0x` before them or not
+#: rwbt=2 | the address in the flash goes to the controller
+#: rwbt=4,"ADDRESS" | writes the controller's
+#: All but 3 answer one blank and `ERROR` on this phone. There is no read form.
 
 the address is read from the controller, in the order of its event
+  #:
   send     rwbt=3
   expect   RWBT:0x5C8E2D907600,OK
   phone    hci recent -> 01030C00\n01091000

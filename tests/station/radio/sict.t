@@ -1,6 +1,11 @@
-# The SIM: whether a card is in, and the test of its contacts.
+#: Tells whether a SIM is in, and tests its contacts.
+#: sict=1 | tests the contacts by the modem: 0x00 for good ones, 0x01 for any other end, after 4 s at the latest. A modem
+#:   that doesn't answer as it should is an empty line and `ERROR`
+#: sict=4[,SLOT] | whether a card is in: 0x01 or 0x00. SLOT 1 is the only one of this phone, 2 is always 0x00
+#: The other tests (0, 2, and those of a slot) aren't there: an empty line and `SYNTAX`. The read form is the help.
 
 a card is told by its line alone, for the first slot
+  #:
   send     sict=4
   expect   SICT:0x01,OK
   send     sict=4,1
@@ -27,6 +32,7 @@ the test of the contacts is started, and asked for every 100 ms until it has end
 
 without a card, and in any other last state, the contacts are bad: all 16 bits count
   phone    gpio 100 0
+  #:
   send     sict=1
   expect   SICT:0x01,OK
   phone    diag 4B0B008002 4B0B008002000A000000040100000000

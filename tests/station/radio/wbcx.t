@@ -1,10 +1,13 @@
-# The WLAN coexistence test, which this chip doesn't have.
+#: Tests the coexistence of WLAN and Bluetooth, which this phone's chip doesn't do.
+#: wbcx[=BYTE[,BYTE...]] | up to ten bytes, hexadecimal. An empty line and `NOT FOUND` on this phone
+#: A transmission is stopped first.
 
 with power or without, bytes or none
   send     wbcx=1
   expect   WBCX:,ERROR
   send     wlpu
   expect   WLPU: ,OK
+  #:
   send     wbcx
   expect   WBCX:,NOT FOUND
   send     wbcx?1\*9{,0xA}

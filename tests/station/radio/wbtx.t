@@ -1,4 +1,10 @@
-# WLAN bursts: channel, rate, preamble, length, interval, mode, power, bandwidth, dpd.
+#: Sends WLAN bursts.
+#: wbtx[=CH[,RATE[,PRE[,LEN[,INTERVAL[,MODE[,PWR[,BW[,DPD]]]]]]]]] | channel 1 to 252; RATE 0 to 102; preamble 0 to 4, or
+#:   99 for the one that goes with the rate; bytes, or 65535 for as many as go with the rate; INTERVAL in microseconds; PWR
+#:   with up to three digits behind the point; BW 0 to 10. Left out they are 1, 3, 99, 65535, 200, 1, next to no power,
+#:   0, 0
+#: The answer is one blank: `SYNTAX` for a rate that there isn't, and before the power-up. A tenth value has all left as
+#: they are. A transmission that runs is stopped first.
 
 without values the defaults are sent, with the preamble and the length that go with the rate
   send     wlpu
@@ -10,6 +16,7 @@ without values the defaults are sent, with the preamble and the length that go w
 each value has its place; power is in thousandths, of which tenths go out
   send     wlpu
   expect   WLPU: ,OK
+  #:
   send     wbtx=100,21,0,32,30,4,12.5,1,1
   expect   WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -A -c 98 -r 31 -p 3 -i 30 -l 32 -w 1 -g 1250 -o 1 -G 4

@@ -1,10 +1,12 @@
-# WLAN idle: whatever is sent ends.
+#: Stops the WLAN transmission.
+#: widl | one blank; `OK` also when there is none, `ERROR` when it can't be stopped or the radio isn't up
 
 a burst and a static transmission each end in their own way, and only once
   send     wlpu
   expect   WLPU: ,OK
   send     wbtx
   expect   WBTX: ,OK
+  #:
   send     widl
   expect   WIDL: ,OK
   phone    shell 1 -> 0 wlanftmtest -s

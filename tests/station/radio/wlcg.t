@@ -1,7 +1,11 @@
-# WLAN calibration items: seven words of a unit.
+#: Reads a WLAN calibration item from the persistent units.
+#: wlcg=ITEM | its seven words, hexadecimal; seven zeros for one that isn't there. One of another size is one blank and
+#:   `ERROR`
+#: Needs no power-up and disturbs no transmission.
 
 the words of a unit, low byte first
   phone    unit 80001234 0100000002000000030000000400000005000000060000007856F4DE
+  #:
   send     wlcg=0x1234
   expect   WLCG:0x1,0x2,0x3,0x4,0x5,0x6,0xdef45678,OK
   send     wlcg?4660

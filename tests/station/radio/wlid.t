@@ -1,8 +1,12 @@
-# The WLAN chip's identity, as the tool leaves it in its result file.
+#: Reads the identity of the WLAN chip.
+#: wlid[=0] | its number
+#: wlid=1 | the version of its calibration data, which this phone doesn't tell: `NOT FOUND`
+#: A failure is one blank and `ERROR`. A transmission is stopped first.
 
 the number is shown as it is; without a value it is type 0
   send     wlpu
   expect   WLPU: ,OK
+  #:
   send     wlid=0
   expect   WLID:1936,OK
   phone    tool wlanftmtest -v -42 and more\\n

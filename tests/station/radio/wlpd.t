@@ -1,8 +1,10 @@
-# WLAN power-down.
+#: Powers down the WLAN radio, whatever it does.
+#: wlpd | one blank; `ERROR` when it isn't up
 
 a radio that is up is disabled, and then asks for a power-up again
   send     wlpu
   expect   WLPU: ,OK
+  #:
   send     wlpd
   expect   WLPD: ,OK
   phone    shell 1 -> 0 wlanftmtest -d

@@ -1,7 +1,12 @@
-# WLAN power-up, in test mode or as a station. The slow part runs beside the console; the first command afterwards
-# waits for it.
+#: Powers up the WLAN radio.
+#: wlpu[=0] | in test mode, for sending and receiving
+#: wlpu=1 | as a station, for `wlscan`
+#: The answer, one blank, comes at once; the slow part goes on beside the console, and the next WLAN command waits for it.
+#: When that fails, all WLAN commands fail until `wlpd` and `wlpu`. The kernel module keeps the mode that it was first
+#: loaded for until the phone starts anew. A radio that is up is `ERROR`.
 
 test mode: the file system for writing, the module in its test mode, the tool
+  #:
   send     wlpu
   expect   WLPU: ,OK
   send     wlid

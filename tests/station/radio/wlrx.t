@@ -1,11 +1,16 @@
-# The level of a WLAN carrier.
+#: Measures the level of a WLAN carrier.
+#: wlrx=1,CH | starts on a channel; one blank
+#: wlrx[=0] | the level in dBm with two digits behind the point, in steps of an eighth
+#: A transmission is stopped first.
 
 a channel is set, unjudged, and the level read in eighths of a dBm
   send     wlpu
   expect   WLPU: ,OK
+  #:
   send     wlrx=1,11
   expect   WLRX: ,OK
   phone    shell 1 -> 0 wlanftmtest -c 11 -a
+  #:
   send     wlrx
   # 209 - 256
   expect   WLRX:-47.00,OK

@@ -1,8 +1,11 @@
-# Looking for networks: the address of the first.
+#: Looks for WLAN networks and tells the address of the first.
+#: wlscan | needs `wlpu=1`; what is wrong is said in words, with `ERROR`
+#: A transmission is stopped first.
 
 as a station the second word of what the tool prints is the answer
   send     wlpu=1
   expect   WLPU: ,OK
+  #:
   send     wlscan
   expect   WLSCAN:a0:f3:c1:2b:7d:18,OK
   phone    shell 1 -> 0 iw wlan0 scan

@@ -1,6 +1,9 @@
-# The WLAN chip's self test, which this one doesn't have.
+#: Runs the self test of the WLAN chip, which this phone's doesn't have.
+#: wlst[=BYTE[,BYTE...]] | up to twenty bytes, decimal. One blank and `NOT FOUND` on this phone
+#: A transmission is stopped first.
 
 with power or without, bytes or none
+  #:
   send     wlst
   expect   WLST: ,NOT FOUND
   send     wlst?1\*19{,10}

@@ -1,8 +1,13 @@
-# A static WLAN receive test: started on a channel, its packets counted afterwards.
+#: Tests WLAN reception by counting packets.
+#: wsrx=1,CH | starts on channel 1 to 252, or clears the counter when it is the same again; one blank
+#: wsrx[=0[,EXPECTED]] | packets received, 0, and the percentage of those expected that is missing; 0 without EXPECTED.
+#:   More packets than expected are 100 and `ERROR`
+#: Before the power-up it answers `OK` and does nothing. A transmission is stopped first.
 
 the first start sets the channel, a second on the same one clears the counter
   send     wlpu
   expect   WLPU: ,OK
+  #:
   send     wsrx=1,6
   expect   WSRX: ,OK
   phone    shell 1 -> 0 wlanftmtest -c 6 -w 0 -a
@@ -30,6 +35,7 @@ packets received, and in percent what is missing of those that were expected
   send     wsrx
   expect   WSRX:941,0,0,OK
   phone    shell 1 -> 0 wlanftmtest -b
+  #:
   send     wsrx=0,1000
   # 59 of 1000
   expect   WSRX:941,0,5,OK

@@ -1,8 +1,13 @@
-# A static WLAN transmission: channel, rate, mode, power, bandwidth.
+#: Starts a static WLAN transmission.
+#: wstx=CH,RATE,1[,PWR[,BW]] | channel 1 to 252; BW 0 to 10 says how wide and on which side of the channel. RATE and PWR
+#:   have no effect
+#: The answer is one blank; it is `OK` also when the radio refused, which `widl` or a look at the air tells. Another
+#: number in place of the 1 is `ERROR` and changes nothing.
 
 the channel goes out shifted by its bandwidth; rate and power don't
   send     wlpu
   expect   WLPU: ,OK
+  #:
   send     wstx=6,3,1,17
   expect   WSTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -c 6 -w 0 -y

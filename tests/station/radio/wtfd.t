@@ -1,6 +1,8 @@
-# The WLAN firmware, which comes with the power-up.
+#: Downloads the WLAN firmware, which this phone's radio has once it is up.
+#: wtfd | one blank; a transmission is stopped first
 
 it is there once the radio is up
+  #:
   send     wtfd
   expect   WTFD:The chip is not powered up yet,ERROR
   send     wlpu

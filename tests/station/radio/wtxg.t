@@ -1,10 +1,13 @@
-# The power of a WLAN transmission that runs.
+#: Sets the power of the WLAN transmission that runs.
+#: wtxg[=PWR] | with up to three digits behind the point; one blank. Left out it is next to nothing
+#: Without a transmission it says so and answers `SYNTAX`.
 
 tenths of a thousandth go out; a value left out is 15, of which 1 is left
   send     wlpu
   expect   WLPU: ,OK
   send     wbtx
   expect   WBTX: ,OK
+  #:
   send     wtxg=12.5
   expect   WTXG: ,OK
   phone    shell 1 -> 0 wlanftmtest -P 1250
