@@ -238,6 +238,12 @@ int hci_sent(open_file& file)
     return 0;
 }
 
+// A driver that was just loaded is switched off.
+void start_driver(const std::vector<std::string>&)
+{
+    file_write(switch_path, "0\n");
+}
+
 std::optional<std::vector<hci_packet>> events_of(const std::string& text)
 {
     std::vector<hci_packet> events;
@@ -331,7 +337,7 @@ void hci_take_down()
 
 void hci_attach()
 {
-    module_add(module_file, nullptr);
+    module_add(module_file, start_driver);
     socket_family_add(AF_BLUETOOTH, &hci_family);
     delivery_timer = clock_timer_create(deliver_due);
     word_add("hci", "PREFIX EVENT[+EVENT...]|silent [COUNT]|off|last|recent",

@@ -26,6 +26,7 @@ struct rx_timer {
 
 rx_timer timers[4];
 unsigned armed_timer;
+bool armed;            // since the last disarming, expired or not
 std::uint32_t rx_turn; // a time-out of another turn is void
 
 std::uint32_t rx_size;
@@ -84,7 +85,8 @@ void irda_rpm841_arm(std::uint32_t time_us)
     rx_timer& t = timers[armed_timer];
     t.turn = rx_turn;
     t.time_us = time_us;
-    if (time_us != 0)
+    armed = time_us != 0;
+    if (armed)
         tmr_cb_add(&t.lnk, rx_tmr_cb, time_us);
     else
         rx_tmr_cb(&t.lnk, 0);
@@ -92,7 +94,9 @@ void irda_rpm841_arm(std::uint32_t time_us)
 
 void irda_rpm841_disarm()
 {
-    tmr_cb_rm(&timers[armed_timer].lnk);
+    if (armed)
+        tmr_cb_rm(&timers[armed_timer].lnk);
+    armed = false;
     rx_turn++;
 }
 

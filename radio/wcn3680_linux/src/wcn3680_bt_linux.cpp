@@ -163,24 +163,27 @@ long now_ms()
     return now.tv_sec * 1000 + now.tv_nsec / 1000000;
 }
 
-// Waits until the socket can be read: false when it can't within the time.
-bool wait_for_input(long time_ms)
+// Waits until the socket can be read: 1 when it can, 0 when it can't within the time, -1 for a failure.
+int wait_for_input(long time_ms)
 {
     const long end = now_ms() + time_ms;
     for (;;) {
         pollfd p = {hci_sock, POLLIN, 0};
         const int ready = plat_poll(&p, 1, static_cast<int>(std::max(end - now_ms(), 0L)));
         if (ready >= 0 || errno != EINTR)
-            return ready > 0;
+            return ready;
     }
 }
 
-// What nobody has read belongs to an earlier command.
-void drop_unread()
+// What nobody has read belongs to an earlier command. False when it can't be got rid of: it might be taken for
+// the answer of the next.
+bool drop_unread()
 {
-    for (int i = 0; i < most_unread && wait_for_input(0); i++)
+    int ready = 1;
+    for (int i = 0; i < most_unread && (ready = wait_for_input(0)) > 0; i++)
         if (plat_read(hci_sock, readbuffer, sizeof readbuffer) <= 0)
-            return;
+            return false;
+    return ready == 0;
 }
 
 int wcn3680_bt_linux_wr(const void* p_data, std::size_t size)
@@ -188,7 +191,8 @@ int wcn3680_bt_linux_wr(const void* p_data, std::size_t size)
     const auto* const p = static_cast<const std::uint8_t*>(p_data);
     if (!is_ready() || size < BT_HCI_HEAD || size < BT_HCI_HEAD + p[3])
         return BT_FAILED;
-    drop_unread();
+    if (!drop_unread())
+        return BT_FAILED;
     opcode = static_cast<std::uint16_t>(p[1] | p[2] << 8);
     const auto ogf = static_cast<std::uint16_t>(opcode >> ogf_shift);
     const auto ocf = static_cast<std::uint16_t>(opcode & ocf_mask);
@@ -219,7 +223,7 @@ std::size_t poll_event(bool (*is_wanted)())
         return 0;
     const long end = now_ms() + event_time_ms;
     for (long left = event_time_ms; left > 0; left = end - now_ms()) {
-        if (!wait_for_input(left))
+        if (wait_for_input(left) <= 0)
             return 0;
         const ssize_t n = plat_read(hci_sock, readbuffer, sizeof readbuffer);
         readbufferlength = n > 0 ? static_cast<std::size_t>(n) : 0;
