@@ -49,6 +49,16 @@ void cio_init(cio* p_me, char* p_ln, std::uint32_t size, const char* nm, const c
 // Opens the device and prints the greeting. A device that can't be opened leaves the console silent.
 void cio_start(cio* p_me);
 
+// While one lives, other threads' output waits: for an answer of several pieces, or with terminators of its
+// own. A line with its term, a status word with its final sequence and each single text stay whole without
+// it. Holds may nest. Who has one waits for no other thread.
+struct cio_hold {
+    cio_hold();
+    ~cio_hold();
+    cio_hold(const cio_hold&) = delete;
+    cio_hold& operator=(const cio_hold&) = delete;
+};
+
 // Bytes as they are; the number taken. cio_print writes a whole text, nothing for null.
 int cio_wr(cio* p_me, const void* buf, std::size_t len);
 void cio_print(cio* p_me, const char* text);

@@ -58,6 +58,7 @@ void f_kbd_evt_cb(int code, int action)
     const bool hw_key = code == CODE_HW_KEY;
     if ((f_kbd_form == FORM_STRING && hw_key) || (f_kbd_form == FORM_HW_KEY && !hw_key))
         return;
+    const cio_hold hold;
     const unsigned s3 = cio_s3_set('\r', 0);
     const unsigned s4 = cio_s4_set('\n', 0, 0);
     if (f_kbd_form == FORM_MATRIX)

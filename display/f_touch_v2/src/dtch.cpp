@@ -118,6 +118,7 @@ void touch_cb(const touch_event* p_event)
     const std::uint64_t last = last_report_us;
     if (last != 0 && now - last < std::uint64_t{report_interval_ms} * 1000)
         return;
+    const cio_hold hold;
     const unsigned s3 = cio_s3_set('\r', 0);
     const unsigned s4 = cio_s4_set('\n', 0, 0);
     print_event(*p_event);
