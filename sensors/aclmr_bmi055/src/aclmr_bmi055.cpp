@@ -9,7 +9,9 @@
 #include "bmi055_samples.h"
 #include "i2c/i2c.h"
 #include "pin/pin.h"
+#include "pin/signals.h"
 #include "tmr/tmr.h"
+#include "trim/items.h"
 #include "trim/trim.h"
 
 namespace {
@@ -36,12 +38,6 @@ constexpr std::uint8_t memory_close  = 0x0A;
 constexpr std::uint8_t lines_low     = 0;      // active low: at rest they are high
 constexpr std::uint8_t lines_high    = 5;
 constexpr int          bmi055_id     = 0xFA;
-
-constexpr int trim_offsets = 31;
-constexpr int trim_memory  = 32;
-
-constexpr int signal_1 = 52;
-constexpr int signal_2 = 53;
 
 constexpr int failed_line_1 = 1;
 constexpr int failed_line_2 = 2;
@@ -83,16 +79,16 @@ std::uint8_t read_reg(std::uint8_t reg)
 
 int aclmr_bmi055_ta_rd(std::uint8_t (&offsets)[3])
 {
-    return trim_rd(trim_offsets, offsets, sizeof offsets);
+    return trim_rd(TRIM_ACCEL_OFFSETS, offsets, sizeof offsets);
 }
 
 // A unit of another size isn't one of ours, and stays.
 int aclmr_bmi055_ta_wr(const std::array<std::uint8_t, memory_size>& memory)
 {
     std::array<std::uint8_t, memory_size> old;
-    if (trim_rd(trim_memory, old.data(), old.size()) != static_cast<int>(old.size()))
+    if (trim_rd(TRIM_ACCEL_BACKUP, old.data(), old.size()) != static_cast<int>(old.size()))
         return 0;
-    return trim_wr(trim_memory, memory.data(), memory.size());
+    return trim_wr(TRIM_ACCEL_BACKUP, memory.data(), memory.size());
 }
 
 void aclmr_bmi055_start()
@@ -175,7 +171,7 @@ int aclmr_bmi055_offset_calibration(const aclmr_vector vector)
 {
     std::uint8_t offsets[3];
     std::transform(vector, vector + 3, offsets, offset_byte);
-    return trim_wr(trim_offsets, offsets, sizeof offsets);
+    return trim_wr(TRIM_ACCEL_OFFSETS, offsets, sizeof offsets);
 }
 
 // The lines must follow the level at which they rest.
@@ -183,9 +179,9 @@ int test_lines()
 {
     int failed = 0;
     const auto look = [&failed](bool active) {
-        if ((pin_in_get(signal_1) == PIN_ACTIVE) != active)
+        if ((pin_in_get(PIN_IN_ACCEL_IRQ1) == PIN_ACTIVE) != active)
             failed |= failed_line_1;
-        if ((pin_in_get(signal_2) == PIN_ACTIVE) != active)
+        if ((pin_in_get(PIN_IN_ACCEL_IRQ2) == PIN_ACTIVE) != active)
             failed |= failed_line_2;
     };
     write_reg(reg_interrupt, lines_low);

@@ -7,6 +7,7 @@
 #include "compass/compass.h"
 #include "i2c/i2c.h"
 #include "pin/pin.h"
+#include "pin/signals.h"
 #include "tmr/tmr.h"
 
 namespace {
@@ -29,8 +30,6 @@ constexpr std::uint8_t coil_on       = 0x40;
 constexpr std::uint8_t data_ready    = 0x01;
 constexpr std::uint8_t overflow      = 0x08;
 // clang-format on
-
-constexpr int signal_ready = 67;
 
 struct axis_limits {
     std::int16_t lower;
@@ -148,13 +147,13 @@ int compass_ak8963_selftest(compass_reading reading)
     if (!compass_started)
         return test_result(reading, 0);
     write_reg(reg_mode, mode_off);
-    if (pin_in_get(signal_ready) != PIN_INACTIVE)
+    if (pin_in_get(PIN_IN_COMPASS_READY) != PIN_INACTIVE)
         return test_result(reading, COMPASS_BAD_LINE);
     read_reg(reg_status_1);
     write_reg(reg_mode, mode_once);
     if (!wait_for_data())
         return test_result(reading, COMPASS_NO_DATA);
-    if (pin_in_get(signal_ready) != PIN_ACTIVE)
+    if (pin_in_get(PIN_IN_COMPASS_READY) != PIN_ACTIVE)
         return test_result(reading, COMPASS_BAD_LINE);
     read_reg(reg_status_2); // takes the line back
     read_reg(reg_status_1);

@@ -26,8 +26,7 @@ using heap_text = std::unique_ptr<char, text_free>;
 
 int answer_blank(int id, int status)
 {
-    dcp_printf(id, "acct", " ");
-    return status;
+    return dcp_answer(id, "acct", " ", status);
 }
 
 int answer_vector(int id, int result, const aclmr_vector vector)
@@ -159,10 +158,8 @@ constexpr acct_fn acct_actions[] = {
 
 int do_aclmr_acct(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "acct", "Tests the accelerometer");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "acct", "Tests the accelerometer", DCP_OK);
     if (argc < 1 || argc > MOST_VALUES)
         return answer_blank(id, DCP_SYNTAX);
     const auto n = static_cast<std::uint16_t>(argv[0]);

@@ -11,8 +11,7 @@ constexpr int DONE = 1;
 
 int answer_blank(int id)
 {
-    dcp_printf(id, "lsen", " ");
-    return DCP_OK;
+    return dcp_answer(id, "lsen", " ", DCP_OK);
 }
 
 int answer_value(int id, std::uint32_t value)
@@ -67,10 +66,8 @@ int lsen_gain(int id, int argc, const dcp_word* argv)
 
 int do_als_lsen(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "lsen", "Tests the lightsensor");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "lsen", "Tests the lightsensor", DCP_OK);
     if (action == DCP_ACTION_READ)
         return echo(id, argc, argv);
     if (argc == 1 && dcp_uint(argv[0]) == 0)

@@ -5,12 +5,6 @@
 
 namespace {
 
-int answer_empty(int id)
-{
-    dcp_printf(id, "ecmt", "%s", "");
-    return DCP_OK;
-}
-
 int answer_reading(int id, const compass_reading reading)
 {
     dcp_printf(id, "ecmt", "%d,%d,%d", reading[0], reading[1], reading[2]);
@@ -20,13 +14,13 @@ int answer_reading(int id, const compass_reading reading)
 int ecmt_stop(int id)
 {
     compass_stop();
-    return answer_empty(id);
+    return dcp_answer(id, "ecmt", "", DCP_OK);
 }
 
 int ecmt_start(int id)
 {
     compass_start();
-    return answer_empty(id);
+    return dcp_answer(id, "ecmt", "", DCP_OK);
 }
 
 int ecmt_get(int id)
@@ -52,10 +46,8 @@ int ecmt_temp(int id)
 // The bare form stops the compass.
 int do_compass_ecmt(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "ecmt", "Tests the compass");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "ecmt", "Tests the compass", DCP_OK);
     switch (argc > 0 ? dcp_uint(argv[0]) : 0) {
     case 0:
         return ecmt_stop(id);

@@ -14,8 +14,7 @@ constexpr std::uint32_t BACKUP = 32;
 
 int answer_blank(int id, int status)
 {
-    dcp_printf(id, "gspt", " ");
-    return status;
+    return dcp_answer(id, "gspt", " ", status);
 }
 
 int answer_result(int id, int result)
@@ -137,10 +136,8 @@ constexpr gspt_fn gspt_actions[] = {
 
 int do_gyro_gspt(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "gspt", "Tests the gyro");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "gspt", "Tests the gyro", DCP_OK);
     if (argc < 1 || argc > MOST_VALUES)
         return answer_blank(id, DCP_SYNTAX);
     const std::uint32_t n = dcp_uint(argv[0]);

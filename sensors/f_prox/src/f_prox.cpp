@@ -9,8 +9,7 @@ namespace {
 
 int answer_blank(int id, int status)
 {
-    dcp_printf(id, "proxs", " ");
-    return status;
+    return dcp_answer(id, "proxs", " ", status);
 }
 
 int proxs_start(int id, int, const dcp_word*)
@@ -61,10 +60,8 @@ constexpr proxs_fn proxs_actions[] = {proxs_start, proxs_adc, proxs_near, proxs_
 
 int do_prox_sensor(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "proxs", "Tests the proximity sensor");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "proxs", "Tests the proximity sensor", DCP_OK);
     if (argc < 1 || dcp_uint(argv[0]) >= std::size(proxs_actions))
         return answer_blank(id, DCP_SYNTAX);
     return proxs_actions[dcp_uint(argv[0])](id, argc, argv);

@@ -11,24 +11,21 @@ std::atomic<int> dcp_id; // the client of the last vibt, which gets the reports
 
 int answer_done(int id)
 {
-    dcp_printf(id, "vibc", " ");
-    return DCP_OK;
+    return dcp_answer(id, "vibc", " ", DCP_OK);
 }
 
 int vibc_off(int id)
 {
     if (vibrator_stop() == 0)
         return answer_done(id);
-    dcp_printf(id, "vibc", "Turn off vibrator error");
-    return DCP_ERROR;
+    return dcp_answer(id, "vibc", "Turn off vibrator error", DCP_ERROR);
 }
 
 int vibc_on(int id)
 {
     if (vibrator_start() == 0)
         return answer_done(id);
-    dcp_printf(id, "vibc", "Turn on vibrator error");
-    return DCP_ERROR;
+    return dcp_answer(id, "vibc", "Turn on vibrator error", DCP_ERROR);
 }
 
 int vibc_one(int id, int number)
@@ -49,10 +46,8 @@ int vibc_level(int id, int number, int level)
 
 int do_vibc(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action != DCP_ACTION_SET) {
-        dcp_printf(id, "vibc", "Vibrator Test");
-        return DCP_OK;
-    }
+    if (action != DCP_ACTION_SET)
+        return dcp_answer(id, "vibc", "Vibrator Test", DCP_OK);
     const auto number = [argv] { return static_cast<std::uint8_t>(argv[1]); };
     if (argc == 1 && dcp_uint(argv[0]) == 0)
         return vibc_off(id);
@@ -63,10 +58,10 @@ int do_vibc(int id, int action, int argc, const dcp_word* argv)
     return argc == 2 ? vibc_one(id, number()) : vibc_level(id, number(), dcp_int(argv[2]));
 }
 
-// On the test's thread, whatever command runs meanwhile and through whatever printer.
+// On the test's thread, whatever command runs meanwhile.
 void report(const char* text)
 {
-    dcp_printf_def(dcp_id, "vibt", "%s", text);
+    dcp_printf(dcp_id, "vibt", "%s", text);
 }
 
 int test(int mode, int level)
@@ -84,10 +79,8 @@ int answer_result(int id)
 
 int do_vibt(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action != DCP_ACTION_SET) {
-        dcp_printf(id, "vibt", "Test the amplitude & frequency of Vibrator");
-        return DCP_OK;
-    }
+    if (action != DCP_ACTION_SET)
+        return dcp_answer(id, "vibt", "Test the amplitude & frequency of Vibrator", DCP_OK);
     dcp_id = id;
     if (argc < 1 || argc > 2)
         return DCP_ERROR;

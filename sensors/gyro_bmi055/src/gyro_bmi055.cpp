@@ -6,6 +6,7 @@
 #include "gpio_linux/gpio_linux.h"
 #include "i2c/i2c.h"
 #include "tmr/tmr.h"
+#include "trim/items.h"
 #include "trim/trim.h"
 
 namespace {
@@ -41,9 +42,6 @@ constexpr std::uint8_t test_start    = 0x01;
 constexpr std::uint8_t test_ready    = 0x02;
 constexpr std::uint8_t test_bad      = 0x04;
 constexpr std::uint8_t rate_ok       = 0x10;
-
-constexpr int trim_offsets = 40;
-constexpr int trim_memory  = 41;
 
 constexpr unsigned line_1 = 66;
 constexpr unsigned line_2 = 75;
@@ -95,7 +93,7 @@ void soft_reset()
 offset_bytes stored_offsets()
 {
     offset_bytes bytes = {};
-    if (trim_rd(trim_offsets, bytes.data(), bytes.size()) <= 0)
+    if (trim_rd(TRIM_GYRO_OFFSETS, bytes.data(), bytes.size()) <= 0)
         bytes = {};
     return bytes;
 }
@@ -167,7 +165,7 @@ int gyro_bmi055_offset_calibration(const gyro_offset wanted)
 {
     offset_bytes bytes;
     gyro_bmi055_pack(wanted, bytes.data());
-    return trim_wr(trim_offsets, bytes.data(), bytes.size());
+    return trim_wr(TRIM_GYRO_OFFSETS, bytes.data(), bytes.size());
 }
 
 // The lines must follow the level at which they rest.
@@ -275,7 +273,7 @@ int gyro_bmi055_backup(int* p_result)
         }
         gyro_bmi055_deactivate_dsp();
         const auto memory = read_memory();
-        trim_wr(trim_memory, memory.data(), memory.size());
+        trim_wr(TRIM_GYRO_BACKUP, memory.data(), memory.size());
         *p_result = 1;
     }
     gyro_bmi055_activate_dsp();

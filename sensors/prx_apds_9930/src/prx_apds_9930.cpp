@@ -2,6 +2,7 @@
 
 #include "i2c/i2c.h"
 #include "pin/pin.h"
+#include "pin/signals.h"
 #include "prx/prx.h"
 #include "tmr/tmr.h"
 
@@ -23,8 +24,6 @@ constexpr std::uint8_t command_increment = 0xA0;
 constexpr std::uint8_t command_clear     = 0xE5;   // the proximity interrupt
 constexpr std::uint8_t value_proximity   = 24;     // register of the low byte
 // clang-format on
-
-constexpr int signal_near = 47;
 
 bool prx_started;
 
@@ -96,7 +95,7 @@ int prx_apds_9930_digital(std::uint32_t* p_value)
     if (!prx_started || apds_9930_reg_wr(command_clear) == 0)
         return 0;
     tmr_msleep(50);
-    const int result = pin_in_get(signal_near) == PIN_ACTIVE ? 1 : 0;
+    const int result = pin_in_get(PIN_IN_PROXIMITY) == PIN_ACTIVE ? 1 : 0;
     prx_apds_9930_adc(p_value);
     return result;
 }
