@@ -103,7 +103,7 @@ std::string word_files(request& rq)
 {
     const std::lock_guard lock(table_mutex);
     for (const auto& file : table)
-        if (file != nullptr)
+        if (file != nullptr && file->path.find(rq.rest) != std::string::npos)
             rq.answer += (rq.answer.empty() ? "" : "\n") + file->path;
     return {};
 }
@@ -243,7 +243,7 @@ ssize_t files_write(open_file* p_file, int fd, const void* buf, std::size_t size
 
 void files_attach()
 {
-    word_add("files", "", "what the program has open", word_files);
+    word_add("files", "[TEXT]", "what the program has open, or what of it has TEXT in its path", word_files);
 }
 
 bool node_exists(std::string_view path)
