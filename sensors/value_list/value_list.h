@@ -1,4 +1,4 @@
-// The further values of a command whose format ends in "%t": numbers behind commas, in any count. Blanks and
+// A list of further values, of a command whose format ends in "%t": numbers behind commas, in any count. Blanks and
 // empty items don't count. An item is a number when it begins with one.
 #pragma once
 

@@ -1,5 +1,23 @@
-# acct drives the accelerometer. Its readings are milli-g, scaled a second time: 1024 steps are 1000, and 1000 is
-# shown as 976.5625.
+#: Drives the accelerometer. Readings are in milli-g as stations of this phone have always had them: 1024 steps of the
+#: chip are 1000, and 1000 is shown as 976.5625.
+#: acct=1 | starts the sensor with the stored offsets; without three bytes of them it doesn't start, which the readings
+#:   tell. Answers with one blank
+#: acct=0 | stops it
+#: acct=2 | x, y and z in milli-g; not started is `ERROR`
+#: acct=3 | the chip's id, 0xfa; 0x0 when not started
+#: acct=4,X,Y,Z | stores wanted offsets, in milli-g, steps of 7.8125; they count from the next start on. `SYNTAX` unless
+#:   there are three numbers
+#: acct=5 | the self test: 0x0, or the sum of what is broken. 1 and 2 the interrupt lines, 4, 8 and 16 the axes; 0xff
+#:   when not started
+#: acct=6 | the offsets in force, in milli-g
+#: acct=7 | the state of the ROM, which this chip lacks: `ERROR`; so is `acct=8`
+#: acct=9 | the temperature, 0x0 on this chip
+#: acct=10,COUNT,0,BANDWIDTH | COUNT samples, each `TIME,X,Y,Z,`: the time since the sample before in 100 us, milli-g in
+#:   whole numbers. BANDWIDTH 1 to 8 is 7.81 to 1000 Hz, each twice the one before. Leaves the line term a comma. No
+#:   sample for a second, another mode than 0 or another bandwidth is `ERROR`
+#: acct=32 | copies the chip's memory into its unit: 1, or 0 when that wasn't done
+#: What fails is `ERROR` behind one blank; another action is `SYNTAX`. Values that an action has no use for are passed
+#: over.
 
 a reading of how the phone lies, started and stopped
   conf     tremble off
@@ -12,6 +30,7 @@ a reading of how the phone lies, started and stopped
   send     acct=3
   expect   ACCT:0xfa,OK
   # a new phone lies at 20 -35 998: 20, -36, 1022 steps; 19, -35, 998; each divided by 1.024
+  #: The phone lies on the desk:
   send     acct=2
   expect   ACCT:18.554688,-34.179688,974.609375,OK
   # 512, -257 and 819 steps; 500, -250, 799
@@ -119,6 +138,7 @@ an offset is rounded to its step, cut at 127, and must be a number
 the self test passes on a good phone, and leaves its registers in use
   send     acct=1
   expect   ACCT: ,OK
+  #:
   send     acct=5
   expect   ACCT:0x0,OK
   phone    i2c 5 18 20            -> 05

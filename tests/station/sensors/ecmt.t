@@ -1,4 +1,11 @@
-# ecmt drives the compass. A reading is the chip's value, corrected by its sensitivities: in steps of 0.6 microtesla.
+#: Drives the compass. A reading is the chip's value, corrected by its sensitivities, in steps of 0.6 microtesla.
+#: ecmt=1 | starts it; that it isn't there is told by the readings. Answers with an empty line
+#: ecmt | stops it, as `ecmt=0` does
+#: ecmt=2 | the field along x, y and z; `ERROR` without a line when none came, or it is too strong
+#: ecmt=5 | measures the chip's own coil: good is -100 to 100 for x and y, -1000 to -300 for z. Three times 32766 is an
+#:   interrupt line that doesn't behave, 32767 a measurement that didn't come; 0,0,0 when not started
+#: ecmt=6 | the temperature, 0.0 on this chip
+#: Another action is `ERROR` without a line.
 
 a reading of the field, started and stopped
   conf     tremble off
@@ -10,6 +17,7 @@ a reading of the field, started and stopped
   expect   ECMT:,OK
   # 21 uT are 35 steps; the chip, 44 / 256 less sensitive, gives 30; 30 * 44 / 256 = 5.2. So -18 and 46: -3; -60 and
   # 35: -8
+  #:
   send     ecmt=2
   expect   ECMT:35,-21,-68,OK
   phone    i2c 5 0C 03            -> 1E
@@ -76,6 +84,7 @@ the self test shows the coil's field on a good phone, and what is broken
   send     ecmt=1
   expect   ECMT:,OK
   # 12.6, -20.4 and -307.2 uT: 18, -29 and -450, corrected by 3, -5 and -62
+  #:
   send     ecmt=5
   expect   ECMT:21,-34,-512,OK
   phone    i2c 5 0C 0C            -> 40

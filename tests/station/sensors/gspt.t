@@ -1,4 +1,19 @@
-# gspt drives the gyroscope.
+#: Drives the gyroscope.
+#: gspt=1 | starts the sensor with the stored offsets, or with none. Answers with one blank
+#: gspt=0 | stops it
+#: gspt=2 | how fast the phone turns about x, y and z, degrees a second; not started is `ERROR`
+#: gspt=3 | the chip's id, 0xf; 0x0 when not started
+#: gspt=4,X,Y,Z | stores a wanted correction, in degrees a second, steps of 0.061, with its sign changed; it counts from
+#:   the next start on. `SYNTAX` unless there are three numbers
+#: gspt=5 | the self test: 0x0, or the sum of what is broken. 1 and 2 the interrupt lines, 4 the rate; 0xff when not
+#:   started. The offsets are gone behind it until the next start
+#: gspt=6 | the offsets in force, degrees a second
+#: gspt=7 | the temperature in degrees; 0.000 when not started
+#: gspt=32 | copies the chip's memory into its unit, which takes 2.4 s: 0x1. A chip of another id, or not started, is
+#:   `ERROR`
+#: gspt=8 | no effect on this phone but `ERROR`; neither have `gspt=2,1` and `gspt=7` with a value
+#: What fails is `ERROR` behind one blank; another action is `SYNTAX`. Values that an action has no use for are passed
+#: over.
 
 a reading of how the phone turns, started and stopped
   conf     tremble off
@@ -16,6 +31,7 @@ a reading of how the phone turns, started and stopped
   expect   GSPT:0xf,OK
   # 262.4 steps a degree a second: 2624, -5379 and 66 of them
   phone    turn 10 -20.5 0.25
+  #:
   send     gspt=2
   expect   GSPT:10.000000,-20.499238,0.251524,OK
   # 32767 and -32768
@@ -120,6 +136,7 @@ the self test passes on a good phone, and names what is broken
   expect   GSPT:0xff,OK
   send     gspt=1
   expect   GSPT: ,OK
+  #:
   send     gspt=5
   expect   GSPT:0x0,OK
   # the last reset has taken the offsets

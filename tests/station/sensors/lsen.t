@@ -1,7 +1,14 @@
-# lsen drives the light half of the light and proximity chip.
+#: Drives the ambient light sensor, one half of the light and proximity chip.
+#: lsen=1,TIME | starts the sensor if it isn't, and reads it: counts, `0x2CA`. TIME, 0 to 5000 ms, has no effect. A
+#:   sensor that can't be started is `ERROR` behind `start errno 0 `, as is a third value other than 0
+#: lsen=3[,GAIN] | the same, and sets GAIN first: 0 to 5 are 0.16, 1, 1.28, 8, 16 and 120. What can't be read is 0x0
+#: lsen=0 | stops the sensor, and with it the proximity half. Answers with one blank
+#: lsen?A[,B] | gives the values back
+#: Another form is `SYNTAX` without a line. The last of `lsen` and `proxs` to start the chip rules its registers.
 
 the light on the panel, in counts
   # 180 lx * 2.73 ms * 37 cycles / 25.48 = 713.6
+  #:
   send     lsen=1,0
   expect   LSEN:0x2CA,OK
   phone    light 50.5
@@ -41,6 +48,7 @@ six gains, from 0.16 to 120
   phone    i2c 5 39 0D            -> 04
   send     lsen=3,1
   expect   LSEN:0x2CA,OK
+  #:
   send     lsen=3,2
   expect   LSEN:0x391,OK
   phone    i2c 5 39 0F            -> 01

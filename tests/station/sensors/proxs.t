@@ -1,4 +1,12 @@
-# proxs drives the proximity half of the light and proximity chip.
+#: Drives the proximity sensor, the other half of the light and proximity chip.
+#: proxs=0 | starts the sensor. Answers with one blank
+#: proxs=1 | the reading in counts, started or not: `0x0025` with nothing near
+#: proxs=2 | the reading if something is near, by the chip's line; `ERROR` if nothing is, or not started
+#: proxs=3[,LOW[,HIGH[,PULSES[,GAIN[,DRIVE]]]]] | sets the thresholds beyond which something counts as near (0 to 65535
+#:   counts), the pulses (0 to 255), the gain (0 to 3 are 1, 2, 4 and 8) and the drive (0 to 3 are 100, 50, 25 and
+#:   12.5 mA, 4 to 7 a ninth of them); a gain or drive beyond has no effect. Then whether something is near, 1 or 0, and
+#:   the reading
+#: What fails is `ERROR` behind one blank; another action is `SYNTAX`.
 
 the reading, before and behind a start
   send     proxs=1
@@ -59,6 +67,7 @@ thresholds, pulses, gain and drive
   expect   PROXS: ,OK
   phone    near 150
   # from 100 to 200
+  #: A card is 150 mm away:
   send     proxs=3,100,200
   expect   PROXS:1,0x010C,OK
   phone    i2c 5 39 08            -> 64

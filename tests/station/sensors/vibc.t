@@ -1,16 +1,24 @@
-# vibc switches the vibration motor.
+#: Switches the vibration motor.
+#: vibc=1 | on, at 3000 mV
+#: vibc=1,MOTOR[,LEVEL] | on, at LEVEL mV, of which four characters count; -1 is 3000 mV. The phone has one motor,
+#:   whatever MOTOR says
+#: vibc=0 | off
+#: Answers with one blank; a motor that can't be switched is told in words, with `ERROR`. Another form is `SYNTAX`
+#: without a line.
 
 on at 3000 mV, at a level, and off
   file     /sys/hvt/hvt-vib/vib -> 0\n
   send     vibc=1
   expect   VIBC: ,OK
   file     /sys/hvt/hvt-vib/vib -> 3000
+  #:
   send     vibc=0
   expect   VIBC: ,OK
   file     /sys/hvt/hvt-vib/vib -> 0
   send     vibc=1,1
   expect   VIBC: ,OK
   file     /sys/hvt/hvt-vib/vib -> 3000
+  #:
   send     vibc=1,2,2500
   expect   VIBC: ,OK
   file     /sys/hvt/hvt-vib/vib -> 2500

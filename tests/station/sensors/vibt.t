@@ -1,5 +1,11 @@
-# vibt measures the vibration motor on a thread of its own and reports later. This product has no driver that
-# captures, so each measurement runs the motor and fails.
+#: Measures the vibration motor on a thread of its own, which reports later: `VIBT:`, a text with a line feed, the line
+#: term, no status. This product has nothing to measure with: each measurement runs the motor and fails.
+#: vibt=1[,LEVEL] | one measurement at LEVEL mV, -1 (3000 mV) unless given; 0 leaves the motor as it is
+#: vibt=2[,LEVEL] | measures again and again, half a second between
+#: vibt=3 | stops that, behind the measurement that runs
+#: vibt=4 | the last measurement that succeeded: frequency in Hz and the amplitudes of x, y and z; zeros before the first
+#: `vibt=1` and `vibt=2` answer at once, without a line. A test that is still at work, or none to stop, is `ERROR`, as is
+#: any other form.
 
 one measurement answers at once and reports when it is done
   phone    clock hold
@@ -19,6 +25,7 @@ one measurement answers at once and reports when it is done
   phone    clock +1
   read     VIBT:viberator test FAILED!\n,
   file     /sys/hvt/hvt-vib/vib -> 0
+  #:
   send     vibt=4
   expect   VIBT:freq=0.000000      amplX=0.000000       amplY=0.000000       amplZ=0.000000,OK
   send     vibt=1,2000
