@@ -7,6 +7,7 @@
 #include <mutex>
 #include <pthread.h>
 
+#include "core/core.h"
 #include "plat/plat.h"
 #include "tmr/tmr.h"
 
@@ -90,13 +91,6 @@ void run()
     vibr_measure_exit();
 }
 
-void* vibr_test_worker(void*)
-{
-    run();
-    worker_at_work = false;
-    return nullptr;
-}
-
 // Before the thread is there, so that none is without a handler for the signal that stops it.
 void take_signal()
 {
@@ -119,6 +113,23 @@ void join()
 {
     pthread_join(worker, nullptr);
     leave_worker();
+}
+
+// One measurement has no one who stops it: its thread is joined by the loop, or by the next start if that is
+// first.
+void join_ended(void*, void*)
+{
+    const std::lock_guard lock(test_mutex);
+    if (worker_mode == VIBR_ONCE && !worker_at_work)
+        join();
+}
+
+void* vibr_test_worker(void*)
+{
+    run();
+    worker_at_work = false;
+    core_dfc(join_ended, nullptr, nullptr, 0);
+    return nullptr;
 }
 
 // A repeating test that has ended by itself counts as running until somebody stops it.

@@ -120,9 +120,12 @@ a motor that can't be switched fails the measurement at once
   conf     without /sys/hvt/hvt-vib/vib
   strange  any
   phone    clock hold
+  # so that the answer comes before the report
+  phone    fail open /system/hvtdebug/vibt_result.txt slow 10
   send     vibt=1
   expect   OK
   phone    idle
+  phone    clock +10
   read     VIBT:viberator test FAILED!\n,
 
 the reports of a test that the menu started don't go to the station
@@ -135,6 +138,8 @@ the reports of a test that the menu started don't go to the station
   phone    clock +140
   phone    idle
   file     /data/out -> OK|nil
+  phone    clock +20
+  phone    idle
   file     /sys/hvt/hvt-vib/vib -> 0
 
 lines that are none, and the help
