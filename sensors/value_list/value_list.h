@@ -1,5 +1,5 @@
-// A list of further values, of a command whose format ends in "%t": numbers behind commas, in any count. Blanks and
-// empty items don't count. An item is a number when it begins with one.
+// A list of further values, of a command whose format ends in "%t": numbers behind commas, in any count.
+// Blanks and empty items don't count. An item is a number when it begins with one.
 #pragma once
 
 constexpr int VALUE_LIST_MAX = 1024;

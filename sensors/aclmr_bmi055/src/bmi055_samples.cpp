@@ -8,12 +8,12 @@
 
 namespace {
 
-constexpr std::uint8_t reg_queue_mode = 0x3E;
-constexpr std::uint8_t reg_queue = 0x3F;
-constexpr std::uint8_t queue_xyz = 0x40;
+constexpr std::uint8_t REG_QUEUE_MODE = 0x3E;
+constexpr std::uint8_t REG_QUEUE = 0x3F;
+constexpr std::uint8_t QUEUE_XYZ = 0x40;
 
-constexpr std::uint32_t longest_wait_us = 1000000;
-constexpr std::uint32_t us_per_unit = 100;
+constexpr std::uint32_t LONGEST_WAIT_US = 1000000;
+constexpr std::uint32_t US_PER_UNIT = 100;
 
 struct sample {
     float x;
@@ -57,7 +57,7 @@ bool next_sample(const i2c_handle* p_hnd, sample* p_out)
 bool wait_for_sample(const i2c_handle* p_hnd, std::uint32_t last, sample* p_out)
 {
     for (;;) {
-        const bool late = tmr_get() - last > longest_wait_us;
+        const bool late = tmr_get() - last > LONGEST_WAIT_US;
         if (next_sample(p_hnd, p_out))
             return true;
         if (late)
@@ -67,8 +67,8 @@ bool wait_for_sample(const i2c_handle* p_hnd, std::uint32_t last, sample* p_out)
 
 std::int16_t elapsed(std::uint32_t now, std::uint32_t last)
 {
-    const auto now_units = static_cast<std::uint16_t>(now / us_per_unit);
-    const auto last_units = static_cast<std::uint16_t>(last / us_per_unit);
+    const auto now_units = static_cast<std::uint16_t>(now / US_PER_UNIT);
+    const auto last_units = static_cast<std::uint16_t>(last / US_PER_UNIT);
     return static_cast<std::int16_t>(now_units - last_units);
 }
 
@@ -86,8 +86,8 @@ float bmi055_float_8g(std::uint8_t msb, std::uint8_t lsb)
 
 int bmi055_samples(const i2c_handle* p_hnd, int count, char* text)
 {
-    i2c_write_reg8(p_hnd, reg_queue_mode, queue_xyz);
-    i2c_write(p_hnd, &reg_queue, 1);
+    i2c_write_reg8(p_hnd, REG_QUEUE_MODE, QUEUE_XYZ);
+    i2c_write(p_hnd, &REG_QUEUE, 1);
     *text = '\0';
     std::uint32_t last = tmr_get();
     for (int i = 0; i < count; i++) {

@@ -12,11 +12,11 @@ constexpr std::uint8_t als_table[] = { // registers 0x80 to 0x8F; the first is w
     0x00, 0x00, 0x00, 0x00, 0x22, 0x00, 0x00, 0x00,
 };
 
-constexpr std::uint8_t reg_enable        = 0x80;
-constexpr std::uint8_t reg_config        = 0x8D;   // divides the gain
-constexpr std::uint8_t reg_gain          = 0x8F;
-constexpr std::uint8_t command_increment = 0xA0;
-constexpr std::uint8_t value_light       = 20;     // register of the low byte
+constexpr std::uint8_t REG_ENABLE        = 0x80;
+constexpr std::uint8_t REG_CONFIG        = 0x8D;   // divides the gain
+constexpr std::uint8_t REG_GAIN          = 0x8F;
+constexpr std::uint8_t COMMAND_INCREMENT = 0xA0;
+constexpr std::uint8_t VALUE_LIGHT       = 20;     // register of the low byte
 
 struct gain_row {
     std::uint8_t again;
@@ -35,8 +35,8 @@ constexpr gain_row gains[] = {
 // clang-format on
 static_assert(sizeof gains / sizeof gains[0] == ALS_MOST_GAIN + 1);
 
-constexpr std::uint32_t delay_ms = 100;
-constexpr std::uint32_t kind_light = 15;
+constexpr std::uint32_t DELAY_MS = 100;
+constexpr std::uint32_t KIND_LIGHT = 15;
 
 bool als_started;
 i2c_handle als_i2c_hnd;
@@ -53,7 +53,7 @@ int apds_9930_reg_rd_data(std::uint8_t reg, std::uint8_t* p_value)
     *p_value = 0;
     if (i2c_open(&hnd, "apds_9930-als", 0, 0) < 0)
         return 0;
-    tmr_msleep(delay_ms);
+    tmr_msleep(DELAY_MS);
     const int result = i2c_read_reg8(&hnd, reg, p_value);
     i2c_close(&hnd);
     return result >= 0 ? 1 : 0;
@@ -62,8 +62,8 @@ int apds_9930_reg_rd_data(std::uint8_t reg, std::uint8_t* p_value)
 int als_value_rd16(std::uint8_t value, std::uint32_t* p_out)
 {
     std::uint8_t bytes[2];
-    tmr_msleep(delay_ms);
-    if (i2c_read_regs(&als_i2c_hnd, value | command_increment, bytes, sizeof bytes) < 0)
+    tmr_msleep(DELAY_MS);
+    if (i2c_read_regs(&als_i2c_hnd, value | COMMAND_INCREMENT, bytes, sizeof bytes) < 0)
         return 0;
     *p_out = bytes[0] | static_cast<std::uint32_t>(bytes[1]) << 8;
     return 1;
@@ -76,10 +76,10 @@ int als_apds_9930_start()
     if (i2c_open(&als_i2c_hnd, "apds_9930-als", 0, 0) < 0)
         return 0;
     als_started = true;
-    tmr_msleep(delay_ms);
+    tmr_msleep(DELAY_MS);
     for (unsigned i = 1; i < sizeof als_table; i++)
-        apds_9930_reg_wr_data(static_cast<std::uint8_t>(reg_enable + i), als_table[i]);
-    apds_9930_reg_wr_data(reg_enable, als_table[0]);
+        apds_9930_reg_wr_data(static_cast<std::uint8_t>(REG_ENABLE + i), als_table[i]);
+    apds_9930_reg_wr_data(REG_ENABLE, als_table[0]);
     return 1;
 }
 
@@ -87,7 +87,7 @@ int als_apds_9930_stop()
 {
     if (!als_started)
         return 1;
-    apds_9930_reg_wr_data(reg_enable, 0);
+    apds_9930_reg_wr_data(REG_ENABLE, 0);
     i2c_close(&als_i2c_hnd);
     als_started = false;
     return 1;
@@ -98,8 +98,8 @@ std::uint32_t als_apds_9930_get(std::uint32_t)
     std::uint32_t counts = 0;
     if (!als_started)
         return 0;
-    tmr_msleep(delay_ms);
-    als_value_rd16(value_light, &counts);
+    tmr_msleep(DELAY_MS);
+    als_value_rd16(VALUE_LIGHT, &counts);
     return counts;
 }
 
@@ -111,17 +111,17 @@ int als_apds_9930_get_resistor()
 // From a high gain the gain itself changes first, from a low one its divider.
 int als_apds_9930_set_resistor(std::uint32_t kind, std::uint32_t gain, std::uint32_t)
 {
-    if (!als_started || kind != kind_light || gain > ALS_MOST_GAIN)
+    if (!als_started || kind != KIND_LIGHT || gain > ALS_MOST_GAIN)
         return 0;
     const gain_row& row = gains[gain];
     std::uint8_t old;
-    apds_9930_reg_rd_data(reg_gain, &old);
+    apds_9930_reg_rd_data(REG_GAIN, &old);
     if (old == 2 || old == 3) {
-        apds_9930_reg_wr_data(reg_gain, row.again);
-        apds_9930_reg_wr_data(reg_config, row.agl);
+        apds_9930_reg_wr_data(REG_GAIN, row.again);
+        apds_9930_reg_wr_data(REG_CONFIG, row.agl);
     } else {
-        apds_9930_reg_wr_data(reg_config, row.agl);
-        apds_9930_reg_wr_data(reg_gain, row.again);
+        apds_9930_reg_wr_data(REG_CONFIG, row.agl);
+        apds_9930_reg_wr_data(REG_GAIN, row.again);
     }
     return 1;
 }

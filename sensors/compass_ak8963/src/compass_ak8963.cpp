@@ -13,22 +13,22 @@
 namespace {
 
 // clang-format off
-constexpr std::uint8_t reg_who       = 0x00;
-constexpr std::uint8_t reg_status_1  = 0x02;
-constexpr std::uint8_t reg_data      = 0x03;   // x, y, z: low and high byte
-constexpr std::uint8_t reg_status_2  = 0x09;
-constexpr std::uint8_t reg_mode      = 0x0A;
-constexpr std::uint8_t reg_self_test = 0x0C;
-constexpr std::uint8_t reg_asa       = 0x10;   // sensitivities of x, y, z
+constexpr std::uint8_t REG_WHO       = 0x00;
+constexpr std::uint8_t REG_STATUS_1  = 0x02;
+constexpr std::uint8_t REG_DATA      = 0x03;   // x, y, z: low and high byte
+constexpr std::uint8_t REG_STATUS_2  = 0x09;
+constexpr std::uint8_t REG_MODE      = 0x0A;
+constexpr std::uint8_t REG_SELF_TEST = 0x0C;
+constexpr std::uint8_t REG_ASA       = 0x10;   // sensitivities of x, y, z
 
-constexpr std::uint8_t who_it_is     = 0x48;
-constexpr std::uint8_t mode_off      = 0;
-constexpr std::uint8_t mode_once     = 1;
-constexpr std::uint8_t mode_test     = 8;
-constexpr std::uint8_t mode_fuse     = 15;
-constexpr std::uint8_t coil_on       = 0x40;
-constexpr std::uint8_t data_ready    = 0x01;
-constexpr std::uint8_t overflow      = 0x08;
+constexpr std::uint8_t WHO_IT_IS     = 0x48;
+constexpr std::uint8_t MODE_OFF      = 0;
+constexpr std::uint8_t MODE_ONCE     = 1;
+constexpr std::uint8_t MODE_TEST     = 8;
+constexpr std::uint8_t MODE_FUSE     = 15;
+constexpr std::uint8_t COIL_ON       = 0x40;
+constexpr std::uint8_t DATA_READY    = 0x01;
+constexpr std::uint8_t OVERFLOW      = 0x08;
 // clang-format on
 
 struct axis_limits {
@@ -68,14 +68,14 @@ void compass_ak8963_start()
 {
     if (compass_started || i2c_open(&compass_i2c_hnd, "ak8963", 0, 0) < 0)
         return;
-    if (read_reg(reg_who) != who_it_is) {
+    if (read_reg(REG_WHO) != WHO_IT_IS) {
         i2c_close(&compass_i2c_hnd);
         return;
     }
     compass_limit = compass_ak8963_limit;
-    write_reg(reg_mode, mode_fuse);
-    asa_regs = read_regs<3>(reg_asa);
-    write_reg(reg_mode, mode_off);
+    write_reg(REG_MODE, MODE_FUSE);
+    asa_regs = read_regs<3>(REG_ASA);
+    write_reg(REG_MODE, MODE_OFF);
     tmr_usleep(100);
     compass_started = true;
 }
@@ -90,10 +90,10 @@ void compass_ak8963_stop()
 
 bool wait_for_data()
 {
-    constexpr int most_turns = 5;
-    for (int turn = 0; turn < most_turns; turn++) {
+    constexpr int MOST_TURNS = 5;
+    for (int turn = 0; turn < MOST_TURNS; turn++) {
         tmr_msleep(10);
-        if ((read_reg(reg_status_1) & data_ready) != 0)
+        if ((read_reg(REG_STATUS_1) & DATA_READY) != 0)
             return true;
     }
     return false;
@@ -109,8 +109,8 @@ int compass_ak8963_read_data(compass_reading reading)
 {
     if (!wait_for_data())
         return 0;
-    const auto bytes = read_regs<6>(reg_data);
-    if ((read_reg(reg_status_2) & overflow) != 0)
+    const auto bytes = read_regs<6>(REG_DATA);
+    if ((read_reg(REG_STATUS_2) & OVERFLOW) != 0)
         return 0;
     for (std::size_t axis = 0; axis < 3; axis++) {
         const auto value = static_cast<std::int16_t>(bytes[2 * axis] | bytes[2 * axis + 1] << 8);
@@ -123,7 +123,7 @@ int compass_ak8963_get(compass_reading reading)
 {
     if (!compass_started)
         return 0;
-    write_reg(reg_mode, mode_once);
+    write_reg(REG_MODE, MODE_ONCE);
     return compass_ak8963_read_data(reading);
 }
 
@@ -146,19 +146,19 @@ int compass_ak8963_selftest(compass_reading reading)
 {
     if (!compass_started)
         return test_result(reading, 0);
-    write_reg(reg_mode, mode_off);
+    write_reg(REG_MODE, MODE_OFF);
     if (pin_in_get(PIN_IN_COMPASS_READY) != PIN_INACTIVE)
         return test_result(reading, COMPASS_BAD_LINE);
-    read_reg(reg_status_1);
-    write_reg(reg_mode, mode_once);
+    read_reg(REG_STATUS_1);
+    write_reg(REG_MODE, MODE_ONCE);
     if (!wait_for_data())
         return test_result(reading, COMPASS_NO_DATA);
     if (pin_in_get(PIN_IN_COMPASS_READY) != PIN_ACTIVE)
         return test_result(reading, COMPASS_BAD_LINE);
-    read_reg(reg_status_2); // takes the line back
-    read_reg(reg_status_1);
-    write_reg(reg_self_test, coil_on);
-    write_reg(reg_mode, mode_test);
+    read_reg(REG_STATUS_2); // takes the line back
+    read_reg(REG_STATUS_1);
+    write_reg(REG_SELF_TEST, COIL_ON);
+    write_reg(REG_MODE, MODE_TEST);
     if (compass_ak8963_read_data(reading) == 0)
         return test_result(reading, COMPASS_NO_DATA);
     return within_limits(reading);

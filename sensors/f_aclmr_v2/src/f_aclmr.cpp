@@ -176,7 +176,7 @@ int do_aclmr_acct(int id, int action, int argc, const dcp_word* argv)
 constexpr dcp_cmd f_aclmr_cmd_tab[] = {
     { "acct", "[(0-9),(float),(float),(float)],[(10),(1-1000),(2->),(1-8)]", "%v,%t", "acct(act)", do_aclmr_acct,
       DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

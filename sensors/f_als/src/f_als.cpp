@@ -83,7 +83,7 @@ int do_als_lsen(int id, int action, int argc, const dcp_word* argv)
 constexpr dcp_cmd f_als_cmd_tab[] = {
     { "lsen", "(0-3)[,(0x0-0x1388),(0x00-0xff)]", "%v,%v,%v", "test(act,[<time(msec)>/<gain>])", do_als_lsen,
       DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

@@ -67,7 +67,7 @@ int do_compass_ecmt(int id, int action, int argc, const dcp_word* argv)
 // clang-format off
 constexpr dcp_cmd f_compass_cmd_tab[] = {
     { "ecmt", "(0-6)", "%v", "test(act)", do_compass_ecmt, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

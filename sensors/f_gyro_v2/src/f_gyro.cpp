@@ -45,9 +45,9 @@ int answer_hex(int id, int value)
 // The first of one to three values; 0 when there are none, or more.
 float first_value(const value_list& list)
 {
-    constexpr int most = 3;
+    constexpr int MOST = 3;
     float first;
-    return list.count <= most && value_list_float(&list, 0, &first) ? first : 0;
+    return list.count <= MOST && value_list_float(&list, 0, &first) ? first : 0;
 }
 
 int gspt_stop(int id, const value_list&)
@@ -153,7 +153,7 @@ int do_gyro_gspt(int id, int action, int argc, const dcp_word* argv)
 // clang-format off
 constexpr dcp_cmd f_gyro_cmd_tab[] = {
     { "gspt", "(0-8,0x20),(float),(float),(float)", "%v,%t", "gspt(act)", do_gyro_gspt, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

@@ -28,8 +28,8 @@ int proxs_adc(int id, int, const dcp_word*)
 
 int proxs_near(int id, int argc, const dcp_word* argv)
 {
-    constexpr int most_values = 5;
-    if (argc > most_values)
+    constexpr int MOST_VALUES = 5;
+    if (argc > MOST_VALUES)
         return answer_blank(id, DCP_SYNTAX);
     for (int i = 1; i < argc; i++)
         prx_set_reg(i - 1, dcp_uint(argv[i])); // settings of other chips
@@ -42,8 +42,8 @@ int proxs_near(int id, int argc, const dcp_word* argv)
 
 int proxs_set(int id, int argc, const dcp_word* argv)
 {
-    constexpr int most_values = 6;
-    if (argc > most_values)
+    constexpr int MOST_VALUES = 6;
+    if (argc > MOST_VALUES)
         return answer_blank(id, DCP_SYNTAX);
     for (int i = argc - 1; i >= 1; i--)
         prx_set_reg(PRX_LOW_THRESHOLD + i - 1, dcp_uint(argv[i]));
@@ -71,7 +71,7 @@ int do_prox_sensor(int id, int action, int argc, const dcp_word* argv)
 constexpr dcp_cmd f_prox_cmd_tab[] = {
     { "proxs", "(0-3)[,(0-0xFFFF),(0-0xFFFF),(0-0xFF),(0-0x3),(0-0xF)]", "%d,%v,%v,%v,%v,%v",
       "test(act,p1,p2,p3,p4,p5,p6)", do_prox_sensor, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

@@ -104,7 +104,7 @@ constexpr dcp_cmd f_vibrator_cmd_tab[] = {
     // name    range                             format      label        handler  group
     { "vibc", "(0-1)[(1-2)[,(-6320-6320)]]",    "%v,%v,%v", "vibc()",    do_vibc, DCP_GRP_PRODUCTION },
     { "vibt", "(1-4)[,(0-65535)]",              "%d,%d",    "vibr test", do_vibt, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

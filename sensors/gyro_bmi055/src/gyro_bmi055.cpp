@@ -12,43 +12,43 @@
 namespace {
 
 // clang-format off
-constexpr std::uint8_t reg_chip_id   = 0x00;
-constexpr std::uint8_t reg_x         = 0x02;   // low and high byte; y and z follow
-constexpr std::uint8_t reg_temp      = 0x08;
-constexpr std::uint8_t reg_range     = 0x0F;
-constexpr std::uint8_t reg_bandwidth = 0x10;
-constexpr std::uint8_t reg_power_1   = 0x11;
-constexpr std::uint8_t reg_power_2   = 0x12;
-constexpr std::uint8_t reg_reset     = 0x14;
-constexpr std::uint8_t reg_interrupt = 0x16;
-constexpr std::uint8_t reg_memory    = 0x35;
-constexpr std::uint8_t reg_offset    = 0x36;   // five
-constexpr std::uint8_t reg_self_test = 0x3C;
-constexpr std::uint8_t reg_dsp       = 0x7D;   // behind a key
+constexpr std::uint8_t REG_CHIP_ID   = 0x00;
+constexpr std::uint8_t REG_X         = 0x02;   // low and high byte; y and z follow
+constexpr std::uint8_t REG_TEMP      = 0x08;
+constexpr std::uint8_t REG_RANGE     = 0x0F;
+constexpr std::uint8_t REG_BANDWIDTH = 0x10;
+constexpr std::uint8_t REG_POWER_1   = 0x11;
+constexpr std::uint8_t REG_POWER_2   = 0x12;
+constexpr std::uint8_t REG_RESET     = 0x14;
+constexpr std::uint8_t REG_INTERRUPT = 0x16;
+constexpr std::uint8_t REG_MEMORY    = 0x35;
+constexpr std::uint8_t REG_OFFSET    = 0x36;   // five
+constexpr std::uint8_t REG_SELF_TEST = 0x3C;
+constexpr std::uint8_t REG_DSP       = 0x7D;   // behind a key
 
-constexpr std::uint8_t range_use     = 4;
-constexpr std::uint8_t bandwidth_use = 5;
-constexpr std::uint8_t lines_low     = 0;      // active low: at rest they are high
-constexpr std::uint8_t lines_high    = 5;
-constexpr std::uint8_t deep_suspend  = 0x20;
-constexpr std::uint8_t reset_key     = 0xB6;
-constexpr std::uint8_t memory_close  = 0x0A;
-constexpr std::uint8_t control_open  = 0xCA;   // twice: the signal processor's control register
-constexpr std::uint8_t memory_open   = 0x8A;   // twice
-constexpr std::uint8_t dsp_off       = 0x10;
-constexpr int          bmi055_id     = 0x0F;
+constexpr std::uint8_t RANGE_USE     = 4;
+constexpr std::uint8_t BANDWIDTH_USE = 5;
+constexpr std::uint8_t LINES_LOW     = 0;      // active low: at rest they are high
+constexpr std::uint8_t LINES_HIGH    = 5;
+constexpr std::uint8_t DEEP_SUSPEND  = 0x20;
+constexpr std::uint8_t RESET_KEY     = 0xB6;
+constexpr std::uint8_t MEMORY_CLOSE  = 0x0A;
+constexpr std::uint8_t CONTROL_OPEN  = 0xCA;   // twice: the signal processor's control register
+constexpr std::uint8_t MEMORY_OPEN   = 0x8A;   // twice
+constexpr std::uint8_t DSP_OFF       = 0x10;
+constexpr int          BMI055_ID     = 0x0F;
 
-constexpr std::uint8_t test_start    = 0x01;
-constexpr std::uint8_t test_ready    = 0x02;
-constexpr std::uint8_t test_bad      = 0x04;
-constexpr std::uint8_t rate_ok       = 0x10;
+constexpr std::uint8_t TEST_START    = 0x01;
+constexpr std::uint8_t TEST_READY    = 0x02;
+constexpr std::uint8_t TEST_BAD      = 0x04;
+constexpr std::uint8_t RATE_OK       = 0x10;
 
-constexpr unsigned line_1 = 66;
-constexpr unsigned line_2 = 75;
+constexpr unsigned LINE_1 = 66;
+constexpr unsigned LINE_2 = 75;
 
-constexpr int failed_line_1 = 1;
-constexpr int failed_line_2 = 2;
-constexpr int failed_rate   = 4;
+constexpr int FAILED_LINE_1 = 1;
+constexpr int FAILED_LINE_2 = 2;
+constexpr int FAILED_RATE   = 4;
 
 struct memory_part {
     std::uint8_t first;
@@ -61,11 +61,11 @@ constexpr memory_part memory_parts[] = {
 };
 // clang-format on
 
-constexpr std::size_t memory_size = 58;
+constexpr std::size_t MEMORY_SIZE = 58;
 using offset_bytes = std::array<std::uint8_t, GYRO_BMI055_OFFSET_BYTES>;
 
-constexpr double steps_per_degree = 262.4;
-constexpr int most_turns = 100;
+constexpr double STEPS_PER_DEGREE = 262.4;
+constexpr int MOST_TURNS = 100;
 
 bool gyro_started;
 i2c_handle gyro_i2c_hnd;
@@ -85,7 +85,7 @@ std::uint8_t read_reg(std::uint8_t reg)
 
 void soft_reset()
 {
-    write_reg(reg_reset, reset_key);
+    write_reg(REG_RESET, RESET_KEY);
     tmr_msleep(50);
 }
 
@@ -103,12 +103,12 @@ void gyro_bmi055_start()
     if (gyro_started || i2c_open(&gyro_i2c_hnd, "bmi055-gyro", 0, 0) < 0)
         return;
     soft_reset();
-    write_reg(reg_range, range_use);
-    write_reg(reg_bandwidth, bandwidth_use);
-    write_reg(reg_interrupt, lines_high);
+    write_reg(REG_RANGE, RANGE_USE);
+    write_reg(REG_BANDWIDTH, BANDWIDTH_USE);
+    write_reg(REG_INTERRUPT, LINES_HIGH);
     const offset_bytes bytes = stored_offsets();
     for (std::size_t i = 0; i < bytes.size(); i++) {
-        write_reg(static_cast<std::uint8_t>(reg_offset + i), bytes[i]);
+        write_reg(static_cast<std::uint8_t>(REG_OFFSET + i), bytes[i]);
         if (i + 1 < bytes.size())
             tmr_msleep(10);
     }
@@ -119,14 +119,14 @@ void gyro_bmi055_stop()
 {
     if (!gyro_started)
         return;
-    write_reg(reg_power_1, deep_suspend);
+    write_reg(REG_POWER_1, DEEP_SUSPEND);
     i2c_close(&gyro_i2c_hnd);
     gyro_started = false;
 }
 
 int gyro_bmi055_chip_id()
 {
-    return gyro_started ? read_reg(reg_chip_id) : 0;
+    return gyro_started ? read_reg(REG_CHIP_ID) : 0;
 }
 
 int gyro_bmi055_get(gyro_rate rate)
@@ -134,10 +134,10 @@ int gyro_bmi055_get(gyro_rate rate)
     if (!gyro_started)
         return 0;
     for (unsigned axis = 0; axis < 3; axis++) {
-        const auto reg = static_cast<std::uint8_t>(reg_x + 2 * axis);
+        const auto reg = static_cast<std::uint8_t>(REG_X + 2 * axis);
         const unsigned lsb = read_reg(reg);
         const unsigned msb = read_reg(static_cast<std::uint8_t>(reg + 1));
-        rate[axis] = static_cast<std::int16_t>(msb << 8 | lsb) / steps_per_degree;
+        rate[axis] = static_cast<std::int16_t>(msb << 8 | lsb) / STEPS_PER_DEGREE;
     }
     return 1;
 }
@@ -146,7 +146,7 @@ float gyro_bmi055_get_temp()
 {
     if (!gyro_started)
         return 0;
-    const auto steps = static_cast<std::int8_t>(read_reg(reg_temp));
+    const auto steps = static_cast<std::int8_t>(read_reg(REG_TEMP));
     return static_cast<float>(steps - 2) * 0.5F + 25.0F;
 }
 
@@ -156,7 +156,7 @@ int gyro_bmi055_get_offset(gyro_offset offset)
         return 0;
     offset_bytes bytes;
     for (std::size_t i = 0; i < bytes.size(); i++)
-        bytes[i] = read_reg(static_cast<std::uint8_t>(reg_offset + i));
+        bytes[i] = read_reg(static_cast<std::uint8_t>(REG_OFFSET + i));
     gyro_bmi055_unpack(bytes.data(), offset);
     return 1;
 }
@@ -173,30 +173,30 @@ int test_lines()
 {
     int failed = 0;
     const auto look = [&failed](int level) {
-        if (gpio_linux_rd(line_1) != level)
-            failed |= failed_line_1;
-        if (gpio_linux_rd(line_2) != level)
-            failed |= failed_line_2;
+        if (gpio_linux_rd(LINE_1) != level)
+            failed |= FAILED_LINE_1;
+        if (gpio_linux_rd(LINE_2) != level)
+            failed |= FAILED_LINE_2;
     };
-    write_reg(reg_interrupt, lines_low);
+    write_reg(REG_INTERRUPT, LINES_LOW);
     look(1);
-    write_reg(reg_interrupt, lines_high);
+    write_reg(REG_INTERRUPT, LINES_HIGH);
     look(0);
     return failed;
 }
 
 int test_rate()
 {
-    int failed = (read_reg(reg_self_test) & rate_ok) == 0 ? failed_rate : 0;
+    int failed = (read_reg(REG_SELF_TEST) & RATE_OK) == 0 ? FAILED_RATE : 0;
     tmr_msleep(10);
-    write_reg(reg_self_test, test_start);
-    for (int turn = 0; turn < most_turns; turn++) {
-        const std::uint8_t state = read_reg(reg_self_test);
-        if ((state & test_ready) != 0)
-            return (state & test_bad) != 0 ? failed | failed_rate : failed;
+    write_reg(REG_SELF_TEST, TEST_START);
+    for (int turn = 0; turn < MOST_TURNS; turn++) {
+        const std::uint8_t state = read_reg(REG_SELF_TEST);
+        if ((state & TEST_READY) != 0)
+            return (state & TEST_BAD) != 0 ? failed | FAILED_RATE : failed;
         tmr_msleep(10);
     }
-    return failed | failed_rate;
+    return failed | FAILED_RATE;
 }
 
 // What the last reset leaves stays: the offsets are gone until the next start.
@@ -209,18 +209,18 @@ int gyro_bmi055_self_test(int* p_result)
     soft_reset();
     *p_result = test_lines();
     soft_reset();
-    write_reg(reg_interrupt, lines_high);
+    write_reg(REG_INTERRUPT, LINES_HIGH);
     *p_result |= test_rate();
     soft_reset();
-    write_reg(reg_range, range_use);
-    write_reg(reg_bandwidth, bandwidth_use);
+    write_reg(REG_RANGE, RANGE_USE);
+    write_reg(REG_BANDWIDTH, BANDWIDTH_USE);
     return 1;
 }
 
 void unlock(std::uint8_t key)
 {
-    for (const std::uint8_t byte : {memory_close, key, key})
-        write_reg(reg_memory, byte);
+    for (const std::uint8_t byte : {MEMORY_CLOSE, key, key})
+        write_reg(REG_MEMORY, byte);
 }
 
 // A register behind a key gives its value at the second reading.
@@ -232,24 +232,24 @@ std::uint8_t read_twice(std::uint8_t reg)
 
 void gyro_bmi055_deactivate_dsp()
 {
-    unlock(control_open);
-    write_reg(reg_dsp, read_twice(reg_dsp) | dsp_off);
+    unlock(CONTROL_OPEN);
+    write_reg(REG_DSP, read_twice(REG_DSP) | DSP_OFF);
     tmr_msleep(600);
 }
 
 void gyro_bmi055_activate_dsp()
 {
-    unlock(control_open);
-    write_reg(reg_dsp, read_twice(reg_dsp) & static_cast<std::uint8_t>(~dsp_off));
+    unlock(CONTROL_OPEN);
+    write_reg(REG_DSP, read_twice(REG_DSP) & static_cast<std::uint8_t>(~DSP_OFF));
     tmr_msleep(600);
-    write_reg(reg_memory, memory_close);
+    write_reg(REG_MEMORY, MEMORY_CLOSE);
 }
 
-std::array<std::uint8_t, memory_size> read_memory()
+std::array<std::uint8_t, MEMORY_SIZE> read_memory()
 {
-    std::array<std::uint8_t, memory_size> memory = {};
+    std::array<std::uint8_t, MEMORY_SIZE> memory = {};
     std::size_t n = 0;
-    unlock(memory_open);
+    unlock(MEMORY_OPEN);
     for (const memory_part& part : memory_parts) {
         for (std::uint8_t reg = part.first; reg <= part.last; reg++) {
             tmr_msleep(10);
@@ -266,8 +266,8 @@ int gyro_bmi055_backup(int* p_result)
     *p_result = 0;
     if (!gyro_started)
         return 0;
-    if (gyro_bmi055_chip_id() == bmi055_id) {
-        for (const std::uint8_t reg : {reg_power_1, reg_power_2}) {
+    if (gyro_bmi055_chip_id() == BMI055_ID) {
+        for (const std::uint8_t reg : {REG_POWER_1, REG_POWER_2}) {
             write_reg(reg, 0);
             tmr_msleep(10);
         }

@@ -11,16 +11,16 @@
 
 namespace {
 
-constexpr unsigned most_steps = 2047;
-constexpr unsigned full_circle = 4096;
+constexpr unsigned MOST_STEPS = 2047;
+constexpr unsigned FULL_CIRCLE = 4096;
 
 // 12 bits in the upper part of 16, as the registers have them.
 unsigned shifted_steps(float wanted)
 {
     const double a = -static_cast<double>(wanted);
-    const double steps = std::min((std::fabs(a) * 2048.0 + 62.5) / 125.0, static_cast<double>(most_steps));
+    const double steps = std::min((std::fabs(a) * 2048.0 + 62.5) / 125.0, static_cast<double>(MOST_STEPS));
     const auto m = static_cast<unsigned>(steps);
-    return (a < 0 ? (full_circle - m) % full_circle : m) << 4;
+    return (a < 0 ? (FULL_CIRCLE - m) % FULL_CIRCLE : m) << 4;
 }
 
 float degrees(unsigned shifted)

@@ -14,61 +14,61 @@ constexpr std::uint8_t apds_9930_taos_config[] = { // registers 0x80 to 0x8F; th
     0x00, 0x00, 0xF4, 0x01, 0x22, 0x00, 0x08, 0x20,
 };
 
-constexpr std::uint8_t reg_enable        = 0x80;
-constexpr std::uint8_t reg_low           = 0x88;   // threshold; the high byte follows
-constexpr std::uint8_t reg_high          = 0x8A;
-constexpr std::uint8_t reg_config        = 0x8D;
-constexpr std::uint8_t reg_pulses        = 0x8E;
-constexpr std::uint8_t reg_control       = 0x8F;   // bits 7 and 6 drive, 3 and 2 gain
-constexpr std::uint8_t command_increment = 0xA0;
-constexpr std::uint8_t command_clear     = 0xE5;   // the proximity interrupt
-constexpr std::uint8_t value_proximity   = 24;     // register of the low byte
+constexpr std::uint8_t REG_ENABLE        = 0x80;
+constexpr std::uint8_t REG_LOW           = 0x88;   // threshold; the high byte follows
+constexpr std::uint8_t REG_HIGH          = 0x8A;
+constexpr std::uint8_t REG_CONFIG        = 0x8D;
+constexpr std::uint8_t REG_PULSES        = 0x8E;
+constexpr std::uint8_t REG_CONTROL       = 0x8F;   // bits 7 and 6 drive, 3 and 2 gain
+constexpr std::uint8_t COMMAND_INCREMENT = 0xA0;
+constexpr std::uint8_t COMMAND_CLEAR     = 0xE5;   // the proximity interrupt
+constexpr std::uint8_t VALUE_PROXIMITY   = 24;     // register of the low byte
 // clang-format on
 
 bool prx_started;
 
 // The chip for one access.
-struct access {
+struct chip_access {
     i2c_handle hnd;
-    bool open;
+    bool opened;
 
-    access() : open(i2c_open(&hnd, "apds_9930-prox", 0, 0) >= 0)
+    chip_access() : opened(i2c_open(&hnd, "apds_9930-prox", 0, 0) >= 0)
     {
-        if (open)
+        if (opened)
             tmr_msleep(5);
     }
-    ~access()
+    ~chip_access()
     {
-        if (open)
+        if (opened)
             i2c_close(&hnd);
     }
-    access(const access&) = delete;
-    access& operator=(const access&) = delete;
+    chip_access(const chip_access&) = delete;
+    chip_access& operator=(const chip_access&) = delete;
 };
 
 int apds_9930_reg_wr_data(std::uint8_t reg, std::uint8_t value)
 {
-    const access a;
-    return a.open && i2c_write_reg8(&a.hnd, reg, value) >= 0 ? 1 : 0;
+    const chip_access a;
+    return a.opened && i2c_write_reg8(&a.hnd, reg, value) >= 0 ? 1 : 0;
 }
 
 int apds_9930_reg_rd_data(std::uint8_t reg, std::uint8_t* p_value)
 {
-    const access a;
-    return a.open && i2c_read_reg8(&a.hnd, reg, p_value) >= 0 ? 1 : 0;
+    const chip_access a;
+    return a.opened && i2c_read_reg8(&a.hnd, reg, p_value) >= 0 ? 1 : 0;
 }
 
 int apds_9930_reg_wr(std::uint8_t byte)
 {
-    const access a;
-    return a.open && i2c_write(&a.hnd, &byte, 1) >= 0 ? 1 : 0;
+    const chip_access a;
+    return a.opened && i2c_write(&a.hnd, &byte, 1) >= 0 ? 1 : 0;
 }
 
 int prx_value_rd16(std::uint8_t value, std::uint32_t* p_out)
 {
     std::uint8_t bytes[2];
-    const access a;
-    if (!a.open || i2c_read_regs(&a.hnd, value | command_increment, bytes, sizeof bytes) < 0)
+    const chip_access a;
+    if (!a.opened || i2c_read_regs(&a.hnd, value | COMMAND_INCREMENT, bytes, sizeof bytes) < 0)
         return 0;
     *p_out = bytes[0] | static_cast<std::uint32_t>(bytes[1]) << 8;
     return 1;
@@ -77,9 +77,9 @@ int prx_value_rd16(std::uint8_t value, std::uint32_t* p_out)
 int prx_apds_9930_start()
 {
     for (unsigned i = 1; i < sizeof apds_9930_taos_config; i++)
-        if (apds_9930_reg_wr_data(static_cast<std::uint8_t>(reg_enable + i), apds_9930_taos_config[i]) == 0)
+        if (apds_9930_reg_wr_data(static_cast<std::uint8_t>(REG_ENABLE + i), apds_9930_taos_config[i]) == 0)
             return 0;
-    if (apds_9930_reg_wr_data(reg_enable, apds_9930_taos_config[0]) == 0)
+    if (apds_9930_reg_wr_data(REG_ENABLE, apds_9930_taos_config[0]) == 0)
         return 0;
     prx_started = true;
     return 1;
@@ -87,12 +87,12 @@ int prx_apds_9930_start()
 
 int prx_apds_9930_adc(std::uint32_t* p_value)
 {
-    return prx_value_rd16(value_proximity, p_value);
+    return prx_value_rd16(VALUE_PROXIMITY, p_value);
 }
 
 int prx_apds_9930_digital(std::uint32_t* p_value)
 {
-    if (!prx_started || apds_9930_reg_wr(command_clear) == 0)
+    if (!prx_started || apds_9930_reg_wr(COMMAND_CLEAR) == 0)
         return 0;
     tmr_msleep(50);
     const int result = pin_in_get(PIN_IN_PROXIMITY) == PIN_ACTIVE ? 1 : 0;
@@ -112,16 +112,16 @@ int set_threshold(std::uint8_t reg, std::uint32_t value)
 int set_control(unsigned shift, std::uint32_t value)
 {
     std::uint8_t old;
-    if (apds_9930_reg_rd_data(reg_control, &old) == 0)
+    if (apds_9930_reg_rd_data(REG_CONTROL, &old) == 0)
         return 0;
     const unsigned kept = old & ~(3U << shift);
-    return apds_9930_reg_wr_data(reg_control, static_cast<std::uint8_t>(kept | value << shift));
+    return apds_9930_reg_wr_data(REG_CONTROL, static_cast<std::uint8_t>(kept | value << shift));
 }
 
 // The upper four of the eight drives are the lower four divided.
 int set_drive(std::uint32_t value)
 {
-    const int divided = apds_9930_reg_wr_data(reg_config, value < 4 ? 0 : 1);
+    const int divided = apds_9930_reg_wr_data(REG_CONFIG, value < 4 ? 0 : 1);
     const int set = set_control(6, value & 3);
     return divided != 0 && set != 0 ? 1 : 0;
 }
@@ -130,11 +130,11 @@ int prx_apds_9930_reg_set(int id, std::uint32_t value)
 {
     switch (id) {
     case PRX_LOW_THRESHOLD:
-        return set_threshold(reg_low, value);
+        return set_threshold(REG_LOW, value);
     case PRX_HIGH_THRESHOLD:
-        return set_threshold(reg_high, value);
+        return set_threshold(REG_HIGH, value);
     case PRX_PULSES:
-        return apds_9930_reg_wr_data(reg_pulses, static_cast<std::uint8_t>(value));
+        return apds_9930_reg_wr_data(REG_PULSES, static_cast<std::uint8_t>(value));
     case PRX_GAIN:
         return value < 4 ? set_control(2, value) : 0;
     case PRX_DRIVE:

@@ -11,9 +11,9 @@
 
 namespace {
 
-constexpr const char* data_path = "/system/hvtdebug/vibt_data.txt";
-constexpr int axes = 3;
-constexpr int axis_w = 3; // a fourth value that goes into the file alone
+constexpr const char* DATA_PATH = "/system/hvtdebug/vibt_data.txt";
+constexpr int AXES = 3;
+constexpr int AXIS_W = 3; // a fourth value that goes into the file alone
 
 float value_at(const vibm_samples& m, int i, int axis)
 {
@@ -34,7 +34,7 @@ int extrema(const vibm_samples& m, int i, int axis)
 // The largest way between two turning points that follow each other, in whole steps.
 float swing(const vibm_samples& m, int axis)
 {
-    constexpr float most = 1e9F;
+    constexpr float MOST = 1e9F;
     float largest = 0;
     float last = value_at(m, m.s, axis);
     for (int i = m.s; i <= m.s + m.n - 2; i++) {
@@ -42,7 +42,7 @@ float swing(const vibm_samples& m, int axis)
             continue;
         const float now = value_at(m, i, axis);
         const float way = std::fabs(last - now);
-        largest = std::max(largest, std::trunc(way < most ? way : most));
+        largest = std::max(largest, std::trunc(way < MOST ? way : MOST));
         last = now;
     }
     return largest;
@@ -51,7 +51,7 @@ float swing(const vibm_samples& m, int axis)
 void differentiate(const vibm_samples& m)
 {
     for (int i = m.s; i < m.s + m.n; i++)
-        for (int axis = 0; axis < axes; axis++)
+        for (int axis = 0; axis < AXES; axis++)
             m.p_co->sample_set(m.p_buf, i, axis, value_at(m, i + 1, axis) - value_at(m, i, axis));
 }
 
@@ -74,14 +74,14 @@ void spectrum(int n, transform_value* p_x)
 
 int save_data(const vibm_samples& m, const transform_value* p_x)
 {
-    FILE* const file = plat_fopen(data_path, "wt");
+    FILE* const file = plat_fopen(DATA_PATH, "wt");
     if (file == nullptr)
         return 0;
     bool written = true;
     for (int i = 0; i < m.n && written; i++) {
         const auto value = [&](int axis) { return static_cast<double>(value_at(m, m.s + i, axis)); };
         written = std::fprintf(file, "%d   %f   %f   %f   %f   %f\n", i + 1, value(0), value(1), value(2),
-                               value(axis_w), p_x[i].re) > 0;
+                               value(AXIS_W), p_x[i].re) > 0;
     }
     return std::fclose(file) == 0 && written ? 1 : 0;
 }
@@ -124,8 +124,8 @@ double vibr_compute_freq(int n, const transform_value* p_x, const vibm_cfg& cfg)
 
 int vibr_measure_ampl(const vibm_samples& samples, double amplitude[3])
 {
-    float amp[axes];
-    for (int axis = 0; axis < axes; axis++) {
+    float amp[AXES];
+    for (int axis = 0; axis < AXES; axis++) {
         amp[axis] = swing(samples, axis);
         amplitude[axis] = std::sqrt(amp[axis] / 200.0);
     }

@@ -13,10 +13,10 @@
 
 namespace {
 
-constexpr const char* result_path = "/system/hvtdebug/vibt_result.txt";
-constexpr const char* failed_text = "viberator test FAILED!\n";
-constexpr int longest_kept = 99; // characters of a line in the result file
-constexpr int stop_signal = SIGQUIT;
+constexpr const char* RESULT_PATH = "/system/hvtdebug/vibt_result.txt";
+constexpr const char* FAILED_TEXT = "viberator test FAILED!\n";
+constexpr int LONGEST_KEPT = 99; // characters of a line in the result file
+constexpr int STOP_SIGNAL = SIGQUIT;
 
 std::mutex test_mutex; // guards the start and the end of a worker
 int worker_mode = VIBR_STOP;
@@ -39,7 +39,7 @@ void handle_vibr_test_quit(int)
 }
 
 struct result_file {
-    int fd = plat_open(result_path, O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    int fd = plat_open(RESULT_PATH, O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
 
     result_file() = default;
     ~result_file()
@@ -65,7 +65,7 @@ void measure(const result_file& file)
     if (worker_mode == VIBR_ONCE)
         worker_at_work = false; // who reads the report may start the next one
     if (!measured) {
-        vibr_report(failed_text);
+        vibr_report(FAILED_TEXT);
         return;
     }
     keep(result);
@@ -73,7 +73,7 @@ void measure(const result_file& file)
         text, sizeof text, "v=%d, freq=%.6f, amplX=%1.6f, amplY=%1.6f, amplZ=%1.6f\n", vibr_start_level,
         result.frequency, result.amplitude[0], result.amplitude[1], result.amplitude[2]);
     vibr_report(text);
-    if (len >= 1 && len <= longest_kept)
+    if (len >= 1 && len <= LONGEST_KEPT)
         plat_write(file.fd, text, static_cast<std::size_t>(len));
 }
 
@@ -98,14 +98,14 @@ void take_signal()
     action.sa_handler = handle_vibr_test_quit;
     action.sa_flags = SA_RESTART;
     sigemptyset(&action.sa_mask);
-    sigaction(stop_signal, &action, &former_action);
+    sigaction(STOP_SIGNAL, &action, &former_action);
 }
 
 // Only a repeating test is ever signalled.
 void leave_worker()
 {
     if (worker_mode == VIBR_REPEAT)
-        sigaction(stop_signal, &former_action, nullptr);
+        sigaction(STOP_SIGNAL, &former_action, nullptr);
     worker_mode = VIBR_STOP;
 }
 
@@ -157,7 +157,7 @@ int stop()
 {
     if (worker_mode != VIBR_REPEAT)
         return 1;
-    pthread_kill(worker, stop_signal);
+    pthread_kill(worker, STOP_SIGNAL);
     join();
     return 0;
 }

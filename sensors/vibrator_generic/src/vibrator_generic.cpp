@@ -8,12 +8,12 @@
 
 namespace {
 
-constexpr const char* vib_path = "/sys/hvt/hvt-vib/vib";
-constexpr std::uint32_t default_mv = 3000;
+constexpr const char* VIB_PATH = "/sys/hvt/hvt-vib/vib";
+constexpr std::uint32_t DEFAULT_MV = 3000;
 
 int vibrator_write(const char* text)
 {
-    switch (attr_write(vib_path, text)) {
+    switch (attr_write(VIB_PATH, text)) {
     case ATTR_OK:
         return 0;
     case ATTR_NO_FILE:
@@ -27,7 +27,7 @@ int vibrator_generic_start()
 {
     char text[12];
     std::snprintf(text, sizeof text, "%d",
-                  static_cast<int>(cfg_get_int("vibrator_generic", "voltage", default_mv)));
+                  static_cast<int>(cfg_get_int("vibrator_generic", "voltage", DEFAULT_MV)));
     return vibrator_write(text);
 }
 
