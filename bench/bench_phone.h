@@ -1,5 +1,5 @@
-// A virtual phone for the benchmarks that talk to one as a station does. Needs hvt-virtual of the same build beside
-// it.
+// A virtual phone for the benchmarks that talk to one as a station does. Needs hvt-virtual of the same build
+// beside it.
 #pragma once
 
 #include <string>

@@ -1,5 +1,5 @@
-// What a station waits for at a Bluetooth controller that is up: a command with its wait of 100 ms, and the reading of
-// statistics, which has none.
+// What a station waits for at a Bluetooth controller that is up: a command with its wait of 100 ms, and the
+// reading of statistics, which has none.
 #include <algorithm>
 
 #include "bench_phone.h"

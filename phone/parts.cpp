@@ -79,19 +79,16 @@ constexpr phone_part parts[] = {
     { "fb",     framebuffer_attach, nullptr,       framebuffer_start },
     { "panel",  panel_attach,    panel_seed,       nullptr },
     { "card",   card_attach,     nullptr,          card_start },
-<<<<<<< HEAD
     { "sim",    sim_attach,      nullptr,          nullptr },
     { "wlan",   wlan_attach,     wlan_seed,        nullptr },
     { "hci",    hci_attach,      hci_seed,         nullptr },
     { "hcitool", hci_tools_attach, nullptr,        nullptr },
     { "irda",   irda_attach,     nullptr,          nullptr },
-=======
     { "truth",  surroundings_attach, nullptr,      surroundings_start },
     { "motor",  motor_attach,    motor_seed,       motor_start },
     { "bmi055", bmi055_attach,   nullptr,          nullptr },
     { "ak8963", ak8963_attach,   nullptr,          nullptr },
     { "apds",   apds9930_attach, nullptr,          nullptr },
->>>>>>> origin/main
 };
 // clang-format on
 

@@ -259,11 +259,7 @@ int files_enter(int fd, std::string_view name)
 
 void files_attach()
 {
-<<<<<<< HEAD
-    word_add("files", "[TEXT]", "what the program has open, or what of it contains TEXT", word_files);
-=======
     word_add("files", "[TEXT]", "what the program has open, or what of it has TEXT in its path", word_files);
->>>>>>> origin/main
 }
 
 bool node_exists(std::string_view path)

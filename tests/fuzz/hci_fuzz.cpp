@@ -1,6 +1,6 @@
-// What a Bluetooth controller may send: the real driver reads the input's packets from its socket, and every reader
-// of an event takes them apart. A packet is two bytes and what they say: how many bytes it has, and whether the
-// opcode of the last command, or the vendor's code, is put into it, which no guessing would find.
+// What a Bluetooth controller may send: the real driver reads the input's packets from its socket, and every
+// reader of an event takes them apart. A packet is two bytes and what they say: how many bytes it has, and
+// whether the opcode of the last command, or the vendor's code, is put into it, which no guessing would find.
 #include <algorithm>
 #include <bluetooth/bluetooth.h>
 #include <bluetooth/hci.h>

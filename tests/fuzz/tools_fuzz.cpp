@@ -1,5 +1,5 @@
-// What the radio's tools may print, or leave in their result file: any bytes, in whatever pieces. The drivers read
-// them; each output is a block of exactly the room that was promised.
+// What the radio's tools may print, or leave in their result file: any bytes, in whatever pieces. The drivers
+// read them; each output is a block of exactly the room that was promised.
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>

@@ -52,14 +52,9 @@ constexpr harmless_row harmless[] = {
     { "ioctl /dev/diag",                              "vers=3", "a version that can't be had is empty" },
     { "ioctl /dev/diag",                              "ftmc=202", "the driver's word on its filter is dropped" },
     { "ioctl /dev/diag",                              "ftmc=205", "the record's length shows it" },
-<<<<<<< HEAD
-    { "ioctl /dev/i2c-5",                             "i2cr= i2cw=", "time-out and retries are wishes; a transfer that fails is \"no ack\"" },
-    { "lseek /dev/gpio",                              "adcr=3 mstt rfbv sict=4", "a node that was just opened stands at its beginning" },
-=======
     { "ioctl /dev/i2c-5 timeout",                     "i2cr= i2cw= acct gspt ecmt lsen proxs", "a wish: a bus that doesn't know it works with its own" },
     { "ioctl /dev/i2c-5 retries",                     "i2cr= i2cw= acct gspt ecmt lsen proxs", "likewise" },
-    { "lseek /dev/gpio",                              "adcr=3 mstt rfbv", "a node that was just opened stands at its beginning" },
->>>>>>> origin/main
+    { "lseek /dev/gpio",                              "adcr=3 mstt rfbv sict=4", "a node that was just opened stands at its beginning" },
     { "open /dev/gpio544",                            "adcr=3 rfbv", "without its supply the RF identity is a voltage that fits no variant" },
     { "write /dev/gpio544",                           "adcr=3 rfbv", "likewise" },
     { "open /dev/gpio547",                            "rfbv", "a variant pin that can't be read counts as inactive" },

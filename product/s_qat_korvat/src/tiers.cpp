@@ -32,11 +32,8 @@
 #include "f_bt/f_bt.h"
 #include "f_card/f_card.h"
 #include "f_charge/f_charge.h"
-<<<<<<< HEAD
-#include "f_fm/f_fm.h"
-=======
 #include "f_compass/f_compass.h"
->>>>>>> origin/main
+#include "f_fm/f_fm.h"
 #include "f_ftm/f_ftm.h"
 #include "f_ftm_gps_gen8/f_ftm_gps_gen8.h"
 #include "f_fuelgauge/f_fuelgauge.h"
@@ -64,11 +61,8 @@
 #include "f_temp/f_temp.h"
 #include "f_touch_v2/f_touch.h"
 #include "f_usb/f_usb.h"
-<<<<<<< HEAD
-#include "f_wlan/f_wlan.h"
-=======
 #include "f_vibrator/f_vibrator.h"
->>>>>>> origin/main
+#include "f_wlan/f_wlan.h"
 #include "file_linux/file_linux.h"
 #include "fm/fm.h"
 #include "fsm/fsm.h"
@@ -152,11 +146,8 @@ constexpr autoinit_entry initcompif[] = {
     file_init,
     fm_init,
     fsm_init,
-<<<<<<< HEAD
-    irda_init,
-=======
     gyro_init,
->>>>>>> origin/main
+    irda_init,
     kbd_init,
     light_init,
     mdml_init,
@@ -206,11 +197,8 @@ constexpr autoinit_entry initcomp[] = {
     light_linux_init,
     light_pm8941_init,
     luigi_init,
-<<<<<<< HEAD
     modem_brenk_init,
-=======
     prx_apds_9930_init,
->>>>>>> origin/main
     msm_linux_init,
     pwrsupply_linux_init,
     queue_init,
@@ -271,12 +259,9 @@ constexpr autoinit_entry initcompcmd[] = {
     f_temp_init,
     f_touch_init,
     f_usb_init,
-<<<<<<< HEAD
+    f_vibrator_init,
     f_wlan_init,
     irda_rpm841_init,
-=======
-    f_vibrator_init,
->>>>>>> origin/main
     rfbv_brenk_init,
     t_vers_init,
     t_vreg_init,
