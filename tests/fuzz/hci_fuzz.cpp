@@ -17,10 +17,10 @@
 
 namespace {
 
-constexpr int THE_FD = 1000;
-constexpr std::uint8_t COMPLETE = 1;
-constexpr std::uint8_t STATUS = 2;
-constexpr std::uint8_t VENDOR = 4;
+constexpr int the_fd = 1000;
+constexpr std::uint8_t of_complete = 1;
+constexpr std::uint8_t of_status = 2;
+constexpr std::uint8_t vendor_code = 4;
 
 const std::uint8_t* input;
 std::size_t left;
@@ -36,11 +36,11 @@ ssize_t fuzz_read(int, void* buf, std::size_t size)
     auto* const p = static_cast<std::uint8_t*>(buf);
     std::memcpy(p, input + 2, n);
     for (const std::size_t at : {4, 5})
-        if ((how & (at == 4 ? COMPLETE : STATUS)) != 0 && n >= at + 2) {
+        if ((how & (at == 4 ? of_complete : of_status)) != 0 && n >= at + 2) {
             p[at] = static_cast<std::uint8_t>(opcode);
             p[at + 1] = static_cast<std::uint8_t>(opcode >> 8);
         }
-    if ((how & VENDOR) != 0 && n > 1)
+    if ((how & vendor_code) != 0 && n > 1)
         p[1] = 0xFF;
     input += 2 + n;
     left -= 2 + n;
@@ -70,8 +70,8 @@ void attach()
 {
     static plat_callouts co = plat_linux_co;
     co.system = [](const char*) { return 0; };
-    co.socket = [](int, int, int) { return THE_FD; };
-    co.hci_open_dev = [](int) { return THE_FD; };
+    co.socket = [](int, int, int) { return the_fd; };
+    co.hci_open_dev = [](int) { return the_fd; };
     co.hci_send_cmd = fuzz_send;
     co.setsockopt = [](int, int, int, const void*, socklen_t) { return 0; };
     co.ioctl = fuzz_ioctl;

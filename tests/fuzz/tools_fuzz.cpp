@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int THE_FD = 1000;
+constexpr int the_fd = 1000;
 
 const std::uint8_t* input;
 std::size_t input_size;
@@ -43,7 +43,7 @@ FILE* fuzz_popen(const char*, const char*)
 int fuzz_open(const char*, int, mode_t)
 {
     position = 0;
-    return THE_FD;
+    return the_fd;
 }
 
 void attach()
@@ -55,12 +55,12 @@ void attach()
     co.open = fuzz_open;
     co.read = [](int, void* buf, std::size_t size) { return give(buf, size); };
     co.close = [](int) { return 0; };
-    co.socket = [](int, int, int) { return THE_FD; };
+    co.socket = [](int, int, int) { return the_fd; };
     co.ioctl = [](int, unsigned long, void* arg) {
         std::memset(static_cast<char*>(arg) + 16, 0xFF, 4); // the device's flags
         return 0;
     };
-    co.hci_open_dev = [](int) { return THE_FD; };
+    co.hci_open_dev = [](int) { return the_fd; };
     co.setsockopt = [](int, int, int, const void*, socklen_t) { return 0; };
     co.hci_send_cmd = [](int, std::uint16_t, std::uint16_t, std::uint8_t, const void*) { return 0; };
     co.poll = [](pollfd*, nfds_t, int) { return 0; };

@@ -41,8 +41,8 @@ constexpr const char* VMRK_REV = "@(#) s_qat_korvat_1_32_2_5_b";
 
 constexpr int LIGHT_GREEN = 2; // subzone: the program is alive
 
-constexpr const char* nv_file = "/system/etc/firmware/wlan/prima/korvat_WCNSS_qcom_wlan_nv.bin";
-constexpr const char* nv_file_sella = "/system/etc/firmware/wlan/prima/korvat_sella_WCNSS_qcom_wlan_nv.bin";
+constexpr const char* NV_FILE = "/system/etc/firmware/wlan/prima/korvat_WCNSS_qcom_wlan_nv.bin";
+constexpr const char* NV_FILE_SELLA = "/system/etc/firmware/wlan/prima/korvat_sella_WCNSS_qcom_wlan_nv.bin";
 
 constexpr hwp board_hwp = {0, 0, 1};
 
@@ -136,7 +136,7 @@ void s_cfg_wlan()
     const bool known = rfbv_get_config(variant, sizeof variant) != 0;
     const bool sella = known && (std::string_view(variant) == "L1234578_20W12458" ||
                                  std::string_view(variant) == "L124578_17W12458");
-    cfg_set_str("wcn3680_linux", "wlan_nv_file_path", sella ? nv_file_sella : nv_file);
+    cfg_set_str("wcn3680_linux", "wlan_nv_file_path", sella ? NV_FILE_SELLA : NV_FILE);
 }
 
 void usb_cb_tpok_con(unsigned event);

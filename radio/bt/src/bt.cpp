@@ -2,20 +2,13 @@
 
 #include <utility>
 
+#include "callout/callout.h"
 #include "check/check.h"
 
 namespace {
 
 const bt_co* p_bt_co;
 bool start_lost;
-
-// For rows that a driver may lack.
-template <typename... Params, typename... Args>
-int call(int (*bt_co::*slot)(Params...), Args... args)
-{
-    HVT_CHECK(p_bt_co != nullptr);
-    return p_bt_co->*slot != nullptr ? (p_bt_co->*slot)(args...) : BT_NOT_IMPLEMENTED;
-}
 
 // The operations of a driver that is there.
 const bt_co& driver()
@@ -107,17 +100,17 @@ int bt_addr_rd(std::uint8_t* p_addr)
 
 int bt_tst_rx_static(std::uint32_t channel, std::uint32_t packet, std::uint32_t pattern, bt_rx_stats* p_stats)
 {
-    return call(&bt_co::tst_rx_static, channel, packet, pattern, p_stats);
+    return callout(p_bt_co, &bt_co::tst_rx_static, BT_NOT_IMPLEMENTED, channel, packet, pattern, p_stats);
 }
 
 int bt_reset()
 {
-    return call(&bt_co::reset);
+    return callout(p_bt_co, &bt_co::reset, BT_NOT_IMPLEMENTED);
 }
 
 int bt_chip_reset()
 {
-    return call(&bt_co::chip_reset);
+    return callout(p_bt_co, &bt_co::chip_reset, BT_NOT_IMPLEMENTED);
 }
 
 int bt_getBDaddressFromFlash(std::uint8_t* p_addr)
@@ -137,17 +130,17 @@ int bt_tst_rx_cw_rssi(std::uint32_t channel, int* p_rssi)
 
 int bt_get_default_params(int index, bt_params* p_params)
 {
-    return call(&bt_co::get_default_params, index, p_params);
+    return callout(p_bt_co, &bt_co::get_default_params, BT_NOT_IMPLEMENTED, index, p_params);
 }
 
 int bt_test_coex(const std::uint8_t* p_bytes, std::size_t count, std::uint8_t* p_out, std::size_t* p_count)
 {
-    return call(&bt_co::test_coex, p_bytes, count, p_out, p_count);
+    return callout(p_bt_co, &bt_co::test_coex, BT_NOT_IMPLEMENTED, p_bytes, count, p_out, p_count);
 }
 
 int bt_pin_test(std::uint8_t* p_a, std::uint8_t* p_b, std::uint8_t* p_c)
 {
-    return call(&bt_co::pin_test, p_a, p_b, p_c);
+    return callout(p_bt_co, &bt_co::pin_test, BT_NOT_IMPLEMENTED, p_a, p_b, p_c);
 }
 
 int bt_scan(int count, char* p_text)

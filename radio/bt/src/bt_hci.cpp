@@ -42,29 +42,29 @@ constexpr bool in_order()
 }
 static_assert(in_order());
 
-constexpr std::uint32_t answer_pause_us = 100000;
+constexpr std::uint32_t ANSWER_PAUSE_US = 100000;
 
-constexpr int opcode_ogf_shift = 10;
-constexpr unsigned opcode_ogf_mask = 0x3F;
+constexpr int OPCODE_OGF_SHIFT = 10;
+constexpr unsigned OPCODE_OGF_MASK = 0x3F;
 
-constexpr std::uint8_t event_connection_request = 4;
-constexpr std::uint8_t event_command_complete = 14;
-constexpr std::uint8_t event_command_status = 15;
-constexpr std::uint8_t event_hardware_error = 16;
-constexpr std::uint8_t known_events[] = {event_connection_request, event_command_complete,
-                                         event_command_status, event_hardware_error, BT_HCI_EVENT_VENDOR};
+constexpr std::uint8_t EVENT_CONNECTION_REQUEST = 4;
+constexpr std::uint8_t EVENT_COMMAND_COMPLETE = 14;
+constexpr std::uint8_t EVENT_COMMAND_STATUS = 15;
+constexpr std::uint8_t EVENT_HARDWARE_ERROR = 16;
+constexpr std::uint8_t known_events[] = {EVENT_CONNECTION_REQUEST, EVENT_COMMAND_COMPLETE,
+                                         EVENT_COMMAND_STATUS, EVENT_HARDWARE_ERROR, BT_HCI_EVENT_VENDOR};
 
-constexpr std::size_t event_head = 3; // packet type, code, length
-constexpr std::size_t at_length = 2;
-constexpr std::size_t status_size = 1;
-constexpr std::size_t version_size = 8;
+constexpr std::size_t EVENT_HEAD = 3; // packet type, code, length
+constexpr std::size_t AT_LENGTH = 2;
+constexpr std::size_t STATUS_SIZE = 1;
+constexpr std::size_t VERSION_SIZE = 8;
 
 std::uint8_t par_length(const bt_hci_row& row)
 {
     return static_cast<std::uint8_t>(row.length);
 }
 
-int send(bt_hci_buf* p_buf, unsigned opcode)
+int send_as(bt_hci_buf* p_buf, unsigned opcode)
 {
     const std::uint8_t length = par_length(*p_buf->p_row);
     pbuf_pack(p_buf->hdr, "bhb", 0, opcode, length);
@@ -74,11 +74,11 @@ int send(bt_hci_buf* p_buf, unsigned opcode)
 // An event of a code that is known, as far as its length says.
 bool bt_hci_evt_parse(const bt_hci_buf* p_buf)
 {
-    if (p_buf->resp_size < event_head)
+    if (p_buf->resp_size < EVENT_HEAD)
         return false;
     const std::uint8_t code = p_buf->resp_hdr[BT_HCI_AT_CODE];
     return std::find(std::begin(known_events), std::end(known_events), code) != std::end(known_events) &&
-           p_buf->resp_size >= event_head + p_buf->resp_hdr[at_length];
+           p_buf->resp_size >= EVENT_HEAD + p_buf->resp_hdr[AT_LENGTH];
 }
 
 } // namespace
@@ -97,18 +97,18 @@ bt_hci_buf::bt_hci_buf(const bt_hci_row* p_cmd)
 
 int bt_hci_cmd(bt_hci_buf* p_buf)
 {
-    const unsigned ogf = p_buf->p_row->ogf & opcode_ogf_mask;
-    return send(p_buf, (p_buf->p_row->ocf | ogf << opcode_ogf_shift) & 0xFFFF);
+    const unsigned ogf = p_buf->p_row->ogf & OPCODE_OGF_MASK;
+    return send_as(p_buf, (p_buf->p_row->ocf | ogf << OPCODE_OGF_SHIFT) & 0xFFFF);
 }
 
 int bt_hci_raw_cmd(bt_hci_buf* p_buf)
 {
-    return send(p_buf, (p_buf->p_row->ocf & 0xFFu) | static_cast<unsigned>(p_buf->p_row->ogf) << 8);
+    return send_as(p_buf, (p_buf->p_row->ocf & 0xFFu) | static_cast<unsigned>(p_buf->p_row->ogf) << 8);
 }
 
 std::size_t bt_hci_evt_resp(bt_hci_buf* p_buf)
 {
-    tmr_usleep(answer_pause_us);
+    tmr_usleep(ANSWER_PAUSE_US);
     const std::size_t size = std::min(bt_rd_poll(), BT_HCI_EVENT_MOST);
     if (size != 0 && bt_rd(p_buf->resp_hdr, size) == BT_OK)
         p_buf->resp_size = size;
@@ -117,8 +117,8 @@ std::size_t bt_hci_evt_resp(bt_hci_buf* p_buf)
 
 bool bt_hci_evt_good(const bt_hci_buf* p_buf, std::size_t least)
 {
-    return bt_hci_evt_parse(p_buf) && p_buf->resp_hdr[BT_HCI_AT_CODE] == event_command_complete &&
-           p_buf->resp_size >= BT_HCI_AT_PAR + status_size + least && p_buf->p_resp_par[0] == 0;
+    return bt_hci_evt_parse(p_buf) && p_buf->resp_hdr[BT_HCI_AT_CODE] == EVENT_COMMAND_COMPLETE &&
+           p_buf->resp_size >= BT_HCI_AT_PAR + STATUS_SIZE + least && p_buf->p_resp_par[0] == 0;
 }
 
 int bt_hci_exchange(bt_hci_buf* p_buf, std::size_t least)
@@ -157,9 +157,9 @@ int bt_hci_dut_en()
 int bt_hci_loc_ver(bt_hci_version* p_version)
 {
     bt_hci_buf buf(bt_hci_cmd_get(BT_HCI_LOC_VER));
-    if (bt_hci_exchange(&buf, version_size) == 0)
+    if (bt_hci_exchange(&buf, VERSION_SIZE) == 0)
         return 0;
-    pbuf_unpack(buf.p_resp_par + status_size, "bhbhh", &p_version->hci, &p_version->hci_revision,
+    pbuf_unpack(buf.p_resp_par + STATUS_SIZE, "bhbhh", &p_version->hci, &p_version->hci_revision,
                 &p_version->lmp, &p_version->manufacturer, &p_version->lmp_subversion);
     return 1;
 }
@@ -169,8 +169,8 @@ int bt_hci_rev_txt(char* p_text)
     bt_hci_buf buf(bt_hci_cmd_get(BT_HCI_REV_TXT));
     if (bt_hci_exchange(&buf) == 0)
         return 0;
-    const char* const from = reinterpret_cast<const char*>(buf.p_resp_par) + status_size;
-    const std::size_t length = strnlen(from, buf.resp_size - BT_HCI_AT_PAR - status_size);
+    const char* const from = reinterpret_cast<const char*>(buf.p_resp_par) + STATUS_SIZE;
+    const std::size_t length = strnlen(from, buf.resp_size - BT_HCI_AT_PAR - STATUS_SIZE);
     std::memcpy(p_text, from, length);
     p_text[length] = '\0';
     return 1;
@@ -219,6 +219,6 @@ int bt_le_test_end(std::uint16_t* p_packets)
     bt_hci_buf buf(bt_hci_cmd_get(BT_HCI_LE_TEST_END));
     if (bt_hci_exchange(&buf, sizeof *p_packets) == 0)
         return 0;
-    pbuf_unpack(buf.p_resp_par + status_size, "h", p_packets);
+    pbuf_unpack(buf.p_resp_par + STATUS_SIZE, "h", p_packets);
     return 1;
 }

@@ -7,16 +7,16 @@
 
 namespace {
 
-constexpr int result_ok = 0;
-constexpr int result_not_there = 4;
-constexpr int result_refused = 5;
+constexpr int RESULT_OK = 0;
+constexpr int RESULT_NOT_THERE = 4;
+constexpr int RESULT_REFUSED = 5;
 
 // Each byte with its prefix and comma, and NUL.
-constexpr std::size_t text_room = BYTES_TEST_MOST * 5 + 1;
+constexpr std::size_t TEXT_ROOM = BYTES_TEST_MOST * 5 + 1;
 
 int print_bytes(const bytes_test& test, int id, const std::uint8_t* p_bytes, std::size_t count)
 {
-    char text[text_room] = "";
+    char text[TEXT_ROOM] = "";
     char* p = text;
     if (test.hexadecimal)
         scf_bin_to_hexstr(text, sizeof text, p_bytes, static_cast<int>(count), 1, ',');
@@ -30,9 +30,9 @@ int print_bytes(const bytes_test& test, int id, const std::uint8_t* p_bytes, std
 
 int failed(const bytes_test& test, int id, int result)
 {
-    if (result == result_not_there)
+    if (result == RESULT_NOT_THERE)
         return dcp_answer(id, test.name, test.failed, DCP_NOT_FOUND);
-    const bool syntax = test.refused_is_syntax && result == result_refused;
+    const bool syntax = test.refused_is_syntax && result == RESULT_REFUSED;
     return dcp_answer(id, test.name, test.failed, syntax ? DCP_SYNTAX : DCP_ERROR);
 }
 
@@ -57,7 +57,7 @@ int bytes_test_run(const bytes_test& test, int id, const bytes_test_input& input
     std::uint8_t out[BYTES_TEST_MOST] = {};
     std::size_t count = 0;
     const int result = test.run(input.bytes, input.count, out, &count);
-    if (result != result_ok)
+    if (result != RESULT_OK)
         return failed(test, id, result);
     if (count > test.most)
         return dcp_answer(id, test.name, "Response to large", DCP_ERROR);

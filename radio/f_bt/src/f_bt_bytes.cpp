@@ -12,8 +12,8 @@
 
 namespace {
 
-constexpr unsigned hexadecimal = 16;
-constexpr int most_params = 256;
+constexpr unsigned HEXADECIMAL = 16;
+constexpr int MOST_PARAMS = 256;
 
 int address_answer(int id, const std::uint8_t* p_addr)
 {
@@ -148,7 +148,7 @@ int do_bt_bhwr(int id, int action, int argc, const dcp_word* argv)
                             .length = static_cast<std::uint16_t>(dcp_uint(argv[3]))};
     std::uint8_t bytes[BT_HCI_EVENT_MOST] = {};
     if (argc > 4)
-        scf_str_to_uint8(bytes, most_params, dcp_text(argv[4]), hexadecimal);
+        scf_str_to_uint8(bytes, MOST_PARAMS, dcp_text(argv[4]), HEXADECIMAL);
     bool answered = false;
     const std::size_t count = bt_hci_usr_cmd(&row, bytes, static_cast<int>(mode), &answered);
     return print_bytes(id, bytes, count, answered ? DCP_OK : DCP_ERROR);

@@ -8,10 +8,10 @@
 
 namespace {
 
-constexpr std::uint32_t fields_static = 5;
-constexpr std::uint32_t fields_switched = 6;
+constexpr std::uint32_t FIELDS_STATIC = 5;
+constexpr std::uint32_t FIELDS_SWITCHED = 6;
 
-constexpr std::uint8_t pin_unknown = 255;
+constexpr std::uint8_t PIN_UNKNOWN = 255;
 
 int blank(int id, const char* name, int status)
 {
@@ -72,8 +72,8 @@ int do_bt_bstx(int id, int action, int argc, const dcp_word* argv)
     bt_params row{};
     std::uint32_t channel = 0, data = 0, rate = 0, pattern = 0, power = 15;
     std::uint32_t* const in_row[] = {&channel, &data, &rate, &pattern, &power};
-    if (bt_get_default_params(BT_PARAMS_STATIC, &row) == BT_OK && row.count == fields_static)
-        for (std::uint32_t i = 0; i < fields_static; i++)
+    if (bt_get_default_params(BT_PARAMS_STATIC, &row) == BT_OK && row.count == FIELDS_STATIC)
+        for (std::uint32_t i = 0; i < FIELDS_STATIC; i++)
             *in_row[i] = row.values[i];
     overlay(in_row, std::size(in_row), argc, argv);
     return blank(id, "bstx", passed(bt_tst_tx_static(channel, power, data, rate, pattern) == BT_OK));
@@ -90,8 +90,8 @@ int do_bt_bwtx(int id, int action, int argc, const dcp_word* argv)
     std::uint32_t channel = 0, packet = 0, pattern = 4, mode = 0, power = 15, length = 1024;
     std::uint32_t* const in_row[] = {&mode, &channel, &packet, &length, &power, &pattern};
     std::uint32_t* const in_line[] = {&channel, &packet, &pattern, &mode, &power, &length};
-    if (bt_get_default_params(BT_PARAMS_SWITCHED, &row) == BT_OK && row.count == fields_switched)
-        for (std::uint32_t i = 0; i < fields_switched; i++)
+    if (bt_get_default_params(BT_PARAMS_SWITCHED, &row) == BT_OK && row.count == FIELDS_SWITCHED)
+        for (std::uint32_t i = 0; i < FIELDS_SWITCHED; i++)
             *in_row[i] = row.values[i];
     overlay(in_line, std::size(in_line), argc, argv);
     return blank(id, "bwtx",
@@ -154,7 +154,7 @@ int do_bt_pint(int id, int action, int, const dcp_word*)
 {
     if (action == DCP_ACTION_TEST)
         return dcp_answer(id, "pint", "Pin Connectivity Test", DCP_OK);
-    std::uint8_t a = pin_unknown, b = pin_unknown, c = pin_unknown;
+    std::uint8_t a = PIN_UNKNOWN, b = PIN_UNKNOWN, c = PIN_UNKNOWN;
     const bool tested = f_bt_start() && bt_pin_test(&a, &b, &c) == BT_OK;
     dcp_printf(id, "pint", "0x%X,0x%X,0x%X", a, b, c);
     return passed(tested);

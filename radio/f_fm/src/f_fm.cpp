@@ -7,15 +7,15 @@
 
 namespace {
 
-constexpr std::uint8_t act_default = 1;
+constexpr std::uint8_t ACT_DEFAULT = 1;
 
 // A frequency below this is in units of 100 kHz, any other in Hz.
-constexpr std::uint32_t first_hz = 1081;
-constexpr std::uint32_t hz_per_unit = 100000;
+constexpr std::uint32_t FIRST_HZ = 1081;
+constexpr std::uint32_t HZ_PER_UNIT = 100000;
 
-constexpr int space = 1;
-constexpr std::uint16_t volume = 100;
-constexpr int de_emphasis = 0;
+constexpr int SPACE = 1;
+constexpr std::uint16_t VOLUME = 100;
+constexpr int DE_EMPHASIS = 0;
 
 constexpr int band_codes[] = {FM_BAND_JAPAN, FM_BAND_JAPAN_WIDE, FM_BAND_EU_US};
 
@@ -49,7 +49,7 @@ int stop(int id)
 
 int f_fm_freq_set(int id, std::uint32_t value)
 {
-    const std::uint32_t hz = value < first_hz ? value * hz_per_unit : value;
+    const std::uint32_t hz = value < FIRST_HZ ? value * HZ_PER_UNIT : value;
     switch (fm_freq_set(hz)) {
     case FM_TIMEOUT:
         return dcp_answer(id, "fmct", "tune timeout", DCP_ERROR);
@@ -78,9 +78,9 @@ int f_fm_band_set(int id, std::uint16_t band)
     if (band >= sizeof band_codes / sizeof band_codes[0])
         return dcp_answer(id, "fmct", " ", DCP_SYNTAX);
     fm_band_set(band_codes[band]);
-    fm_space_set(space);
-    fm_vol_set(volume);
-    fm_de_set(de_emphasis);
+    fm_space_set(SPACE);
+    fm_vol_set(VOLUME);
+    fm_de_set(DE_EMPHASIS);
     return dcp_answer(id, "fmct", " ", DCP_OK);
 }
 
@@ -99,7 +99,7 @@ int do_fm_fmct(int id, int action, int argc, const dcp_word* argv)
     if (action == DCP_ACTION_TEST)
         return print_help(id);
     const bool counted = argc == 1 || argc == 2;
-    const std::uint8_t act = counted ? static_cast<std::uint8_t>(dcp_uint(argv[0])) : act_default;
+    const std::uint8_t act = counted ? static_cast<std::uint8_t>(dcp_uint(argv[0])) : ACT_DEFAULT;
     const std::uint32_t value = argc == 2 ? dcp_uint(argv[1]) : 0;
     switch (act) {
     case 0:

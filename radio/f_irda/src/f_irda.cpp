@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr std::uint32_t format_default = 1;
-constexpr std::uint32_t loop_time_default_ms = 2000;
+constexpr std::uint32_t FORMAT_DEFAULT = 1;
+constexpr std::uint32_t LOOP_TIME_DEFAULT_MS = 2000;
 
 // Whom the next report is for.
 int report_id;
@@ -48,7 +48,7 @@ int do_irda_irpa(int id, int action, int argc, const dcp_word* argv)
         return dcp_answer(id, "irpa", "IrDA Parameter", DCP_OK);
     irda_para para{};
     para.baud = argc > 0 ? dcp_uint(argv[0]) : IRDA_BAUD_LAST;
-    para.format = argc > 1 ? dcp_uint(argv[1]) : format_default;
+    para.format = argc > 1 ? dcp_uint(argv[1]) : FORMAT_DEFAULT;
     para.mode = argc > 0 ? 1 : 0;
     if (argc > 2 || para.baud > IRDA_BAUD_LAST || para.format > IRDA_FORMAT_LAST)
         return DCP_SYNTAX;
@@ -71,7 +71,7 @@ int do_irda_ilop(int id, int action, int argc, const dcp_word* argv)
     if (action == DCP_ACTION_TEST)
         return dcp_answer(id, "ilop", "IrDA Loop back", DCP_OK);
     const std::uint32_t mode = argc > 0 ? dcp_uint(argv[0]) : IRDA_LOOP_ON;
-    const std::uint32_t time_ms = argc > 1 ? dcp_uint(argv[1]) : loop_time_default_ms;
+    const std::uint32_t time_ms = argc > 1 ? dcp_uint(argv[1]) : LOOP_TIME_DEFAULT_MS;
     if (argc > 2 || mode > IRDA_LOOP_ON)
         return DCP_SYNTAX;
     report_to(id, "ilop");

@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr unsigned decimal = 10;
-constexpr std::uint32_t switch_get = 0;
-constexpr std::uint32_t switch_set = 1;
+constexpr unsigned DECIMAL = 10;
+constexpr std::uint32_t SWITCH_GET = 0;
+constexpr std::uint32_t SWITCH_SET = 1;
 
 std::uint8_t fuse_data[0x10000];
 
@@ -48,10 +48,10 @@ int do_modem_mdsw(int id, int action, int argc, const dcp_word* argv)
 {
     if (action == DCP_ACTION_TEST)
         return dcp_answer(id, "mdsw", "Modem switch", DCP_OK);
-    const std::uint32_t op = argc >= 1 ? dcp_uint(argv[0]) : switch_get;
-    if (op == switch_get && argc < 2)
+    const std::uint32_t op = argc >= 1 ? dcp_uint(argv[0]) : SWITCH_GET;
+    if (op == SWITCH_GET && argc < 2)
         return read_switch(id);
-    if (op != switch_set || argc != 2)
+    if (op != SWITCH_SET || argc != 2)
         return dcp_answer(id, "mdsw", " ", DCP_SYNTAX);
     if (modem_switch_set(dcp_uint(argv[1])) != 1)
         return dcp_answer(id, "mdsw", " ", DCP_ERROR);
@@ -68,7 +68,7 @@ int do_modem_mdmr(int id, int action, int argc, const dcp_word* argv)
 int fuse(char* text)
 {
     scf_clean(text, " ");
-    const int count = scf_str_to_uint8(fuse_data, sizeof fuse_data, text, decimal);
+    const int count = scf_str_to_uint8(fuse_data, sizeof fuse_data, text, DECIMAL);
     return status_of(modem_fuse(fuse_data, static_cast<std::size_t>(count)));
 }
 

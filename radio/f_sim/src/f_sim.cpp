@@ -7,25 +7,25 @@
 
 namespace {
 
-constexpr std::uint8_t last_test = 2; // 0 to 2 are tests of the contacts
-constexpr std::uint8_t detect = 4;
-constexpr std::uint32_t no_slot = 0;
-constexpr std::uint32_t last_slot = 2;
-constexpr int bits_a_slot = 4;
+constexpr std::uint8_t LAST_TEST = 2; // 0 to 2 are tests of the contacts
+constexpr std::uint8_t DETECT = 4;
+constexpr std::uint32_t NO_SLOT = 0;
+constexpr std::uint32_t LAST_SLOT = 2;
+constexpr int BITS_A_SLOT = 4;
 
 // One slot's part of a byte that tells of both.
 std::uint8_t of_slot(std::uint8_t both, std::uint32_t slot)
 {
-    if (slot == no_slot)
+    if (slot == NO_SLOT)
         return both;
-    return slot == 1 ? both & 0x0F : static_cast<std::uint8_t>(both >> bits_a_slot);
+    return slot == 1 ? both & 0x0F : static_cast<std::uint8_t>(both >> BITS_A_SLOT);
 }
 
 int run(std::uint8_t what, std::uint32_t slot, std::uint8_t* p_result)
 {
-    if (what <= last_test)
-        return sim_ct(static_cast<std::uint8_t>((slot << bits_a_slot) + what), p_result);
-    if (what != detect)
+    if (what <= LAST_TEST)
+        return sim_ct(static_cast<std::uint8_t>((slot << BITS_A_SLOT) + what), p_result);
+    if (what != DETECT)
         return SIM_NO_SUCH_TEST;
     const int result = sim_detect(p_result);
     *p_result = of_slot(*p_result, slot);
@@ -46,8 +46,8 @@ int do_sim_sict(int id, int action, int argc, const dcp_word* argv)
 {
     if (action != DCP_ACTION_SET)
         return dcp_answer(id, "sict", "SIM card detection and connection", DCP_OK);
-    const std::uint32_t slot = argc == 2 ? dcp_uint(argv[1]) : no_slot;
-    const bool slot_named = slot >= 1 && slot <= last_slot;
+    const std::uint32_t slot = argc == 2 ? dcp_uint(argv[1]) : NO_SLOT;
+    const bool slot_named = slot >= 1 && slot <= LAST_SLOT;
     std::uint8_t value = 0;
     if (argc < 1 || argc > 2 || (argc == 2 && !slot_named))
         return f_sict_resp(id, SIM_NO_SUCH_TEST, value);

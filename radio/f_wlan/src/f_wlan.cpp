@@ -50,10 +50,10 @@ int do_wlan_wtfd(int id, int action, int, const dcp_word*)
     return dcp_answer(id, "wtfd", " ", wlan_fwdl ? DCP_OK : DCP_ERROR);
 }
 
-int print_id(int id, int (*read)(char* p_text))
+int print_id(int id, int (*id_of)(char* p_text))
 {
     char text[WLAN_TEXT_ROOM] = "";
-    const int status = f_wlan_status(read(text));
+    const int status = f_wlan_status(id_of(text));
     if (status != DCP_OK || text[0] == '\0')
         return dcp_answer(id, "wlid", " ", status != DCP_OK ? status : DCP_ERROR);
     return dcp_answer(id, "wlid", text, DCP_OK);

@@ -8,13 +8,13 @@
 
 namespace {
 
-constexpr std::int32_t gain_default = 15;
+constexpr std::int32_t GAIN_DEFAULT = 15;
 
 // What wstx asks for.
-constexpr std::uint32_t mode_static = 1;
+constexpr std::uint32_t MODE_STATIC = 1;
 
 // rssi counts in eighths.
-constexpr int eighths = 8;
+constexpr int EIGHTHS = 8;
 
 int blank(int id, const char* name, int status)
 {
@@ -63,8 +63,8 @@ int read_level(int id)
     std::int16_t rssi = 0;
     switch (wlan_rx_cw_rssi_stop(&rssi)) {
     case WLAN_OK:
-        dcp_printf(id, "wlrx", "%d.%02d", rssi / eighths,
-                   std::abs(rssi * 100 / eighths - rssi / eighths * 100));
+        dcp_printf(id, "wlrx", "%d.%02d", rssi / EIGHTHS,
+                   std::abs(rssi * 100 / EIGHTHS - rssi / EIGHTHS * 100));
         return DCP_OK;
     case WLAN_NOT_IMPLEMENTED:
         return DCP_NOT_FOUND;
@@ -98,7 +98,7 @@ int do_wlan_wtxg(int id, int action, int argc, const dcp_word* argv)
         dcp_printf(id, "wtxg", "Not in Tx!");
         return blank(id, "wtxg", DCP_SYNTAX);
     }
-    const int result = wlan_tx_gain(argc > 0 ? dcp_int(argv[0]) : gain_default);
+    const int result = wlan_tx_gain(argc > 0 ? dcp_int(argv[0]) : GAIN_DEFAULT);
     return blank(id, "wtxg", f_wlan_status(result));
 }
 
@@ -136,7 +136,7 @@ int do_wlan_wstx(int id, int action, int argc, const dcp_word* argv)
     if (action == DCP_ACTION_TEST)
         return dcp_answer(id, "wstx", "WLAN static TX", DCP_OK);
     const auto value = [argc, argv](int i) { return i < argc ? dcp_uint(argv[i]) : 0; };
-    if (!wlan_started || value(2) != mode_static || !f_wlan_stop_tx())
+    if (!wlan_started || value(2) != MODE_STATIC || !f_wlan_stop_tx())
         return blank(id, "wstx", DCP_ERROR);
     wlan_tx_static(value(0), value(1), value(2), value(3), value(4));
     in_tx = true;

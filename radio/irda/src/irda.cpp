@@ -2,19 +2,13 @@
 
 #include <utility>
 
+#include "callout/callout.h"
 #include "check/check.h"
 
 namespace {
 
 irda_co* p_irda_co;
 irda_rx_cb rx_cb;
-
-template <typename... Params, typename... Args>
-int call(int (*irda_co::*slot)(Params...), const Args&... args)
-{
-    HVT_CHECK(p_irda_co != nullptr);
-    return p_irda_co->*slot != nullptr ? (p_irda_co->*slot)(args...) : 0;
-}
 
 } // namespace
 
@@ -38,30 +32,30 @@ irda_rx_cb irda_rx_evt_attach(irda_rx_cb cb)
 
 int irda_start()
 {
-    return call(&irda_co::start);
+    return callout(p_irda_co, &irda_co::start, 0);
 }
 
 int irda_stop()
 {
-    return call(&irda_co::stop);
+    return callout(p_irda_co, &irda_co::stop, 0);
 }
 
 int irda_set_para(const irda_para& para)
 {
-    return call(&irda_co::set_para, para);
+    return callout(p_irda_co, &irda_co::set_para, 0, para);
 }
 
 int irda_tx(std::uint32_t mode)
 {
-    return call(&irda_co::tx, mode);
+    return callout(p_irda_co, &irda_co::tx, 0, mode);
 }
 
 int irda_rx(bool on)
 {
-    return call(&irda_co::rx, on);
+    return callout(p_irda_co, &irda_co::rx, 0, on);
 }
 
 int irda_loop(std::uint32_t mode, std::uint32_t time_ms)
 {
-    return call(&irda_co::loop, mode, time_ms);
+    return callout(p_irda_co, &irda_co::loop, 0, mode, time_ms);
 }

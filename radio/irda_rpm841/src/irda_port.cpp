@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int open_flags = O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC;
+constexpr int OPEN_FLAGS = O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC;
 
 struct control_row {
     unsigned long on;
@@ -27,11 +27,11 @@ constexpr control_row irda_mode_en = { 0xCC11, 0xCC12 };
 // By baud index.
 constexpr tcflag_t irda_rpm841_baud_rate[] = {B9600, B19200, B38400, B57600, B115200};
 
-constexpr std::uint32_t write_pause_us = 5000;
-constexpr int most_write_pauses = 200; // a second without a byte taken
+constexpr std::uint32_t WRITE_PAUSE_US = 5000;
+constexpr int MOST_WRITE_PAUSES = 200; // a second without a byte taken
 
-constexpr std::uint32_t out_pause_us = 20000;
-constexpr int most_out_pauses = 15;
+constexpr std::uint32_t OUT_PAUSE_US = 20000;
+constexpr int MOST_OUT_PAUSES = 15;
 
 struct {
     int control = -1;
@@ -63,10 +63,10 @@ void close_both()
 
 bool open_both()
 {
-    irda_rpm841_cfg.line = plat_open(irda_rpm841_cfg.line_path, open_flags);
+    irda_rpm841_cfg.line = plat_open(irda_rpm841_cfg.line_path, OPEN_FLAGS);
     if (irda_rpm841_cfg.line < 0)
         return false;
-    irda_rpm841_cfg.control = plat_open(irda_rpm841_cfg.control_path, open_flags);
+    irda_rpm841_cfg.control = plat_open(irda_rpm841_cfg.control_path, OPEN_FLAGS);
     return irda_rpm841_cfg.control >= 0;
 }
 
@@ -155,10 +155,10 @@ int irda_port_write(const std::uint8_t* p_data, std::size_t size)
             p_data += n;
             size -= static_cast<std::size_t>(n);
             pauses = 0;
-        } else if ((n < 0 && errno != EAGAIN && errno != EINTR) || pauses++ == most_write_pauses) {
+        } else if ((n < 0 && errno != EAGAIN && errno != EINTR) || pauses++ == MOST_WRITE_PAUSES) {
             return 0;
         } else {
-            tmr_usleep(write_pause_us);
+            tmr_usleep(WRITE_PAUSE_US);
         }
     }
     return 1;
@@ -172,8 +172,8 @@ int irda_port_read(std::uint8_t* p_data, std::size_t size)
 
 void irda_rpm841_wait_rcv()
 {
-    for (int i = 0; i < most_out_pauses; i++) {
-        tmr_usleep(out_pause_us);
+    for (int i = 0; i < MOST_OUT_PAUSES; i++) {
+        tmr_usleep(OUT_PAUSE_US);
         int all_out = 0;
         if (plat_ioctl(irda_rpm841_cfg.line, TIOCSERGETLSR, &all_out) == 0 && all_out != 0)
             return;

@@ -12,12 +12,12 @@
 
 namespace {
 
-constexpr std::uint32_t write_delay_us = 20000;
-constexpr std::uint32_t write_pause_us = 10000;
-constexpr std::uint32_t us_per_ms = 1000;
+constexpr std::uint32_t WRITE_DELAY_US = 20000;
+constexpr std::uint32_t WRITE_PAUSE_US = 10000;
+constexpr std::uint32_t US_PER_MS = 1000;
 
 constexpr std::uint8_t even_bytes[] = {0x00, 0xFF, 0x55, 0xAA}; // formats 0 to 3
-constexpr std::uint32_t format_counting = 4;
+constexpr std::uint32_t FORMAT_COUNTING = 4;
 constexpr std::uint8_t short_packet[] = {0x55, 0xAA, 0x00, 0xFF}; // format 5
 
 bool poll_writing;         // a chain of writes keeps itself going
@@ -40,14 +40,14 @@ void irda_rpm841_poll_write(void* p_turn, void*)
         irda_rpm841_rxd_en(true);
         return;
     }
-    tmr_usleep(write_pause_us);
+    tmr_usleep(WRITE_PAUSE_US);
     if (poll_writing)
         schedule_write();
 }
 
 void schedule_write()
 {
-    core_dfc(irda_rpm841_poll_write, reinterpret_cast<void*>(write_turn), nullptr, write_delay_us);
+    core_dfc(irda_rpm841_poll_write, reinterpret_cast<void*>(write_turn), nullptr, WRITE_DELAY_US);
 }
 
 // The bytes behind a short packet stay what they were.
@@ -56,7 +56,7 @@ void fill_packet(std::uint32_t format)
     irda_tx_size = IRDA_PACKET_MOST;
     if (format < sizeof even_bytes) {
         std::fill_n(irda_data_packet, IRDA_PACKET_MOST, even_bytes[format]);
-    } else if (format == format_counting) {
+    } else if (format == FORMAT_COUNTING) {
         std::iota(irda_data_packet, irda_data_packet + IRDA_PACKET_MOST, std::uint8_t{0});
     } else {
         irda_tx_size = sizeof short_packet;
@@ -131,7 +131,7 @@ int irda_rpm841_loop(std::uint32_t mode, std::uint32_t time_ms)
     if (mode == IRDA_LOOP_ANSWER)
         return 1;
     schedule_write();
-    irda_rpm841_arm(time_ms < UINT32_MAX / us_per_ms ? time_ms * us_per_ms : UINT32_MAX);
+    irda_rpm841_arm(time_ms < UINT32_MAX / US_PER_MS ? time_ms * US_PER_MS : UINT32_MAX);
     return 1;
 }
 

@@ -10,11 +10,11 @@
 
 namespace {
 
-constexpr int packet_least = 4; // fewer bytes are noise
+constexpr int PACKET_LEAST = 4; // fewer bytes are noise
 
-constexpr std::uint32_t loop_time_us = 2350000;
-constexpr std::uint32_t answer_pause_us = 350000;
-constexpr std::uint32_t failure_pause_us = 10000;
+constexpr std::uint32_t LOOP_TIME_US = 2350000;
+constexpr std::uint32_t ANSWER_PAUSE_US = 350000;
+constexpr std::uint32_t FAILURE_PAUSE_US = 10000;
 
 // One arming. Its callback, on the timer's thread, may still be under way when the next one is made, so the
 // records take turns.
@@ -73,7 +73,7 @@ void irda_rpm841_rx_report()
     std::snprintf(text, sizeof text, "0x%X", err_num);
     irda_rpm841_report(rx_size, text);
     if (irda_rpm841_rx_status == IRDA_RX_LOOP_ON)
-        irda_rpm841_arm(loop_time_us);
+        irda_rpm841_arm(LOOP_TIME_US);
 }
 
 } // namespace
@@ -104,8 +104,8 @@ void irda_rpm841_rd_cb(void*, void*)
 {
     const int n = irda_port_read(rx_packet, sizeof rx_packet);
     if (n <= 0)
-        tmr_usleep(failure_pause_us); // the line stays readable, and the loop comes back at once
-    if (n < packet_least || irda_rpm841_rx_status == IRDA_RX_IDLE)
+        tmr_usleep(FAILURE_PAUSE_US); // the line stays readable, and the loop comes back at once
+    if (n < PACKET_LEAST || irda_rpm841_rx_status == IRDA_RX_IDLE)
         return;
     irda_rpm841_rxd_en(false);
     if (irda_rpm841_rx_status != IRDA_RX_LOOP_ANSWER)
@@ -113,7 +113,7 @@ void irda_rpm841_rd_cb(void*, void*)
     rx_size = static_cast<std::uint32_t>(n);
     irda_rpm841_rx_report();
     if (irda_rpm841_rx_status != IRDA_RX_STATIC) {
-        tmr_usleep(answer_pause_us);
+        tmr_usleep(ANSWER_PAUSE_US);
         irda_port_write(rx_packet, rx_size);
         irda_rpm841_wait_rcv();
     }

@@ -1,5 +1,6 @@
 #include "mdml/mdml.h"
 
+#include "callout/callout.h"
 #include "check/check.h"
 
 namespace {
@@ -7,13 +8,6 @@ namespace {
 constexpr int FAILED = 1;
 
 const mdml_co* p_mdml_co;
-
-template <typename Slot, typename... Args>
-int call(Slot mdml_co::*slot, Args... args)
-{
-    HVT_CHECK(p_mdml_co != nullptr);
-    return p_mdml_co->*slot != nullptr ? (p_mdml_co->*slot)(args...) : FAILED;
-}
 
 } // namespace
 
@@ -35,20 +29,20 @@ bool mdml_present()
 
 int mdml_off()
 {
-    return call(&mdml_co::off);
+    return callout(p_mdml_co, &mdml_co::off, FAILED);
 }
 
 int mdml_on(const char* timestamp)
 {
-    return call(&mdml_co::on, timestamp);
+    return callout(p_mdml_co, &mdml_co::on, FAILED, timestamp);
 }
 
 int mdml_set_mask(const char* path)
 {
-    return call(&mdml_co::set_mask, path);
+    return callout(p_mdml_co, &mdml_co::set_mask, FAILED, path);
 }
 
 int mdml_rm_log(const char* timestamp)
 {
-    return call(&mdml_co::rm_log, timestamp);
+    return callout(p_mdml_co, &mdml_co::rm_log, FAILED, timestamp);
 }

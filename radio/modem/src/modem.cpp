@@ -1,17 +1,17 @@
 #include "modem/modem.h"
 
-#include "check/check.h"
+#include "callout/callout.h"
 
 namespace {
 
 const modem_co* p_modem_co;
 
-template <typename Slot, typename... Args>
-int call(Slot modem_co::*slot, Args... args)
+// A phone without a driver lacks all operations but the boot, which must be there.
+constexpr modem_co no_driver{};
+
+const modem_co* driver()
 {
-    if (p_modem_co == nullptr || p_modem_co->*slot == nullptr)
-        return 0;
-    return (p_modem_co->*slot)(args...);
+    return p_modem_co != nullptr ? p_modem_co : &no_driver;
 }
 
 } // namespace
@@ -28,31 +28,30 @@ void modem_co_attach(const modem_co* p_co)
 
 int modem_boot(std::uint32_t mode)
 {
-    HVT_CHECK(p_modem_co != nullptr);
-    return call(&modem_co::boot, mode);
+    return callout(p_modem_co, &modem_co::boot, 0, mode);
 }
 
 int modem_reset(std::uint32_t value)
 {
-    return call(&modem_co::reset, value);
+    return callout(driver(), &modem_co::reset, 0, value);
 }
 
 int modem_switch_get(std::uint32_t* p_value)
 {
-    return call(&modem_co::switch_get, p_value);
+    return callout(driver(), &modem_co::switch_get, 0, p_value);
 }
 
 int modem_switch_set(std::uint32_t value)
 {
-    return call(&modem_co::switch_set, value);
+    return callout(driver(), &modem_co::switch_set, 0, value);
 }
 
 int modem_fuse(const std::uint8_t* p_data, std::size_t size)
 {
-    return call(&modem_co::fuse, p_data, size);
+    return callout(driver(), &modem_co::fuse, 0, p_data, size);
 }
 
 int modem_id(std::uint32_t* p_value)
 {
-    return call(&modem_co::id, p_value);
+    return callout(driver(), &modem_co::id, 0, p_value);
 }

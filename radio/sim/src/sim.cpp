@@ -1,6 +1,6 @@
 #include "sim/sim.h"
 
-#include "check/check.h"
+#include "callout/callout.h"
 
 namespace {
 
@@ -20,12 +20,10 @@ void sim_co_attach(const sim_co* p_co)
 
 int sim_detect(std::uint8_t* p_present)
 {
-    HVT_CHECK(p_sim_co != nullptr);
-    return p_sim_co->detect != nullptr ? p_sim_co->detect(p_present) : SIM_NO_SUCH_TEST;
+    return callout(p_sim_co, &sim_co::detect, SIM_NO_SUCH_TEST, p_present);
 }
 
 int sim_ct(std::uint8_t kind, std::uint8_t* p_result)
 {
-    HVT_CHECK(p_sim_co != nullptr);
-    return p_sim_co->ct != nullptr ? p_sim_co->ct(kind, p_result) : SIM_NO_SUCH_TEST;
+    return callout(p_sim_co, &sim_co::ct, SIM_NO_SUCH_TEST, kind, p_result);
 }

@@ -18,24 +18,24 @@
 
 namespace {
 
-constexpr const char* load_module = "insmod /system/modules/hci_smd.ko";
-constexpr const char* switch_on = "echo 1 > /sys/module/hci_smd/parameters/hcismd_set";
-constexpr const char* bring_up = "hciconfig hci0 up";
-constexpr const char* reset_device = "hciconfig hci0 reset";
-constexpr const char* inquire = "hcitool inq --numrsp=%d";
+constexpr const char* LOAD_MODULE = "insmod /system/modules/hci_smd.ko";
+constexpr const char* SWITCH_ON = "echo 1 > /sys/module/hci_smd/parameters/hcismd_set";
+constexpr const char* BRING_UP = "hciconfig hci0 up";
+constexpr const char* RESET_DEVICE = "hciconfig hci0 reset";
+constexpr const char* INQUIRE = "hcitool inq --numrsp=%d";
 
-constexpr int the_device = 0;
-constexpr int up_rounds = 300;
-constexpr std::uint32_t up_pause_us = 10000;
+constexpr int THE_DEVICE = 0;
+constexpr int UP_ROUNDS = 300;
+constexpr std::uint32_t UP_PAUSE_US = 10000;
 
-constexpr long event_time_ms = 2000; // for one that is waited for, whatever else comes
-constexpr int most_unread = 64;      // events that are thrown away before a command
+constexpr long EVENT_TIME_MS = 2000; // for one that is waited for, whatever else comes
+constexpr int MOST_UNREAD = 64;      // events that are thrown away before a command
 
-constexpr std::size_t most_read = 260;
-constexpr std::size_t event_head = 3; // packet type, code, length
+constexpr std::size_t MOST_READ = 260;
+constexpr std::size_t EVENT_HEAD = 3; // packet type, code, length
 
-constexpr int ogf_shift = 10;
-constexpr unsigned ocf_mask = 0x3FF;
+constexpr int OGF_SHIFT = 10;
+constexpr unsigned OCF_MASK = 0x3FF;
 
 static_assert(sizeof(hci_filter) == 16);
 static_assert(HCIGETDEVINFO == 0x800448D3);
@@ -51,7 +51,7 @@ std::uint8_t started; // users of the controller
 int hci_sock = -1;
 
 std::uint16_t opcode; // of the last command
-std::uint8_t readbuffer[most_read];
+std::uint8_t readbuffer[MOST_READ];
 std::size_t readbufferlength;
 
 void close_socket()
@@ -70,13 +70,13 @@ void count_user()
 bool device_is_up()
 {
     hci_dev_info info{};
-    info.dev_id = the_device;
+    info.dev_id = THE_DEVICE;
     return plat_ioctl(hci_sock, HCIGETDEVINFO, &info) >= 0 && (info.flags & 1u << HCI_UP) != 0;
 }
 
 bool wait_until_up()
 {
-    for (int i = 0; i < up_rounds; i++) {
+    for (int i = 0; i < UP_ROUNDS; i++) {
         hci_sock = plat_socket(AF_BLUETOOTH, SOCK_RAW, BTPROTO_HCI);
         if (hci_sock < 0)
             return false;
@@ -84,7 +84,7 @@ bool wait_until_up()
         close_socket();
         if (up)
             return true;
-        tmr_usleep(up_pause_us);
+        tmr_usleep(UP_PAUSE_US);
     }
     return false;
 }
@@ -100,13 +100,13 @@ bool hear_all()
 
 bool bring_controller_up()
 {
-    if (!loaded_module && wcn3680_run(load_module) == 0)
+    if (!loaded_module && wcn3680_run(LOAD_MODULE) == 0)
         return false;
     loaded_module = true;
-    plat_system(switch_on);
-    if (wcn3680_run(bring_up) == 0 || !wait_until_up())
+    plat_system(SWITCH_ON);
+    if (wcn3680_run(BRING_UP) == 0 || !wait_until_up())
         return false;
-    hci_sock = plat_hci_open_dev(the_device);
+    hci_sock = plat_hci_open_dev(THE_DEVICE);
     return hci_sock >= 0 && hear_all();
 }
 
@@ -175,12 +175,12 @@ int wait_for_input(long time_ms)
     }
 }
 
-// What nobody has read belongs to an earlier command. False when it can't be got rid of: it might be taken for
-// the answer of the next.
+// What nobody has read belongs to an earlier command. False when it can't be got rid of: it might be taken
+// for the answer of the next.
 bool drop_unread()
 {
     int ready = 1;
-    for (int i = 0; i < most_unread && (ready = wait_for_input(0)) > 0; i++)
+    for (int i = 0; i < MOST_UNREAD && (ready = wait_for_input(0)) > 0; i++)
         if (plat_read(hci_sock, readbuffer, sizeof readbuffer) <= 0)
             return false;
     return ready == 0;
@@ -194,8 +194,8 @@ int wcn3680_bt_linux_wr(const void* p_data, std::size_t size)
     if (!drop_unread())
         return BT_FAILED;
     opcode = static_cast<std::uint16_t>(p[1] | p[2] << 8);
-    const auto ogf = static_cast<std::uint16_t>(opcode >> ogf_shift);
-    const auto ocf = static_cast<std::uint16_t>(opcode & ocf_mask);
+    const auto ogf = static_cast<std::uint16_t>(opcode >> OGF_SHIFT);
+    const auto ocf = static_cast<std::uint16_t>(opcode & OCF_MASK);
     return plat_hci_send_cmd(hci_sock, ogf, ocf, p[3], p + BT_HCI_HEAD) < 0 ? BT_FAILED : BT_OK;
 }
 
@@ -212,7 +212,7 @@ bool answers_command()
 
 bool is_vendor_event()
 {
-    return readbufferlength >= event_head && readbuffer[BT_HCI_AT_CODE] == BT_HCI_EVENT_VENDOR;
+    return readbufferlength >= EVENT_HEAD && readbuffer[BT_HCI_AT_CODE] == BT_HCI_EVENT_VENDOR;
 }
 
 // Reads events until one is wanted, the others being dropped. Its size, or 0.
@@ -221,8 +221,8 @@ std::size_t poll_event(bool (*is_wanted)())
     readbufferlength = 0;
     if (!is_ready())
         return 0;
-    const long end = now_ms() + event_time_ms;
-    for (long left = event_time_ms; left > 0; left = end - now_ms()) {
+    const long end = now_ms() + EVENT_TIME_MS;
+    for (long left = EVENT_TIME_MS; left > 0; left = end - now_ms()) {
         if (wait_for_input(left) <= 0)
             return 0;
         const ssize_t n = plat_read(hci_sock, readbuffer, sizeof readbuffer);
@@ -244,11 +244,11 @@ int wcn3680_bt_linux_scan(int count, char* p_text)
     if (!is_ready())
         return BT_FAILED;
     char line[64];
-    std::snprintf(line, sizeof line, inquire, count);
+    std::snprintf(line, sizeof line, INQUIRE, count);
     std::string output;
     const bool read = wcn3680_output_get(line, output);
     wcn3680_scan_addresses(output, BT_SCAN_MOST, p_text, BT_SCAN_ROOM);
-    const bool reset = wcn3680_run(reset_device) != 0;
+    const bool reset = wcn3680_run(RESET_DEVICE) != 0;
     return read && reset ? BT_OK : BT_FAILED;
 }
 

@@ -56,9 +56,9 @@ constexpr bt_params wcn3680_default_params[] = {
 };
 // clang-format on
 
-constexpr std::uint32_t channel_last = 78;
-constexpr std::uint32_t channels_of_hop = 5;
-constexpr std::size_t address_octets = 6;
+constexpr std::uint32_t CHANNEL_LAST = 78;
+constexpr std::uint32_t CHANNELS_OF_HOP = 5;
+constexpr std::size_t ADDRESS_OCTETS = 6;
 
 // The chip's own subcommands, the first byte of the parameters.
 constexpr std::uint8_t SUB_READ_STATISTICS = 2;
@@ -67,24 +67,24 @@ constexpr std::uint8_t SUB_TX_STATIC = 5;
 constexpr std::uint8_t SUB_RX = 6;
 constexpr std::uint8_t SUB_PIN_TEST = 11;
 
-constexpr std::uint8_t rx_pattern = 4;
-constexpr std::uint8_t rx_power = 9;
+constexpr std::uint8_t RX_PATTERN = 4;
+constexpr std::uint8_t RX_POWER = 9;
 
 // The statistics: blocks of counters behind the event's head.
-constexpr std::size_t statistics_size = 166;
-constexpr std::size_t block_first = 6;
-constexpr std::size_t block_size = 32;
-constexpr std::size_t blocks = 5;
-constexpr std::size_t word_packets = 0;
-constexpr std::size_t word_12 = 12;
-constexpr std::size_t word_bit_errors = 16;
-static_assert(block_first + blocks * block_size == statistics_size);
+constexpr std::size_t STATISTICS_SIZE = 166;
+constexpr std::size_t BLOCK_FIRST = 6;
+constexpr std::size_t BLOCK_SIZE = 32;
+constexpr std::size_t BLOCKS = 5;
+constexpr std::size_t WORD_PACKETS = 0;
+constexpr std::size_t WORD_12 = 12;
+constexpr std::size_t WORD_BIT_ERRORS = 16;
+static_assert(BLOCK_FIRST + BLOCKS * BLOCK_SIZE == STATISTICS_SIZE);
 
 // The pins: three groups of tag, value and a byte more, behind the status.
-constexpr std::size_t pins_size = 11;
-constexpr std::size_t pin_first = 3;
-constexpr std::size_t pin_step = 3;
-constexpr std::uint8_t pin_first_tag = 2;
+constexpr std::size_t PINS_SIZE = 11;
+constexpr std::size_t PIN_FIRST = 3;
+constexpr std::size_t PIN_STEP = 3;
+constexpr std::uint8_t PIN_FIRST_TAG = 2;
 
 const bt_hci_row* wcn3680_bt_linux_hci_cmd_get(std::uint8_t index)
 {
@@ -104,7 +104,7 @@ std::uint8_t chip_pattern(std::uint32_t pattern)
 
 std::uint8_t chip_channel(std::uint32_t channel)
 {
-    return static_cast<std::uint8_t>(std::min(channel, channel_last));
+    return static_cast<std::uint8_t>(std::min(channel, CHANNEL_LAST));
 }
 
 struct hop_test {
@@ -123,9 +123,9 @@ void send_hop_test(std::uint8_t index, const hop_test& t)
     bt_hci_buf buf(wcn3680_bt_linux_hci_cmd_get(index));
     std::uint8_t* p = buf.p_par;
     *p++ = t.subcommand;
-    p = std::fill_n(p, channels_of_hop, chip_channel(t.channel));
+    p = std::fill_n(p, CHANNELS_OF_HOP, chip_channel(t.channel));
     p += pbuf_pack(p, "bbbbb", t.pattern, static_cast<std::uint8_t>(type.type), 0, t.power, 1);
-    p = std::fill_n(p, address_octets, std::uint8_t{0x11});
+    p = std::fill_n(p, ADDRESS_OCTETS, std::uint8_t{0x11});
     pbuf_pack(p, "bhb", t.mode, type.payload, 0);
     bt_hci_exchange(&buf);
 }
@@ -134,16 +134,16 @@ int start_rx(std::uint32_t channel, std::uint32_t packet)
 {
     if (bt_hci_reset() == 0)
         return BT_FAILED;
-    send_hop_test(QCT_RX_START, {SUB_RX, channel, rx_pattern, packet, rx_power, 0});
+    send_hop_test(QCT_RX_START, {SUB_RX, channel, RX_PATTERN, packet, RX_POWER, 0});
     return BT_OK;
 }
 
 std::uint32_t total(const std::uint8_t* p_event, std::size_t word)
 {
     std::uint32_t sum = 0;
-    for (std::size_t i = 0; i < blocks; i++) {
+    for (std::size_t i = 0; i < BLOCKS; i++) {
         std::uint32_t value;
-        pbuf_unpack(p_event + block_first + i * block_size + word, "w", &value);
+        pbuf_unpack(p_event + BLOCK_FIRST + i * BLOCK_SIZE + word, "w", &value);
         sum += value;
     }
     return sum;
@@ -162,12 +162,12 @@ int read_statistics(std::uint32_t packet, bt_rx_stats* p_stats)
 {
     bt_hci_buf buf(wcn3680_bt_linux_hci_cmd_get(QCT_RX_STATISTICS));
     buf.p_par[0] = SUB_READ_STATISTICS;
-    if (bt_hci_cmd(&buf) != BT_OK || wcn3680_bt_linux_rd_poll_2() < statistics_size)
+    if (bt_hci_cmd(&buf) != BT_OK || wcn3680_bt_linux_rd_poll_2() < STATISTICS_SIZE)
         return BT_FAILED;
     wcn3680_bt_linux_rd(buf.resp_hdr, sizeof buf.resp_hdr);
-    p_stats->packets = total(buf.resp_hdr, word_packets);
-    p_stats->stat_12 = total(buf.resp_hdr, word_12);
-    p_stats->bit_errors = total(buf.resp_hdr, word_bit_errors);
+    p_stats->packets = total(buf.resp_hdr, WORD_PACKETS);
+    p_stats->stat_12 = total(buf.resp_hdr, WORD_12);
+    p_stats->bit_errors = total(buf.resp_hdr, WORD_BIT_ERRORS);
     p_stats->ber = bit_error_rate(p_stats->bit_errors, p_stats->packets, packet);
     return BT_OK;
 }
@@ -217,12 +217,12 @@ int wcn3680_bt_linux_pin_test(std::uint8_t* p_a, std::uint8_t* p_b, std::uint8_t
 {
     bt_hci_buf buf(wcn3680_bt_linux_hci_cmd_get(QCT_PIN_TEST));
     buf.p_par[0] = SUB_PIN_TEST;
-    if (bt_hci_exchange(&buf, pins_size) == 0)
+    if (bt_hci_exchange(&buf, PINS_SIZE) == 0)
         return BT_FAILED;
     std::uint8_t* const outputs[] = {p_a, p_b, p_c};
     for (std::size_t i = 0; i < std::size(outputs); i++) {
-        const std::uint8_t* const p_pin = buf.p_resp_par + pin_first + i * pin_step;
-        if (p_pin[0] == pin_first_tag + i)
+        const std::uint8_t* const p_pin = buf.p_resp_par + PIN_FIRST + i * PIN_STEP;
+        if (p_pin[0] == PIN_FIRST_TAG + i)
             *outputs[i] = p_pin[1];
     }
     return BT_OK;

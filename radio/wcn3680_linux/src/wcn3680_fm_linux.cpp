@@ -8,26 +8,26 @@
 
 namespace {
 
-constexpr const char* load_module = "insmod /system/modules/radio-iris-transport.ko";
-constexpr const char* tune = "fmftmtest -f";
+constexpr const char* LOAD_MODULE = "insmod /system/modules/radio-iris-transport.ko";
+constexpr const char* TUNE = "fmftmtest -f";
 
-constexpr std::uint32_t lowest_hz = 76000000;
-constexpr std::uint32_t highest_hz = 108000000;
-constexpr std::uint32_t hz_per_khz = 1000;
+constexpr std::uint32_t LOWEST_HZ = 76000000;
+constexpr std::uint32_t HIGHEST_HZ = 108000000;
+constexpr std::uint32_t HZ_PER_KHZ = 1000;
 
 bool loadedFMDriver;
 
 int wcn3680_fm_linux_start()
 {
     if (!loadedFMDriver)
-        loadedFMDriver = wcn3680_run(load_module) != 0;
+        loadedFMDriver = wcn3680_run(LOAD_MODULE) != 0;
     return loadedFMDriver ? FM_OK : FM_FAILED;
 }
 
 int wcn3680_fm_linux_freq_set(std::uint32_t hz)
 {
     char fmCmd[32];
-    std::snprintf(fmCmd, sizeof fmCmd, "%s %u", tune, std::clamp(hz, lowest_hz, highest_hz) / hz_per_khz);
+    std::snprintf(fmCmd, sizeof fmCmd, "%s %u", TUNE, std::clamp(hz, LOWEST_HZ, HIGHEST_HZ) / HZ_PER_KHZ);
     return wcn3680_run(fmCmd) != 0 ? FM_OK : FM_FAILED;
 }
 

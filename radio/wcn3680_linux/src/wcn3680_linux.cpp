@@ -7,9 +7,9 @@
 namespace {
 
 // The radio's processor looks for its calibration file here.
-constexpr const char* nv_link = "/system/etc/firmware/wlan/prima/WCNSS_qcom_wlan_nv.bin";
-constexpr const char* remove_nv_link = "rm /system/etc/firmware/wlan/prima/WCNSS_qcom_wlan_nv.bin";
-constexpr const char* wake_up = "echo 1 > /dev/wcnss_wlan";
+constexpr const char* NV_LINK = "/system/etc/firmware/wlan/prima/WCNSS_qcom_wlan_nv.bin";
+constexpr const char* REMOVE_NV_LINK = "rm /system/etc/firmware/wlan/prima/WCNSS_qcom_wlan_nv.bin";
+constexpr const char* WAKE_UP = "echo 1 > /dev/wcnss_wlan";
 
 } // namespace
 
@@ -25,7 +25,7 @@ void wcn3680_linux_wake_up_wcnss()
     const char* const nv_file = cfg_get_str("wcn3680_linux", "wlan_nv_file_path", nullptr);
     if (nv_file == nullptr)
         return;
-    plat_system(remove_nv_link);
-    plat_symlink(nv_file, nv_link);
-    plat_system(wake_up);
+    plat_system(REMOVE_NV_LINK);
+    plat_symlink(nv_file, NV_LINK);
+    plat_system(WAKE_UP);
 }

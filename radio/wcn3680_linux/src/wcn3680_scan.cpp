@@ -4,14 +4,14 @@
 
 namespace {
 
-constexpr std::string_view white_space = " \t\n\v\f\r";
-constexpr std::size_t address_length = sizeof "00:00:00:00:00:00" - 1;
+constexpr std::string_view WHITE_SPACE = " \t\n\v\f\r";
+constexpr std::size_t ADDRESS_LENGTH = sizeof "00:00:00:00:00:00" - 1;
 
 // Takes the next word off the text; an empty one at its end.
 std::string_view take_word(std::string_view& text)
 {
-    text.remove_prefix(std::min(text.find_first_not_of(white_space), text.size()));
-    const std::string_view word = text.substr(0, text.find_first_of(white_space));
+    text.remove_prefix(std::min(text.find_first_not_of(WHITE_SPACE), text.size()));
+    const std::string_view word = text.substr(0, text.find_first_of(WHITE_SPACE));
     text.remove_prefix(word.size());
     return word;
 }
@@ -44,7 +44,7 @@ void wcn3680_scan_addresses(std::string_view output, std::size_t most, char* p_t
         std::string_view line = take_line(output);
         const std::string_view word = take_word(line);
         const std::size_t comma = length > 0 ? 1 : 0;
-        if (word.empty() || word.size() > address_length || length + comma + word.size() >= room)
+        if (word.empty() || word.size() > ADDRESS_LENGTH || length + comma + word.size() >= room)
             continue;
         if (comma != 0)
             p_text[length++] = ',';

@@ -10,18 +10,18 @@
 
 namespace {
 
-constexpr const char* result_file = "/data/ftm_response.txt";
-constexpr std::size_t result_room = 256;
+constexpr const char* RESULT_FILE = "/data/ftm_response.txt";
+constexpr std::size_t RESULT_ROOM = 256;
 
-constexpr std::size_t output_kept = 64 * 1024;
-constexpr std::size_t output_read = 1024 * 1024;
+constexpr std::size_t OUTPUT_KEPT = 64 * 1024;
+constexpr std::size_t OUTPUT_READ = 1024 * 1024;
 
 } // namespace
 
 bool wcn3680_result_get(int* p_number)
 {
-    char text[result_room];
-    if (attr_read(result_file, text, sizeof text) != ATTR_OK)
+    char text[RESULT_ROOM];
+    if (attr_read(RESULT_FILE, text, sizeof text) != ATTR_OK)
         return false;
     char* p_end;
     errno = 0;
@@ -43,12 +43,12 @@ bool wcn3680_output_get(const char* line, std::string& text)
     char part[4096];
     std::size_t total = 0;
     std::size_t n;
-    while (total < output_read && (n = std::fread(part, 1, sizeof part, stream)) > 0) {
+    while (total < OUTPUT_READ && (n = std::fread(part, 1, sizeof part, stream)) > 0) {
         total += n;
-        if (text.size() < output_kept)
+        if (text.size() < OUTPUT_KEPT)
             text.append(part, n);
     }
-    const bool read = std::ferror(stream) == 0 && total < output_read;
+    const bool read = std::ferror(stream) == 0 && total < OUTPUT_READ;
     return plat_pclose(stream) == 0 && read;
 }
 

@@ -15,16 +15,16 @@
 
 namespace {
 
-constexpr const char* remount = "mount -o rw,remount /system";
-constexpr const char* load_station = "/system/bin/insmod /system/modules/pronto_wlan.ko con_mode=0";
-constexpr const char* load_test = "/system/bin/insmod /system/modules/pronto_wlan.ko con_mode=5";
-constexpr const char* station_up = "ifconfig wlan0 up";
-constexpr const char* test_up = "wlanftmtest -e";
-constexpr const char* test_down = "wlanftmtest -d";
-constexpr const char* version = "wlanftmtest -v";
-constexpr const char* scan = "iw wlan0 scan";
+constexpr const char* REMOUNT = "mount -o rw,REMOUNT /system";
+constexpr const char* LOAD_STATION = "/system/bin/insmod /system/modules/pronto_wlan.ko con_mode=0";
+constexpr const char* LOAD_TEST = "/system/bin/insmod /system/modules/pronto_wlan.ko con_mode=5";
+constexpr const char* STATION_UP = "ifconfig wlan0 up";
+constexpr const char* TEST_UP = "wlanftmtest -e";
+constexpr const char* TEST_DOWN = "wlanftmtest -d";
+constexpr const char* VERSION = "wlanftmtest -v";
+constexpr const char* SCAN = "iw wlan0 scan";
 
-constexpr int item_bytes = WLAN_ITEM_WORDS * 4;
+constexpr int ITEM_BYTES = WLAN_ITEM_WORDS * 4;
 
 enum class state { ready, stopped, starting };
 
@@ -37,12 +37,12 @@ pthread_t wlan_thread;
 void* wcn3680_wlan_execute_thread(void*)
 {
     const bool station = start_mode == WLAN_MODE_STATION;
-    if (wcn3680_run(remount) == 0)
+    if (wcn3680_run(REMOUNT) == 0)
         return nullptr;
-    if (!loadedWlanDriver && wcn3680_run(station ? load_station : load_test) == 0)
+    if (!loadedWlanDriver && wcn3680_run(station ? LOAD_STATION : LOAD_TEST) == 0)
         return nullptr;
     loadedWlanDriver = true;
-    const int up = wcn3680_run(station ? station_up : test_up);
+    const int up = wcn3680_run(station ? STATION_UP : TEST_UP);
     return reinterpret_cast<void*>(static_cast<std::intptr_t>(up));
 }
 
@@ -78,7 +78,7 @@ int wcn3680_wlan_linux_start(std::uint32_t mode)
 
 int wcn3680_wlan_linux_stop()
 {
-    if (!wcn3680_wlan_ready() || wcn3680_run(test_down) == 0)
+    if (!wcn3680_wlan_ready() || wcn3680_run(TEST_DOWN) == 0)
         return 0;
     wlan_state = state::stopped;
     wcn3680_air = {};
@@ -94,7 +94,7 @@ int wcn3680_wlan_linux_fw_dl()
 int wcn3680_wlan_linux_chip_id(char* p_text)
 {
     int number;
-    if (!wcn3680_wlan_ready() || wcn3680_run(version) == 0 || !wcn3680_result_get(&number))
+    if (!wcn3680_wlan_ready() || wcn3680_run(VERSION) == 0 || !wcn3680_result_get(&number))
         return WLAN_FAILED;
     *std::to_chars(p_text, p_text + WLAN_TEXT_ROOM - 1, number).ptr = '\0';
     return WLAN_OK;
@@ -103,7 +103,7 @@ int wcn3680_wlan_linux_chip_id(char* p_text)
 int wcn3680_wlan_linux_scan(char* p_text)
 {
     std::string output;
-    if (!wcn3680_wlan_ready() || !wcn3680_output_get(scan, output))
+    if (!wcn3680_wlan_ready() || !wcn3680_output_get(SCAN, output))
         return WLAN_FAILED;
     return wcn3680_scan_second_word(output, p_text, WLAN_TEXT_ROOM) ? WLAN_OK : WLAN_FAILED;
 }
@@ -115,8 +115,8 @@ int wcn3680_wlan_linux_calibration_gain(std::uint32_t item, std::uint32_t* p_wor
     const int size = ta_if_get_size(unit);
     if (size == 0)
         return WLAN_OK;
-    std::uint8_t bytes[item_bytes];
-    if (size != item_bytes || ta_if_read(unit, bytes, sizeof bytes) != item_bytes)
+    std::uint8_t bytes[ITEM_BYTES];
+    if (size != ITEM_BYTES || ta_if_read(unit, bytes, sizeof bytes) != ITEM_BYTES)
         return WLAN_FAILED;
     for (std::size_t i = 0; i < WLAN_ITEM_WORDS; i++)
         pbuf_unpack(bytes + 4 * i, "w", &p_words[i]);

@@ -6,20 +6,20 @@
 
 namespace {
 
-constexpr const char* tool = "wlanftmtest";
-constexpr const char* stop_burst = "wlanftmtest -q";
-constexpr const char* clear_counter = "wlanftmtest -m";
-constexpr const char* read_counter = "wlanftmtest -b";
-constexpr const char* read_level = "wlanftmtest -x";
+constexpr const char* TOOL = "wlanftmtest";
+constexpr const char* STOP_BURST = "wlanftmtest -q";
+constexpr const char* CLEAR_COUNTER = "wlanftmtest -m";
+constexpr const char* READ_COUNTER = "wlanftmtest -b";
+constexpr const char* READ_LEVEL = "wlanftmtest -x";
 
-constexpr std::size_t line_room = 64;
+constexpr std::size_t LINE_ROOM = 64;
 
 // The tool's levels are dBm plus this.
-constexpr std::int64_t level_offset = 256;
-constexpr std::int64_t level_none = -101;
-constexpr std::int64_t level_first = -100; // below it nothing was measured yet
-constexpr int level_tries = 10;
-constexpr std::int64_t eighths = 8;
+constexpr std::int64_t LEVEL_OFFSET = 256;
+constexpr std::int64_t LEVEL_NONE = -101;
+constexpr std::int64_t LEVEL_FIRST = -100; // below it nothing was measured yet
+constexpr int LEVEL_TRIES = 10;
+constexpr std::int64_t EIGHTHS = 8;
 
 int result_of(bool done)
 {
@@ -28,11 +28,11 @@ int result_of(bool done)
 
 bool set_channel(std::uint32_t channel, std::uint32_t bandwidth, bool is_static)
 {
-    char wlanCmd[line_room];
+    char wlanCmd[LINE_ROOM];
     if (!is_static)
-        std::snprintf(wlanCmd, sizeof wlanCmd, "%s -c %d -a", tool, static_cast<int>(channel));
+        std::snprintf(wlanCmd, sizeof wlanCmd, "%s -c %d -a", TOOL, static_cast<int>(channel));
     else if (wcn3680_wlan_get_channel(&channel, bandwidth))
-        std::snprintf(wlanCmd, sizeof wlanCmd, "%s -c %d -w %d -a", tool, static_cast<int>(channel),
+        std::snprintf(wlanCmd, sizeof wlanCmd, "%s -c %d -w %d -a", TOOL, static_cast<int>(channel),
                       static_cast<int>(bandwidth));
     else
         return false;
@@ -45,11 +45,11 @@ int wcn3680_wlan_linux_rx_helper(std::uint32_t channel, std::uint32_t bandwidth,
         return WLAN_FAILED;
     if (!wcn3680_air.firstWlanTxBurst) {
         wcn3680_air.firstWlanTxBurst = true;
-        if (wcn3680_run(stop_burst) == 0)
+        if (wcn3680_run(STOP_BURST) == 0)
             return WLAN_FAILED;
     }
     if (is_static && channel == wcn3680_air.previousRxChSet)
-        return result_of(wcn3680_run(clear_counter) != 0);
+        return result_of(wcn3680_run(CLEAR_COUNTER) != 0);
     wcn3680_air.previousRxChSet = channel;
     return result_of(set_channel(channel, bandwidth, is_static));
 }
@@ -80,7 +80,7 @@ int wcn3680_wlan_linux_rx_static_stat(wlan_rx_stats* p_stats)
     const std::uint64_t expected = p_stats->expected;
     *p_stats = {p_stats->expected, 0, {}, 0, 0};
     std::int64_t number;
-    if (!wcn3680_wlan_ready() || !read_number(read_counter, &number))
+    if (!wcn3680_wlan_ready() || !read_number(READ_COUNTER, &number))
         return WLAN_FAILED;
     p_stats->received = number > 0 ? static_cast<std::uint32_t>(number) : 0;
     if (expected == 0)
@@ -102,12 +102,12 @@ int wcn3680_wlan_linux_rx_cw_rssi_stop(std::int16_t* p_rssi)
 {
     if (!wcn3680_wlan_ready())
         return WLAN_FAILED;
-    std::int64_t level = level_none;
-    for (int tries = 0; level < level_first && tries < level_tries; tries++) {
-        if (!read_number(read_level, &level))
+    std::int64_t level = LEVEL_NONE;
+    for (int tries = 0; level < LEVEL_FIRST && tries < LEVEL_TRIES; tries++) {
+        if (!read_number(READ_LEVEL, &level))
             return WLAN_FAILED;
-        level -= level_offset;
+        level -= LEVEL_OFFSET;
     }
-    *p_rssi = static_cast<std::int16_t>(level * eighths);
+    *p_rssi = static_cast<std::int16_t>(level * EIGHTHS);
     return WLAN_OK;
 }

@@ -8,13 +8,13 @@
 
 namespace {
 
-constexpr const char* tool = "wlanftmtest";
-constexpr const char* stop_static = "wlanftmtest -z";
-constexpr const char* stop_burst = "wlanftmtest -s";
+constexpr const char* TOOL = "wlanftmtest";
+constexpr const char* STOP_STATIC = "wlanftmtest -z";
+constexpr const char* STOP_BURST = "wlanftmtest -s";
 
-constexpr std::size_t line_room = 160;
+constexpr std::size_t LINE_ROOM = 160;
 
-constexpr std::int32_t power_divisor = 10;
+constexpr std::int32_t POWER_DIVISOR = 10;
 
 struct rate_range {
     std::uint32_t first;
@@ -57,28 +57,28 @@ constexpr bandwidth_row bandwidths[] = {
 };
 // clang-format on
 
-constexpr std::uint32_t rates = 103;
+constexpr std::uint32_t RATES = 103;
 
-constexpr std::array<std::uint32_t, rates> make_rates()
+constexpr std::array<std::uint32_t, RATES> make_rates()
 {
-    std::array<std::uint32_t, rates> tab{};
+    std::array<std::uint32_t, RATES> tab{};
     std::uint32_t rows = 0;
     for (const rate_range& r : wlan_rate_ranges)
         for (std::uint32_t i = r.first; i <= r.last; i++, rows++)
             tab[i] = r.chip_first + (i - r.first);
-    return rows == rates ? tab : std::array<std::uint32_t, rates>{};
+    return rows == RATES ? tab : std::array<std::uint32_t, RATES>{};
 }
 
-constexpr std::array<std::uint32_t, rates> wlan_cnv_tab = make_rates();
-static_assert(wlan_cnv_tab[3] == 3 && wlan_cnv_tab[4] == 0 && wlan_cnv_tab[rates - 1] == 122);
+constexpr std::array<std::uint32_t, RATES> wlan_cnv_tab = make_rates();
+static_assert(wlan_cnv_tab[3] == 3 && wlan_cnv_tab[4] == 0 && wlan_cnv_tab[RATES - 1] == 122);
 
 constexpr std::uint32_t preambleCnv[] = {3, 4, 0, 2, 1};
-constexpr std::uint32_t preamble_auto = 99;
+constexpr std::uint32_t PREAMBLE_AUTO = 99;
 
-constexpr std::uint32_t length_auto = 65535;
-constexpr std::uint32_t length_per_rate = 300;
-constexpr std::uint32_t length_base = 100;
-constexpr std::uint32_t length_most = 1000;
+constexpr std::uint32_t LENGTH_AUTO = 65535;
+constexpr std::uint32_t LENGTH_PER_RATE = 300;
+constexpr std::uint32_t LENGTH_BASE = 100;
+constexpr std::uint32_t LENGTH_MOST = 1000;
 
 // What goes with a rate of the chip.
 std::uint32_t automatic_preamble(std::uint32_t rate)
@@ -92,36 +92,36 @@ std::uint32_t automatic_preamble(std::uint32_t rate)
 
 std::uint32_t automatic_length(std::uint32_t rate)
 {
-    const std::uint32_t length = rate * length_per_rate;
-    return length < length_most - length_base ? length + length_base : length_most;
+    const std::uint32_t length = rate * LENGTH_PER_RATE;
+    return length < LENGTH_MOST - LENGTH_BASE ? length + LENGTH_BASE : LENGTH_MOST;
 }
 
 // A burst in the tool's terms; false for a preamble or a channel that there isn't.
 bool to_tool(wlan_burst& b)
 {
     b.rate = wlan_cnv_tab[b.rate];
-    if (b.preamble == preamble_auto)
+    if (b.preamble == PREAMBLE_AUTO)
         b.preamble = automatic_preamble(b.rate);
     else if (b.preamble < std::size(preambleCnv))
         b.preamble = preambleCnv[b.preamble];
     else
         return false;
-    if (b.length == length_auto)
+    if (b.length == LENGTH_AUTO)
         b.length = automatic_length(b.rate);
-    b.power /= power_divisor;
+    b.power /= POWER_DIVISOR;
     return wcn3680_wlan_get_channel(&b.channel, b.bandwidth);
 }
 
 bool send_burst(const wlan_burst& b)
 {
-    char wlanCmd[line_room];
+    char wlanCmd[LINE_ROOM];
     const auto number = [](std::uint32_t value) { return static_cast<int>(value); };
     if (wcn3680_air.firstWlanTxBurst || b.channel != wcn3680_air.previousTxChSet)
         std::snprintf(wlanCmd, sizeof wlanCmd, "%s -A -c %d -r %d -p %d -i %d -l %d -w %d -g %d -o %d -G %u",
-                      tool, number(b.channel), number(b.rate), number(b.preamble), number(b.interval),
+                      TOOL, number(b.channel), number(b.rate), number(b.preamble), number(b.interval),
                       number(b.length), number(b.bandwidth), b.power, number(b.dpd), b.mode);
     else
-        std::snprintf(wlanCmd, sizeof wlanCmd, "%s -B -c %d -r %d -p %d -i %d -l %d -g %d -o %d", tool,
+        std::snprintf(wlanCmd, sizeof wlanCmd, "%s -B -c %d -r %d -p %d -i %d -l %d -g %d -o %d", TOOL,
                       number(b.channel), number(b.rate), number(b.preamble), number(b.interval),
                       number(b.length), b.power, number(b.dpd));
     return wcn3680_run(wlanCmd) != 0;
@@ -145,8 +145,8 @@ int wcn3680_wlan_linux_tx_static(std::uint32_t channel, std::uint32_t, std::uint
 {
     if (!wcn3680_wlan_ready() || !wcn3680_wlan_get_channel(&channel, bandwidth))
         return WLAN_FAILED;
-    char wlanCmd[line_room];
-    std::snprintf(wlanCmd, sizeof wlanCmd, "%s -c %d -w %d -y", tool, static_cast<int>(channel),
+    char wlanCmd[LINE_ROOM];
+    std::snprintf(wlanCmd, sizeof wlanCmd, "%s -c %d -w %d -y", TOOL, static_cast<int>(channel),
                   static_cast<int>(bandwidth));
     if (wcn3680_run(wlanCmd) == 0)
         return WLAN_FAILED;
@@ -158,7 +158,7 @@ int wcn3680_wlan_linux_tx_burst(const wlan_burst* p_burst)
 {
     if (!wcn3680_wlan_ready())
         return WLAN_FAILED;
-    if (p_burst->rate >= rates)
+    if (p_burst->rate >= RATES)
         return WLAN_BAD_VALUE;
     wlan_burst b = *p_burst;
     if (!to_tool(b) || !send_burst(b))
@@ -170,7 +170,7 @@ int wcn3680_wlan_linux_tx_burst(const wlan_burst* p_burst)
 
 int wcn3680_wlan_linux_stop_tx()
 {
-    if (!wcn3680_wlan_ready() || wcn3680_run(wcn3680_air.wlanTxStatic ? stop_static : stop_burst) == 0)
+    if (!wcn3680_wlan_ready() || wcn3680_run(wcn3680_air.wlanTxStatic ? STOP_STATIC : STOP_BURST) == 0)
         return WLAN_FAILED;
     wcn3680_air.wlanTxStatic = false;
     return WLAN_OK;
@@ -180,8 +180,8 @@ int wcn3680_wlan_linux_tx_gain(std::int32_t power)
 {
     if (!wcn3680_wlan_ready())
         return WLAN_FAILED;
-    char wlanCmd[line_room];
-    std::snprintf(wlanCmd, sizeof wlanCmd, "%s -P %d", tool, power / power_divisor);
+    char wlanCmd[LINE_ROOM];
+    std::snprintf(wlanCmd, sizeof wlanCmd, "%s -P %d", TOOL, power / POWER_DIVISOR);
     return wcn3680_run(wlanCmd) != 0 ? WLAN_OK : WLAN_FAILED;
 }
 
@@ -189,8 +189,8 @@ int wcn3680_wlan_get_tx_default_parameters(wlan_burst* p_burst)
 {
     *p_burst = {.channel = 1,
                 .rate = 3,
-                .preamble = preamble_auto,
-                .length = length_auto,
+                .preamble = PREAMBLE_AUTO,
+                .length = LENGTH_AUTO,
                 .interval = 200,
                 .mode = 1,
                 .power = 255,

@@ -251,7 +251,7 @@ TEST_F(Drivers, RowsThatASmallDriverLacksAreSyntaxOrErrors)
               0);
 }
 
-TEST_F(Drivers, WhatAnotherSmallDriverCouldDo)
+TEST_F(Drivers, WhatAnotherModemDriverCouldDo)
 {
     modem_co modem{};
     modem.reset = [](std::uint32_t value) { return note(value); };
@@ -277,6 +277,10 @@ TEST_F(Drivers, WhatAnotherSmallDriverCouldDo)
     EXPECT_EQ(answer("mdmf= 1 6,0xFE, 3", 1), "mdmf:|0");
     EXPECT_EQ(called, "16 3 3");
     EXPECT_EQ(answer("mdmid", 1), "mdmid:0xbeef|0");
+}
+
+TEST_F(Drivers, WhatAnotherFmDriverCouldDo)
+{
     fm_co fm{};
     fm.freq_set = [](std::uint32_t hz) { return note(hz); };
     fm.band_set = [](int band) { note(band); };
@@ -300,6 +304,10 @@ TEST_F(Drivers, WhatAnotherSmallDriverCouldDo)
         EXPECT_EQ(called, what) << line;
     }
     EXPECT_EQ(answer("fmct=0"), "fmct: |0");
+}
+
+TEST_F(Drivers, WhatAnotherSimDriverCouldDo)
+{
     sim_co sim{};
     sim.detect = [](std::uint8_t* p) {
         *p = 0x35;
