@@ -97,7 +97,7 @@ other events are dropped, and what is left unread belongs to no later command
 a controller that doesn't answer is given up after 2 seconds, however many other events come
   send     bthr
   expect   BTHR: ,OK
-  phone    hci 010FFC00 silent
+  phone    hci 010FFC00 \*40{0413050101000100+}040E0401030C00
   phone    clock hold
   raw      btid\r
   # 100 ms, then 2000

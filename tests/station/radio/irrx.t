@@ -123,17 +123,34 @@ the console's own line ends are in force again behind a report
   send     s3?
   expect   S3:0x2c, 0x0d,OK
 
-what comes while no test runs is dropped
+a reading that fails is made again
   send     irpa
   expect   IRPA:,OK
   send     irrx=1
   expect   IRRX:,OK
-  phone    fail read /dev/ttyHSL2 1
+  phone    fail read /dev/ttyHSL2 3
   phone    irda 01020304 -> heard
   read     IRRX:0x4,0x100,OK\r\n
-  send     irrx=0
+  phone    fail off -> 0
+
+what is read when the test has just ended is dropped
+  send     irpa
+  expect   IRPA:,OK
+  send     irrx=1
   expect   IRRX:,OK
-  phone    irda 01020304 -> lost
+  phone    clock hold
+  # the reading fails and is put off for 10 ms; by then the test is over
+  phone    fail read /dev/ttyHSL2
+  phone    irda 01020304 -> heard
+  raw      irrx=0\r
+  phone    clock +20
+  expect   IRRX:,OK
+  phone    clock run
+  phone    fail off -> 0
+  send     irrx=1
+  expect   IRRX:,OK
+  phone    irda 0102030405 -> heard
+  read     IRRX:0x5,0x100,OK\r\n
 
 without a port, or with a transceiver that doesn't obey, it is an error
   send     irrx=1
