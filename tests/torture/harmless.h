@@ -63,7 +63,6 @@ constexpr harmless_row harmless[] = {
     { "ioctl /dev/i2c-5 18 0",                        "acct=2", "what can't be read is 0; the station judges the numbers" },
     { "ioctl /dev/i2c-5 18 3",                        "acct=6", "likewise" },
     { "ioctl /dev/i2c-5 68 0",                        "gspt=2", "likewise" },
-    { "ioctl /dev/i2c-5 0C 0A",                       "ecmt=2", "what was measured before is given" },
     { "ioctl /dev/i2c-5 0C 02",                       "ecmt=2", "it is asked for again" },
     { "ioctl /dev/i2c-5 0C 0",                        "ecmt=2", "what can't be read is 0; the station judges the numbers" },
     { "ioctl /dev/i2c-5 39 8",                        "lsen=1", "a table that isn't written shows in the counts" },
