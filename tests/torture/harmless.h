@@ -37,7 +37,7 @@ constexpr harmless_row harmless[] = {
     { "ioctl /dev/diag",                              "ftmc=205", "the record's length shows it" },
     { "ioctl /dev/i2c-5 timeout",                     "i2cr= i2cw= acct gspt ecmt lsen proxs", "a wish: a bus that doesn't know it works with its own" },
     { "ioctl /dev/i2c-5 retries",                     "i2cr= i2cw= acct gspt ecmt lsen proxs", "likewise" },
-    { "lseek /dev/gpio",                              "adcr=3 mstt rfbv", "a node that was just opened stands at its beginning" },
+    { "lseek /dev/gpio",                              "adcr=3 mstt rfbv acct=5 gspt=5 ecmt=5 proxs", "a node that was just opened stands at its beginning" },
     { "open /dev/gpio544",                            "adcr=3 rfbv", "without its supply the RF identity is a voltage that fits no variant" },
     { "write /dev/gpio544",                           "adcr=3 rfbv", "likewise" },
     { "open /dev/gpio547",                            "rfbv", "a variant pin that can't be read counts as inactive" },
