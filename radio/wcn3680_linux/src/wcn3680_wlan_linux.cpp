@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr const char* REMOUNT = "mount -o rw,REMOUNT /system";
+constexpr const char* REMOUNT = "mount -o rw,remount /system";
 constexpr const char* LOAD_STATION = "/system/bin/insmod /system/modules/pronto_wlan.ko con_mode=0";
 constexpr const char* LOAD_TEST = "/system/bin/insmod /system/modules/pronto_wlan.ko con_mode=5";
 constexpr const char* STATION_UP = "ifconfig wlan0 up";
