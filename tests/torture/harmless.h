@@ -4,7 +4,7 @@
 
 struct harmless_row {
     const char* call;  // what the call's text begins with, "operation path"
-    const char* lines; // of which command lines, by their beginnings between blanks, numbers whole; empty for any line
+    const char* lines; // of which command lines, by their beginnings with whole numbers; empty for any line
     const char* reason;
 };
 
@@ -87,5 +87,6 @@ constexpr harmless_row harmless[] = {
     { "auxnvq_write_unit",                              "gspt=32", "the answer is about the reading" },
     { "open /sys/hvt/hvt-vib/vib",                      "vibt=1", "each measurement of this product is told as one that failed" },
     { "write /sys/hvt/hvt-vib/vib",                     "vibt=1", "likewise" },
+    { "write pipe",                                     "vibt=1", "the loop finds what is queued at its next pass" },
 };
 // clang-format on

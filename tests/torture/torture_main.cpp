@@ -119,7 +119,7 @@ bool exchange(phone_fixture& phone, const std::string& line, std::string& reply,
 }
 
 // What comes of a line behind its answer: by a thread that it has started.
-bool take_late(phone_fixture& phone, long ms, std::string& late, std::string& wrong)
+bool take_late(phone_fixture& phone, long ms, std::string& reply, std::string& late, std::string& wrong)
 {
     std::string answer;
     late.clear();
@@ -130,6 +130,11 @@ bool take_late(phone_fixture& phone, long ms, std::string& late, std::string& wr
         return false;
     }
     port_take(phone.port, late);
+    // Perhaps it has come at once.
+    if (const std::size_t end = reply.find("\r\n"); end != std::string::npos) {
+        late.insert(0, reply.substr(end + 2));
+        reply.erase(end + 2);
+    }
     return true;
 }
 
@@ -139,8 +144,8 @@ bool used[std::size(harmless)]; // rows that a line has needed
 bool begins(const std::string& line, const std::string& beginning)
 {
     const auto digit = [](char ch) { return ch >= '0' && ch <= '9'; };
-    return line.starts_with(beginning) && (line.size() == beginning.size() || !digit(beginning.back()) ||
-                                           !digit(line[beginning.size()]));
+    return line.starts_with(beginning) &&
+           (line.size() == beginning.size() || !digit(beginning.back()) || !digit(line[beginning.size()]));
 }
 
 bool is_for(const harmless_row& row, const std::string& line)
@@ -216,7 +221,8 @@ std::string run_with_fault(campaign& c, const std::string& arm, const std::strin
     if (!c.phone.ask(arm, answer))
         return "\"" + arm + "\" isn't taken: " + answer;
     std::string late;
-    if (!exchange(c.phone, c.line.text, reply, wrong) || !take_late(c.phone, c.line.late_ms, late, wrong))
+    if (!exchange(c.phone, c.line.text, reply, wrong) ||
+        !take_late(c.phone, c.line.late_ms, reply, late, wrong))
         return wrong;
     if (!c.phone.ask("fail off", answer))
         return "the control port: " + answer;
@@ -269,7 +275,7 @@ std::string run_without_fault(campaign& c)
     std::string wrong;
     c.units_before = read_units(c.phone);
     if (!exchange(c.phone, c.line.text, c.good_reply, wrong) ||
-        !take_late(c.phone, c.line.late_ms, c.good_late, wrong))
+        !take_late(c.phone, c.line.late_ms, c.good_reply, c.good_late, wrong))
         return wrong;
     c.phone.ask("calls off", answer);
     c.phone.ask("calls", answer);
