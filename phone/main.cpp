@@ -2,8 +2,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <vector>
 
 #include "check/check.h"
+#include "core/conf.h"
 #include "core/life.h"
 #include "core/log.h"
 #include "core/table.h"
@@ -41,6 +43,16 @@ bool read_options(int argc, char** argv, phone::start_options& options)
     return !options.dir.empty();
 }
 
+// The lines `setting` of phone.conf go to the program.
+void hand_on_settings()
+{
+    static std::vector<s_setting> all;
+    for (const phone::conf_setting& s : phone::conf_settings())
+        all.push_back(
+            {s.module.c_str(), s.key.c_str(), s.number ? nullptr : s.value.c_str(), s.number.value_or(0)});
+    s_set_open(all);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -55,6 +67,7 @@ int main(int argc, char** argv)
     }
     plat_attach(&phone::phone_co);
     check_watch(phone::life_program_stopped);
+    hand_on_settings();
     const int status = s_main(argc, argv);
     phone::log_flush();
     // The phone's threads live on; what they use must not be torn down.

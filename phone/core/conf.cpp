@@ -25,6 +25,7 @@ std::map<std::string, conf_fn, std::less<>> keys;
 std::set<std::string, std::less<>> word_keys;
 std::map<std::string, void (*)(), std::less<>> offers;
 std::vector<word_line> word_lines;
+std::deque<conf_setting> settings;
 
 std::string wrong_line(int line, const std::string& what)
 {
@@ -65,6 +66,30 @@ std::string conf_with(const std::vector<std::string>& args)
     if (found == offers.end())
         return "no phone has " + args[0];
     found->second();
+    return {};
+}
+
+bool is_name(std::string_view text)
+{
+    return text.find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_") ==
+           text.npos;
+}
+
+std::string conf_take_setting(const std::vector<std::string>& args)
+{
+    if (args.size() != 3)
+        return "setting wants a module, a key and a value";
+    for (const std::string& name : {args[0], args[1]})
+        if (!is_name(name))
+            return "\"" + name + "\" is no name: letters, digits and _ are wanted";
+    conf_setting setting{args[0], args[1], args[2], std::nullopt};
+    if (args[2].find_first_not_of("0123456789") == std::string::npos) {
+        const auto value = number(args[2]);
+        if (!value || *value > UINT32_MAX)
+            return "a number goes to 4294967295, not to " + args[2];
+        setting.number = static_cast<std::uint32_t>(*value);
+    }
+    settings.push_back(std::move(setting));
     return {};
 }
 
@@ -109,6 +134,12 @@ void conf_attach()
 {
     conf_add("without", conf_without);
     conf_add("with", conf_with);
+    conf_add("setting", conf_take_setting);
+}
+
+const std::deque<conf_setting>& conf_settings()
+{
+    return settings;
 }
 
 void conf_offer(std::string_view path, void (*add)())

@@ -2,6 +2,9 @@
 // the seeds are laid.
 #pragma once
 
+#include <cstdint>
+#include <deque>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,7 +25,19 @@ std::string conf_read();
 // Carries out the lines of conf_add_word.
 std::string conf_run_words();
 
-// The keys `without` and `with`. A node that only some phones have is offered by its device with conf_offer.
+// A line `setting MODULE KEY VALUE`: a named setting of the program that its product leaves open.
+struct conf_setting {
+    std::string module;
+    std::string key;
+    std::string value;
+    std::optional<std::uint32_t> number; // a value of digits alone
+};
+
+// All of them in their order; they stay where they are.
+const std::deque<conf_setting>& conf_settings();
+
+// The keys `without`, `with` and `setting`. A node that only some phones have is offered by its device with
+// conf_offer.
 void conf_attach();
 void conf_offer(std::string_view path, void (*add)());
 

@@ -71,8 +71,10 @@ bool file_write(std::string_view path, std::string_view text, bool append = fals
 // Adds the word `files`.
 void files_attach();
 
-// For device models that keep descriptors in hand: the open files of a path.
+// What the phone keeps of a descriptor; NULL for one that isn't its own.
 std::shared_ptr<open_file> file_of(int fd);
+
+// A path that phone.conf takes away from this phone ("without").
 bool path_is_lacking(std::string_view path);
 
 } // namespace phone

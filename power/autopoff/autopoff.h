@@ -4,7 +4,8 @@
 
 void autopoff_init(); // tier entry: the default settings
 
-// Begins with a check at the loop's next pass. Not again while it runs.
+// The first check comes after an interval, or, before the main loop runs, at its first pass. Does nothing
+// while it runs already.
 void autopoff_start();
 
 // From any thread. The check that is waiting ends the chain.

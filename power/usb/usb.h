@@ -32,8 +32,7 @@ int usb_get(int item, int* p_val);
 constexpr int USB_GET_CHARGER_TYPE = 0; // 0 to 8: none, SDP, DCP, CDP, ACA A, B and C, ACA dock, proprietary
 constexpr int USB_GET_CONNECTED = 1;    // 1 connected, 0 not
 constexpr int USB_SET_HOST_POWER_OFF = 7;
-constexpr int USB_SET_VBUS_WATCH =
-    8; // value: ms without host power once nothing is connected, negative for 500
+constexpr int USB_SET_VBUS_WATCH = 8; // value: ms of host power once nothing is connected, negative for 500
 
 // Listeners may come and go from within a callback.
 void usb_evt_attach(usb_listener* p_rec, void (*cb)(unsigned event));

@@ -69,6 +69,21 @@ void cio_bin_rx(dcp_client* p_clnt, void* buf, std::size_t size, dcp_bin_cb cb, 
 // ones in the same order.
 unsigned cio_s3_set(int term0, int final0);
 unsigned cio_s4_set(int term1, int final1, int final2);
+
+// Borrows the line ends for as long as it lives, for a report that comes beside the command flow: each line
+// of response is a line of its own, ended by CR LF. Whatever was set is put back behind it.
+class cio_report_lines {
+public:
+    cio_report_lines();
+    ~cio_report_lines();
+    cio_report_lines(const cio_report_lines&) = delete;
+    cio_report_lines& operator=(const cio_report_lines&) = delete;
+
+private:
+    unsigned s3;
+    unsigned s4;
+};
+
 const char* cio_cmd_term();
 const char* cio_cmd_final();
 

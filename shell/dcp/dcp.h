@@ -59,7 +59,7 @@ constexpr int DCP_DSPL_DUMP = 8;
 // A line has at most this many values; one more is a syntax error.
 constexpr int DCP_MAX_VALUES = 16;
 
-// dcp_printf_def forms at most this many characters, name and colon included, and cuts what is longer.
+// dcp_printf forms at most this many characters, name and colon included, and cuts what is longer.
 constexpr std::size_t DCP_MAX_RESPONSE = 255;
 
 // What dcp_cmd_dspl writes at most, with its NUL.
@@ -155,20 +155,18 @@ dcp_client* dcp_get_def_clnt();
 int dcp_set_def_clnt(int id);          // gives the former number
 int dcp_get_clnt_id(const char* name); // -1 when no slot has that name
 
-// The one way to answer: sends "NAME:value" to client `id` as a line of response. At most DCP_MAX_RESPONSE
-// characters go out; what may be longer goes through dcp_print_long.
-typedef void (*dcp_printf_fn)(int id, const char* name, const char* fmt, ...)
-    __attribute__((format(printf, 3, 4)));
-extern dcp_printf_fn dcp_printf;
-
-// The printer that dcp_printf is on, unless a handler has installed its own for as long as it runs; a null
-// `fn` puts it back.
-void dcp_printf_def(int id, const char* name, const char* fmt, ...) __attribute__((format(printf, 3, 4)));
-void dcp_printf_add(dcp_printf_fn fn);
-
-// The same line of response for a text of any length, in full: name, colon and `text`, the name in the case
-// that dcp_printf would give it.
+// Answering. A line of response is "NAME:value" at client `id`, the name in the case that is in force; the
+// client appends its line term. dcp_printf cuts it at DCP_MAX_RESPONSE characters; dcp_print_long sends a
+// text of any length in full.
+void dcp_printf(int id, const char* name, const char* fmt, ...) __attribute__((format(printf, 3, 4)));
 void dcp_print_long(int id, const char* name, const char* text);
+
+// A line of response with `text` behind the name, and `status` as the result: how most handlers end. Stations
+// compare what stands there, so "" (the bare name) and " " (one blank) are two different answers.
+int dcp_answer(int id, const char* name, const char* text, int status);
+
+// A piece of an answer that is sent in pieces: `text` as it is, neither name nor line term.
+void dcp_print_raw(int id, const char* text);
 
 // Shows `text` at client `id` as it is, under a display type; `more` is 1 for a row of a listing.
 void dcp_resp_dspl(int id, int type, int more, const char* text);

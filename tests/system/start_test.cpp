@@ -101,6 +101,9 @@ TEST(Start, AWrongLineOfPhoneConfIsNamed)
         {"without\n", "line 1: without wants one path"},
         {"usb sideways\n", "line 1: on or off is wanted"},
         {"speed\n", "line 1: speed wants a value"},
+        {"setting luigi start_key\n", "line 1: setting wants a module, a key and a value"},
+        {"setting luigi start-key x\n", "line 1: \"start-key\" is no name"},
+        {"setting luigi canvas_padding 4294967296\n", "line 1: a number goes to 4294967295"},
     };
     for (const auto& [text, reason] : lines) {
         phone_fixture phone;

@@ -8,6 +8,7 @@
 #include "adcr/adcr.h"
 #include "attr/attr.h"
 #include "pin/pin.h"
+#include "pin/signals.h"
 #include "plat/plat.h"
 
 namespace {
@@ -15,7 +16,6 @@ namespace {
 constexpr std::uint32_t CH_RF_ID = 3;
 constexpr std::uint32_t CH_BATT_THERM = 11;
 constexpr std::uint32_t CH_DIE_TEMP = 13;
-constexpr int SIG_RF_ID_SUPPLY = 154;
 constexpr const char* VADC_DIR = "/sys/devices";
 constexpr const char* VADC_PREFIX = "qpnp-vadc-";
 constexpr const char* THERMAL_ZONE = "/sys/class/thermal/thermal_zone";
@@ -156,7 +156,7 @@ int read_channel(std::uint32_t channel, std::uint32_t format, int* p_val)
             return ADCR_FAILED;
     } else {
         if (channel == CH_RF_ID)
-            pin_out_set(SIG_RF_ID_SUPPLY, PIN_ACTIVE);
+            pin_out_set(PIN_OUT_RF_ID_SUPPLY, PIN_ACTIVE);
         if (!read_vadc(attr, &read))
             return ADCR_FAILED;
     }

@@ -5,18 +5,12 @@
 
 namespace {
 
-int answer(int id, const char* text, int status)
-{
-    dcp_printf(id, "adcr", "%s", text);
-    return status;
-}
-
 int list_channels(int id)
 {
-    answer(id, "Read adc channels ", DCP_OK);
+    dcp_answer(id, "adcr", "Read adc channels ", DCP_OK);
     const adcr_channel* const p_tab = adcr_channel_info();
     if (p_tab == nullptr)
-        return answer(id, "No table found!", DCP_OK);
+        return dcp_answer(id, "adcr", "No table found!", DCP_OK);
     for (unsigned i = 0; p_tab[i].attr_raw != nullptr; i++)
         if (p_tab[i].desc[0] != '\0')
             dcp_printf(id, "adcr", "0x%x - %s", i, p_tab[i].desc);
@@ -28,11 +22,11 @@ int do_adcr_read(int id, int action, int argc, const dcp_word* argv)
     if (action == DCP_ACTION_TEST)
         return list_channels(id);
     if (argc != 1 && argc != 2)
-        return answer(id, " ", DCP_SYNTAX);
+        return dcp_answer(id, "adcr", " ", DCP_SYNTAX);
     int value = 0;
     const int result = adcr_read(dcp_uint(argv[0]), argc == 2 ? dcp_uint(argv[1]) : ADCR_DIVIDED, &value);
     if (result != ADCR_OK)
-        return answer(id, "", result == ADCR_REFUSED ? DCP_SYNTAX : DCP_ERROR);
+        return dcp_answer(id, "adcr", "", result == ADCR_REFUSED ? DCP_SYNTAX : DCP_ERROR);
     dcp_printf(id, "adcr", "0x%x", static_cast<unsigned>(value));
     return DCP_OK;
 }

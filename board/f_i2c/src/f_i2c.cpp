@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 
 #include "dcp/dcp.h"
 #include "i2c/i2c.h"
@@ -15,16 +14,13 @@ constexpr unsigned CURRENT_REG = 255; // from here on: no register is written be
 
 int answer(int id, const char* name, bool done)
 {
-    dcp_printf(id, name, "%s", done ? "" : "no ack");
-    return done ? DCP_OK : DCP_ERROR;
+    return done ? dcp_answer(id, name, "", DCP_OK) : dcp_answer(id, name, "no ack", DCP_ERROR);
 }
 
 int do_i2cw(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action != DCP_ACTION_SET) {
-        dcp_printf(id, "i2cw", "%s", "write to any i2c device at specified address");
-        return DCP_OK;
-    }
+    if (action != DCP_ACTION_SET)
+        return dcp_answer(id, "i2cw", "write to any i2c device at specified address", DCP_OK);
     std::uint8_t bytes[MOST_BYTES];
     const int count = argc > 2 ? scf_str_to_uint8(bytes, MOST_BYTES, dcp_text(argv[2]), 16) : 0;
     i2c_handle hnd;
@@ -44,27 +40,11 @@ bool read_bytes(const i2c_handle* p_hnd, unsigned reg, std::uint8_t* p_buf, unsi
     return i2c_read(p_hnd, p_buf, count) >= 0;
 }
 
-// What passes a line of response goes to the port in pieces, with the end that spmir has.
-void answer_bytes(int id, const std::uint8_t* p_buf, unsigned count)
-{
-    char text[5 * MOST_BYTES + 16];
-    scf_bin_to_hexstr(text, sizeof text, p_buf, static_cast<int>(count), 1, ',');
-    if (std::strlen("I2CR:") + std::strlen(text) <= DCP_MAX_RESPONSE) {
-        dcp_printf(id, "i2cr", "%s", text);
-        return;
-    }
-    const char* const name = dcp_case_get() == 0 ? "I2CR:" : "i2cr:";
-    dcp_bin_tx(id, name, std::strlen(name), nullptr, nullptr);
-    dcp_bin_tx(id, text, std::strlen(text), nullptr, nullptr);
-    dcp_bin_tx(id, ",", 2, nullptr, nullptr);
-}
-
 int do_i2cr(int id, int action, int argc, const dcp_word* argv)
 {
     if (action != DCP_ACTION_SET) {
         dcp_printf(id, "i2cr", "%s", "read from any i2c device at specified address");
-        dcp_printf(id, "i2cr", "%s", "reg=255 accesses current register");
-        return DCP_OK;
+        return dcp_answer(id, "i2cr", "reg=255 accesses current register", DCP_OK);
     }
     unsigned val[] = {0, 0, 0, 1}; // port, address, register, count
     for (int i = 0; argc <= 4 && i < argc; i++)
@@ -78,7 +58,9 @@ int do_i2cr(int id, int action, int argc, const dcp_word* argv)
     i2c_close(&hnd);
     if (!done)
         return answer(id, "i2cr", false);
-    answer_bytes(id, bytes, count);
+    char text[5 * MOST_BYTES + 1]; // "0x01," a byte
+    scf_bin_to_hexstr(text, sizeof text, bytes, static_cast<int>(count), 1, ',');
+    dcp_print_long(id, "i2cr", text);
     return DCP_OK;
 }
 

@@ -7,21 +7,15 @@
 
 namespace {
 
-int answer(int id, const char* name, const char* text, int status)
-{
-    dcp_printf(id, name, "%s", text);
-    return status;
-}
-
 int do_msm_pvsr(int id, int action, int argc, const dcp_word* argv)
 {
     if (action == DCP_ACTION_TEST)
-        return answer(id, "pvsr", "Read processor voltage setting", DCP_OK);
+        return dcp_answer(id, "pvsr", "Read processor voltage setting", DCP_OK);
     if (argc != 1 || dcp_uint(argv[0]) != 1)
-        return answer(id, "pvsr", " ", DCP_SYNTAX);
+        return dcp_answer(id, "pvsr", " ", DCP_SYNTAX);
     int value;
     if (msm_pvs_read(&value) != 0)
-        return answer(id, "pvsr", " ", DCP_ERROR);
+        return dcp_answer(id, "pvsr", " ", DCP_ERROR);
     dcp_printf(id, "pvsr", "0x%x", static_cast<unsigned>(value));
     return DCP_OK;
 }
@@ -29,12 +23,12 @@ int do_msm_pvsr(int id, int action, int argc, const dcp_word* argv)
 int do_msm_msmv(int id, int action, int argc, const dcp_word*)
 {
     if (action == DCP_ACTION_TEST)
-        return answer(id, "msmv", "Product device ID, Feature ID, Version ID", DCP_OK);
+        return dcp_answer(id, "msmv", "Product device ID, Feature ID, Version ID", DCP_OK);
     if (argc != 0)
-        return answer(id, "msmv", " ", DCP_SYNTAX);
+        return dcp_answer(id, "msmv", " ", DCP_SYNTAX);
     std::uint32_t val[3];
     if (msm_version_read(val) != 0)
-        return answer(id, "msmv", " ", DCP_ERROR);
+        return dcp_answer(id, "msmv", " ", DCP_ERROR);
     dcp_printf(id, "msmv", "0x%x,0x%x,0x%x", val[0], val[1], val[2]);
     return DCP_OK;
 }

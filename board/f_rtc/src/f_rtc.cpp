@@ -7,19 +7,13 @@
 
 namespace {
 
-int answer(int id, const char* name, const char* text, int status)
-{
-    dcp_printf(id, name, "%s", text);
-    return status;
-}
-
 int do_rtc_read(int id, int action, int, const dcp_word*)
 {
     if (action == DCP_ACTION_TEST)
-        return answer(id, "rtcr", "Read RTC Date Time", DCP_OK);
+        return dcp_answer(id, "rtcr", "Read RTC Date Time", DCP_OK);
     rtc_time tm;
     if (rtc_read(&tm) == 0)
-        return answer(id, "rtcr", " ", DCP_ERROR);
+        return dcp_answer(id, "rtcr", " ", DCP_ERROR);
     dcp_printf(id, "rtcr", "%d,%d,%d,%d,%d,%d", tm.tm_year, tm.tm_mon, tm.tm_mday, tm.tm_hour, tm.tm_min,
                tm.tm_sec);
     return DCP_OK;
@@ -28,9 +22,9 @@ int do_rtc_read(int id, int action, int, const dcp_word*)
 int do_rtc_write(int id, int action, int argc, const dcp_word* argv)
 {
     if (argc != 6)
-        return answer(id, "rtcw", " ", DCP_SYNTAX);
+        return dcp_answer(id, "rtcw", " ", DCP_SYNTAX);
     if (action == DCP_ACTION_TEST)
-        return answer(id, "rtcw", "Write RTC Date Time", DCP_OK);
+        return dcp_answer(id, "rtcw", "Write RTC Date Time", DCP_OK);
     rtc_time tm{};
     tm.tm_year = static_cast<std::uint16_t>(argv[0]);
     tm.tm_mon = static_cast<std::uint8_t>(argv[1]);
@@ -38,7 +32,7 @@ int do_rtc_write(int id, int action, int argc, const dcp_word* argv)
     tm.tm_hour = static_cast<std::uint8_t>(argv[3]);
     tm.tm_min = static_cast<std::uint8_t>(argv[4]);
     tm.tm_sec = static_cast<std::uint8_t>(argv[5]);
-    return answer(id, "rtcw", " ", rtc_write(&tm) != 0 ? DCP_OK : DCP_ERROR);
+    return dcp_answer(id, "rtcw", " ", rtc_write(&tm) != 0 ? DCP_OK : DCP_ERROR);
 }
 
 // clang-format off

@@ -13,25 +13,18 @@ namespace {
 constexpr std::size_t TEXT_ROOM = 65472;
 constexpr int MOST_WRITE = 65472;
 
-int answer(int id, const char* name, int status)
-{
-    dcp_printf(id, name, "%s", "");
-    return status;
-}
-
 // What both commands need before they can begin: DCP_OK with all three values, otherwise the status to end
 // with.
 int check_values(int id, const char* name, int argc)
 {
     if (argc >= 3)
         return DCP_OK;
-    return argc > 0 ? answer(id, name, DCP_SYNTAX) : DCP_SYNTAX;
+    return argc > 0 ? dcp_answer(id, name, "", DCP_SYNTAX) : DCP_SYNTAX;
 }
 
 int answer_help(int id, const char* name)
 {
-    dcp_printf(id, name, "%s", " System Power Management Interface");
-    return DCP_OK;
+    return dcp_answer(id, name, " System Power Management Interface", DCP_OK);
 }
 
 // The bytes pass a line of response by far: they go to the port in pieces, the terminator with its NUL.
@@ -57,11 +50,11 @@ int do_spmir(int id, int action, int argc, const dcp_word* argv)
     std::int32_t count = 0;
     scf_str_to_int32(&count, 1, text, 10);
     if (count < 1 || count > static_cast<std::int32_t>(SPMI_MOST_READ - addr % SPMI_ROW))
-        return answer(id, "spmir", DCP_SYNTAX);
+        return dcp_answer(id, "spmir", "", DCP_SYNTAX);
     const auto len = static_cast<std::size_t>(count);
     std::uint8_t bytes[SPMI_MOST_READ];
     if (spmi_read(dcp_uint(argv[0]), addr, bytes, len) == 0)
-        return answer(id, "spmir", DCP_ERROR);
+        return dcp_answer(id, "spmir", "", DCP_ERROR);
     answer_bytes(id, bytes, len);
     return DCP_OK;
 }
@@ -79,7 +72,7 @@ int do_spmiw(int id, int action, int argc, const dcp_word* argv)
     const int count = scf_str_to_uint8(p_bytes.get(), MOST_WRITE, text, 10);
     const int written =
         spmi_write(dcp_uint(argv[0]), dcp_uint(argv[1]), p_bytes.get(), static_cast<std::size_t>(count));
-    return answer(id, "spmiw", written != 0 ? DCP_OK : DCP_ERROR);
+    return dcp_answer(id, "spmiw", "", written != 0 ? DCP_OK : DCP_ERROR);
 }
 
 // clang-format off

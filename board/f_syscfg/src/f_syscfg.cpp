@@ -7,16 +7,10 @@
 
 namespace {
 
-int answer(int id, const char* name, int status)
-{
-    dcp_printf(id, name, "%s", " ");
-    return status;
-}
-
 // An operation's result as a status.
 int answer_result(int id, const char* name, int result)
 {
-    return answer(id, name, result == 0 || result == 1 || result == 2 ? result : DCP_ERROR);
+    return dcp_answer(id, name, " ", result == 0 || result == 1 || result == 2 ? result : DCP_ERROR);
 }
 
 int sysmode_help(int id)
@@ -34,7 +28,7 @@ int do_syscfg_mode(int id, int action, int argc, const dcp_word* argv)
     if (action == DCP_ACTION_TEST)
         return sysmode_help(id);
     if (argc != 1)
-        return answer(id, "sysmode", DCP_SYNTAX);
+        return dcp_answer(id, "sysmode", " ", DCP_SYNTAX);
     return answer_result(id, "sysmode", syscfg_set_mode(dcp_uint(argv[0])));
 }
 
@@ -57,18 +51,16 @@ int do_syscfg(int id, int action, int argc, const dcp_word* argv)
     if (action == DCP_ACTION_TEST)
         return syscfg_help(id);
     if (argc != 2 || dcp_text(argv[1]) == nullptr)
-        return answer(id, "syscfg", DCP_SYNTAX);
+        return dcp_answer(id, "syscfg", " ", DCP_SYNTAX);
     return answer_result(id, "syscfg", syscfg_set_setting(dcp_uint(argv[0]), dcp_text(argv[1])));
 }
 
 int do_syscfg_ip(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "ipcfg", "%s", "Set last digits of IP address");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "ipcfg", "Set last digits of IP address", DCP_OK);
     if (argc != 1)
-        return answer(id, "ipcfg", DCP_SYNTAX);
+        return dcp_answer(id, "ipcfg", " ", DCP_SYNTAX);
     return answer_result(id, "ipcfg", syscfg_set_ip_addr(dcp_uint(argv[0])));
 }
 

@@ -31,23 +31,17 @@ std::uint32_t adcr_of(std::uint32_t temp)
     return NO_CHANNEL;
 }
 
-int answer(int id, const char* text, int status)
-{
-    dcp_printf(id, "temp", "%s", text);
-    return status;
-}
-
 int do_temp_read(int id, int action, int argc, const dcp_word* argv)
 {
     if (action == DCP_ACTION_TEST)
-        return answer(id, "Read temperatures", DCP_OK);
+        return dcp_answer(id, "temp", "Read temperatures", DCP_OK);
     if (argc != 1 && argc != 2)
-        return answer(id, " ", DCP_SYNTAX);
+        return dcp_answer(id, "temp", " ", DCP_SYNTAX);
     const std::uint32_t format = argc == 2 ? dcp_uint(argv[1]) : ADCR_RAW;
     int value = 0;
     const int result = adcr_read(adcr_of(dcp_uint(argv[0])), format, &value);
     if (result != ADCR_OK)
-        return answer(id, "", result == ADCR_REFUSED ? DCP_SYNTAX : DCP_ERROR);
+        return dcp_answer(id, "temp", "", result == ADCR_REFUSED ? DCP_SYNTAX : DCP_ERROR);
     if (format == ADCR_SCALED)
         dcp_printf(id, "temp", " %d", value);
     else

@@ -1,5 +1,7 @@
 #include "pin_brenk/pin_brenk.h"
 
+#include "pin/signals.h"
+
 namespace {
 
 constexpr int LOW = 0; // active low
@@ -7,44 +9,44 @@ constexpr int HIGH = 1;
 
 // clang-format off
 constexpr pin_out_row pin_out_map_brenk[] = {
-    // sig  group         pin  counts      active  attr  on       off
-    {   30, PIN_GRP_GPIO,   3, PIN_DIRECT, HIGH,   8,    nullptr, nullptr },
-    {   69, PIN_GRP_GPIO, 558, PIN_DIRECT, LOW,    8,    nullptr, nullptr }, // NFC enable
-    {  149, PIN_GRP_GPIO,  13, PIN_DIRECT, HIGH,   8,    nullptr, nullptr }, // tuner power
-    {  150, PIN_GRP_GPIO,  14, PIN_DIRECT, HIGH,   8,    nullptr, nullptr }, // tuner power
-    {  151, PIN_GRP_GPIO, 561, PIN_DIRECT, HIGH,   8,    nullptr, nullptr }, // tuner reset
-    {  154, PIN_GRP_GPIO, 544, PIN_DIRECT, HIGH,   8,    nullptr, nullptr }, // supply of the RF id divider
-    {  158, PIN_GRP_GPIO, 568, PIN_DIRECT, HIGH,   8,    nullptr, nullptr }, // contactless lock line
-    {  159, PIN_GRP_GPIO,  16, PIN_DIRECT, HIGH,   8,    nullptr, nullptr }, // MHL self tests
-    {  160, PIN_GRP_GPIO,  57, PIN_DIRECT, HIGH,   8,    nullptr, nullptr },
-    {  161, PIN_GRP_GPIO, 559, PIN_DIRECT, LOW,    8,    nullptr, nullptr }, // contactless SIM select
-    {  163, PIN_GRP_GPIO, 567, PIN_DIRECT, HIGH,   8,    nullptr, nullptr }, // tuner antenna, bit 0
-    {  164, PIN_GRP_GPIO, 564, PIN_DIRECT, HIGH,   8,    nullptr, nullptr }, // tuner antenna, bit 1
-    {  165, PIN_GRP_GPIO, 565, PIN_DIRECT, HIGH,   8,    nullptr, nullptr }, // tuner antenna, bit 2
+    // sig                   group         pin  counts      active  attr  on       off
+    { PIN_OUT_30,            PIN_GRP_GPIO,   3, PIN_DIRECT, HIGH,   8,    nullptr, nullptr },
+    { PIN_OUT_NFC_ENABLE,    PIN_GRP_GPIO, 558, PIN_DIRECT, LOW,    8,    nullptr, nullptr },
+    { PIN_OUT_TUNER_POWER1,  PIN_GRP_GPIO,  13, PIN_DIRECT, HIGH,   8,    nullptr, nullptr },
+    { PIN_OUT_TUNER_POWER2,  PIN_GRP_GPIO,  14, PIN_DIRECT, HIGH,   8,    nullptr, nullptr },
+    { PIN_OUT_TUNER_RESET,   PIN_GRP_GPIO, 561, PIN_DIRECT, HIGH,   8,    nullptr, nullptr },
+    { PIN_OUT_RF_ID_SUPPLY,  PIN_GRP_GPIO, 544, PIN_DIRECT, HIGH,   8,    nullptr, nullptr },
+    { PIN_OUT_LOCK_LINE,     PIN_GRP_GPIO, 568, PIN_DIRECT, HIGH,   8,    nullptr, nullptr },
+    { PIN_OUT_MHL_RESET,     PIN_GRP_GPIO,  16, PIN_DIRECT, HIGH,   8,    nullptr, nullptr },
+    { PIN_OUT_160,           PIN_GRP_GPIO,  57, PIN_DIRECT, HIGH,   8,    nullptr, nullptr },
+    { PIN_OUT_SIM_SELECT,    PIN_GRP_GPIO, 559, PIN_DIRECT, LOW,    8,    nullptr, nullptr },
+    { PIN_OUT_ANTENNA0,      PIN_GRP_GPIO, 567, PIN_DIRECT, HIGH,   8,    nullptr, nullptr },
+    { PIN_OUT_ANTENNA1,      PIN_GRP_GPIO, 564, PIN_DIRECT, HIGH,   8,    nullptr, nullptr },
+    { PIN_OUT_ANTENNA2,      PIN_GRP_GPIO, 565, PIN_DIRECT, HIGH,   8,    nullptr, nullptr },
     { PIN_OUT_LAST, PIN_GRP_NONE, 0, PIN_DIRECT, HIGH, 0, nullptr, nullptr },
 };
 
 constexpr pin_in_row pin_in_map_brenk[] = {
-    // sig  group         pin  active  attr
-    {    4, PIN_GRP_GPIO,  59, HIGH,   8 }, // NFC interrupt
-    {   12, PIN_GRP_NONE,   0, HIGH,   8 },
-    {   13, PIN_GRP_GPIO,  62, HIGH,   8 }, // memory card detect
-    {   41, PIN_GRP_GPIO, 153, HIGH,   8 },
-    {   47, PIN_GRP_GPIO,  74, LOW,    1 }, // proximity output
-    {   49, PIN_GRP_GPIO,  97, HIGH,   8 }, // contactless SIM supply check
-    {   50, PIN_GRP_GPIO, 100, HIGH,   8 }, // SIM detect
-    {   52, PIN_GRP_GPIO,  73, HIGH,   8 }, // accelerometer interrupt line 1
-    {   53, PIN_GRP_GPIO,  65, HIGH,   8 }, // accelerometer interrupt line 2
-    {   57, PIN_GRP_GPIO, 547, HIGH,   8 }, // RF variant pin
-    {   61, PIN_GRP_GPIO, 569, HIGH,   8 }, // contactless status line
-    {   62, PIN_GRP_GPIO,  77, LOW,    8 }, // contactless status line
-    {   63, PIN_GRP_GPIO,  78, HIGH,   8 }, // contactless chip interrupt
-    {   64, PIN_GRP_GPIO,  25, HIGH,   8 }, // contactless variant check
-    {   65, PIN_GRP_GPIO,  28, HIGH,   8 },
-    {   66, PIN_GRP_GPIO, 169, HIGH,   8 },
-    {   67, PIN_GRP_GPIO,  67, HIGH,   8 }, // compass data ready
-    {   68, PIN_GRP_GPIO,  34, HIGH,   8 }, // MHL hot-plug test
-    {   69, PIN_GRP_GPIO,  68, HIGH,   8 }, // tuner bus check
+    // sig                   group         pin  active  attr
+    { PIN_IN_NFC_IRQ,        PIN_GRP_GPIO,  59, HIGH,   8 },
+    { PIN_IN_12,             PIN_GRP_NONE,   0, HIGH,   8 },
+    { PIN_IN_CARD_DETECT,    PIN_GRP_GPIO,  62, HIGH,   8 },
+    { PIN_IN_41,             PIN_GRP_GPIO, 153, HIGH,   8 },
+    { PIN_IN_PROXIMITY,      PIN_GRP_GPIO,  74, LOW,    1 },
+    { PIN_IN_SIM_SUPPLY,     PIN_GRP_GPIO,  97, HIGH,   8 },
+    { PIN_IN_SIM_DETECT,     PIN_GRP_GPIO, 100, HIGH,   8 },
+    { PIN_IN_ACCEL_IRQ1,     PIN_GRP_GPIO,  73, HIGH,   8 },
+    { PIN_IN_ACCEL_IRQ2,     PIN_GRP_GPIO,  65, HIGH,   8 },
+    { PIN_IN_RF_VARIANT,     PIN_GRP_GPIO, 547, HIGH,   8 },
+    { PIN_IN_NFC2_STATUS1,   PIN_GRP_GPIO, 569, HIGH,   8 },
+    { PIN_IN_NFC2_STATUS2,   PIN_GRP_GPIO,  77, LOW,    8 },
+    { PIN_IN_NFC2_IRQ,       PIN_GRP_GPIO,  78, HIGH,   8 },
+    { PIN_IN_NFC2_VARIANT,   PIN_GRP_GPIO,  25, HIGH,   8 },
+    { PIN_IN_65,             PIN_GRP_GPIO,  28, HIGH,   8 },
+    { PIN_IN_66,             PIN_GRP_GPIO, 169, HIGH,   8 },
+    { PIN_IN_COMPASS_READY,  PIN_GRP_GPIO,  67, HIGH,   8 },
+    { PIN_IN_MHL_HOTPLUG,    PIN_GRP_GPIO,  34, HIGH,   8 },
+    { PIN_IN_TUNER_BUS,      PIN_GRP_GPIO,  68, HIGH,   8 },
     { PIN_IN_LAST, PIN_GRP_NONE, 0, HIGH, 0 },
 };
 // clang-format on

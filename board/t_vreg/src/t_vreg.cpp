@@ -5,12 +5,6 @@
 
 namespace {
 
-int answer(int id, const char* name, int status)
-{
-    dcp_printf(id, name, "%s", "");
-    return status;
-}
-
 void list_regulators(int id, const char* name)
 {
     char regulator[64];
@@ -28,24 +22,23 @@ int do_vregctl(int id, int action, int argc, const dcp_word* argv)
 {
     if (action == DCP_ACTION_TEST) {
         list_regulators(id, "vregctl");
-        dcp_printf(id, "vregctl", "%s", "Enable/disable voltage regulator");
-        return DCP_OK;
+        return dcp_answer(id, "vregctl", "Enable/disable voltage regulator", DCP_OK);
     }
     int result = 1;
     if (has_name(argc, argv, 2))
         result = dcp_uint(argv[1]) != 0 ? vreg_enable(dcp_text(argv[0])) : vreg_disable(dcp_text(argv[0]));
-    return answer(id, "vregctl", result == 0 ? DCP_OK : DCP_ERROR);
+    return dcp_answer(id, "vregctl", "", result == 0 ? DCP_OK : DCP_ERROR);
 }
 
 int vreglvl_read(int id, int argc, const dcp_word* argv)
 {
     if (!has_name(argc, argv, 1))
-        return answer(id, "vreglvl", DCP_SYNTAX);
+        return dcp_answer(id, "vreglvl", "", DCP_SYNTAX);
     int level;
     int min;
     int max;
     if (vreg_get_level(dcp_text(argv[0]), &level, &min, &max) != 0)
-        return answer(id, "vreglvl", DCP_ERROR);
+        return dcp_answer(id, "vreglvl", "", DCP_ERROR);
     dcp_printf(id, "vreglvl", "%d,%d,%d", level, min, max);
     return DCP_OK;
 }
@@ -55,28 +48,27 @@ int do_vreglvl(int id, int action, int argc, const dcp_word* argv)
     if (action == DCP_ACTION_TEST) {
         list_regulators(id, "vreglvl");
         dcp_printf(id, "vreglvl", "%s", "Set/get voltage regulator voltage");
-        dcp_printf(id, "vreglvl", "%s", "Read response: <lvl>, <min>, <max>");
-        return DCP_OK;
+        return dcp_answer(id, "vreglvl", "Read response: <lvl>, <min>, <max>", DCP_OK);
     }
     if (action == DCP_ACTION_READ)
         return vreglvl_read(id, argc, argv);
     if (!has_name(argc, argv, 2))
-        return answer(id, "vreglvl", DCP_SYNTAX);
+        return dcp_answer(id, "vreglvl", "", DCP_SYNTAX);
     const int result = vreg_set_level(dcp_text(argv[0]), dcp_int(argv[1]));
-    return answer(id, "vreglvl", result == 0 ? DCP_OK : DCP_ERROR);
+    return dcp_answer(id, "vreglvl", "", result == 0 ? DCP_OK : DCP_ERROR);
 }
 
 int do_vregmode(int id, int action, int argc, const dcp_word* argv)
 {
     if (action == DCP_ACTION_TEST) {
         list_regulators(id, "vregmode");
-        dcp_printf(id, "vregmode", "%s", "Set voltage regulator mode (1=fast, 2=normal, 4=idle, 8=standby)");
-        return DCP_OK;
+        return dcp_answer(id, "vregmode", "Set voltage regulator mode (1=fast, 2=normal, 4=idle, 8=standby)",
+                          DCP_OK);
     }
     if (!has_name(argc, argv, 2))
-        return answer(id, "vregmode", DCP_SYNTAX);
+        return dcp_answer(id, "vregmode", "", DCP_SYNTAX);
     const int result = vreg_set_mode(dcp_text(argv[0]), dcp_int(argv[1]));
-    return answer(id, "vregmode", result == 0 ? DCP_OK : DCP_ERROR);
+    return dcp_answer(id, "vregmode", "", result == 0 ? DCP_OK : DCP_ERROR);
 }
 
 // clang-format off

@@ -47,10 +47,8 @@ int send_text(int id, char* text)
 
 int do_ftm_ftmc(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action != DCP_ACTION_SET) {
-        dcp_printf(id, "ftmc", "%s", "Factory Test Mode Channel");
-        return DCP_OK;
-    }
+    if (action != DCP_ACTION_SET)
+        return dcp_answer(id, "ftmc", "Factory Test Mode Channel", DCP_OK);
     if (argc != 1)
         return DCP_SYNTAX;
     char* text = dcp_text(argv[0]);
@@ -86,15 +84,12 @@ int load_all(int argc, const dcp_word* argv)
 
 int do_ftm_loadnv(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "loadnv", "%s", "Load NV parameters");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "loadnv", "Load NV parameters", DCP_OK);
     if (argc < 1 || argc > 3)
         return DCP_SYNTAX;
     const int status = load_all(argc, argv);
-    dcp_printf(id, "loadnv", "%s", "");
-    return status;
+    return dcp_answer(id, "loadnv", "", status);
 }
 
 // clang-format off

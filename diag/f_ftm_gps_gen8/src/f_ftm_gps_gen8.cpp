@@ -137,12 +137,6 @@ bool measure(std::uint32_t sample_size, std::uint32_t iterations)
     return arrived;
 }
 
-int print_failed(int id)
-{
-    dcp_printf(id, "grsd", "%s", "");
-    return DCP_ERROR;
-}
-
 int start_measurement(int id, std::uint32_t sample_size, std::uint32_t iterations)
 {
     if (bGetCNR_started)
@@ -151,9 +145,8 @@ int start_measurement(int id, std::uint32_t sample_size, std::uint32_t iteration
     thread_started =
         measure(sample_size, iterations) && pthread_create(&thread_id, nullptr, getCnrThread, nullptr) == 0;
     if (!thread_started)
-        return print_failed(id);
-    dcp_printf(id, "grsd", "%s", "");
-    return DCP_OK;
+        return dcp_answer(id, "grsd", "", DCP_ERROR);
+    return dcp_answer(id, "grsd", "", DCP_OK);
 }
 
 // The result of the measurement that was started: false when there is no thread to give one.
@@ -178,29 +171,23 @@ int show_result(int id, std::uint32_t sample_size, std::uint32_t iterations)
         result = getCnr(iq_log_size);
     }
     if (result != 1)
-        return print_failed(id);
+        return dcp_answer(id, "grsd", "", DCP_ERROR);
     dcp_printf(id, "grsd", "%u.%u,%d", dCNR / 10, dCNR % 10, static_cast<int>(MaxFFT_index));
     return DCP_OK;
 }
 
 int do_ftm_gps_grsd(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action != DCP_ACTION_SET) {
-        dcp_printf(id, "grsd", "%s", "GPS Test");
-        return DCP_OK;
-    }
+    if (action != DCP_ACTION_SET)
+        return dcp_answer(id, "grsd", "GPS Test", DCP_OK);
     if (argc < 1 || argc > 3)
         return DCP_ERROR;
     const std::uint32_t sample_size = argc > 1 ? dcp_uint(argv[1]) : 1;
     const std::uint32_t iterations = argc > 2 ? dcp_uint(argv[2]) : 3;
-    if (iterations > max_iterations) {
-        dcp_printf(id, "grsd", "%s", "Max 10 iterations are allowed");
-        return DCP_SYNTAX;
-    }
-    if (sample_size > max_sample_size || (sample_size != 0 && !std::has_single_bit(sample_size))) {
-        dcp_printf(id, "grsd", "%s", "Sample size must be a power of two and max 32");
-        return DCP_SYNTAX;
-    }
+    if (iterations > max_iterations)
+        return dcp_answer(id, "grsd", "Max 10 iterations are allowed", DCP_SYNTAX);
+    if (sample_size > max_sample_size || (sample_size != 0 && !std::has_single_bit(sample_size)))
+        return dcp_answer(id, "grsd", "Sample size must be a power of two and max 32", DCP_SYNTAX);
     switch (dcp_uint(argv[0])) {
     case 2:
         return start_measurement(id, sample_size, iterations);

@@ -7,6 +7,7 @@
 #include "dcp/dcp.h"
 #include "kbd/kbd.h"
 #include "pin/pin.h"
+#include "pin/signals.h"
 
 namespace {
 
@@ -20,7 +21,6 @@ constexpr int FORM_LAST = 4;
 
 constexpr int CODE_HW_KEY = 408;
 
-constexpr int SIG_CAMERA_COVER = 11;
 constexpr int CAMD_STATUS = 5;
 constexpr int CAMD_LAST_MOVE = 4; // close, open and the like: this phone's cover is moved by hand
 
@@ -58,16 +58,13 @@ void f_kbd_evt_cb(int code, int action)
     const bool hw_key = code == CODE_HW_KEY;
     if ((f_kbd_form == FORM_STRING && hw_key) || (f_kbd_form == FORM_HW_KEY && !hw_key))
         return;
-    const unsigned s3 = cio_s3_set('\r', 0);
-    const unsigned s4 = cio_s4_set('\n', 0, 0);
+    const cio_report_lines lines;
     if (f_kbd_form == FORM_MATRIX)
         report_matrix(code, text);
     else if (f_kbd_form == FORM_NUMERIC)
         dcp_printf(f_kbd_client, "keyb", "%x,%s", static_cast<unsigned>(code), text);
     else
         report_string(code, text);
-    cio_s3_set(s3 & 0xFF, s3 >> 8 & 0xFF);
-    cio_s4_set(s4 & 0xFF, s4 >> 8 & 0xFF, s4 >> 16 & 0xFF);
 }
 
 int test_start(int id, int form)
@@ -103,10 +100,8 @@ int test_set(int id, int form)
 
 int do_keyb(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "keyb", "Key test");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "keyb", "Key test", DCP_OK);
     if (action == DCP_ACTION_READ) {
         dcp_printf(id, "keyb", "0x%x", f_kbd_form != FORM_OFF ? 1u : 0u);
         return DCP_OK;
@@ -119,13 +114,12 @@ int do_keyb(int id, int action, int argc, const dcp_word* argv)
         return DCP_ERROR;
     }
     const int status = test_set(id, form);
-    dcp_printf(id, "keyb", " ");
-    return status;
+    return dcp_answer(id, "keyb", " ", status);
 }
 
 int cover_status(int id, const char* name)
 {
-    dcp_printf(id, name, "%s", pin_in_get(SIG_CAMERA_COVER) != PIN_INACTIVE ? "0x1" : "0x0");
+    dcp_printf(id, name, "%s", pin_in_get(PIN_IN_CAMERA_COVER) != PIN_INACTIVE ? "0x1" : "0x0");
     return DCP_OK;
 }
 
@@ -140,8 +134,7 @@ int do_camd(int id, int action, int argc, const dcp_word* argv)
         return cover_status(id, "camd");
     if (what < 0 || what > CAMD_LAST_MOVE)
         return DCP_SYNTAX;
-    dcp_printf(id, "camd", "N/A");
-    return DCP_ERROR;
+    return dcp_answer(id, "camd", "N/A", DCP_ERROR);
 }
 
 int do_camds(int id, int action, int, const dcp_word*)

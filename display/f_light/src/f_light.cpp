@@ -46,12 +46,6 @@ constexpr std::uint32_t LEVEL_DEFAULT = 128;
 constexpr int ZONE_DYNAMIC_BACKLIGHT = 52;
 constexpr int LSOT_LEDS = 16;
 
-int answer_blank(int id, const char* name, int status)
-{
-    dcp_printf(id, name, " ");
-    return status;
-}
-
 int help_lctr(int id)
 {
     dcp_printf(id, "lctr", "Light zone control");
@@ -61,8 +55,7 @@ int help_lctr(int id)
                        count);
     dcp_printf(id, "lctr", "act(1=on,0=off)");
     dcp_printf(id, "lctr", "sub id(0-255)");
-    dcp_printf(id, "lctr", "prm(see itp db)");
-    return DCP_OK;
+    return dcp_answer(id, "lctr", "prm(see itp db)", DCP_OK);
 }
 
 int set_zone(std::uint32_t zone, std::uint16_t level, int subzone)
@@ -85,7 +78,7 @@ int do_light_lctr(int id, int action, int argc, const dcp_word* argv)
     const std::uint32_t level = value(1, 0) == 1 ? value(2, LEVEL_DEFAULT) : 0;
     const int status =
         set_zone(value(0, 0), static_cast<std::uint16_t>(level), static_cast<int>(value(3, 0)));
-    return answer_blank(id, "lctr", status);
+    return dcp_answer(id, "lctr", " ", status);
 }
 
 int do_light_dynbl(int id, int action, int argc, const dcp_word* argv)
@@ -95,9 +88,9 @@ int do_light_dynbl(int id, int action, int argc, const dcp_word* argv)
     if (action == DCP_ACTION_READ)
         return DCP_SYNTAX;
     if (argc != 1 || dcp_uint(argv[0]) > 1)
-        return answer_blank(id, "dynbl", DCP_SYNTAX);
+        return dcp_answer(id, "dynbl", " ", DCP_SYNTAX);
     const int done = light_set(ZONE_DYNAMIC_BACKLIGHT, LIGHT_SUBZONE_ALL, dcp_uint(argv[0]) & 1);
-    return answer_blank(id, "dynbl", done != 0 ? DCP_OK : DCP_ERROR);
+    return dcp_answer(id, "dynbl", " ", done != 0 ? DCP_OK : DCP_ERROR);
 }
 
 int do_light_ladc(int id, int action, int argc, const dcp_word* argv)
@@ -107,13 +100,13 @@ int do_light_ladc(int id, int action, int argc, const dcp_word* argv)
     if (action == DCP_ACTION_READ)
         return DCP_SYNTAX;
     if (argc < 1 || argc > 2 || dcp_uint(argv[0]) > 1)
-        return answer_blank(id, "ladc", DCP_SYNTAX);
+        return dcp_answer(id, "ladc", " ", DCP_SYNTAX);
     const bool raw = dcp_uint(argv[0]) == 0;
     char name[32];
     std::snprintf(name, sizeof name, "lmu_led_adc-%02X", argc > 1 ? dcp_uint(argv[1]) : 0u);
     int value = 0;
     if (adc_read(name, static_cast<int>(dcp_uint(argv[0])), &value) == 0)
-        return answer_blank(id, "ladc", DCP_ERROR);
+        return dcp_answer(id, "ladc", " ", DCP_ERROR);
     dcp_printf(id, "ladc", "%d", raw ? value & 0xFFFF : value);
     return DCP_OK;
 }
@@ -131,15 +124,13 @@ int lsot_run(unsigned* p_faults)
 
 int do_light_lsot(int id, int action, int argc, const dcp_word*)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "lsot", "LED short/open test");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "lsot", "LED short/open test", DCP_OK);
     if (argc > 0)
-        return answer_blank(id, "lsot", DCP_SYNTAX);
+        return dcp_answer(id, "lsot", " ", DCP_SYNTAX);
     unsigned faults = 0;
     if (lsot_run(&faults) == 0)
-        return answer_blank(id, "lsot", DCP_ERROR);
+        return dcp_answer(id, "lsot", " ", DCP_ERROR);
     dcp_printf(id, "lsot", "0x%04X", faults);
     return DCP_OK;
 }

@@ -7,6 +7,7 @@
 #include "f_screen_inner.h"
 #include "screen/screen.h"
 #include "screenconf/screenconf.h"
+#include "trim/items.h"
 #include "trim/trim.h"
 
 namespace {
@@ -14,7 +15,6 @@ namespace {
 using std::uint32_t;
 
 // The persistent VSYNC record: high byte, low byte, and both again mirrored.
-constexpr int TRIM_VSYNC = 28;
 constexpr std::size_t VSYNC_BYTES = 4;
 
 constexpr uint32_t PATTERN_LEVEL = 14; // the one pattern that takes a second value
@@ -22,13 +22,6 @@ constexpr uint32_t PATTERN_LEVEL = 14; // the one pattern that takes a second va
 void check_action(int action)
 {
     HVT_CHECK(action == DCP_ACTION_SET || action == DCP_ACTION_READ || action == DCP_ACTION_TEST);
-}
-
-// The end of most commands: one blank under the name, and the status.
-int answer(int id, const char* name, int status)
-{
-    dcp_printf(id, name, " ");
-    return status;
 }
 
 bool no_screen()
@@ -45,13 +38,13 @@ int do_dbox(int id, int action, int argc, const dcp_word* argv)
 {
     check_action(action);
     if (action == DCP_ACTION_TEST)
-        return answer(id, "dbox", DCP_OK);
+        return dcp_answer(id, "dbox", " ", DCP_OK);
     if (no_screen())
-        return answer(id, "dbox", DCP_ERROR);
+        return dcp_answer(id, "dbox", " ", DCP_ERROR);
     const uint32_t colour = colour_at(argc, argv, 5);
     screen_rectangle(value_at(argc, argv, 0, 0), value_at(argc, argv, 1, 0), value_at(argc, argv, 2, 0),
                      value_at(argc, argv, 3, 0), colour, colour, 1);
-    return answer(id, "dbox", show());
+    return dcp_answer(id, "dbox", " ", show());
 }
 
 int do_dpat(int id, int action, int argc, const dcp_word* argv)
@@ -61,51 +54,51 @@ int do_dpat(int id, int action, int argc, const dcp_word* argv)
         dcp_printf(id, "dpat", "mode(0x0=tv,0x1=chess,0x2=invers chess,0x3=white,0x4=black)");
         dcp_printf(id, "dpat", "mode(0x5=black on grey,0x6=medium grey,0x7=rgb stripes)");
         dcp_printf(id, "dpat", "mode(0x8=black/medium grey lines, 0xA=red,0xB=green,0xC=blue)");
-        return answer(id, "dpat", DCP_OK);
+        return dcp_answer(id, "dpat", " ", DCP_OK);
     }
     const uint32_t mode = value_at(argc, argv, 0, 0);
     if (argc > 1 && mode != PATTERN_LEVEL)
         return DCP_SYNTAX;
     if (no_screen())
-        return answer(id, "dpat", DCP_ERROR);
+        return dcp_answer(id, "dpat", " ", DCP_ERROR);
     pattern_draw(mode, value_at(argc, argv, 1, 0));
-    return answer(id, "dpat", show());
+    return dcp_answer(id, "dpat", " ", show());
 }
 
 int do_dfig(int id, int action, int argc, const dcp_word* argv)
 {
     check_action(action);
     if (action == DCP_ACTION_TEST)
-        return answer(id, "dfig", DCP_OK);
+        return dcp_answer(id, "dfig", " ", DCP_OK);
     if (no_screen())
-        return answer(id, "dfig", DCP_ERROR);
+        return dcp_answer(id, "dfig", " ", DCP_ERROR);
     const int status = figure_draw(argc, argv);
     screen_invalidate(); // the answer is about the figure alone
-    return answer(id, "dfig", status);
+    return dcp_answer(id, "dfig", " ", status);
 }
 
 int do_dclr(int id, int action, int argc, const dcp_word* argv)
 {
     check_action(action);
     if (action == DCP_ACTION_TEST)
-        return answer(id, "dclr", DCP_OK);
+        return dcp_answer(id, "dclr", " ", DCP_OK);
     if (no_screen())
-        return answer(id, "dclr", DCP_ERROR);
+        return dcp_answer(id, "dclr", " ", DCP_ERROR);
     screen_clear(colour_at(argc, argv, 1));
-    return answer(id, "dclr", show());
+    return dcp_answer(id, "dclr", " ", show());
 }
 
 int do_dtxt(int id, int action, int argc, const dcp_word* argv)
 {
     check_action(action);
     if (action == DCP_ACTION_TEST)
-        return answer(id, "dtxt", DCP_OK);
+        return dcp_answer(id, "dtxt", " ", DCP_OK);
     const char* text = argc > 5 ? dcp_text(argv[5]) : nullptr;
     const uint32_t x = value_at(argc, argv, 0, 0), y = value_at(argc, argv, 1, 0);
     if (no_screen() || text == nullptr || x >= screen_width() || y >= screen_height())
-        return answer(id, "dtxt", DCP_ERROR);
+        return dcp_answer(id, "dtxt", " ", DCP_ERROR);
     screen_print(text, x, y, colour_at(argc, argv, 2));
-    return answer(id, "dtxt", show());
+    return dcp_answer(id, "dtxt", " ", show());
 }
 
 // 1 to 3 are the slots 0 to 2.
@@ -125,8 +118,9 @@ int do_lcdl(int id, int action, int argc, const dcp_word* argv)
 {
     check_action(action);
     if (action == DCP_ACTION_TEST)
-        return answer(id, "lcdl", DCP_OK);
-    return answer(id, "lcdl", load_screen(value_at(argc, argv, 0, 0), argc > 1, value_at(argc, argv, 1, 0)));
+        return dcp_answer(id, "lcdl", " ", DCP_OK);
+    return dcp_answer(id, "lcdl", " ",
+                      load_screen(value_at(argc, argv, 0, 0), argc > 1, value_at(argc, argv, 1, 0)));
 }
 
 bool store_vsync(uint32_t value)
@@ -149,10 +143,8 @@ bool read_vsync(uint32_t* p_value)
 int do_lvsm(int id, int action, int argc, const dcp_word* argv)
 {
     check_action(action);
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "lvsm", "Measure LCD VSYNC period.");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "lvsm", "Measure LCD VSYNC period.", DCP_OK);
     uint32_t value = 0;
     bool done = false;
     switch (value_at(argc, argv, 0, 0)) {
@@ -166,10 +158,10 @@ int do_lvsm(int id, int action, int argc, const dcp_word* argv)
         done = read_vsync(&value);
         break;
     default:
-        return answer(id, "lvsm", DCP_SYNTAX);
+        return dcp_answer(id, "lvsm", " ", DCP_SYNTAX);
     }
     if (!done)
-        return answer(id, "lvsm", DCP_ERROR);
+        return dcp_answer(id, "lvsm", " ", DCP_ERROR);
     dcp_printf(id, "lvsm", "0x%X", static_cast<unsigned>(value));
     return DCP_OK;
 }
@@ -177,10 +169,8 @@ int do_lvsm(int id, int action, int argc, const dcp_word* argv)
 int do_lcid(int id, int action, int argc, const dcp_word* argv)
 {
     check_action(action);
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "lcid", "Print LCD HW ID.");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "lcid", "Print LCD HW ID.", DCP_OK);
     char text[SCREEN_LCDID_SIZE] = "";
     const bool done = screen_get_lcdid(static_cast<std::uint8_t>(value_at(argc, argv, 0, 0)),
                                        static_cast<std::uint8_t>(value_at(argc, argv, 1, 0)), text) == 1;
@@ -191,12 +181,10 @@ int do_lcid(int id, int action, int argc, const dcp_word* argv)
 int do_dimg(int id, int action, int argc, const dcp_word* argv)
 {
     check_action(action);
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "dimg", "Load and display image file");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "dimg", "Load and display image file", DCP_OK);
     const char* path = argc > 0 ? dcp_text(argv[0]) : nullptr;
-    answer(id, "dimg", DCP_OK); // before the picture is loaded
+    dcp_answer(id, "dimg", " ", DCP_OK); // before the picture is loaded
     if (no_screen() || path == nullptr || screen_load_image(path) != 1)
         return DCP_ERROR;
     return show();

@@ -108,8 +108,7 @@ int do_touch_dtch(int id, int action, int argc, const dcp_word* argv)
         last_report_us = 0;
         status = set_mode(mode) ? DCP_OK : DCP_ERROR;
     }
-    dcp_printf(id, "dtch", " ");
-    return status;
+    return dcp_answer(id, "dtch", " ", status);
 }
 
 void touch_cb(const touch_event* p_event)
@@ -118,11 +117,8 @@ void touch_cb(const touch_event* p_event)
     const std::uint64_t last = last_report_us;
     if (last != 0 && now - last < std::uint64_t{report_interval_ms} * 1000)
         return;
-    const unsigned s3 = cio_s3_set('\r', 0);
-    const unsigned s4 = cio_s4_set('\n', 0, 0);
+    const cio_report_lines lines;
     print_event(*p_event);
     draw_cross(*p_event);
-    cio_s3_set(s3 & 0xFF, s3 >> 8 & 0xFF);
-    cio_s4_set(s4 & 0xFF, s4 >> 8 & 0xFF, s4 >> 16 & 0xFF);
     last_report_us = now;
 }

@@ -33,12 +33,6 @@ struct dtst_values {
     bool limits = false; // they were given
 };
 
-int answer_blank(int id, int status)
-{
-    dcp_printf(id, "dtst", " ");
-    return status;
-}
-
 // The text is of any length, so it goes out as it is.
 int answer_text(int id, const matrix_text& matrix)
 {
@@ -58,7 +52,8 @@ int run_selftest(int id, std::uint32_t kind)
     if (touch_start() == 0)
         return DCP_ERROR;
     touch_selftest_rec rec{kind, {}};
-    return touch_selftest(&rec) != 0 ? answer_result(id, rec.result[0]) : answer_blank(id, DCP_ERROR);
+    return touch_selftest(&rec) != 0 ? answer_result(id, rec.result[0])
+                                     : dcp_answer(id, "dtst", " ", DCP_ERROR);
 }
 
 int answer_test_mode(int id, const dtst_values& v, const touch_test_mode_rec& rec, const matrix_text& matrix)
@@ -90,7 +85,7 @@ int run_test_mode(int id, const dtst_values& v)
     rec.size = matrix.size();
     const bool secondary = v.action == ACTION_SECONDARY;
     if ((secondary ? touch_test_mode_secondary(&rec) : touch_test_mode(&rec)) == 0)
-        return answer_blank(id, DCP_ERROR);
+        return dcp_answer(id, "dtst", " ", DCP_ERROR);
     return secondary ? answer_text(id, matrix) : answer_test_mode(id, v, rec, matrix);
 }
 
@@ -107,13 +102,13 @@ int run(int id, const dtst_values& v)
         return run_test_mode(id, v);
     case ACTION_SELFTEST_BY_MODE:
         return v.mode < std::size(kinds_by_mode) ? run_selftest(id, kinds_by_mode[v.mode])
-                                                 : answer_blank(id, DCP_SYNTAX);
+                                                 : dcp_answer(id, "dtst", " ", DCP_SYNTAX);
     case ACTION_DRIVER_TEST:
-        return v.mode <= MOST_DRIVER_MODE ? run_test_mode(id, v) : answer_blank(id, DCP_SYNTAX);
+        return v.mode <= MOST_DRIVER_MODE ? run_test_mode(id, v) : dcp_answer(id, "dtst", " ", DCP_SYNTAX);
     case ACTION_SECONDARY:
-        return v.mode <= MOST_SECONDARY_MODE ? run_test_mode(id, v) : answer_blank(id, DCP_SYNTAX);
+        return v.mode <= MOST_SECONDARY_MODE ? run_test_mode(id, v) : dcp_answer(id, "dtst", " ", DCP_SYNTAX);
     default:
-        return answer_blank(id, DCP_SYNTAX);
+        return dcp_answer(id, "dtst", " ", DCP_SYNTAX);
     }
 }
 
@@ -121,12 +116,10 @@ int run(int id, const dtst_values& v)
 
 int do_touch_dtst(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "dtst", "Touch Screen Self Test");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "dtst", "Touch Screen Self Test", DCP_OK);
     if (argc < 1 || argc > 4)
-        return answer_blank(id, DCP_SYNTAX);
+        return dcp_answer(id, "dtst", " ", DCP_SYNTAX);
     const auto value = [=](int i) { return i < argc ? dcp_uint(argv[i]) : 0; };
     dtst_values v{dcp_int(argv[0]), value(1), value(2), value(3), argc == 4};
     if (v.mode > MOST_MODE || v.min > v.max)

@@ -4,11 +4,11 @@
 #include "dtch.h"
 #include "dtst.h"
 #include "touch_v2/touch.h"
+#include "trim/items.h"
 #include "trim/trim.h"
 
 namespace {
 
-constexpr int TRIM_HWINFO = 43;
 constexpr std::size_t HWINFO_SIZE = 5; // vendor, chip id and configuration id with the high byte first
 
 // Actions of dtid.
@@ -18,21 +18,13 @@ constexpr std::uint32_t DTID_STORE = 2;
 constexpr std::uint32_t DTID_STORED = 3;
 constexpr std::uint32_t DTID_CONFIG = 4;
 
-int answer_blank(int id, const char* name, int status)
-{
-    dcp_printf(id, name, " ");
-    return status;
-}
-
 int do_touch_dtfd(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "dtfd", "Touch firmware download");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "dtfd", "Touch firmware download", DCP_OK);
     const char* const path = argc > 0 ? dcp_text(argv[0]) : nullptr;
     const bool done = touch_start() != 0 && touch_fmdn(path) != 0;
-    return answer_blank(id, "dtfd", done ? DCP_OK : DCP_ERROR);
+    return dcp_answer(id, "dtfd", " ", done ? DCP_OK : DCP_ERROR);
 }
 
 bool store_hwinfo(const touch_hwinfo& info)
@@ -44,13 +36,13 @@ bool store_hwinfo(const touch_hwinfo& info)
         static_cast<std::uint8_t>(info.config_id >> 8),
         static_cast<std::uint8_t>(info.config_id),
     };
-    return trim_wr(TRIM_HWINFO, bytes, sizeof bytes) != 0;
+    return trim_wr(TRIM_TOUCH_HWINFO, bytes, sizeof bytes) != 0;
 }
 
 bool stored_hwinfo(touch_hwinfo& info)
 {
     std::uint8_t bytes[HWINFO_SIZE];
-    if (trim_rd(TRIM_HWINFO, bytes, sizeof bytes) != HWINFO_SIZE)
+    if (trim_rd(TRIM_TOUCH_HWINFO, bytes, sizeof bytes) != HWINFO_SIZE)
         return false;
     info = {bytes[0], static_cast<std::uint16_t>(bytes[1] << 8 | bytes[2]),
             static_cast<std::uint16_t>(bytes[3] << 8 | bytes[4]), 0};
@@ -75,10 +67,8 @@ int print_hwinfo(int id, std::uint32_t n, const touch_hwinfo& info)
 
 int do_touch_dtid(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "dtid", "Read touch hardware info and write/read trim area");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "dtid", "Read touch hardware info and write/read trim area", DCP_OK);
     const std::uint32_t n = argc > 0 ? dcp_uint(argv[0]) : DTID_SHORT;
     if (argc > 1 || n > DTID_CONFIG)
         return DCP_SYNTAX;
@@ -93,17 +83,15 @@ int do_touch_dtid(int id, int action, int argc, const dcp_word* argv)
 
 int do_touch_dtld(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "dtld", "Load and select touch device");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "dtld", "Load and select touch device", DCP_OK);
     const int n = argc > 0 ? dcp_int(argv[0]) : -1;
     if (n < 0)
-        return answer_blank(id, "dtld", DCP_SYNTAX);
+        return dcp_answer(id, "dtld", " ", DCP_SYNTAX);
     if (n > 0)
         touch_select(static_cast<std::uint32_t>(n));
     const int done = n > 0 ? touch_start() : touch_stop();
-    return answer_blank(id, "dtld", done != 0 || n == 0 ? DCP_OK : DCP_ERROR);
+    return dcp_answer(id, "dtld", " ", done != 0 || n == 0 ? DCP_OK : DCP_ERROR);
 }
 
 // clang-format off

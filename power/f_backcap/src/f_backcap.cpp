@@ -14,13 +14,10 @@ int set_mode(int argc, const dcp_word* argv)
 
 int do_bact(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "bact", "Backup Capacitor Control Test command");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "bact", "Backup Capacitor Control Test command", DCP_OK);
     const int status = set_mode(argc, argv);
-    dcp_printf(id, "bact", " ");
-    return status;
+    return dcp_answer(id, "bact", " ", status);
 }
 
 // clang-format off

@@ -9,16 +9,10 @@ namespace {
 
 constexpr int MOST_VALUES = 4;
 
-int answer_failed(int id)
-{
-    dcp_printf(id, "batc", " ");
-    return DCP_ERROR;
-}
-
 int answer_reading(int id, int result, int value)
 {
     if (result == 0)
-        return answer_failed(id);
+        return dcp_answer(id, "batc", " ", DCP_ERROR);
     dcp_printf(id, "batc", "%d", value);
     return DCP_OK;
 }
@@ -49,7 +43,7 @@ int batc_capacity(int id, int argc, const dcp_word* argv)
     int mv = dcp_int(value_at(1, argc, argv));
     int ma = dcp_int(value_at(2, argc, argv));
     if (battery_read_capacity(&percent, &mv, &ma) == 0)
-        return answer_failed(id);
+        return dcp_answer(id, "batc", " ", DCP_ERROR);
     dcp_printf(id, "batc", "%d,%d,%d", percent, mv, ma);
     return DCP_OK;
 }
@@ -66,7 +60,7 @@ int batc_temp(int id, int, const dcp_word*)
     int degrees;
     int mv;
     if (battery_read_temp(&degrees) == 0 || battery_read_temp_mv(&mv) == 0)
-        return answer_failed(id);
+        return dcp_answer(id, "batc", " ", DCP_ERROR);
     dcp_printf(id, "batc", "%d,%d", degrees, mv);
     return DCP_OK;
 }
@@ -81,8 +75,7 @@ int batc_config(int id, int argc, const dcp_word* argv)
         .temp_path = nullptr,
     };
     battery_set_cfg(&cfg);
-    dcp_printf(id, "batc", " ");
-    return DCP_OK;
+    return dcp_answer(id, "batc", " ", DCP_OK);
 }
 
 using batc_fn = int (*)(int id, int argc, const dcp_word* argv);

@@ -10,12 +10,6 @@ namespace {
 
 constexpr int MOST_VALUES = 3; // of vbcct and scct
 
-int answer(int id, const char* name, int status)
-{
-    dcp_printf(id, name, " ");
-    return status;
-}
-
 int status_of(int result)
 {
     return result != 0 ? DCP_OK : DCP_ERROR;
@@ -67,17 +61,15 @@ int ebct_two(std::uint32_t first, std::uint32_t second)
 
 int do_ebct(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "ebct", "VBUS charging command");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "ebct", "VBUS charging command", DCP_OK);
     switch (argc) {
     case 1:
-        return answer(id, "ebct", ebct_one(dcp_uint(argv[0])));
+        return dcp_answer(id, "ebct", " ", ebct_one(dcp_uint(argv[0])));
     case 2:
-        return answer(id, "ebct", ebct_two(dcp_uint(argv[0]), dcp_uint(argv[1])));
+        return dcp_answer(id, "ebct", " ", ebct_two(dcp_uint(argv[0]), dcp_uint(argv[1])));
     default:
-        return answer(id, "ebct", DCP_SYNTAX);
+        return dcp_answer(id, "ebct", " ", DCP_SYNTAX);
     }
 }
 
@@ -137,34 +129,32 @@ int do_vbcct(int id, int action, int argc, const dcp_word* argv)
     if (action == DCP_ACTION_TEST)
         return vbcct_help(id);
     if (argc < 1 || argc > MOST_VALUES)
-        return answer(id, "vbcct", DCP_SYNTAX);
-    return answer(id, "vbcct", vbcct_action(argc, argv));
+        return dcp_answer(id, "vbcct", " ", DCP_SYNTAX);
+    return dcp_answer(id, "vbcct", " ", vbcct_action(argc, argv));
 }
 
 int scct_on(int id, int argc, const dcp_word* argv)
 {
     int charger;
     if (charge_on(CHARGE_SIMPLE, argc, argv) == 0 || charge_get_mode(CHARGE_GET_STATUS, &charger) == 0)
-        return answer(id, "scct", DCP_ERROR);
+        return dcp_answer(id, "scct", " ", DCP_ERROR);
     dcp_printf(id, "scct", "0x%x", static_cast<unsigned>(charger));
     return DCP_OK;
 }
 
 int do_scct(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "scct", "Simple Charging Control Test command");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "scct", "Simple Charging Control Test command", DCP_OK);
     if (argc < 1 || argc > MOST_VALUES)
-        return answer(id, "scct", DCP_SYNTAX);
+        return dcp_answer(id, "scct", " ", DCP_SYNTAX);
     switch (dcp_uint(argv[0])) {
     case 0:
-        return answer(id, "scct", status_of(charge_set_mode(CHARGE_OFF)));
+        return dcp_answer(id, "scct", " ", status_of(charge_set_mode(CHARGE_OFF)));
     case 1:
         return scct_on(id, argc, argv);
     default:
-        return answer(id, "scct", DCP_ERROR);
+        return dcp_answer(id, "scct", " ", DCP_ERROR);
     }
 }
 

@@ -6,21 +6,15 @@
 #include "dcp/dcp.h"
 #include "plat/plat.h"
 #include "tmr/tmr.h"
+#include "trim/items.h"
 #include "trim/trim.h"
 
 namespace {
 
-constexpr int TRIM_RESTART_MARKER = 37;
 constexpr std::uint8_t no_marker[] = {0};
 constexpr std::uint8_t marker[] = {0xC4, 0x7E, 0x19, 0xA2, 0x5D, 0x0B, 0xF3, 0x68};
 
 constexpr std::uint32_t GOING_DOWN_S = 60;
-
-int answer(int id, int status)
-{
-    dcp_printf(id, "kill", " ");
-    return status;
-}
 
 // Doesn't come back, unless the phone refuses to restart: the station is told so then.
 int do_reboot(int id)
@@ -28,18 +22,16 @@ int do_reboot(int id)
     if (plat_system("reboot") == 0)
         for (std::uint32_t s = 0; s < GOING_DOWN_S; s++)
             tmr_msleep(1000);
-    return answer(id, DCP_ERROR);
+    return dcp_answer(id, "kill", " ", DCP_ERROR);
 }
 
 int do_kill(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "kill", "Kill (restart) system.");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "kill", "Kill (restart) system.", DCP_OK);
     const std::uint32_t arg = argc > 0 ? dcp_uint(argv[0]) : 0;
     if (argc > 1 || arg > 2)
-        return answer(id, DCP_SYNTAX);
+        return dcp_answer(id, "kill", " ", DCP_SYNTAX);
     // A marker that can't be written is no reason to stay up.
     if (arg == 1)
         trim_wr(TRIM_RESTART_MARKER, no_marker, sizeof no_marker);

@@ -23,19 +23,13 @@ int power_off()
     return plat_system("reboot -p");
 }
 
-int answer(int id, int status)
-{
-    dcp_printf(id, "poff", " ");
-    return status;
-}
-
 // Doesn't come back, unless the phone refuses to go: the station is told so then.
 int power_off_now(int id)
 {
     if (power_off() == 0)
         for (std::uint32_t s = 0; s < GOING_DOWN_S; s++)
             tmr_msleep(1000);
-    return answer(id, DCP_ERROR);
+    return dcp_answer(id, "poff", " ", DCP_ERROR);
 }
 
 void tmr_cb_poff(tmr_link*, std::uint32_t)
@@ -65,11 +59,9 @@ void power_off_without_cable()
 int do_poff(int id, int action, int argc, const dcp_word* argv)
 {
     if (argc > 1)
-        return answer(id, DCP_SYNTAX);
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "poff", "Power off system");
-        return DCP_OK;
-    }
+        return dcp_answer(id, "poff", " ", DCP_SYNTAX);
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "poff", "Power off system", DCP_OK);
     if (argc == 0)
         return power_off_now(id);
     const std::uint32_t wait_ms = dcp_uint(argv[0]);
@@ -77,7 +69,7 @@ int do_poff(int id, int action, int argc, const dcp_word* argv)
         power_off_after(wait_ms);
     else
         power_off_without_cable();
-    return answer(id, DCP_OK);
+    return dcp_answer(id, "poff", " ", DCP_OK);
 }
 
 constexpr dcp_cmd poff_cmd_tab[] = {

@@ -8,10 +8,8 @@ namespace {
 // The verdict is the answer: 0 switched, 1 not.
 int do_smps(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "smps", "smps cpu regulator control test");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "smps", "smps cpu regulator control test", DCP_OK);
     if (argc != 2 || dcp_uint(argv[1]) > 1)
         return DCP_SYNTAX;
     const int switched = smps_regulator_switch(dcp_uint(argv[0]), dcp_uint(argv[1]));

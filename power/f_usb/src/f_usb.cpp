@@ -31,17 +31,11 @@ constexpr usbc_row usbc_map[] = {
 };
 // clang-format on
 
-int answer(int id, int status)
-{
-    dcp_printf(id, "usbc", " ");
-    return status;
-}
-
 int charger_type(int id)
 {
     int type;
     if (!usb_get(USB_GET_CHARGER_TYPE, &type))
-        return answer(id, DCP_ERROR);
+        return dcp_answer(id, "usbc", " ", DCP_ERROR);
     dcp_printf(id, "usbc", "%d", type);
     return DCP_OK;
 }
@@ -49,11 +43,9 @@ int charger_type(int id)
 int do_usb_usbc(int id, int action, int argc, const dcp_word* argv)
 {
     if (argc < 1 || argc > 3)
-        return answer(id, DCP_SYNTAX);
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "usbc", "USB control command");
-        return DCP_OK;
-    }
+        return dcp_answer(id, "usbc", " ", DCP_SYNTAX);
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "usbc", "USB control command", DCP_OK);
     const std::uint32_t act = dcp_uint(argv[0]);
     const std::uint32_t opt = argc > 1 ? dcp_uint(argv[1]) : 0;
     const int timeout = argc > 2 ? dcp_int(argv[2]) : NO_TIMEOUT;
@@ -61,8 +53,8 @@ int do_usb_usbc(int id, int action, int argc, const dcp_word* argv)
         return charger_type(id);
     for (const usbc_row& row : usbc_map)
         if (row.act == act && (row.any_opt || row.opt == opt))
-            return answer(id, usb_set(row.item, timeout) ? DCP_OK : DCP_ERROR);
-    return answer(id, DCP_SYNTAX);
+            return dcp_answer(id, "usbc", " ", usb_set(row.item, timeout) ? DCP_OK : DCP_ERROR);
+    return dcp_answer(id, "usbc", " ", DCP_SYNTAX);
 }
 
 constexpr dcp_cmd usb_cmd_tab[] = {

@@ -93,7 +93,7 @@ void vbus_next(bool connected)
         tmr_cb_add(&tmr_vbus_check, tmr_cb_vbus_check, VBUS_CHECK_US);
 }
 
-// Takes the host power away for a while, so that a device that hangs starts anew.
+// Feeds the cable from the phone for a while, and no longer.
 void vbus_cycle()
 {
     std::uint32_t us;

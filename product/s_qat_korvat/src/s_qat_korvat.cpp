@@ -1,5 +1,6 @@
 #include "s_qat_korvat/s_qat_korvat.h"
 
+#include <string>
 #include <string_view>
 
 #include "autoinit/autoinit.h"
@@ -51,6 +52,8 @@ constexpr usb_linux_config usb_linux_cfg = {"/sys/devices/virtual/android_usb/an
 usb_listener usb_tpok_con = {{nullptr}, USB_EVT_CONNECTED, nullptr};
 usb_listener usb_tpok_discon = {{nullptr}, USB_EVT_DISCONNECTED, nullptr};
 
+std::span<const s_setting> open_settings;
+
 bool s_dev_exist(const char* path)
 {
     const int fd = plat_open(path, O_RDWR);
@@ -73,6 +76,24 @@ void s_rev_init()
 void s_cfg_comm_path()
 {
     cio_tty_cfg.path = s_dev_exist("/dev/ttyGS1") ? "/dev/ttyGS1" : "/dev/ttyGS0";
+}
+
+// What the product leaves open. A setting of another type than its key has would stop the program.
+void s_cfg_open_init()
+{
+    for (const s_setting& setting : open_settings) {
+        const int type = setting.text != nullptr ? CFG_TYPE_STR : CFG_TYPE_INT;
+        const cfg_item* p_item = cfg_find(setting.module, setting.key);
+        if (p_item != nullptr && p_item->type != type)
+            plat_system((std::string("echo \"QAT: setting ") + setting.module + " " + setting.key +
+                         (p_item->type == CFG_TYPE_STR ? " wants a text" : " wants a number") +
+                         "\" > /dev/kmsg")
+                            .c_str());
+        else if (setting.text != nullptr)
+            cfg_set_str(setting.module, setting.key, setting.text);
+        else
+            cfg_set_int(setting.module, setting.key, setting.number);
+    }
 }
 
 // What differs from board to board.
@@ -100,6 +121,7 @@ void s_cfg_init()
     cfg_set_int("luigi", "button_padding", 30);
     cfg_set_str("sdcard_de", "mmc_dev", "/dev/block/mmcblk1p1");
     cfg_set_str("screen_brenk", "panel_debugfs", "/sys/kernel/debug/mdss_dsi_panel");
+    s_cfg_open_init();
 }
 
 void usb_cb_tpok_con(unsigned event);
@@ -149,6 +171,11 @@ int s_entry(int, char**)
 }
 
 } // namespace
+
+void s_set_open(std::span<const s_setting> settings)
+{
+    open_settings = settings;
+}
 
 int s_main(int argc, char** argv)
 {

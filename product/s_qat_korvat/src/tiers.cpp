@@ -126,7 +126,7 @@ constexpr autoinit_entry initcompif[] = {
     vreg_init,
 };
 
-// Drivers: attach a callout table to their interface.
+// Drivers, which attach a callout table to their interface, and modules that need no driver.
 constexpr autoinit_entry initcomp[] = {
     adcr_brenk_init,
     autopoff_init,

@@ -5,22 +5,16 @@
 
 namespace {
 
-int answer(int id, const char* text, int status)
-{
-    dcp_printf(id, "rfbv", "%s", text);
-    return status;
-}
-
 int do_rfbv_read(int id, int action, int argc, const dcp_word*)
 {
     if (action == DCP_ACTION_TEST)
-        return answer(id, "Read RF ID", DCP_OK);
+        return dcp_answer(id, "rfbv", "Read RF ID", DCP_OK);
     if (argc != 0)
-        return answer(id, "", DCP_SYNTAX);
+        return dcp_answer(id, "rfbv", "", DCP_SYNTAX);
     unsigned pin;
     int value;
     if (rfbv_read(&pin, &value) == 0)
-        return answer(id, "", DCP_ERROR);
+        return dcp_answer(id, "rfbv", "", DCP_ERROR);
     dcp_printf(id, "rfbv", "%u, %d", pin, value);
     return DCP_OK;
 }

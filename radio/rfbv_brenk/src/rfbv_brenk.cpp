@@ -5,13 +5,13 @@
 
 #include "adcr/adcr.h"
 #include "pin/pin.h"
+#include "pin/signals.h"
 #include "rfbv/rfbv.h"
+#include "trim/items.h"
 #include "trim/trim.h"
 
 namespace {
 
-constexpr int SIG_VARIANT = 57;
-constexpr int TRIM_VARIANT = 1;
 constexpr unsigned CH_RF_ID = 3;
 constexpr int KEY_OF_PIN = 100000;
 
@@ -56,12 +56,12 @@ const rfbv_row* find(int key)
 
 int rfbv_brenk_read(unsigned* p_pin, int* p_val)
 {
-    *p_pin = pin_in_get(SIG_VARIANT) == PIN_ACTIVE ? 1 : 0;
+    *p_pin = pin_in_get(PIN_IN_RF_VARIANT) == PIN_ACTIVE ? 1 : 0;
     if (adcr_read(CH_RF_ID, ADCR_DIVIDED, p_val) != ADCR_OK)
         return 0;
     const rfbv_row* const p_row = find(*p_val + (*p_pin != 0 ? KEY_OF_PIN : 0));
-    if (p_row != nullptr && trim_get_size(TRIM_VARIANT) == 0)
-        return trim_wr(TRIM_VARIANT, p_row->text, std::strlen(p_row->text) + 1) != 0 ? 1 : 0;
+    if (p_row != nullptr && trim_get_size(TRIM_RF_VARIANT) == 0)
+        return trim_wr(TRIM_RF_VARIANT, p_row->text, std::strlen(p_row->text) + 1) != 0 ? 1 : 0;
     return 1;
 }
 
@@ -74,7 +74,7 @@ int rfbv_brenk_setup()
 
 int rfbv_brenk_get_config(char* p_buf, std::size_t room)
 {
-    const int size = trim_rd(TRIM_VARIANT, p_buf, room - 1);
+    const int size = trim_rd(TRIM_RF_VARIANT, p_buf, room - 1);
     p_buf[size] = '\0';
     return size != 0 ? 1 : 0;
 }

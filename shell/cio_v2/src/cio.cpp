@@ -191,6 +191,14 @@ unsigned cio_s4_set(int term1, int final1, int final2)
     return static_cast<unsigned>(old_term | old_final << 8 | old_prompt << 16);
 }
 
+cio_report_lines::cio_report_lines() : s3(cio_s3_set('\r', 0)), s4(cio_s4_set('\n', 0, 0)) {}
+
+cio_report_lines::~cio_report_lines()
+{
+    cio_s3_set(s3 & 0xFF, s3 >> 8 & 0xFF);
+    cio_s4_set(s4 & 0xFF, s4 >> 8 & 0xFF, s4 >> 16 & 0xFF);
+}
+
 const char* cio_cmd_term()
 {
     return cio_term;

@@ -11,8 +11,6 @@
 #include <string>
 #include <utility>
 
-dcp_printf_fn dcp_printf = dcp_printf_def;
-
 namespace {
 
 constexpr int CLIENT_SLOTS = 10;
@@ -40,7 +38,6 @@ void dcp_clnt_init()
 {
     std::fill(std::begin(dcp_clnt), std::end(dcp_clnt), &dcp_clnt_def);
     dcp_def_clnt = 0;
-    dcp_printf = dcp_printf_def;
 }
 
 int dcp_clnt_add(dcp_client* p_clnt)
@@ -86,7 +83,7 @@ int dcp_get_clnt_id(const char* name)
     return -1;
 }
 
-void dcp_printf_def(int id, const char* name, const char* fmt, ...)
+void dcp_printf(int id, const char* name, const char* fmt, ...)
 {
     char txt[DCP_MAX_RESPONSE + 1];
     std::size_t n = std::min(std::strlen(name), DCP_MAX_RESPONSE);
@@ -103,11 +100,6 @@ void dcp_printf_def(int id, const char* name, const char* fmt, ...)
     dcp_resp_dspl(id, DCP_DSPL_LINE, 0, txt);
 }
 
-void dcp_printf_add(dcp_printf_fn fn)
-{
-    dcp_printf = fn ? fn : dcp_printf_def;
-}
-
 void dcp_print_long(int id, const char* name, const char* text)
 {
     std::string line = std::string(name) + ':';
@@ -115,6 +107,17 @@ void dcp_print_long(int id, const char* name, const char* text)
         scf_case_to_upper(line.data(), line.size());
     line += text;
     dcp_resp_dspl(id, DCP_DSPL_LINE, 0, line.c_str());
+}
+
+int dcp_answer(int id, const char* name, const char* text, int status)
+{
+    dcp_printf(id, name, "%s", text);
+    return status;
+}
+
+void dcp_print_raw(int id, const char* text)
+{
+    dcp_resp_dspl(id, DCP_DSPL_RAW, 0, text);
 }
 
 void dcp_resp_dspl(int id, int type, int more, const char* text)

@@ -16,5 +16,5 @@ const dcp_cmd* dcp_tab_find_folded(char* name, std::size_t len);
 // The shell's own table: help, list, case.
 extern const dcp_cmd dcp_cmd_tab[];
 
-// Puts all client slots on the default client, and dcp_printf on dcp_printf_def.
+// Puts all client slots on the default client.
 void dcp_clnt_init();

@@ -1,7 +1,5 @@
 #include "f_card/f_card.h"
 
-#include <cstdarg>
-#include <cstdio>
 #include <cstring>
 #include <memory>
 
@@ -14,50 +12,22 @@ namespace {
 using std::uint32_t;
 
 constexpr std::size_t TEXT_BYTES = 1024; // of a listing or a file
-constexpr std::size_t MAX_DCP_OUTPUT_BUF_SIZE = TEXT_BYTES + 128;
-
-struct heap_free {
-    void operator()(char* p) const { std::free(p); }
-};
-using heap_text = std::unique_ptr<char, heap_free>;
-
-heap_text heap_alloc(std::size_t size)
-{
-    heap_text p(static_cast<char*>(std::calloc(1, size)));
-    HVT_CHECK(p != nullptr);
-    return p;
-}
-
-// The printer of long raw text: neither name nor terminator.
-__attribute__((format(printf, 3, 4))) void dcp_printf_sdcard(int id, const char*, const char* fmt, ...)
-{
-    const heap_text text = heap_alloc(MAX_DCP_OUTPUT_BUF_SIZE);
-    va_list args;
-    va_start(args, fmt);
-    std::vsnprintf(text.get(), MAX_DCP_OUTPUT_BUF_SIZE, fmt, args);
-    va_end(args);
-    dcp_resp_dspl(id, DCP_DSPL_RAW, 0, text.get());
-}
 
 int answer(int id, bool done)
 {
-    if (!done)
-        return DCP_ERROR;
-    dcp_printf(id, "mstt", "%s", "");
-    return DCP_OK;
+    return done ? dcp_answer(id, "mstt", "", DCP_OK) : DCP_ERROR;
 }
 
 // The text that `get` puts into a buffer of TEXT_BYTES goes out raw.
 template <class Get>
 int answer_raw(int id, Get get)
 {
-    const heap_text text = heap_alloc(TEXT_BYTES + 1); // so that a full buffer ends too
+    const auto text = std::make_unique<char[]>(TEXT_BYTES + 1); // so that a full buffer ends too
     if (get(text.get()) != 1)
         return DCP_ERROR;
-    dcp_printf_add(dcp_printf_sdcard);
-    dcp_printf(id, "mstt", "MSTT:");
-    dcp_printf(id, "mstt", "%s,", text.get());
-    dcp_printf_add(nullptr);
+    dcp_print_raw(id, "MSTT:");
+    dcp_print_raw(id, text.get());
+    dcp_print_raw(id, ",");
     return DCP_OK;
 }
 
@@ -93,44 +63,36 @@ int mstt_card(int id, uint32_t act, int64_t sub)
     return DCP_SYNTAX;
 }
 
+// What needs a path. `text` is null when the line has three values.
 int mstt_file(int id, uint32_t act, uint32_t sub, const char* path, const char* text)
 {
+    if (act == 3 && sub == 1 && text != nullptr)
+        return answer(id, sdcard_write_file(path, text, std::strlen(text)) == 1);
+    if (text != nullptr)
+        return DCP_SYNTAX;
     if (act == 2 && sub == 2)
         return answer_raw(id, [=](char* p) { return sdcard_list_folder_inf(path, p, TEXT_BYTES); });
     if (act == 2 && sub == 3)
         return answer_raw(id, [=](char* p) { return sdcard_read_file(path, p, TEXT_BYTES); });
     if (act == 4 && sub == 1)
         return answer(id, sdcard_delete_file(path) == 1);
-    if (act == 3 && sub == 1 && text != nullptr)
-        return answer(id, sdcard_write_file(path, text, std::strlen(text)) == 1);
     return DCP_SYNTAX;
-}
-
-bool is_for_file(uint32_t act, uint32_t sub)
-{
-    return act == 2 || act == 3 || (act == 4 && sub == 1);
 }
 
 int do_card_mstt(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "mstt", "uSD test");
-        return DCP_OK;
-    }
-    if (argc == 0) {
-        dcp_printf(id, "mstt", "MSTT - uSD test command");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "mstt", "uSD test", DCP_OK);
+    if (argc == 0)
+        return dcp_answer(id, "mstt", "MSTT - uSD test command", DCP_OK);
     const uint32_t act = dcp_uint(argv[0]);
-    if (argc == 1)
-        return mstt_card(id, act, -1);
-    const uint32_t sub = dcp_uint(argv[1]);
-    if (!is_for_file(act, sub))
-        return mstt_card(id, act, sub);
-    const char* path = argc > 2 ? dcp_text(argv[2]) : nullptr;
-    if (path == nullptr || path[0] == '\0')
+    if (argc <= 2)
+        return mstt_card(id, act, argc == 2 ? dcp_uint(argv[1]) : int64_t{-1});
+    const char* const path = dcp_text(argv[2]);
+    const char* const text = argc > 3 ? dcp_text(argv[3]) : nullptr;
+    if (path == nullptr || path[0] == '\0' || (argc > 3 && text == nullptr))
         return DCP_SYNTAX;
-    return mstt_file(id, act, sub, path, argc > 3 ? dcp_text(argv[3]) : nullptr);
+    return mstt_file(id, act, dcp_uint(argv[1]), path, text);
 }
 
 constexpr dcp_cmd f_card_cmd_tab[] = {

@@ -5,6 +5,7 @@
 
 #include "dcp/dcp.h"
 #include "scf/scf.h"
+#include "trim/items.h"
 #include "trim/trim.h"
 
 namespace {
@@ -51,12 +52,6 @@ const pp_row* ppre_find(std::uint32_t p1, std::uint32_t p2)
     return nullptr;
 }
 
-int answer(int id, const char* name, int status)
-{
-    dcp_printf(id, name, "%s", "");
-    return status;
-}
-
 // Reads the items of a row into `buf`, which was cleared and stays ended by a NUL: whether all were there.
 bool ppre_read(const pp_row& row, char (&buf)[PP_ROOM])
 {
@@ -73,15 +68,13 @@ bool ppre_read(const pp_row& row, char (&buf)[PP_ROOM])
 
 int do_ppre(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "ppre", "%s", "Production Parameter Read");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "ppre", "Production Parameter Read", DCP_OK);
     const std::uint32_t p1 = argc > 0 ? dcp_uint(argv[0]) : 0;
     const std::uint32_t p2 = argc > 1 ? dcp_uint(argv[1]) : 0;
     const pp_row* const p_row = ppre_find(p1, p2);
     if (p_row == nullptr)
-        return answer(id, "ppre", DCP_SYNTAX);
+        return dcp_answer(id, "ppre", "", DCP_SYNTAX);
     char buf[PP_ROOM] = {};
     const bool all_read = ppre_read(*p_row, buf);
     if (p_row->form == pp_form::number) {
@@ -91,7 +84,7 @@ int do_ppre(int id, int action, int argc, const dcp_word* argv)
         return DCP_OK;
     }
     if (!all_read)
-        return answer(id, "ppre", p1 == PP_VARIANT ? DCP_OK : DCP_ERROR);
+        return dcp_answer(id, "ppre", "", p1 == PP_VARIANT ? DCP_OK : DCP_ERROR);
     dcp_printf(id, "ppre", "%s", buf);
     return DCP_OK;
 }
@@ -99,32 +92,30 @@ int do_ppre(int id, int action, int argc, const dcp_word* argv)
 int ppwr_text(const char* text)
 {
     constexpr std::size_t MOST = 10;
-    return trim_wr(4, text, strnlen(text, MOST));
+    return trim_wr(TRIM_PP_TEXT, text, strnlen(text, MOST));
 }
 
 int ppwr_number(const char* text)
 {
     std::int32_t number = 0;
     scf_str_to_int32(&number, 1, text, 10);
-    return trim_wr(3, &number, sizeof number);
+    return trim_wr(TRIM_PP_NUMBER, &number, sizeof number);
 }
 
 int do_ppwr(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "ppwr", "%s", "Production Parameter Write");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "ppwr", "Production Parameter Write", DCP_OK);
     if (argc < 2)
-        return answer(id, "ppwr", DCP_SYNTAX);
+        return dcp_answer(id, "ppwr", "", DCP_SYNTAX);
     const char* const text = dcp_text(argv[1]);
     switch (dcp_uint(argv[0])) {
     case 0:
-        return answer(id, "ppwr", ppwr_text(text) != 0 ? DCP_OK : DCP_ERROR);
+        return dcp_answer(id, "ppwr", "", ppwr_text(text) != 0 ? DCP_OK : DCP_ERROR);
     case 3:
-        return answer(id, "ppwr", ppwr_number(text) != 0 ? DCP_OK : DCP_ERROR);
+        return dcp_answer(id, "ppwr", "", ppwr_number(text) != 0 ? DCP_OK : DCP_ERROR);
     default:
-        return answer(id, "ppwr", DCP_SYNTAX);
+        return dcp_answer(id, "ppwr", "", DCP_SYNTAX);
     }
 }
 

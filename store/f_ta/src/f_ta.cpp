@@ -1,6 +1,5 @@
 #include "f_ta/f_ta.h"
 
-#include <cstdarg>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -15,6 +14,7 @@ namespace {
 
 constexpr int TA_MAX_ITEMS = 1024;
 constexpr std::size_t TA_MAX_RESP_LEN = 12; // the longest item of a list is "0x80001363," and NUL
+constexpr const char* LIST_HEAD = "TACT:";  // in front of the items, which go out raw
 
 // clang-format off
 constexpr const char* tact_help[] = {
@@ -52,38 +52,8 @@ bool store_open()
 // Most acts answer with their bare name and a status.
 int answer(int id, bool done)
 {
-    dcp_printf(id, "tact", "%s", "");
-    return done ? DCP_OK : DCP_ERROR;
+    return dcp_answer(id, "tact", "", done ? DCP_OK : DCP_ERROR);
 }
-
-int answer_syntax(int id)
-{
-    dcp_printf(id, "tact", "%s", "");
-    return DCP_SYNTAX;
-}
-
-// The printer of the lists: no name in front, no terminator behind.
-__attribute__((format(printf, 3, 4))) void dcp_printf_ta(int id, const char*, const char* fmt, ...)
-{
-    char text[TA_MAX_RESP_LEN];
-    va_list args;
-    va_start(args, fmt);
-    std::vsnprintf(text, sizeof text, fmt, args);
-    va_end(args);
-    dcp_resp_dspl(id, DCP_DSPL_RAW, 0, text);
-}
-
-// Puts the list printer in force for as long as it lives, and opens the list.
-struct list_printer {
-    explicit list_printer(int id)
-    {
-        dcp_printf_add(dcp_printf_ta);
-        dcp_printf(id, "", "TACT:");
-    }
-    ~list_printer() { dcp_printf_add(nullptr); }
-    list_printer(const list_printer&) = delete;
-    list_printer& operator=(const list_printer&) = delete;
-};
 
 int tact_status(int id)
 {
@@ -138,9 +108,12 @@ int tact_list(int id)
 {
     if (store_open() || ta_if_open(0) == 0)
         return answer(id, false);
-    const list_printer printer(id);
-    for (std::uint32_t unit; (unit = ta_if_get_next_id()) != TA_NO_UNIT;)
-        dcp_printf(id, "", "0x%x,", unit);
+    dcp_print_raw(id, LIST_HEAD);
+    char item[TA_MAX_RESP_LEN];
+    for (std::uint32_t unit; (unit = ta_if_get_next_id()) != TA_NO_UNIT;) {
+        std::snprintf(item, sizeof item, "0x%x,", unit);
+        dcp_print_raw(id, item);
+    }
     return ta_if_close(0) != 0 ? DCP_OK : DCP_ERROR;
 }
 
@@ -148,8 +121,7 @@ int tact_write_mode(int id)
 {
     if (!store_open())
         return answer(id, false);
-    dcp_printf(id, "tact", "%s", "0x2");
-    return DCP_OK;
+    return dcp_answer(id, "tact", "0x2", DCP_OK);
 }
 
 int tact_unit_from_nv(int id, const tact_items& items)
@@ -169,9 +141,12 @@ int tact_read(int id, std::uint32_t unit)
         dcp_printf(id, "tact", "%d is not registerd", static_cast<int>(unit)); // sic: stations know it so
         return DCP_ERROR;
     }
-    const list_printer printer(id);
-    for (std::size_t i = 0; i < room; i++)
-        dcp_printf(id, "", "0x%02x,", data[i]);
+    dcp_print_raw(id, LIST_HEAD);
+    char item[TA_MAX_RESP_LEN];
+    for (std::size_t i = 0; i < room; i++) {
+        std::snprintf(item, sizeof item, "0x%02x,", data[i]);
+        dcp_print_raw(id, item);
+    }
     return DCP_OK;
 }
 
@@ -216,7 +191,7 @@ int tact_one_item(int id, const tact_items& items)
     case 9:
         return tact_write_mode(id);
     default:
-        return answer_syntax(id);
+        return dcp_answer(id, "tact", "", DCP_SYNTAX);
     }
 }
 
@@ -244,7 +219,8 @@ int tact_more_items(int id, const tact_items& items)
 {
     if (items.val[0] == 11)
         return tact_write(id, items);
-    return items.val[0] == 10 && items.count == 3 ? tact_unit_from_nv(id, items) : answer_syntax(id);
+    return items.val[0] == 10 && items.count == 3 ? tact_unit_from_nv(id, items)
+                                                  : dcp_answer(id, "tact", "", DCP_SYNTAX);
 }
 
 // Reads the items of `text`, which is changed: false when there are too many.
@@ -273,7 +249,7 @@ int do_ta_tact(int id, int action, int argc, const dcp_word* argv)
     static tact_items items;
     items.count = 0;
     if (argc > 0 && !tact_scan(dcp_text(argv[0]), &items))
-        return answer_syntax(id);
+        return dcp_answer(id, "tact", "", DCP_SYNTAX);
     switch (items.count) {
     case 0:
         return tact_status(id);

@@ -8,12 +8,11 @@
 #include "cfg/cfg.h"
 #include "file_linux/file_linux.h"
 #include "pin/pin.h"
+#include "pin/signals.h"
 #include "plat/plat.h"
 #include "sdcard/sdcard.h"
 
 namespace {
-
-constexpr int PIN_CARD_DETECT = 13; // inactive when a card is in
 
 constexpr char MOUNT_POINT[] = "/sdcard";
 constexpr char STATFS_PATH[] = "sdcard"; // the process runs in the root directory
@@ -51,7 +50,7 @@ bool lcl_srch_mmc_dev(std::string* p_path)
 
 int sdcard_de_detect_card()
 {
-    switch (pin_in_get(PIN_CARD_DETECT)) {
+    switch (pin_in_get(PIN_IN_CARD_DETECT)) {
     case PIN_INACTIVE:
         return 1;
     case PIN_ACTIVE:
@@ -172,15 +171,16 @@ int run(const std::string& line)
     return plat_system(line.c_str()) == 0;
 }
 
-// The copy ends at the end of the card, where the tool can't write on and says 1. With the same result for a
-// device that can't be opened, that one is looked for before.
+// The copy ends at the end of the card, where the tool can't write on and says 1. It says the same of a
+// device that can't be opened, so that one is told by a look before.
 int sdcard_de_erase()
 {
     std::string device;
-    if (!lcl_srch_mmc_dev(&device) || plat_access(device.c_str(), W_OK) != 0)
+    if (!lcl_srch_mmc_dev(&device))
         return 0;
+    const bool there = plat_access(device.c_str(), W_OK) == 0;
     const int status = plat_system((DD + device).c_str());
-    return status != -1 && WIFEXITED(status) && WEXITSTATUS(status) <= 1;
+    return there && status != -1 && WIFEXITED(status) && WEXITSTATUS(status) <= 1;
 }
 
 int sdcard_de_delete_file(const char* path)

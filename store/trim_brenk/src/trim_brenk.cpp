@@ -1,21 +1,23 @@
 #include "trim_brenk/trim_brenk.h"
 
+#include "trim/items.h"
+
 namespace {
 
 // clang-format off
 constexpr trim_map_row trim_map_brenk[] = {
-    // id   unit            bytes
-    {  1,   0x800009F7 },   // text     RF band variant
-    {  4,   0x80001324 },   // 4, 10    production parameter
-    { 26,   60203      },   //
-    { 28,   60220      },   // 4        display sync value
-    { 31,   0x80001363 },   // 3        accelerometer offsets
-    { 32,   0x80001365 },   // 27       accelerometer NVM backup
-    { 37,   0x800008FD },   // 1, 8     restart marker
-    { 38,   0x80000866 },   //
-    { 40,   0x80001364 },   // 5        gyroscope offsets
-    { 41,   0x80001366 },   // 58       gyroscope backup
-    { 43,   0x80001356 },   // 5        touch hardware information
+    // id                  unit
+    { TRIM_RF_VARIANT,     0x800009F7 },
+    { TRIM_PP_TEXT,        0x80001324 },
+    { TRIM_26,             60203      },
+    { TRIM_VSYNC,          60220      },
+    { TRIM_ACCEL_OFFSETS,  0x80001363 },
+    { TRIM_ACCEL_BACKUP,   0x80001365 },
+    { TRIM_RESTART_MARKER, 0x800008FD },
+    { TRIM_38,             0x80000866 },
+    { TRIM_GYRO_OFFSETS,   0x80001364 },
+    { TRIM_GYRO_BACKUP,    0x80001366 },
+    { TRIM_TOUCH_HWINFO,   0x80001356 },
     { TRIM_LAST, 0 },
 };
 // clang-format on

@@ -11,6 +11,9 @@ a voltage is given in mV, as the converter's code, or not at all
   expect   ADCR:0x8d2e,OK
   send     adcr=10,2
   expect   ADCR:,SYNTAX
+  # the coin cell's 3056 mV
+  send     adcr=7
+  expect   ADCR:0xbf0,OK
 
 the battery's and the charger's inputs are what is there
   conf     charger none

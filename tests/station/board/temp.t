@@ -20,6 +20,14 @@ every number leads to its own channel
   expect   TEMP: 27,OK
   send     temp=16,2
   expect   TEMP: 39,OK
+  send     temp=17,2
+  expect   TEMP: 41,OK
+  send     temp=18,2
+  expect   TEMP: 42,OK
+  send     temp=19,2
+  expect   TEMP: 43,OK
+  send     temp=20,2
+  expect   TEMP: 44,OK
   send     temp=21,2
   expect   TEMP: 45,OK
   send     temp=22,2

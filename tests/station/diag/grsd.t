@@ -5,13 +5,14 @@ started and asked for in two steps, and a second start is refused and sends noth
   send     grsd=2
   expect   ERROR
   phone    diag filter -> 0410001500
+  send     grsd=4
+  # 38.7 dB-Hz, peak in bin 261
+  expect   GRSD:38.7,261,OK
+  # the result costs no second measurement
   phone    diag recent -> 6001\n4B0D6500140100\n7300000001\*134{0}\n
   +        73000000040000000000000001000000CD04\*304{0}\n
   +        730000000300000001000000CD04\*292{0}80000000000000000000\n
   +        4B0D6500163200100000000401000104000500000000\n6001\n4B0D6500140101
-  send     grsd=4
-  # 38.7 dB-Hz, peak in bin 261
-  expect   GRSD:38.7,261,OK
 
 the result is read from its place in the record, low byte first
   phone    speed 1000
@@ -22,18 +23,44 @@ the result is read from its place in the record, low byte first
   send     grsd=4,32,10
   expect   GRSD:12345.6,16909060,OK
 
-a record that doesn't come is given up after 80 seconds, and the test mode is left
-  phone    speed 1000
+each packet has its pause, and a record that doesn't come is given up after 80 seconds
   phone    diag 4B0D650016 4B0D65001632
-  send     grsd=4
+  phone    clock hold
+  raw      grsd=2\r
+  # 30 ms and 1 for each byte: 31 + 40 before the first packet of the modem's, which answers each in 1 ms
+  phone    clock +70
+  phone    diag last -> none
+  phone    clock +1
+  phone    diag last -> 6001
+  # then 32 + 1, 37 + 1, 102 + 1, 200 + 1, 200 + 1; one sample, three iterations
+  phone    clock +575
+  phone    diag last -> 730000000300000001000000CD04\*292{0}80000000000000000000
+  phone    clock +1
+  phone    diag last -> 4B0D6500163200100000000401000101000300000000
+  # 52 + 1, 800 times 100 ms, 32 + 1 and 37 + 1
+  phone    clock +80053
+  phone    diag last -> 6001
+  phone    clock +70
+  phone    port 1 -> < grsd=2\\r
+  phone    clock +1
   expect   GRSD:,ERROR
   phone    diag last -> 4B0D6500140101
+  # there is nothing to ask for, and then a measurement can be started again
+  send     grsd=4
+  expect   ERROR
+  phone    diag off
+  phone    clock run
+  phone    speed 1000
+  send     grsd=4
+  expect   GRSD:38.7,261,OK
 
 values are checked before anything is sent
   send     grsd=2,32,11
   expect   GRSD:Max 10 iterations are allowed,SYNTAX
   send     grsd=2,3
   expect   GRSD:Sample size must be a power of two and max 32,SYNTAX
+  send     grsd=3
+  expect   SYNTAX
   send     grsd
   expect   ERROR
   phone    diag last -> none

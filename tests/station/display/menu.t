@@ -155,6 +155,24 @@ without a start script a press changes nothing
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
   file     /sys/class/leds/red/brightness -> 0\n
 
+settings of phone.conf stand behind those of the board: another script starts, without a padding
+  conf     setting luigi canvas_padding 0
+  conf     setting luigi start_key /data/mine.lua
+  conf     setting luigi start_key 7
+  conf     setting luigi canvas_padding wide
+  conf     setting nobody listens 4294967295
+  write    /data/mine.lua screen.init()
+  + \nlocal root, l = canvas.new(), label.new("x")
+  + \ncanvas.set_back_color(l, 0xFF0000) canvas.set_border_color(l, 0xFF0000)
+  + \ncanvas.add(root, l)
+  + \ntaboret.push(root)
+  phone    kmsg 2                  -> QAT: setting luigi start_key wants a text\n
+  + QAT: setting luigi canvas_padding wants a number
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  phone    pixel 2 2               -> FF0000
+
 a script that doesn't compile, never stops calling itself or takes too much memory is told where
   write    /system/scripts/start_korvat.lua this is no script
   phone    key 116 tap

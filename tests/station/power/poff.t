@@ -4,26 +4,24 @@ without a value it goes off at once and says nothing
   send     poff
   off
 
-after a time it answers first
+after a time it answers first, the newest time counts, and what is in memory is written before
+  phone    clock hold
+  send     poff?1000
+  expect   POFF: ,OK
   send     poff=2000
   expect   POFF: ,OK
-  phone    clock hold
-  send     case?
-  expect   CASE:false,OK
-  phone    clock run
-  off
-
-the newest time counts
-  phone    clock hold
-  send     poff=1000
-  expect   POFF: ,OK
-  send     poff=600000
-  expect   POFF: ,OK
-  phone    clock +5000
-  send     case?
-  expect   CASE:false,OK
+  # as if the phone couldn't go off, so that its log can be looked at
+  phone    fail system reboot 1
+  phone    clock +1999
+  phone    shell 1 -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg
+  phone    clock +1
+  phone    shell 1 -> 0 sync
+  phone    fail off -> 0
   send     poff=0x64
   expect   POFF: ,OK
+  phone    clock +99
+  send     case?
+  expect   CASE:false,OK
   phone    clock run
   off
 
@@ -32,6 +30,12 @@ with 0 it waits for the cable to go
   expect   POFF: ,OK
   send     poff=0
   expect   POFF: ,OK
+  phone    fail system reboot 1
+  phone    usb off
+  phone    idle
+  phone    shell 2 -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg\n0 sync
+  phone    usb on
+  read     TP,OK\r\n
   phone    usb off
   off
 
@@ -39,5 +43,6 @@ a phone that refuses to go off says so, and what it is
   phone    fail system reboot 1
   send     poff
   expect   POFF: ,ERROR
+  phone    shell 1 -> 0 sync
   send     poff=?
   expect   POFF:Power off system,poff      W                                                 POFF(waittime),OK

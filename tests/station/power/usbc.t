@@ -15,16 +15,43 @@ a detection attribute that holds a number answers
   send     usbc=5
   expect   USBC: ,ERROR
 
+the host power goes at once, or comes for a while when the cable goes
+  phone    spmi 18346 91
+  send     usbc=6,0
+  expect   USBC: ,OK
+  phone    spmi 18346 -> 11
+  phone    fail spmi 01049 1
+  send     usbc=6,0
+  expect   USBC: ,ERROR
+  # the cable is looked for every 100 ms, until it is gone
+  phone    clock hold
+  send     usbc?6,1,400
+  expect   USBC: ,OK
+  phone    clock +150
+  phone    usb off
+  phone    clock +49
+  phone    spmi 1A046 -> 00
+  phone    clock +1
+  phone    spmi 1A046 -> 80
+  phone    clock +399
+  phone    spmi 1A046 -> 80
+  phone    clock +1
+  phone    spmi 1A046 -> 00
+
 what the driver can't do is an error
   send     usbc=0
   expect   USBC: ,ERROR
   send     usbc=3,1,100
   expect   USBC: ,ERROR
 
-what no row names is a syntax error, and so is a wrong number of values
+what no row names is a syntax error, and so is no value
   send     usbc=7
   expect   USBC: ,SYNTAX
   send     usbc=3,2
+  expect   USBC: ,SYNTAX
+  send     usbc=6,2
+  expect   USBC: ,SYNTAX
+  send     usbc
   expect   USBC: ,SYNTAX
 
 the test form wants values too

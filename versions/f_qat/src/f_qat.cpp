@@ -17,10 +17,8 @@ std::string_view rev_text(const char* id)
 
 int do_qat_qatv(int id, int action, int, const dcp_word*)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "qatv", "%s", "QAT version");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "qatv", "QAT version", DCP_OK);
     std::string_view vmrk = rev_text("vmrk_rev");
     vmrk.remove_prefix(vmrk.size() < vmrk_mark.size() ? vmrk.size() : vmrk_mark.size());
     dcp_printf(id, "qatv", "%s, %s", rev_text("space_num").data(), vmrk.data());

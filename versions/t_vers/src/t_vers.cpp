@@ -12,10 +12,8 @@ void print(int id, int type)
 
 int do_vers(int id, int action, int argc, const dcp_word* argv)
 {
-    if (action == DCP_ACTION_TEST) {
-        dcp_printf(id, "vers", "%s", "Parameters: 0=All, 1=QAT, 2=App OS 3=Modem");
-        return DCP_OK;
-    }
+    if (action == DCP_ACTION_TEST)
+        return dcp_answer(id, "vers", "Parameters: 0=All, 1=QAT, 2=App OS 3=Modem", DCP_OK);
     switch (argc > 0 ? dcp_uint(argv[0]) : 0) {
     case 0:
         print(id, VERS_TYPE_QAT);
