@@ -140,8 +140,53 @@ alsa_ctl_entry* get_auan_cfg();
 alsa_ctl_entry* get_auan_gain_cfg();
 
 // The phone's two streams and its routes: a driver attaches them, the tests look them up. Routes stand by slot
-// number, from slot 2 on; a slot may be empty.
-constexpr int ALSA_SLOTS = 43;
+// number, from slot 2 on; a slot may be empty. "No tgen" and "no auan" are the routes of a loopback, which has
+// no stream.
+// clang-format off
+constexpr int ALSA_SLOTS                   = 43;
+constexpr int ALSA_SPEAKER                 =  2;
+constexpr int ALSA_SPEAKER_NO_TGEN         =  3;
+constexpr int ALSA_SPEAKER_LEFT_NO_TGEN    =  4;
+constexpr int ALSA_SPEAKER_RIGHT_NO_TGEN   =  5;
+constexpr int ALSA_SPEAKER_GAIN            =  6;
+constexpr int ALSA_SPEAKER_GAIN_NO_TGEN    =  7;
+constexpr int ALSA_SPEAKER2_GAIN           =  8; // the second speaker
+constexpr int ALSA_SPEAKER_RIGHT_GAIN_NO_TGEN = 9;
+constexpr int ALSA_EAR                     = 10;
+constexpr int ALSA_EAR_NO_TGEN             = 11;
+constexpr int ALSA_EAR_GAIN                = 12;
+constexpr int ALSA_EAR_GAIN_NO_TGEN        = 13;
+constexpr int ALSA_PLUG                    = 14;
+constexpr int ALSA_PLUG_LEFT_GAIN          = 15;
+constexpr int ALSA_PLUG_RIGHT_GAIN         = 16;
+constexpr int ALSA_PLUG_THIRD_GAIN         = 17;
+constexpr int ALSA_MIC                     = 18;
+constexpr int ALSA_MIC1_NO_AUAN            = 19;
+constexpr int ALSA_SLOT_20                 = 20; // a loopback input
+constexpr int ALSA_MIC2_NO_AUAN            = 21;
+constexpr int ALSA_SLOT_22                 = 22; // a loopback input
+constexpr int ALSA_HS_MIC_NO_AUAN          = 23;
+constexpr int ALSA_AMIC1_GAIN              = 24;
+constexpr int ALSA_AMIC1_GAIN_NO_AUAN      = 25;
+constexpr int ALSA_AMIC2_GAIN              = 26;
+constexpr int ALSA_AMIC2_GAIN_NO_AUAN      = 27;
+constexpr int ALSA_AMIC3_GAIN              = 28;
+constexpr int ALSA_AMIC4_GAIN              = 29;
+constexpr int ALSA_HS_MIC                  = 30;
+constexpr int ALSA_HS_MIC_GAIN             = 31;
+constexpr int ALSA_HS_MIC_GAIN_NO_AUAN     = 32;
+constexpr int ALSA_LINE_IN_RIGHT_GAIN      = 33;
+constexpr int ALSA_LINE_IN_LEFT_GAIN       = 34;
+constexpr int ALSA_FM                      = 35;
+constexpr int ALSA_FM_GAIN                 = 36;
+constexpr int ALSA_LOOP_FIRST1             = 37; // loopback both: three first halves,
+constexpr int ALSA_LOOP_FIRST2             = 38;
+constexpr int ALSA_LOOP_FIRST3             = 39;
+constexpr int ALSA_LOOP_SECOND1            = 40; // and three second ones
+constexpr int ALSA_LOOP_SECOND2            = 41;
+constexpr int ALSA_LOOP_SECOND3            = 42;
+// clang-format on
+
 struct alsa_cfg {
     alsa_pcm_config* p_output;
     alsa_pcm_config* p_input;

@@ -1,5 +1,6 @@
 // The capture: a thread that fills the record's buffer with one block after the other, each over the one before.
 #include <pthread.h>
+#include <utility>
 
 #include "alsa_inner.h"
 #include "tmr/tmr.h"

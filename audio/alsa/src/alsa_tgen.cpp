@@ -4,6 +4,7 @@
 #include <mutex>
 #include <numbers>
 #include <pthread.h>
+#include <utility>
 
 #include "alsa_inner.h"
 #include "tmr/tmr.h"

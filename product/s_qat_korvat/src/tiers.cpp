@@ -5,6 +5,8 @@
 #include "adc/adc.h"
 #include "adcr/adcr.h"
 #include "adcr_brenk/adcr_brenk.h"
+#include "alsa/alsa.h"
+#include "audio_v2/audio.h"
 #include "autopoff/autopoff.h"
 #include "backcap/backcap.h"
 #include "backcap_qpnp/backcap_qpnp.h"
@@ -18,6 +20,7 @@
 #include "cio_tty/cio_tty.h"
 #include "cio_v2/cio.h"
 #include "f_adcr/f_adcr.h"
+#include "f_audio_v2/f_audio.h"
 #include "f_backcap/f_backcap.h"
 #include "f_battery/f_battery.h"
 #include "f_card/f_card.h"
@@ -29,6 +32,7 @@
 #include "f_kbd/f_kbd.h"
 #include "f_kill/f_kill.h"
 #include "f_light/f_light.h"
+#include "f_mpvc/f_mpvc.h"
 #include "f_msm/f_msm.h"
 #include "f_poff/f_poff.h"
 #include "f_pp/f_pp.h"
@@ -55,6 +59,8 @@
 #include "light_linux/light_linux.h"
 #include "light_pm8941/light_pm8941.h"
 #include "luigi/luigi.h"
+#include "mpvc/mpvc.h"
+#include "mpvc_brenk/mpvc_brenk.h"
 #include "msm/msm.h"
 #include "msm_linux/msm_linux.h"
 #include "pin/pin.h"
@@ -98,6 +104,8 @@ namespace {
 constexpr autoinit_entry initcompif[] = {
     adc_init,
     adcr_init,
+    alsa_init,
+    audio_init,
     backcap_init,
     battery_init,
     charge_init,
@@ -107,6 +115,7 @@ constexpr autoinit_entry initcompif[] = {
     fsm_init,
     kbd_init,
     light_init,
+    mpvc_init,
     pin_init,
     msm_init,
     rfbv_init,
@@ -144,6 +153,7 @@ constexpr autoinit_entry initcomp[] = {
     light_linux_init,
     light_pm8941_init,
     luigi_init,
+    mpvc_brenk_init,
     msm_linux_init,
     pwrsupply_linux_init,
     queue_init,
@@ -165,6 +175,7 @@ constexpr autoinit_entry initcomp[] = {
 constexpr autoinit_entry initcompcmd[] = {
     cio_cmd_init,
     f_adcr_init,
+    f_audio_init,
     f_qat_init,
     f_backcap_init,
     f_battery_init,
@@ -177,6 +188,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_kbd_init,
     f_kill_init,
     f_light_init,
+    f_mpvc_init,
     f_poff_init,
     f_pp_init,
     f_msm_init,
