@@ -57,7 +57,8 @@ struct listener {
 
 std::mutex gpio_mutex; // guards the lines
 std::map<unsigned, line_state> lines;
-std::vector<listener> listeners;
+std::vector<listener> listeners; // written before the program runs, as the next
+std::map<unsigned, void (*)(unsigned line)> live_lines;
 
 int level_locked(const line_state& s)
 {
@@ -99,8 +100,15 @@ off_t& position(open_file& file)
     return *static_cast<off_t*>(file.data.get());
 }
 
+void bring_up_to_date(unsigned line)
+{
+    if (const auto live = live_lines.find(line); live != live_lines.end())
+        live->second(line);
+}
+
 std::string config_text(unsigned line)
 {
+    bring_up_to_date(line);
     const std::lock_guard lock(gpio_mutex);
     const line_state& s = lines[line];
     return std::string(level_locked(s) != 0 ? "1" : "0") + s.direction + "0" + (s.pull != 0 ? "U" : "D") +
@@ -197,6 +205,7 @@ void gpio_attach()
 
 int gpio_level(unsigned line)
 {
+    bring_up_to_date(line);
     const std::lock_guard lock(gpio_mutex);
     return level_locked(lines[line]);
 }
@@ -209,6 +218,11 @@ void gpio_drive(unsigned line, int level)
 void gpio_listen(unsigned line, void (*fn)(unsigned line, int level))
 {
     listeners.push_back({line, fn});
+}
+
+void gpio_live(unsigned line, void (*fn)(unsigned line))
+{
+    live_lines[line] = fn;
 }
 
 } // namespace phone

@@ -16,4 +16,9 @@ void gpio_drive(unsigned line, int level);
 // Has `fn` called, with no lock held, each time the level of `line` changes. Only while devices attach.
 void gpio_listen(unsigned line, void (*fn)(unsigned line, int level));
 
+// A line that moves with time: `fn` is called, with no lock held, before anybody reads the level of `line`,
+// and drives it to where it is now; it doesn't ask for the level itself. Who listens to the line hears of a
+// change when somebody reads. Only while devices attach.
+void gpio_live(unsigned line, void (*fn)(unsigned line));
+
 } // namespace phone

@@ -1,16 +1,19 @@
 #include "board/i2c_bus.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <deque>
 #include <linux/i2c-dev.h>
 #include <linux/i2c.h>
 #include <mutex>
-#include <vector>
+#include <utility>
 
 #include "board/chips.h"
 #include "core/control.h"
 #include "core/files.h"
 #include "core/text.h"
 #include "core/watch.h"
+#include "board/gpio.h"
 
 namespace phone {
 
@@ -19,8 +22,9 @@ namespace {
 constexpr std::size_t most_messages = 42; // the kernel's limits
 constexpr std::size_t most_bytes = 8192;
 
-std::mutex bus_mutex; // guards all chips
-std::vector<chip> chips;
+// Guards all chips. One that moves a line may thereby take away the supply of another one, and its own.
+std::recursive_mutex bus_mutex;
+std::deque<chip> chips; // they stay where they are
 
 void put_hex(std::string& text, unsigned value)
 {
@@ -73,13 +77,33 @@ bool read_registers(chip& c, std::span<std::uint8_t> message)
 bool carry_out(int bus, i2c_msg& msg)
 {
     chip* const p_chip = i2c_chip(bus, msg.addr);
-    if (p_chip == nullptr || (p_chip->p_model->powered != nullptr && !p_chip->p_model->powered(*p_chip)))
+    if (p_chip == nullptr || !p_chip->supplied)
         return false;
     const chip_model& model = *p_chip->p_model;
+    if (model.silent != nullptr && model.silent(*p_chip))
+        return false;
     const std::span<std::uint8_t> bytes(msg.buf, msg.len);
     if ((msg.flags & I2C_M_RD) != 0)
         return model.give != nullptr ? model.give(*p_chip, bytes) : read_registers(*p_chip, bytes);
     return model.take != nullptr ? model.take(*p_chip, bytes) : write_registers(*p_chip, bytes);
+}
+
+// What the transfer has taken beside its bytes.
+nanoseconds take_waits()
+{
+    nanoseconds sum = 0;
+    for (chip& c : chips)
+        sum += std::exchange(c.takes, 0);
+    return sum;
+}
+
+// Carries out a transfer up to the first message that nobody acknowledges; false if there is one.
+bool carry_out_all(int bus, std::span<i2c_msg> messages, nanoseconds& waits)
+{
+    const std::lock_guard lock(bus_mutex);
+    const bool done = std::ranges::all_of(messages, [bus](i2c_msg& msg) { return carry_out(bus, msg); });
+    waits = take_waits();
+    return done;
 }
 
 int bus_of(const open_file& file)
@@ -102,14 +126,14 @@ int transfer(open_file& file, const i2c_rdwr_ioctl_data* p_data)
             return -1;
         }
     }
-    const std::lock_guard lock(bus_mutex);
-    for (i2c_msg& msg : messages) {
-        if (!carry_out(bus_of(file), msg)) {
-            errno = ENXIO;
-            return -1;
-        }
-    }
-    return static_cast<int>(messages.size());
+    nanoseconds waits = 0;
+    const bool done = carry_out_all(bus_of(file), messages, waits);
+    if (waits > 0)
+        clock_sleep_until(clock_now(CLOCK_MONOTONIC) + waits);
+    if (done)
+        return static_cast<int>(messages.size());
+    errno = ENXIO;
+    return -1;
 }
 
 int i2c_ioctl(open_file& file, unsigned long request, void* arg)
@@ -145,16 +169,35 @@ std::string word_i2c(request& rq)
                              : nullptr;
     if (p_chip == nullptr)
         return "nothing is at address " + rq.args[1] + " of bus " + rq.args[0];
-    std::uint8_t& value = p_chip->val[*reg];
+    const auto at = static_cast<std::uint8_t>(*reg);
     if (rq.args.size() == 3) {
-        put_hex(rq.answer, value);
+        put_hex(rq.answer, chip_look(*p_chip, at));
         return {};
     }
     const auto wanted = hex_number(rq.args[3]);
     if (!wanted || *wanted > 0xFF)
         return "a hexadecimal value of one byte is wanted, not \"" + rq.args[3] + "\"";
-    value = static_cast<std::uint8_t>(*wanted);
+    const reg_row* const p_row = chip_find(*p_chip, at);
+    if (p_row != nullptr && p_row->before_read != nullptr)
+        return "register " + rq.args[2] + " shows what is true, and can't be set";
+    chip_value(*p_chip, at) = static_cast<std::uint8_t>(*wanted);
     return {};
+}
+
+// A line of somebody's supply has moved.
+void supply_moved(unsigned, int)
+{
+    const std::lock_guard lock(bus_mutex);
+    for (chip& c : chips) {
+        const bool supplied = chip_has_supply(c);
+        if (supplied == c.supplied)
+            continue;
+        c.supplied = supplied;
+        if (supplied)
+            chip_reset(c);
+        if (c.p_model->supply_changed != nullptr)
+            c.p_model->supply_changed(c, supplied);
+    }
 }
 
 } // namespace
@@ -162,10 +205,23 @@ std::string word_i2c(request& rq)
 void i2c_attach()
 {
     for (const chip_model* p_model : chip_models)
-        chip_reset(chips.emplace_back(chip{p_model, {}, 0, 1}));
+        i2c_put(p_model);
     for (const char* path : {"/dev/i2c-2", "/dev/i2c-4", "/dev/i2c-5", "/dev/i2c-10"})
         node_add(path, &i2c_node);
-    word_add("i2c", "BUS ADDR REG [VAL]", "reads or sets a register of a chip, past the bus", word_i2c);
+    word_add("i2c", "BUS ADDR REG [VAL]",
+             "reads or sets a register of a chip, past the bus: a look changes nothing, and what shows a "
+             "truth can't be set",
+             word_i2c);
+}
+
+void i2c_put(const chip_model* p_model)
+{
+    chip& c = chips.emplace_back();
+    c.p_model = p_model;
+    chip_reset(c);
+    c.supplied = chip_has_supply(c);
+    for (const supply_line& s : p_model->supply)
+        gpio_listen(s.line, supply_moved);
 }
 
 chip* i2c_chip(int bus, int addr)
@@ -176,10 +232,10 @@ chip* i2c_chip(int bus, int addr)
     return nullptr;
 }
 
-void i2c_locked(void (*work)(void* arg), void* arg)
+void i2c_locked(const std::function<void()>& work)
 {
     const std::lock_guard lock(bus_mutex);
-    work(arg);
+    work();
 }
 
 } // namespace phone

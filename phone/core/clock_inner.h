@@ -3,7 +3,9 @@
 // clock_mutex.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <set>
 #include <sys/types.h>
@@ -23,11 +25,15 @@ nanoseconds now_locked();
 // How long the host waits for `deadline`; forever while the clock stands before it.
 nanoseconds host_time_to_locked(nanoseconds deadline);
 
-// A thread that is blocked: until when, and the eventfd that wakes it before.
+// A thread that is blocked: until when, the eventfd that wakes it before, and what it waits for.
 struct waiter {
     nanoseconds deadline;
-    int kick_fd;
-    bool counted; // a step has already counted it as at work again
+    std::function<bool()> ready = {}; // whether its input is there; may be empty
+    const void* p_cond = nullptr;     // the condition that it waits for
+    std::atomic<bool> woken = false;  // by that
+    int kick_fd = -1;
+    pid_t tid = 0;
+    bool counted = false; // it has been counted as at work again, before it has noticed
 };
 extern std::vector<waiter*> waiters;
 
@@ -36,8 +42,10 @@ struct thread_mark {
     int kick_fd;
     pid_t tid;
     bool is_main = false;
-    bool known = false;   // its work is counted
-    bool blocked = false; // in one of the waits
+    bool known = false;      // its work is counted
+    bool blocked = false;    // in one of the waits
+    waiter library{forever}; // while it waits inside a library
+    bool in_library = false;
 
     thread_mark();
     ~thread_mark();
@@ -47,6 +55,10 @@ struct thread_mark {
     void leave_locked();
 };
 thread_mark& own_mark();
+
+// A thread begins or ends a wait.
+void begin_wait_locked(thread_mark& mark, waiter& w);
+void end_wait_locked(thread_mark& mark, waiter& w);
 
 extern int at_work; // threads that aren't blocked, and expiries that are counted and wait for a thread
 
@@ -60,6 +72,9 @@ void come_to_rest(std::unique_lock<std::mutex>& lock);
 
 // Makes every blocked thread look again.
 void kick_locked();
+
+// The threads beside the loop that wait for what is there already: they are about to work.
+std::set<pid_t> ready_locked();
 
 // The loop waits, and what it waits for is there, or isn't there.
 bool loop_has_input_locked();

@@ -63,6 +63,8 @@ thread_mark::~thread_mark()
 {
     if (known) {
         const std::lock_guard lock(clock_mutex);
+        if (in_library)
+            end_wait_locked(*this, library);
         leave_locked();
     }
     close(kick_fd);
@@ -105,15 +107,21 @@ void clock_inner::come_to_rest(std::unique_lock<std::mutex>& lock)
     threads_look look;
     std::uint64_t seen = activity;
     const int own = own_mark().known ? 1 : 0;
-    while (at_work > own || loop_has_input_locked()) {
-        const auto woken = wait_for_change(lock, std::chrono::microseconds(at_work > own ? 500 : 50));
-        if (woken != std::cv_status::timeout || at_work <= own)
+    for (;;) {
+        const bool works = at_work > own || !ready_locked().empty();
+        if (!works && !loop_has_input_locked())
+            return;
+        const auto woken = wait_for_change(lock, std::chrono::microseconds(works ? 500 : 50));
+        if (woken != std::cv_status::timeout || !works)
             continue;
         if (activity != seen)
             look.first.clear();
         seen = activity;
-        const std::set<pid_t> tids = working_locked();
-        const bool asleep = look.asleep(tids) && static_cast<int>(tids.size()) == at_work - own;
+        // Who sleeps on although his input is there waits for something else.
+        std::set<pid_t> tids = ready_locked();
+        const int expected = at_work - own + static_cast<int>(tids.size());
+        tids.merge(working_locked());
+        const bool asleep = look.asleep(tids) && static_cast<int>(tids.size()) == expected;
         if (asleep && !loop_has_input_locked())
             return;
         if (look.run_ns > most_run_ns || std::chrono::steady_clock::now() > bound)
@@ -143,7 +151,7 @@ bool clock_settle()
     threads_look look;
     std::unique_lock lock(clock_mutex);
     for (;;) {
-        if (loop_idle_locked()) {
+        if (loop_idle_locked() && ready_locked().empty()) {
             if (look.asleep(others_locked()) || look.run_ns > most_run_ns)
                 return true;
         }

@@ -51,34 +51,49 @@ bool is_plain(const reg_row& row)
     return row.before_read == nullptr && row.after_write == nullptr && row.after_read == nullptr;
 }
 
+// The chip's own registers and, counted from 1, those that keys lay over them.
+std::span<const reg_row> rows_of(const chip_model& model, std::size_t shown)
+{
+    return shown == 0 ? model.regs : model.overlays[shown - 1];
+}
+
 TEST_F(Chips, TablesHoldEachRegisterOnceAndEachAddressOneChip)
 {
     for (const chip_model* p_model : chip_models) {
-        int last = -1;
-        for (const reg_row& row : p_model->regs) {
-            EXPECT_LT(last, row.addr) << p_model->name;
-            last = row.addr;
+        for (std::size_t shown = 0; shown <= p_model->overlays.size(); shown++) {
+            int last = -1;
+            for (const reg_row& row : rows_of(*p_model, shown)) {
+                EXPECT_LT(last, row.addr) << p_model->name;
+                last = row.addr;
+            }
         }
         EXPECT_EQ(i2c_chip(p_model->bus, p_model->addr)->p_model, p_model) << p_model->name;
     }
 }
 
-TEST_F(Chips, RegistersHaveTheirResetValuesAndKeepWhatCantBeWritten)
+void check_registers(const chip_model& model, std::size_t shown)
 {
-    for (const chip_model* p_model : chip_models) {
-        chip& c = *i2c_chip(p_model->bus, p_model->addr);
-        for (const reg_row& row : p_model->regs) {
-            if (!is_plain(row))
-                continue;
-            SCOPED_TRACE(std::string(p_model->name) + " register " + std::to_string(row.addr));
-            EXPECT_EQ(chip_read(c, row.addr), row.reset);
-            const std::uint8_t fixed = row.reset & ~row.writable & 0xFF;
-            for (const int written : {0xFF, 0x00, 0x5A}) {
-                chip_write(c, row.addr, static_cast<std::uint8_t>(written));
-                EXPECT_EQ(chip_read(c, row.addr), fixed | (written & row.writable));
-            }
+    chip& c = *i2c_chip(model.bus, model.addr);
+    for (const reg_row& row : rows_of(model, shown)) {
+        if (!is_plain(row))
+            continue;
+        SCOPED_TRACE(std::string(model.name) + " map " + std::to_string(shown) + " register " +
+                     std::to_string(row.addr));
+        chip_show(c, static_cast<int>(shown));
+        EXPECT_EQ(chip_read(c, row.addr), row.reset);
+        const std::uint8_t fixed = row.reset & ~row.writable & 0xFF;
+        for (const int written : {0xFF, 0x00, 0x5A}) {
+            chip_write(c, row.addr, static_cast<std::uint8_t>(written));
+            EXPECT_EQ(chip_read(c, row.addr), fixed | (written & row.writable));
         }
     }
+}
+
+TEST_F(Chips, RegistersHaveTheirResetValuesAndKeepWhatCantBeWritten)
+{
+    for (const chip_model* p_model : chip_models)
+        for (std::size_t shown = 0; shown <= p_model->overlays.size(); shown++)
+            check_registers(*p_model, shown);
     EXPECT_FALSE(strange_now());
 }
 

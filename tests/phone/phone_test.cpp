@@ -22,6 +22,7 @@
 #include "core/table.h"
 #include "core/toolbox.h"
 #include "core/watch.h"
+#include "phone/clock_once.h"
 #include "runner/file_text.h"
 #include "runtime/tools.h"
 
@@ -39,8 +40,7 @@ struct Phone : testing::Test {
         ASSERT_NE(mkdtemp(pattern), nullptr);
         dir = pattern;
         ASSERT_EQ(home_take(dir), "");
-        clock_attach();
-        clock_words_attach();
+        clock_attach_once();
         log_attach();
         watch_attach();
         tools_attach();
