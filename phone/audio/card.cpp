@@ -1,0 +1,598 @@
+#include "audio/card.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <dlfcn.h>
+#include <string>
+#include <sys/timerfd.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+#include "audio/mixer.h"
+#include "audio/sound_words.h"
+#include "core/libraries.h"
+#include "core/log.h"
+#include "core/watch.h"
+
+namespace phone {
+
+namespace {
+
+constexpr nanoseconds ns_per_s = 1'000'000'000;
+constexpr nanoseconds ns_per_ms = 1'000'000;
+constexpr unsigned usual_rate = 48000;
+constexpr unsigned bytes_per_sample = 2;
+
+enum class phase { closed, open, set, prepared, running, xrun, suspended, dead };
+
+struct stream_state {
+    phase now = phase::closed;
+    card_setting setting{};
+    std::vector<std::int16_t> ring;
+    std::uint64_t given = 0; // frames that the program has transferred since the last prepare
+    std::uint64_t done = 0;  // frames that the card has taken or made
+    int timer_fd = -1;       // what a waiting thread polls
+    // A playback's thread comes after its start: until then, or for a while of the host's time, it counts as at work.
+    bool awaited = false;
+    std::thread::id starter;
+    std::chrono::steady_clock::time_point awaited_until;
+};
+
+std::mutex card_mutex;
+std::array<stream_state, 2> streams;
+bool is_gone;
+unsigned fixed_rate;
+unsigned fixed_ring;
+
+// The card's time.
+unsigned rate = usual_rate;
+clock_followed seen;       // up to where it has been brought
+nanoseconds lag;           // passed while a thread was at work, and not caught up yet
+std::int64_t part_frame;   // of the frame that runs, in billionths
+
+stream_state& state_of(card_stream stream)
+{
+    return streams[stream];
+}
+
+bool runs(const stream_state& s)
+{
+    return s.now == phase::running;
+}
+
+std::uint64_t filled(card_stream stream)
+{
+    const stream_state& s = state_of(stream);
+    return stream == card_playback ? s.given - s.done : s.done - s.given;
+}
+
+// Frames that a transfer would find room or samples for.
+std::uint64_t available(card_stream stream)
+{
+    return stream == card_playback ? state_of(stream).setting.ring - filled(stream) : filled(stream);
+}
+
+void note(card_stream stream, const std::string& what)
+{
+    log_line(log_sound, std::string(card_stream_name(stream)) + " " + what);
+}
+
+void ring_timer(const stream_state& s)
+{
+    const itimerspec now{{}, {0, 1}};
+    timerfd_settime(s.timer_fd, 0, &now, nullptr);
+}
+
+// Has the mixer carry frames, in pieces that lie in one piece in the rings. Within them no stream starts or ends.
+void carry(std::uint64_t frames)
+{
+    stream_state& play = streams[card_playback];
+    stream_state& capture = streams[card_capture];
+    while (frames > 0) {
+        std::uint64_t n = std::min<std::uint64_t>(frames, mixer_history);
+        mixer_block block{rate, 0, nullptr, play.setting.channels, nullptr, capture.setting.channels, capture.done};
+        if (runs(play)) {
+            const std::uint64_t at = play.done % play.setting.ring;
+            block.p_playback = &play.ring[at * play.setting.channels];
+            n = std::min(n, play.setting.ring - at);
+        }
+        if (runs(capture)) {
+            const std::uint64_t at = capture.done % capture.setting.ring;
+            block.p_capture = &capture.ring[at * capture.setting.channels];
+            n = std::min(n, capture.setting.ring - at);
+        }
+        block.frames = static_cast<unsigned>(n);
+        mixer_carry(block);
+        for (stream_state& s : streams)
+            s.done += runs(s) ? n : 0;
+        frames -= n;
+    }
+}
+
+void end_stream(card_stream stream, phase now, const char* what)
+{
+    state_of(stream).now = now;
+    note(stream, what);
+    clock_unfollow(stream);
+    ring_timer(state_of(stream));
+}
+
+bool any_runs()
+{
+    return runs(streams[card_playback]) || runs(streams[card_capture]);
+}
+
+// How many frames can pass before a running stream under- or overruns.
+std::uint64_t until_xrun()
+{
+    std::uint64_t n = UINT64_MAX;
+    if (runs(streams[card_playback]))
+        n = filled(card_playback);
+    if (runs(streams[card_capture]))
+        n = std::min(n, streams[card_capture].setting.ring - filled(card_capture));
+    return n;
+}
+
+void pass_frames(std::uint64_t frames)
+{
+    if (!any_runs())
+        frames = std::min<std::uint64_t>(frames, mixer_history); // nobody can hear what was before
+    while (frames > 0) {
+        const std::uint64_t n = std::min(frames, until_xrun());
+        carry(n);
+        frames -= n;
+        for (const card_stream stream : {card_playback, card_capture})
+            if (frames > 0 && runs(state_of(stream)) &&
+                filled(stream) == (stream == card_playback ? 0 : state_of(stream).setting.ring))
+                end_stream(stream, phase::xrun, "xrun");
+    }
+}
+
+void pass_time(nanoseconds span)
+{
+    constexpr nanoseconds longest = 100 * ns_per_s;
+    part_frame += std::min(span, longest) * rate;
+    pass_frames(static_cast<std::uint64_t>(part_frame / ns_per_s));
+    part_frame %= ns_per_s;
+}
+
+// What can be caught up at once without bringing a stream into need: half of its ring stays.
+nanoseconds bearable()
+{
+    std::uint64_t frames = UINT32_MAX;
+    for (const card_stream stream : {card_playback, card_capture}) {
+        const stream_state& s = state_of(stream);
+        if (!runs(s))
+            continue;
+        const std::uint64_t left = stream == card_playback ? filled(stream) : s.setting.ring - filled(stream);
+        frames = std::min(frames, left - std::min(left, s.setting.ring / 2));
+    }
+    return static_cast<nanoseconds>(frames) * ns_per_s / rate;
+}
+
+bool is_awaited(stream_state& s)
+{
+    s.awaited = s.awaited && runs(s) && std::chrono::steady_clock::now() < s.awaited_until;
+    return s.awaited;
+}
+
+void advance()
+{
+    constexpr nanoseconds most_lag = 200 * ns_per_ms;
+    const clock_followed t = clock_follow_time();
+    const nanoseconds passed = t.now - seen.now;
+    const nanoseconds rested = is_awaited(streams[card_playback]) ? 0 : t.at_rest - seen.at_rest;
+    seen = t;
+    if (!any_runs()) {
+        lag = 0;
+        pass_time(passed);
+        return;
+    }
+    pass_time(rested);
+    lag = std::min(lag + passed - rested, most_lag);
+    const nanoseconds caught_up = std::min(lag, bearable());
+    lag -= caught_up;
+    pass_time(caught_up);
+}
+
+// The calling thread serves a stream.
+void served_by_caller(card_stream stream)
+{
+    stream_state& s = state_of(stream);
+    if (!runs(s))
+        return;
+    if (s.awaited && std::this_thread::get_id() != s.starter)
+        s.awaited = false;
+    clock_follow(stream);
+}
+
+int error_of(const stream_state& s)
+{
+    switch (s.now) {
+    case phase::xrun:
+        return EPIPE;
+    case phase::suspended:
+        return ESTRPIPE;
+    case phase::dead:
+        return ENODEV;
+    default:
+        return 0;
+    }
+}
+
+// Whether a call of the program fails by a bench's will.
+bool fails(const char* operation, card_stream stream)
+{
+    return watch_call(operation, card_stream_name(stream)) != fault::none;
+}
+
+int open_stream(card_stream stream)
+{
+    if (fails("open", stream))
+        return -EIO;
+    const card_lock lock;
+    stream_state& s = state_of(stream);
+    if (is_gone)
+        return -ENODEV;
+    if (s.now != phase::closed)
+        return -EBUSY;
+    s.now = phase::open;
+    s.setting = {};
+    note(stream, "open");
+    return 0;
+}
+
+card_limits limits(card_stream stream)
+{
+    const card_lock lock;
+    const stream_state& other = state_of(stream == card_playback ? card_capture : card_playback);
+    card_limits l = {8000, 48000, 512, 131072};
+    if (fixed_rate != 0) {
+        const unsigned channels = stream == card_playback ? 1 : 2;
+        l.rate_least = l.rate_most = fixed_rate;
+        l.ring_least = l.ring_most = fixed_ring * channels * bytes_per_sample;
+    } else if (other.setting.rate != 0) {
+        l.rate_least = l.rate_most = other.setting.rate; // both have one clock
+    }
+    return l;
+}
+
+int set_up(card_stream stream, const card_setting* p_setting)
+{
+    if (fails("setup", stream))
+        return -EIO;
+    const card_lock lock;
+    stream_state& s = state_of(stream);
+    if (s.now == phase::dead)
+        return -ENODEV;
+    s.setting = *p_setting;
+    s.ring.assign(s.setting.ring * s.setting.channels, 0);
+    s.given = s.done = 0;
+    s.now = phase::set;
+    rate = s.setting.rate;
+    note(stream, "setup " + std::to_string(s.setting.rate) + " " + std::to_string(s.setting.channels) + " " +
+                     std::to_string(s.setting.ring) + " " + std::to_string(s.setting.period));
+    return 0;
+}
+
+void stop_running(card_stream stream, phase now)
+{
+    if (runs(state_of(stream)))
+        end_stream(stream, now, "stop");
+}
+
+int prepare(card_stream stream)
+{
+    if (fails("prepare", stream))
+        return -EIO;
+    const card_lock lock;
+    stream_state& s = state_of(stream);
+    if (s.now == phase::dead)
+        return -ENODEV;
+    stop_running(stream, phase::prepared);
+    s.given = s.done = 0;
+    s.now = phase::prepared;
+    return 0;
+}
+
+int resume(card_stream stream)
+{
+    const card_lock lock;
+    stream_state& s = state_of(stream);
+    if (s.now != phase::suspended)
+        return -error_of(s);
+    if (stream == card_playback)
+        s.done = s.given;
+    s.now = phase::prepared;
+    return 0;
+}
+
+int start(card_stream stream)
+{
+    constexpr auto thread_comes_within = std::chrono::milliseconds(50);
+    const card_lock lock;
+    stream_state& s = state_of(stream);
+    if (s.now != phase::prepared)
+        return error_of(s) != 0 ? -error_of(s) : -EBADFD;
+    if (!any_runs())
+        part_frame = 0;
+    s.now = phase::running;
+    s.awaited = stream == card_playback;
+    s.starter = std::this_thread::get_id();
+    s.awaited_until = std::chrono::steady_clock::now() + thread_comes_within;
+    note(stream, "start");
+    clock_follow(stream);
+    return 0;
+}
+
+void stop(card_stream stream)
+{
+    const card_lock lock;
+    stop_running(stream, phase::set);
+}
+
+void free_stream(card_stream stream)
+{
+    const card_lock lock;
+    stop_running(stream, phase::set);
+    stream_state& s = state_of(stream);
+    s.setting = {};
+    if (s.now != phase::dead)
+        s.now = phase::open;
+}
+
+void close_stream(card_stream stream)
+{
+    const card_lock lock;
+    stop_running(stream, phase::open);
+    state_of(stream).now = phase::closed;
+    state_of(stream).setting = {};
+    note(stream, "close");
+}
+
+card_place place(card_stream stream)
+{
+    clock_library_goes_on();
+    const card_lock lock;
+    served_by_caller(stream);
+    const stream_state& s = state_of(stream);
+    return {error_of(s), s.done};
+}
+
+// Copies between the ring and the program's frames, from the place of the next transfer on.
+void copy(card_stream stream, std::int16_t* p_frames, std::uint64_t frames)
+{
+    stream_state& s = state_of(stream);
+    while (frames > 0) {
+        const std::uint64_t at = s.given % s.setting.ring;
+        const std::uint64_t n = std::min(frames, s.setting.ring - at);
+        const std::uint64_t samples = n * s.setting.channels;
+        std::int16_t* const p_ring = &s.ring[at * s.setting.channels];
+        if (stream == card_playback)
+            std::copy_n(p_frames, samples, p_ring);
+        else
+            std::copy_n(p_ring, samples, p_frames);
+        p_frames += samples;
+        s.given += n;
+        frames -= n;
+    }
+}
+
+long transfer(card_stream stream, void* p_frames, unsigned long frames)
+{
+    const fault fault = watch_call(stream == card_playback ? "write" : "read", card_stream_name(stream));
+    if (fault == fault::eio || fault == fault::eof) // a card has no end
+        return -EIO;
+    if (fault == fault::shortened)
+        frames = std::max(frames / 2, 1UL);
+    clock_library_goes_on();
+    const card_lock lock;
+    served_by_caller(stream);
+    if (const int error = error_of(state_of(stream)); error != 0)
+        return -error;
+    frames = std::min<std::uint64_t>(frames, available(stream));
+    copy(stream, static_cast<std::int16_t*>(p_frames), frames);
+    return static_cast<long>(frames);
+}
+
+// The moment at which a transfer of a period can be made.
+nanoseconds moment_of_period(card_stream stream)
+{
+    const stream_state& s = state_of(stream);
+    if (error_of(s) != 0 || available(stream) >= s.setting.period)
+        return seen.now;
+    if (!runs(s))
+        return forever;
+    const auto missing = static_cast<nanoseconds>(s.setting.period - available(stream));
+    return seen.now + (missing * ns_per_s - part_frame + rate - 1) / rate;
+}
+
+int wait_descriptor(card_stream stream)
+{
+    return state_of(stream).timer_fd;
+}
+
+void wait(card_stream stream)
+{
+    const card_lock lock;
+    served_by_caller(stream);
+    clock_library_waits_until(state_of(stream).timer_fd, moment_of_period(stream));
+}
+
+bool wait_is_over(card_stream stream)
+{
+    clock_library_goes_on();
+    const card_lock lock;
+    return moment_of_period(stream) <= seen.now;
+}
+
+int mixer_open()
+{
+    if (watch_call("open", "mixer") != fault::none)
+        return -EIO;
+    const card_lock lock;
+    return is_gone ? -ENODEV : 0;
+}
+
+unsigned controls()
+{
+    return mixer_controls;
+}
+
+int control_get(unsigned numid)
+{
+    const card_lock lock;
+    return is_gone ? -ENODEV : mixer_value(numid);
+}
+
+int control_write(unsigned numid, long value)
+{
+    if (watch_call("mixer", std::to_string(numid)) != fault::none)
+        return -EIO;
+    const card_lock lock;
+    if (is_gone)
+        return -ENODEV;
+    return mixer_set(numid, value) ? 0 : -EINVAL;
+}
+
+int control_set(unsigned numid, long value)
+{
+    const int result = control_write(numid, value);
+    log_line(log_sound, "control " + std::to_string(numid) + " " + std::to_string(value) +
+                            (result < 0 ? " refused" : ""));
+    return result;
+}
+
+void control_unknown(unsigned numid)
+{
+    strange("mixer " + std::to_string(numid));
+}
+
+} // namespace
+
+// clang-format off
+const card_calls card_here = {
+    .mixer_open      = mixer_open,
+    .controls        = controls,
+    .control_kind    = mixer_kind,
+    .control_most    = mixer_most,
+    .control_get     = control_get,
+    .control_set     = control_set,
+    .control_unknown = control_unknown,
+    .open            = open_stream,
+    .limits          = limits,
+    .set_up          = set_up,
+    .prepare         = prepare,
+    .resume          = resume,
+    .start           = start,
+    .stop            = stop,
+    .free            = free_stream,
+    .close           = close_stream,
+    .place           = place,
+    .transfer        = transfer,
+    .wait_descriptor = wait_descriptor,
+    .wait            = wait,
+    .wait_is_over    = wait_is_over,
+};
+// clang-format on
+
+card_lock::card_lock() : lock(card_mutex)
+{
+    advance();
+}
+
+void card_attach()
+{
+    for (stream_state& s : streams)
+        s.timer_fd = timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK);
+    seen = clock_follow_time();
+    const std::string dir = libraries_dir();
+    // What libasound reads by itself: the configuration, and the plug-in that it names.
+    setenv("ALSA_CONFIG_PATH", (dir + "/asound.conf").c_str(), 1);
+    setenv("ALSA_PLUGIN_DIR", dir.c_str(), 1);
+    void* const plug_in = ::dlopen((dir + "/libphone_card.so").c_str(), RTLD_NOW);
+    void* const attach = plug_in != nullptr ? dlsym(plug_in, "phone_card_attach") : nullptr;
+    if (attach != nullptr)
+        reinterpret_cast<phone_card_attach_fn>(attach)(&card_here);
+    else
+        std::fprintf(stderr, "hvt: no sound card: %s\n", dlerror());
+    sound_words_attach();
+}
+
+unsigned card_rate()
+{
+    return rate;
+}
+
+bool card_is_open(card_stream stream)
+{
+    return state_of(stream).now != phase::closed;
+}
+
+bool card_runs(card_stream stream)
+{
+    return runs(state_of(stream));
+}
+
+void card_set_gone(bool gone)
+{
+    is_gone = gone;
+    for (const card_stream stream : {card_playback, card_capture}) {
+        if (!gone || !card_is_open(stream))
+            continue;
+        stop_running(stream, phase::dead);
+        state_of(stream).now = phase::dead;
+        ring_timer(state_of(stream));
+    }
+}
+
+bool card_is_gone()
+{
+    return is_gone;
+}
+
+void card_fix(unsigned new_rate, unsigned ring)
+{
+    fixed_rate = new_rate;
+    fixed_ring = ring;
+}
+
+void card_fixed(unsigned* p_rate, unsigned* p_ring)
+{
+    *p_rate = fixed_rate;
+    *p_ring = fixed_ring;
+}
+
+void card_xrun(card_stream stream)
+{
+    end_stream(stream, phase::xrun, "xrun");
+}
+
+void card_suspend(card_stream stream)
+{
+    end_stream(stream, phase::suspended, "suspend");
+}
+
+void card_sleep(card_stream stream)
+{
+    nanoseconds until;
+    {
+        const card_lock lock;
+        served_by_caller(stream);
+        until = moment_of_period(stream);
+    }
+    clock_sleep_until(until);
+}
+
+std::string_view card_stream_name(card_stream stream)
+{
+    return stream == card_playback ? "playback" : "capture";
+}
+
+} // namespace phone
