@@ -35,7 +35,8 @@ void luigi_init();
 
 // Sends a message: 1, or -1 when it is none (a start or stop without path) or isn't taken. While the queue is
 // full the caller waits, but no longer than the interpreter has been at one message for five seconds: from
-// then on what is sent would be stale before its turn comes. A path that isn't taken stays the caller's.
+// then on what is sent would be stale before its turn comes. One place is kept for a start or stop. A path
+// that isn't taken stays the caller's.
 int luigi_send_message(luigi_message* p_msg);
 
 // Asks for the configured start script (1), stop script (0) or the one whose turn it is (any other value): 1

@@ -14,7 +14,9 @@ std::string word(char** argv, int i)
 {
     const std::string text = argv[i];
     const bool is_picture = i == 3 && std::strcmp(argv[2], "screen") == 0 && text.ends_with(".png");
-    return is_picture ? std::filesystem::absolute(text).string() : text;
+    std::error_code error;
+    const std::string whole = is_picture ? std::filesystem::absolute(text, error).string() : text;
+    return error ? text : whole;
 }
 
 } // namespace

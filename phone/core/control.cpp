@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <map>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 #include <thread>
 #include <unistd.h>
@@ -121,6 +122,7 @@ std::string control_request(std::string_view line)
     if (found == control_words.end())
         return "error: " + no_word(name) + "\n";
     request rq;
+    rq.word = name;
     rq.rest = std::string(trimmed(line.substr(name.size())));
     rq.args = words(rq.rest);
     const std::string wrong = found->second.usage.empty() && !rq.args.empty()
@@ -142,9 +144,10 @@ std::string control_start()
     addr.sun_family = AF_UNIX;
     std::snprintf(addr.sun_path, sizeof addr.sun_path, "/proc/self/fd/%d/control", dir);
     unlink(path.c_str());
+    // Nobody can connect before the listening begins, and so nobody but the owner ever.
     const bool bound = dir >= 0 && listener >= 0 &&
                        bind(listener, reinterpret_cast<const sockaddr*>(&addr), sizeof addr) == 0 &&
-                       listen(listener, 8) == 0;
+                       chmod(path.c_str(), 0600) == 0 && listen(listener, 8) == 0;
     std::string wrong = bound ? "" : path + ": can't be opened: " + std::strerror(errno);
     if (dir >= 0)
         close(dir);

@@ -9,6 +9,7 @@
 namespace phone {
 
 struct request {
+    std::string word;              // the first
     std::vector<std::string> args; // the words behind the first
     std::string rest;              // the same as one text, blanks as given
     std::string answer;            // lines joined by line ends; an empty answer is "ok" alone

@@ -27,11 +27,12 @@ bool has_0x(std::string_view text)
 std::optional<std::int64_t> number(std::string_view text)
 {
     const bool negative = text.starts_with('-');
-    const std::string_view digits = negative ? text.substr(1) : text;
-    if (digits.starts_with('-'))
+    std::string_view digits = negative ? text.substr(1) : text;
+    const int base = has_0x(digits) ? 16 : 10;
+    digits.remove_prefix(base == 16 ? 2 : 0);
+    if (digits.starts_with('-')) // a second sign, or one behind 0x
         return std::nullopt;
-    const auto value =
-        has_0x(digits) ? whole<std::int64_t>(digits.substr(2), 16) : whole<std::int64_t>(digits, 10);
+    const auto value = whole<std::int64_t>(digits, base);
     return value && negative ? -*value : value;
 }
 

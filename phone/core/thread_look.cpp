@@ -37,8 +37,9 @@ std::set<pid_t> thread_ids()
 {
     std::set<pid_t> tids;
     std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/task", error))
-        tids.insert(std::atoi(entry.path().filename().c_str()));
+    for (std::filesystem::directory_iterator it("/proc/self/task", error), end; !error && it != end;
+         it.increment(error))
+        tids.insert(std::atoi(it->path().filename().c_str()));
     return tids;
 }
 

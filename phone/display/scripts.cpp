@@ -15,13 +15,14 @@ void scripts_seed()
         return;
     std::error_code error;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    for (const auto& entry : std::filesystem::directory_iterator(program.parent_path() / "scripts", error)) {
-        if (entry.path().extension() != ".lua")
+    std::filesystem::directory_iterator it(program.parent_path() / "scripts", error);
+    for (const std::filesystem::directory_iterator end; !error && it != end; it.increment(error)) {
+        if (it->path().extension() != ".lua")
             continue;
-        std::ifstream file(entry.path(), std::ios::binary);
+        std::ifstream file(it->path(), std::ios::binary);
         std::ostringstream text;
         text << file.rdbuf();
-        home_seed("/system/scripts/" + entry.path().filename().string(), text.str());
+        home_seed("/system/scripts/" + it->path().filename().string(), text.str());
     }
 }
 

@@ -203,15 +203,18 @@ bool read_whole(const std::string& path, std::string& text)
     return n >= 0;
 }
 
-// Replaces a file in one step, so that whoever has it open reads the old content whole.
-void replace(const std::string& path, const std::string& text)
+// Replaces a file in one step, so that whoever has it open reads the old content whole. False, and the old
+// content stays, when that can't be done.
+bool replace(const std::string& path, const std::string& text)
 {
     const std::string half = home_path("battery.new");
     std::ofstream file(half, std::ios::trunc);
     file << text;
     file.close();
-    if (!file || std::rename(half.c_str(), path.c_str()) != 0)
-        unlink(half.c_str());
+    if (file && std::rename(half.c_str(), path.c_str()) == 0)
+        return true;
+    unlink(half.c_str());
+    return false;
 }
 
 std::string store_text_locked()
@@ -227,11 +230,13 @@ std::string store_text_locked()
     return text;
 }
 
-// Brings the attributes up to date, except those that are gone or that somebody else has written.
-void publish_locked(bool all)
+// Brings the attributes up to date, except those that are gone or that somebody else has written. False when
+// one couldn't be written: it is tried again the next time.
+bool publish_locked(bool all)
 {
     const auto texts = texts_locked();
     bool changed = false;
+    bool written = true;
     for (std::size_t i = 0; i < live.size(); i++) {
         if (texts[i] == live[i].text && !all)
             continue;
@@ -239,12 +244,24 @@ void publish_locked(bool all)
         const std::string path = host_path(live[i].path);
         if (path.empty() || !read_whole(path, found) || (found != live[i].text && !all))
             continue;
+        if (!replace(path, texts[i])) {
+            written = false;
+            continue;
+        }
         live[i].text = texts[i];
-        replace(path, texts[i]);
         changed = true;
     }
     if (changed)
-        replace(home_path("battery"), store_text_locked());
+        written = replace(home_path("battery"), store_text_locked()) && written;
+    return written;
+}
+
+// The same as the answer of a word.
+std::string answer_published_locked(bool all)
+{
+    return publish_locked(all)
+               ? ""
+               : "the attributes can't be written, is the disk full? They follow when they can";
 }
 
 void before_read(std::string_view)
@@ -292,8 +309,7 @@ std::string word_charger(request& rq)
     kind = *wanted;
     show_kind_locked();
     take_registers_locked();
-    publish_locked(false);
-    return {};
+    return answer_published_locked(false);
 }
 
 constexpr int most_mv = 5000;
@@ -341,8 +357,7 @@ std::string word_battery(request& rq)
     }
     if (std::string wrong = set_battery_locked(rq.args); !wrong.empty())
         return wrong;
-    publish_locked(true);
-    return {};
+    return answer_published_locked(true);
 }
 
 // What the last life of this phone has left: a word and its value a line.

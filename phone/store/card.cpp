@@ -80,9 +80,11 @@ void show_card()
 
 void empty_card()
 {
+    std::error_code error;
     std::error_code ignored;
-    for (const auto& entry : std::filesystem::directory_iterator(home_path("card"), ignored))
-        std::filesystem::remove_all(entry.path(), ignored);
+    for (std::filesystem::directory_iterator it(home_path("card"), error), end; !error && it != end;
+         it.increment(error))
+        std::filesystem::remove_all(it->path(), ignored);
 }
 
 int refuse(int error)
@@ -188,7 +190,8 @@ int tool_rm(tool_call& call)
     for (std::size_t i = 1; i < call.args.size(); i++) {
         std::error_code error;
         const std::string host = host_path(call.args[i], false);
-        if (host.empty() || std::filesystem::is_directory(host) || !std::filesystem::remove(host, error))
+        if (host.empty() || std::filesystem::is_directory(host, error) ||
+            !std::filesystem::remove(host, error))
             status = tool_error(call, call.args[i] + ": No such file");
     }
     return status;

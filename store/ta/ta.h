@@ -2,7 +2,7 @@
 // thin interface; a driver does the work (ta_if_cmd_co_attach, before anything else). A unit number with bit
 // 31 clear names a unit of the main store, which must be open; with bit 31 set, its lower 31 bits name a unit
 // of the auxiliary store, which needs no opening. An operation that the driver lacks does nothing and gives
-// 0.
+// 0, a transfer TA_XFER_FAILED.
 #pragma once
 
 #include <cstddef>
@@ -66,5 +66,6 @@ int ta_if_write(std::uint32_t unit, std::size_t size, const void* p_data);
 int ta_if_del(std::uint32_t unit);
 
 // Transfers between the modem's NV memory and the store. Only `dir` 1, NV to store, exists; it moves all of
-// it. `blocking` 0 takes one step, 1 waits for the end. A TA_XFER_ value.
+// it. `blocking` 0 takes one step; 1 takes one every 50 ms until the end, but 72,000 at most, an hour, for a
+// modem that is busy for longer: TA_XFER_FAILED then. A TA_XFER_ value.
 int ta_if_xfer(std::uint32_t src, std::uint32_t dst, int dir, int opt, int blocking);

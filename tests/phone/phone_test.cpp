@@ -189,6 +189,8 @@ TEST_F(Phone, WordsRefuseWhatTheyDoNotTake)
         {"strange on", "off or nothing is wanted"},
         {"kmsg 1 2", "a count of lines from 1 to 100000 is wanted"},
         {"speed 0.5", "a factor from 1 to 1000 is wanted"},
+        {"clock +0x-5", "hold, run or +MS with 0 to 2147483647 ms is wanted"},
+        {"kmsg -0x-8000000000000000", "a count of lines from 1 to 100000 is wanted"},
         {"clock 5", "hold, run or +MS with 0 to 2147483647 ms is wanted"},
         {"fail read /x 0", "a count from 1, or \"all\", is wanted"},
         {"fail read /x slow", "slow wants 0 to 3600000 ms"},

@@ -100,8 +100,8 @@ std::string unescaped(const std::string& text)
         case '*': {
             const std::size_t open = std::min(text.find('{', i), text.size());
             const std::size_t close = std::min(text.find('}', open), text.size());
-            const std::string part =
-                text.substr(std::min(open + 1, close), close - std::min(open + 1, close));
+            const std::size_t begin = std::min(open + 1, close);
+            const std::string part = unescaped(text.substr(begin, close - begin));
             for (unsigned long n = std::strtoul(text.c_str() + i + 1, nullptr, 10); n > 0; n--)
                 bytes += part;
             i = close;

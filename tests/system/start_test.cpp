@@ -6,8 +6,10 @@
 #include <filesystem>
 #include <fstream>
 #include <sys/mount.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include "client/port_client.h"
 #include "runner/file_text.h"
 #include "runner/phone_fixture.h"
 
@@ -93,12 +95,46 @@ TEST(Start, AFullDiskIsNamedAndNothingIsLost)
     umount2(phone.dir.c_str(), MNT_DETACH);
 }
 
+TEST(Start, NobodyButTheOwnerReachesTheControlPort)
+{
+    phone_fixture phone;
+    const mode_t former = umask(0);
+    const std::string wrong = phone.up();
+    umask(former);
+    ASSERT_EQ(wrong, "");
+    struct stat st;
+    ASSERT_EQ(stat((phone.dir + "/control").c_str(), &st), 0);
+    EXPECT_EQ(st.st_mode & 07777, 0600u);
+}
+
+TEST(Start, ABatteryThatCantBeWrittenSaysSoAndFollowsLater)
+{
+    phone_fixture phone;
+    ASSERT_EQ(phone.up(), "");
+    const std::string voltage = phone.dir + "/root/sys/class/power_supply/battery/voltage_now";
+    std::string answer;
+    ASSERT_TRUE(phone.ask("battery 3812 -200", answer));
+    std::filesystem::create_directory(phone.dir + "/battery.new"); // in the way of what is written first
+    std::ofstream(phone.dir + "/battery.new/x") << "x";
+    EXPECT_FALSE(phone.ask("battery 3700 -100", answer));
+    EXPECT_EQ(answer, "the attributes can't be written, is the disk full? They follow when they can");
+    EXPECT_EQ(file_text(voltage), "3812000\n");
+    std::filesystem::remove_all(phone.dir + "/battery.new");
+    std::string reply;
+    ASSERT_TRUE(port_send(phone.port, "batc=1\r", reply, 10'000));
+    phone.receive(reply, std::string_view("BATC:3700,OK\r\n").size());
+    EXPECT_EQ(reply, "BATC:3700,OK\r\n");
+    EXPECT_EQ(file_text(voltage), "3700000\n");
+    EXPECT_EQ(phone.down(), "");
+}
+
 TEST(Start, AWrongLineOfPhoneConfIsNamed)
 {
     const char* const lines[][2] = {
         {"\n# fine\ncolour red\n", "line 3: \"colour\" isn't understood"},
         {"with /dev/nonsense\n", "line 1: no phone has /dev/nonsense"},
-        {"without\n", "line 1: without wants one path"},
+        {"without\n", "line 1: without wants one path, or the bare name of a closed library"},
+        {"without libnvqq.so\n", "line 1: no closed library has the name libnvqq.so"},
         {"usb sideways\n", "line 1: on or off is wanted"},
         {"speed\n", "line 1: speed wants a value"},
         {"setting luigi start_key\n", "line 1: setting wants a module, a key and a value"},

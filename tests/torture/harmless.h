@@ -32,7 +32,6 @@ constexpr harmless_row harmless[] = {
     { "closedir ",            "the walk is over" },
     { "ta_close ",            "likewise" },
     { "ta_getnextid ",        "the library gives the end of its walk and a failure alike" },
-    { "auxnvq_get_unit_size 0x9F7", "the library gives an absent unit and a failure alike" },
     { "ioctl /dev/diag",      "a version that can't be had is empty", "vers=3" },
     { "ioctl /dev/diag",      "the driver's word on its filter is dropped", "ftmc=202" },
     { "ioctl /dev/diag",      "the record's length shows it", "ftmc=205" },

@@ -12,7 +12,8 @@ using vers_fn = const char* (*)(void* arg);
 // Empties the slots but the program's own.
 void vers_init();
 
-// The version's text; "No version info available" if no driver supplies it. `type` is below VERS_TYPE_LAST.
+// The version's text; "No version info available" if no driver supplies it, null if its driver can't read it.
+// `type` is below VERS_TYPE_LAST.
 const char* vers_get(int type, void* arg);
 
 // Supplies a version.

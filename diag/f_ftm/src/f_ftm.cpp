@@ -10,7 +10,8 @@ namespace {
 
 constexpr int decimal = 10;
 
-// A line of response has at most this many characters, name and colon included.
+// A line of response has at most this many characters, name and colon included: 6552 bytes and the first
+// digit of the next.
 constexpr int max_line = 32768;
 constexpr int name_size = sizeof "ftmc:" - 1;
 

@@ -10,7 +10,6 @@
 #include "kbd/kbd.h"
 #include "luigi_report.h"
 #include "luigi_state.h"
-#include "plat/plat.h"
 #include "queue/queue.h"
 #include "tmr/tmr.h"
 #include "touch_v2/touch.h"
@@ -18,6 +17,7 @@
 namespace {
 
 constexpr int MOST_MESSAGES = 50;
+constexpr int MOST_EVENTS = MOST_MESSAGES - 1; // so that a stop finds room behind keys and touches
 constexpr std::uint32_t STALE_US = 5'000'000;
 constexpr std::uint32_t FULL_RETRY_MS = 1;
 
@@ -35,13 +35,12 @@ std::atomic<bool> luigi_default_running;
 kbd_observer luigi_kybrd;
 
 std::atomic<int> messages_waiting;
-std::atomic<int> stops_not_taken;      // a full queue held them back: they count for the script that runs
-std::atomic<bool> busy;                // with a message
-std::atomic<std::uint64_t> busy_since; // or waiting for one since, from tmr_get64
+std::atomic<std::uint64_t> busy_since; // with a message, from tmr_get64; 0 while there is none
 
 bool stuck()
 {
-    return busy && tmr_get64() - busy_since > STALE_US;
+    const std::uint64_t since = busy_since;
+    return since != 0 && tmr_get64() - since > STALE_US;
 }
 
 bool has_path(const luigi_message& msg)
@@ -89,12 +88,15 @@ bool is_stale(const luigi_message& msg)
     return msg.timestamp < now && now - msg.timestamp > STALE_US;
 }
 
-// A script of a running menu failed: the next press of the power key starts anew.
+// A script of a running menu failed: the next press of the power key starts anew. One that was ended for a
+// stop leaves the menu to that, which is on the queue.
 void end_failed_menu(const std::string& error)
 {
+    luigi_report_log(error);
+    if (luigi_state_awaits_stop())
+        return;
     luigi_state_close();
     luigi_default_running = false;
-    luigi_report_log(error);
     luigi_report_page(error, "The power key starts it again.");
 }
 
@@ -105,21 +107,16 @@ void draw_menu()
         end_failed_menu(error);
 }
 
-// A phone without the script is no fault: nothing is shown, as nothing runs.
+// A start that fails changes nothing on the panel, and neither does a stop.
 void start_menu(const char* path)
 {
     std::string error;
     if (luigi_state_exists())
         return;
-    const bool there = plat_access(path, R_OK) == 0;
-    if (luigi_state_start(path, error)) {
-        touch_evt_attach(luigi_touch_interface);
-        draw_menu();
-        return;
-    }
-    luigi_report_log(error);
-    if (there)
-        luigi_report_page(error, "Press the power key twice to try again.");
+    if (!luigi_state_start(path, error))
+        return luigi_report_log(error);
+    touch_evt_attach(luigi_touch_interface);
+    draw_menu();
 }
 
 void stop_menu(const char* path)
@@ -137,7 +134,7 @@ void stop_menu(const char* path)
 void pass_to_menu(const luigi_message& msg)
 {
     std::string error;
-    if (is_stale(msg) || !luigi_state_exists())
+    if (is_stale(msg) || !luigi_state_exists() || luigi_state_awaits_stop())
         return;
     const int taken = luigi_state_event(msg, error);
     if (taken < 0)
@@ -168,22 +165,15 @@ void serve(const luigi_message& msg)
     }
 }
 
-void turn(bool to_work)
-{
-    busy_since = tmr_get64();
-    busy = to_work;
-}
-
 void luigi_thread()
 {
     for (;;) {
         luigi_message msg;
-        turn(false);
         queue_get(&luigi_message_queue.q, &msg, sizeof msg);
         messages_waiting--;
-        turn(true);
+        busy_since = tmr_get64();
         serve(msg);
-        luigi_stops_wanted -= stops_not_taken.exchange(0);
+        busy_since = 0;
     }
 }
 
@@ -201,17 +191,16 @@ int luigi_send_message(luigi_message* p_msg)
 {
     if (p_msg == nullptr || (p_msg->type <= LUIGI_MSG_STOP && !has_path(*p_msg)))
         return -1;
-    const int stops = p_msg->type == LUIGI_MSG_STOP ? 1 : 0;
-    luigi_stops_wanted += stops;
-    while (messages_waiting >= MOST_MESSAGES) {
-        if (stuck()) {
-            stops_not_taken += stops;
+    const int room = p_msg->type <= LUIGI_MSG_STOP ? MOST_MESSAGES : MOST_EVENTS;
+    while (messages_waiting >= room) {
+        if (stuck())
             return -1;
-        }
         tmr_msleep(FULL_RETRY_MS);
     }
     p_msg->timestamp = tmr_get();
     messages_waiting++;
+    if (p_msg->type == LUIGI_MSG_STOP)
+        luigi_stops_wanted++;
     queue_put(&luigi_message_queue.q, p_msg, sizeof *p_msg);
     return 1;
 }

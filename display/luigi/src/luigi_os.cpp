@@ -10,6 +10,9 @@
 
 namespace {
 
+constexpr const char* TEMPORARY = "/data/lua_"; // and a number
+unsigned temporary_count;
+
 // Where the phone's files begin; empty on the phone itself.
 std::string host_root()
 {
@@ -68,6 +71,30 @@ int os_rename(lua_State* L)
     return file_result(L, plat_rename(phone_path(from).c_str(), phone_path(to).c_str()), nullptr);
 }
 
+// Makes a file that wasn't there: its descriptor, -1 on failure, and in `name` its path.
+int make_temporary(std::string& name)
+{
+    constexpr int MOST_TRIES = 1000; // names that a former run has left
+    for (int i = 0; i < MOST_TRIES; i++) {
+        name = TEMPORARY + std::to_string(temporary_count++);
+        const int fd = plat_open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        if (fd >= 0 || errno != EEXIST)
+            return fd;
+    }
+    return -1;
+}
+
+int os_tmpname(lua_State* L)
+{
+    std::string name;
+    const int fd = make_temporary(name);
+    if (fd < 0)
+        return luaL_error(L, "unable to generate a unique filename");
+    plat_close(fd);
+    lua_pushstring(L, name.c_str());
+    return 1;
+}
+
 int os_exit(lua_State* L)
 {
     return luaL_error(L, "os.exit ends the menu");
@@ -121,6 +148,20 @@ int io_open(lua_State* L)
     luaL_argcheck(L, is_mode(mode), 2, "invalid mode");
     luaL_Stream* const p = new_stream(L, close_file);
     return give_stream(L, p, plat_fopen(phone_path(path).c_str(), mode), path);
+}
+
+// A file without a name: it is gone when it is closed.
+int io_tmpfile(lua_State* L)
+{
+    luaL_Stream* const p = new_stream(L, close_file);
+    std::string name;
+    const int fd = make_temporary(name);
+    FILE* const f = fd >= 0 ? plat_fopen(name.c_str(), "w+") : nullptr;
+    if (fd >= 0) {
+        plat_close(fd);
+        plat_unlink(name.c_str());
+    }
+    return give_stream(L, p, f, nullptr);
 }
 
 int io_popen(lua_State* L)
@@ -204,13 +245,15 @@ constexpr luaL_Reg os_functions[] = {
     { "exit",    os_exit },
     { "remove",  os_remove },
     { "rename",  os_rename },
+    { "tmpname", os_tmpname },
     { nullptr,   nullptr },
 };
 
 constexpr luaL_Reg io_functions[] = {
-    { "open",  io_open },
-    { "popen", io_popen },
-    { nullptr, nullptr },
+    { "open",    io_open },
+    { "popen",   io_popen },
+    { "tmpfile", io_tmpfile },
+    { nullptr,   nullptr },
 };
 
 constexpr luaL_Reg base_functions[] = {

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "dcp/dcp.h"
+#include "luigi_state.h"
 
 namespace {
 
@@ -126,6 +127,7 @@ int luigi_parcel_cmd_execute(lua_State* L)
     std::size_t len;
     const char* const line = luaL_checklstring(L, 1, &len);
     const int status = parse_copy(line, len);
+    luigi_state_command_done();
     const bool known = status >= 0 && static_cast<std::size_t>(status) < std::size(status_words);
     lua_pushstring(L, known ? status_words[status] : "UNKNOWN");
     // The text of another status stays, and comes with the next answer.

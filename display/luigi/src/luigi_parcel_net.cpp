@@ -7,6 +7,7 @@
 #include <netdb.h>
 #include <string_view>
 
+#include "luigi_state.h"
 #include "plat/plat.h"
 
 namespace {
@@ -107,6 +108,7 @@ int luigi_parcel_net_cmd_execute(lua_State* L)
         done = send_whole(line, len) && send_whole("\n", 1) &&
                luigi_parcel_net_recv_cmd(response, sizeof response - 1) == RECV_DONE;
     }
+    luigi_state_command_done();
     if (done)
         return push_answer(L, response);
     lua_pushnil(L);

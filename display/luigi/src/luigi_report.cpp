@@ -52,7 +52,7 @@ void luigi_report_log(const std::string& message)
 {
     std::string text = message.substr(0, MOST_LOGGED);
     for (char& c : text)
-        if (c < ' ' || c == '"' || c == '\\' || c == '$' || c == '`' || c == 0x7F)
+        if (static_cast<unsigned char>(c) < ' ' || c == '"' || c == '\\' || c == '$' || c == '`' || c == 0x7F)
             c = c == '"' || c == '`' ? '\'' : ' ';
     plat_system(("echo \"QAT: luigi: " + text + "\" > /dev/kmsg").c_str());
 }

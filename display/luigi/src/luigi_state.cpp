@@ -20,13 +20,14 @@ namespace {
 
 constexpr std::size_t MOST_MEMORY = std::size_t{128} << 20; // of a menu; more is an error of the script
 constexpr int HOOK_PERIOD = 100'000;                        // instructions
-constexpr std::uint32_t STOP_PATIENCE_US = 2'000'000;
+constexpr std::uint32_t STOP_PATIENCE_US = 60'000'000;
 
 lua_State* L;
 std::size_t memory_used;
 
 // When the script that is running was first seen to run on though a stop is wanted; 0 if it wasn't.
 std::uint64_t runs_on_since;
+bool ended_for_stop;
 
 // "file:line: " of the innermost function of a script that runs; empty when there is none.
 using place_text = std::array<char, LUA_IDSIZE + 16>;
@@ -73,6 +74,7 @@ void check_stop(lua_State* state, lua_Debug*)
     if (runs_on_since == 0)
         runs_on_since = now;
     else if (now - runs_on_since > STOP_PATIENCE_US) {
+        ended_for_stop = true;
         // A pcall of the script's own may catch it, so it comes again with the next instruction.
         lua_sethook(state, check_stop, LUA_MASKCOUNT, 1);
         lua_sethook(L, check_stop, LUA_MASKCOUNT, 1);
@@ -111,6 +113,7 @@ int silent_print(lua_State* state)
 bool run_protected(lua_CFunction fn, void* arg, std::string& error)
 {
     runs_on_since = 0;
+    ended_for_stop = false;
     lua_sethook(L, check_stop, LUA_MASKCOUNT, HOOK_PERIOD);
     lua_settop(L, 0);
     lua_pushcfunction(L, to_message);
@@ -207,6 +210,16 @@ void* as_argument(const char* path)
 bool luigi_state_exists()
 {
     return L != nullptr;
+}
+
+bool luigi_state_awaits_stop()
+{
+    return ended_for_stop;
+}
+
+void luigi_state_command_done()
+{
+    runs_on_since = 0;
 }
 
 bool luigi_state_start(const char* path, std::string& error)

@@ -9,9 +9,15 @@
 
 #include "luigi/luigi.h"
 
-// Stops that were asked for and whose turn hasn't come: a script that runs on for two seconds meanwhile is
-// ended by an error.
+// Stops on the queue. They wait their turn; but a script that has neither come back nor finished a command
+// for 60 seconds while one waits is ended by an error.
 extern std::atomic<int> luigi_stops_wanted;
+
+// True from such an end until the next entry of the script's code, which is to be the stop script.
+bool luigi_state_awaits_stop();
+
+// The script that runs has finished a command: its 60 seconds begin anew.
+void luigi_state_command_done();
 
 bool luigi_state_exists();
 

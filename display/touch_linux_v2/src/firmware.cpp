@@ -41,9 +41,24 @@ std::string fitting_file(const touch_config* p_cfg)
     return {};
 }
 
-// Puts a link named `link` to the firmware, in the place of what may be there.
+// Whether both paths name the same entry of the same folder, however that is written.
+bool same_entry(const std::string& a, const std::string& b)
+{
+    const std::size_t name_a = a.rfind('/') + 1;
+    const std::size_t name_b = b.rfind('/') + 1;
+    struct stat dir_a, dir_b;
+    return a.compare(name_a, a.npos, b, name_b, b.npos) == 0 &&
+           plat_stat((a.substr(0, name_a) + ".").c_str(), &dir_a) == 0 &&
+           plat_stat((b.substr(0, name_b) + ".").c_str(), &dir_b) == 0 && dir_a.st_dev == dir_b.st_dev &&
+           dir_a.st_ino == dir_b.st_ino;
+}
+
+// Puts a link named `link` to the firmware, in the place of what may be there: unless that is the firmware
+// itself.
 bool replace_link(const std::string& link, const std::string& file)
 {
+    if (same_entry(link, file))
+        return true;
     plat_unlink(link.c_str());
     return plat_access(link.c_str(), F_OK) != 0 && plat_symlink(file.c_str(), link.c_str()) == 0;
 }

@@ -40,14 +40,15 @@ void chmon_states_init();
 // One line of the log; dropped when the log can't be written.
 void chmon_log(const char* fmt, ...) __attribute__((format(printf, 1, 2)));
 
-// What is left of the values when a reading fails is 0.
+// Not valid when a reading has failed: the values are 0, or what was read until then.
 struct chmon_reading {
+    bool valid;
     int percent;
     int mv;
     int ma;
 };
 chmon_reading chmon_read();
-int chmon_read_voltage();
+chmon_reading chmon_read_voltage(); // `mv` alone
 
 // The median of three readings, which are logged.
 int chmon_median_percent();

@@ -60,15 +60,15 @@ void chmon_log(const char* fmt, ...)
 chmon_reading chmon_read()
 {
     chmon_reading now{};
-    battery_read_capacity(&now.percent, &now.mv, &now.ma);
+    now.valid = battery_read_capacity(&now.percent, &now.mv, &now.ma) != 0;
     return now;
 }
 
-int chmon_read_voltage()
+chmon_reading chmon_read_voltage()
 {
-    int mv = 0;
-    battery_read_voltage(&mv);
-    return mv;
+    chmon_reading now{};
+    now.valid = battery_read_voltage(&now.mv) != 0;
+    return now;
 }
 
 int chmon_median_percent()

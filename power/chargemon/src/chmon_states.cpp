@@ -85,7 +85,7 @@ bool battery_is_valid()
 
 int idle_by_voltage()
 {
-    const int mv = chmon_read_voltage();
+    const int mv = chmon_read_voltage().mv;
     if (mv <= static_cast<int>(cmcfg.max_voltage))
         return go(me.charging);
     chmon_log("Voltage (%d mV) too high for charging.", mv);
@@ -149,7 +149,7 @@ int idle_hnd(fsm*, const fsm_event* p_evt)
 int charging_entry()
 {
     if (cmcfg.voltage_mode != 0) {
-        chmon_log("Starting voltage (%dmV).", chmon_read_voltage());
+        chmon_log("Starting voltage (%dmV).", chmon_read_voltage().mv);
     } else {
         const int percent = chmon_median_percent();
         const std::uint32_t mah = static_cast<std::uint32_t>(percent) * cmcfg.capacity / 100;
@@ -176,7 +176,7 @@ int charging_by_voltage()
 {
     if (me.charge_ms >= cmcfg.charge_time_limit)
         return fail("Charging time limit reached");
-    const int mv = chmon_read_voltage();
+    const int mv = chmon_read_voltage().mv;
     if (mv < static_cast<int>(cmcfg.max_voltage))
         return 0;
     chmon_log("Voltage reached limit, charging done.");
@@ -308,17 +308,17 @@ int discharging_tick()
 {
     advance(&me.state_ms);
     chmon_toggle_led();
-    const int percent = read_and_log().percent;
+    const chmon_reading now = read_and_log();
     if (me.state_ms <= cmcfg.stable_time) {
         chmon_log("waiting for voltage and current stable.");
         return 0;
     }
     me.state_ms = 0;
     chmon_log("enough time have passed for stable voltage and current.");
-    if (percent < cmcfg.recharge_cap)
-        return go(me.charging);
-    if (percent > cmcfg.target_cap + cmcfg.cap_margin_high)
+    if (!now.valid || now.percent > cmcfg.target_cap + cmcfg.cap_margin_high)
         return 0;
+    if (now.percent < cmcfg.recharge_cap)
+        return go(me.charging);
     chmon_log("Discharging done.");
     return go(me.done);
 }
@@ -341,14 +341,16 @@ int discharging_hnd(fsm*, const fsm_event* p_evt)
 
 // ---- done and error
 
-// True when the battery has sunk so far that it must be charged again.
+// True when the battery has surely sunk so far that it must be charged again.
 bool read_and_judge()
 {
-    if (cmcfg.voltage_mode == 0)
-        return read_and_log().percent < cmcfg.recharge_cap;
-    const int mv = chmon_read_voltage();
-    chmon_log("%dmV", mv);
-    return mv < static_cast<int>(cmcfg.recharge_voltage);
+    if (cmcfg.voltage_mode == 0) {
+        const chmon_reading now = read_and_log();
+        return now.valid && now.percent < cmcfg.recharge_cap;
+    }
+    const chmon_reading now = chmon_read_voltage();
+    chmon_log("%dmV", now.mv);
+    return now.valid && now.mv < static_cast<int>(cmcfg.recharge_voltage);
 }
 
 int done_entry()

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <mutex>
 
 #include "cfg/cfg.h"
 #include "dcp/dcp.h"
@@ -12,8 +13,13 @@
 namespace {
 
 constexpr std::uint32_t GOING_DOWN_S = 60;
+constexpr std::uint64_t EARLY_US =
+    500; // a timer comes early by fractions of a microsecond for each change of the list
 
+std::mutex poff_mutex;      // guards what follows: the timer comes on a thread of its own
+std::uint64_t poff_time_us; // of tmr_get64
 tmr_link tmr_poff;
+
 usb_listener usb_poff = {{nullptr}, USB_EVT_DISCONNECTED, nullptr};
 
 // 0 when the phone is on its way down.
@@ -32,8 +38,26 @@ int power_off_now(int id)
     return dcp_answer(id, "poff", " ", DCP_ERROR);
 }
 
+void tmr_cb_poff(tmr_link*, std::uint32_t);
+
+// The timers can wait for 71 minutes: a longer time is waited for in several rounds. False when it has come.
+bool wait_on_locked()
+{
+    const std::uint64_t now = tmr_get64();
+    if (now + EARLY_US >= poff_time_us)
+        return false;
+    const std::uint64_t left = std::min<std::uint64_t>(poff_time_us - now, UINT32_MAX);
+    tmr_cb_rm(&tmr_poff);
+    tmr_cb_add(&tmr_poff, tmr_cb_poff, static_cast<std::uint32_t>(left));
+    return true;
+}
+
 void tmr_cb_poff(tmr_link*, std::uint32_t)
 {
+    std::unique_lock lock(poff_mutex);
+    if (wait_on_locked())
+        return;
+    lock.unlock();
     power_off();
 }
 
@@ -42,12 +66,12 @@ void usb_cb_poff(unsigned)
     power_off();
 }
 
-// The newest time counts. What is longer than the timers can wait, 71 minutes, is as long as they can.
+// The newest time counts.
 void power_off_after(std::uint32_t ms)
 {
-    const std::uint64_t us = std::min<std::uint64_t>(std::uint64_t{ms} * 1000, UINT32_MAX);
-    tmr_cb_rm(&tmr_poff);
-    tmr_cb_add(&tmr_poff, tmr_cb_poff, static_cast<std::uint32_t>(us));
+    const std::lock_guard lock(poff_mutex);
+    poff_time_us = tmr_get64() + std::uint64_t{ms} * 1000;
+    wait_on_locked();
 }
 
 void power_off_without_cable()

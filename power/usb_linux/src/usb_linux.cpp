@@ -7,7 +7,6 @@
 #include "uevent/uevent.h"
 #include "usb/usb.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -21,7 +20,7 @@ constexpr std::size_t PARAM_ROOM = 65; // 64 characters
 constexpr int STATE_FIELD = 3;         // of the gadget's uevent
 constexpr std::uint32_t RECHECK_MS = 5;
 constexpr std::uint32_t VBUS_CHECK_US = 100'000;
-constexpr std::uint32_t DEFAULT_TIMEOUT_US = 500'000;
+constexpr std::uint32_t DEFAULT_TIMEOUT_MS = 500;
 
 // The index is the charger type.
 constexpr const char* usb_type[] = {
@@ -42,7 +41,7 @@ bool usb_recheck_discon;
 
 // The VBUS watch runs on the timer thread. It arms its own link again, so nobody else may while it runs.
 std::mutex vbus_mutex;
-std::uint32_t timeout_us = DEFAULT_TIMEOUT_US;
+std::uint32_t timeout_ms = DEFAULT_TIMEOUT_MS;
 bool vbus_runs;
 bool vbus_wanted; // asked for since its last round
 tmr_link tmr_vbus_check;
@@ -96,13 +95,13 @@ void vbus_next(bool connected)
 // Feeds the cable from the phone for a while, and no longer.
 void vbus_cycle()
 {
-    std::uint32_t us;
+    std::uint32_t ms;
     {
         const std::lock_guard lock(vbus_mutex);
-        us = timeout_us;
+        ms = timeout_ms;
     }
     charge_set_mode(CHARGE_HOST_POWER_ON);
-    tmr_usleep(us);
+    tmr_msleep(ms);
     charge_set_mode(CHARGE_HOST_POWER_OFF);
 }
 
@@ -115,12 +114,10 @@ void tmr_cb_vbus_check(tmr_link*, std::uint32_t)
     vbus_next(known && connected);
 }
 
-int vbus_watch(int timeout_ms)
+int vbus_watch(int wanted_ms)
 {
     const std::lock_guard lock(vbus_mutex);
-    const std::uint64_t us = static_cast<std::uint64_t>(timeout_ms) * 1000;
-    timeout_us = timeout_ms < 0 ? DEFAULT_TIMEOUT_US
-                                : static_cast<std::uint32_t>(std::min<std::uint64_t>(us, UINT32_MAX));
+    timeout_ms = wanted_ms < 0 ? DEFAULT_TIMEOUT_MS : static_cast<std::uint32_t>(wanted_ms);
     vbus_wanted = true;
     if (!vbus_runs) {
         vbus_runs = true;

@@ -54,15 +54,26 @@ const rfbv_row* find(int key)
     return nullptr;
 }
 
+// Stores the text unless one is stored: 0 when that isn't sure. The store gives an absent unit and a query
+// that failed alike, and an existing unit is never to be overwritten: so it is asked twice before, and once
+// after.
+int store_once(const char* text)
+{
+    if (trim_get_size(TRIM_RF_VARIANT) != 0)
+        return 1;
+    if (trim_get_size(TRIM_RF_VARIANT) != 0)
+        return 0;
+    const std::size_t size = std::strlen(text) + 1;
+    return trim_wr(TRIM_RF_VARIANT, text, size) != 0 && trim_get_size(TRIM_RF_VARIANT) == static_cast<int>(size);
+}
+
 int rfbv_brenk_read(unsigned* p_pin, int* p_val)
 {
     *p_pin = pin_in_get(PIN_IN_RF_VARIANT) == PIN_ACTIVE ? 1 : 0;
     if (adcr_read(CH_RF_ID, ADCR_DIVIDED, p_val) != ADCR_OK)
         return 0;
     const rfbv_row* const p_row = find(*p_val + (*p_pin != 0 ? KEY_OF_PIN : 0));
-    if (p_row != nullptr && trim_get_size(TRIM_RF_VARIANT) == 0)
-        return trim_wr(TRIM_RF_VARIANT, p_row->text, std::strlen(p_row->text) + 1) != 0 ? 1 : 0;
-    return 1;
+    return p_row == nullptr ? 1 : store_once(p_row->text);
 }
 
 int rfbv_brenk_setup()

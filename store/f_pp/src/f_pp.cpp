@@ -13,7 +13,7 @@ namespace {
 enum class pp_form { text, number };
 
 constexpr std::uint32_t PP_ANY = 0xFFFFFFFF;
-constexpr std::uint32_t PP_VARIANT = 11; // its absence isn't an error
+constexpr std::uint32_t PP_VARIANT = 11; // its absence is neither an error nor a line
 constexpr int PP_NO_ITEM = 0;
 constexpr std::size_t PP_ROOM = 32;
 
@@ -84,7 +84,7 @@ int do_ppre(int id, int action, int argc, const dcp_word* argv)
         return DCP_OK;
     }
     if (!all_read)
-        return dcp_answer(id, "ppre", "", p1 == PP_VARIANT ? DCP_OK : DCP_ERROR);
+        return p1 == PP_VARIANT ? DCP_OK : dcp_answer(id, "ppre", "", DCP_ERROR);
     dcp_printf(id, "ppre", "%s", buf);
     return DCP_OK;
 }

@@ -83,5 +83,5 @@ int ta_if_del(std::uint32_t unit)
 int ta_if_xfer(std::uint32_t src, std::uint32_t dst, int dir, int opt, int blocking)
 {
     HVT_CHECK(ta_co != nullptr);
-    return ta_co->xfer != nullptr ? ta_co->xfer(src, dst, dir, opt, blocking) : 0;
+    return ta_co->xfer != nullptr ? ta_co->xfer(src, dst, dir, opt, blocking) : TA_XFER_FAILED;
 }

@@ -26,7 +26,7 @@ a setting that fails or isn't there is an error
 
 the help lists all settings with their texts, of which 200 characters count
   phone    idle
-  write    /sys/module/pm_8x60/modes/cpu0/standalone_power_collapse/suspend_enabled abcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuv\nxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuv
+  write    /sys/module/pm_8x60/modes/cpu0/standalone_power_collapse/suspend_enabled \*20{abcde}\n\*26{fghij}
   send     syscfg=?
   expect   SYSCFG:0 /sys/devices/system/cpu/cpu0/online = 1,
   +        SYSCFG:1 /sys/devices/system/cpu/cpu1/online = 1,
@@ -52,7 +52,7 @@ the help lists all settings with their texts, of which 200 characters count
   +        SYSCFG:21 /sys/module/pm_8x60/modes/cpu1/power_collapse/suspend_enabled = 1,
   +        SYSCFG:22 /sys/module/pm_8x60/modes/cpu2/power_collapse/suspend_enabled = 1,
   +        SYSCFG:23 /sys/module/pm_8x60/modes/cpu3/power_collapse/suspend_enabled = 1,
-  +        SYSCFG:24 /sys/module/pm_8x60/modes/cpu0/standalone_power_collapse/suspend_enabled = abcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijklmnopqr,
+  +        SYSCFG:24 /sys/module/pm_8x60/modes/cpu0/standalone_power_collapse/suspend_enabled = \*20{abcde}\*19{fghij}fghi,
   +        SYSCFG:25 /sys/module/pm_8x60/modes/cpu1/standalone_power_collapse/suspend_enabled = 1,
   +        SYSCFG:26 /sys/module/pm_8x60/modes/cpu2/standalone_power_collapse/suspend_enabled = 1,
   +        SYSCFG:27 /sys/module/pm_8x60/modes/cpu3/standalone_power_collapse/suspend_enabled = 1,

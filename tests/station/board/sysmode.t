@@ -1,3 +1,5 @@
+# The unit test of the system modes holds every setting of each; here is what becomes of some.
+
 mode 1 keeps the current steady: one frequency, no sleep
   phone    idle
   write    /sys/devices/system/cpu/cpufreq/ondemand/up_threshold 55
@@ -7,8 +9,7 @@ mode 1 keeps the current steady: one frequency, no sleep
   file     /sys/devices/system/cpu/cpu1/cpufreq/scaling_max_freq -> 300000
   file     /sys/devices/system/cpu/cpufreq/ondemand/up_threshold -> 55
   file     /sys/module/pm_8x60/modes/cpu3/power_collapse/suspend_enabled -> 0
-  file     /sys/module/lpm_resources/enable_low_power/l2 -> 0
-  file     /sys/module/lpm_resources/enable_low_power/pxo -> 0
+  file     /sys/module/lpm_resources/enable_low_power/vdd_mem -> 0
 
 mode 2 leaves three processors offline and writes nothing else for them
   phone    idle
@@ -30,8 +31,6 @@ mode 3 runs as fast as it can, and a setting that fails is passed over
   expect   SYSMODE: ,OK
   file     /sys/devices/system/cpu/cpu1/cpufreq/scaling_governor -> performance
   file     /sys/devices/system/cpu/cpu0/cpufreq/scaling_max_freq -> 2265600
-  file     /sys/devices/system/cpu/cpu0/cpufreq/scaling_min_freq -> 300000
-  file     /sys/devices/system/cpu/cpufreq/ondemand/down_differential -> 10
 
 other modes and counts are syntax errors, and the help
   send     sysmode=4

@@ -42,6 +42,7 @@ a modem that doesn't answer costs the whole time and no more: 25 seconds, which 
   phone    clock hold
   raw      ftmc=75,11,14,0\r
   phone    clock +24500
+  phone    port 1 -> < ftmc=75,11,14,0\\r
   phone    clock +600
   expect   FTMC:,ERROR
   phone    diag recent -> none
@@ -121,6 +122,9 @@ stored records are counted, read one after the other with their length, and drop
 the log filter is set when its length is right, and codes that only the driver knows are taken
   send     ftmc=202,5,0,0,0,1
   expect   FTMC:,OK
+  # and one of a single byte isn't taken
+  send     ftmc=202,1,0,0,0,1
+  expect   FTMC:,OK
   phone    diag filter -> none
   send     ftmc=202,2,0,0,0,1,2
   expect   FTMC:0xca,0x02,0x00,0x00,0x00,0x01,0x02,OK
@@ -162,6 +166,12 @@ a long request is gathered in parts, and its response isn't matched
   send     ftmc=208,2
   expect   FTMC:0x12,0x34,0x56,OK
   phone    diag last -> 0908
+
+a response is shown as far as a line of 32768 characters goes
+  # 5 + 6552 * 5 + 3 characters; the line term stands behind
+  phone    diag 60 \*6553{AB}
+  send     ftmc=0x60
+  expect   FTMC:\*6552{0xab,}0xa,OK
 
 no value is a syntax error, and what it is
   send     ftmc

@@ -6,6 +6,6 @@ the state
   send     camds?
   expect   CAMDS:0x1,OK
 
-a value is none of its business
+it takes no value
   send     camds=1
   expect   camds                                                       status,SYNTAX

@@ -88,3 +88,35 @@ a driver whose node comes up late is asked for it six times
   send     dtch=1
   expect   DTCH: ,OK
   phone    fail off -> 0
+
+each report leaves a small cross on the screen
+  send     lcdl=1,0
+  expect   LCDL: ,OK
+  send     dtch=1
+  expect   DTCH: ,OK
+  phone    touch 540 960 tap
+  expect   DTCH:540,960,540,960,OK
+  phone    clock +100
+  # 2 by 4 from (539, 958), 4 by 2 from (538, 959)
+  phone    pixel 539 957 -> 000000
+  phone    pixel 538 958 -> 000000
+  phone    pixel 539 958 -> FFFF7F
+  phone    pixel 540 961 -> FFFF7F
+  phone    pixel 538 959 -> FFFF7F
+  phone    pixel 541 960 -> FFFF7F
+  phone    pixel 542 960 -> 000000
+  phone    pixel 541 961 -> 000000
+  phone    pixel 540 962 -> 000000
+  # in a corner it begins at 0
+  phone    touch 0 1 tap
+  expect   DTCH:0,1,0,1,OK
+  phone    clock +100
+  phone    pixel 1 3   -> FFFF7F
+  phone    pixel 3 1   -> FFFF7F
+  phone    pixel 2 2   -> 000000
+  phone    touch 1079 1919 tap
+  expect   DTCH:1079,1919,1079,1919,OK
+  phone    clock +100
+  phone    pixel 1079 1919 -> FFFF7F
+  phone    pixel 1077 1918 -> FFFF7F
+  phone    pixel 1077 1917 -> 000000

@@ -8,6 +8,24 @@ without a name the file that fits the controller is taken, and its driver finds 
   expect   DTID:0x00740460,0x00010204,OK
   file     /system/etc/firmware/touch_module_id_0x460.img -> \x04\x02\x01\x00max1187x
 
+the file under the module's name may be the firmware itself, however it is written: it stays
+  write    /system/etc/firmware/touch_module_id_0x460.img \x07\x00\x00\x00
+  send     dtfd="/system/etc/firmware/touch_module_id_0x460.img"
+  expect   DTFD: ,OK
+  send     dtid
+  expect   DTID:0x00740460,0x00000007,OK
+  file     /system/etc/firmware/touch_module_id_0x460.img -> \x07\x00\x00\x00
+  send     dtfd="system/etc/../etc/firmware//touch_module_id_0x460.img"
+  expect   DTFD: ,OK
+  file     /system/etc/firmware/touch_module_id_0x460.img -> \x07\x00\x00\x00
+  # a link of that name stays too
+  send     dtfd
+  expect   DTFD: ,OK
+  send     dtfd="/system/etc/firmware/touch_module_id_0x460.img"
+  expect   DTFD: ,OK
+  send     dtid
+  expect   DTID:0x00740460,0x00010204,OK
+
 a vendor whose driver wants one name
   conf     touch 2 0x75 0x0010 1
   write    /data/other.bin \x07\x00\x00\x00

@@ -128,3 +128,22 @@ while it runs the power key's reset is late and off; a chip that doesn't take th
   phone    spmi 844               -> 0F
   phone    spmi 845               -> 06
   phone    spmi 847               -> 80
+
+the keys are looked for every 20 ms, and each time one event of a node is taken
+  send     keyb=2
+  expect   KEYB: ,OK
+  phone    clock hold
+  # two events a change of a key: its own and one that ends the report; 10 looks
+  phone    key 30 tap
+  phone    key 31 tap
+  phone    key 32 tap
+  phone    clock +200
+  expect   KEYB:1e,p
+  expect   KEYB:1e,r
+  expect   KEYB:1f,p
+  expect   KEYB:1f,r
+  expect   KEYB:20,p
+  send     case?
+  expect   CASE:false,OK
+  phone    clock +20
+  expect   KEYB:20,r

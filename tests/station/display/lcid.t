@@ -25,12 +25,10 @@ mode 3 gives one field of it
   send     lcid=3
   expect   LCID:0x56737B,OK
 
-the driver's answer must be eight lines in their order
-  phone    fail write /sys/kernel/debug/mdss_dsi_panel/read all
-  write    /sys/kernel/debug/mdss_dsi_panel/result data[0]=1
+a driver that doesn't take the question gives no identity
+  phone    fail write /sys/kernel/debug/mdss_dsi_panel/read 1
   send     lcid
   expect   LCID:,ERROR
-  phone    fail off
 
 a phone without the panel's debugfs has no identity
   conf     without /sys/kernel/debug/mdss_dsi_panel/result

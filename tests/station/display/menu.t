@@ -145,15 +145,28 @@ a button runs its handler at a press inside it; an error there ends the menu, an
   phone    idle
   file     /sys/class/leds/red/brightness  -> 11
 
-without a start script a press changes nothing
+without a start script a press changes nothing, and the third one tries again
   conf     without /system/scripts/start_korvat.lua
   write    /system/scripts/stop.lua qat("lctr=13,1,22,1")
+  send     lcdl=1,0
+  expect   LCDL: ,OK
+  send     dclr=0,1,2,3
+  expect   DCLR: ,OK
   phone    key 116 tap
   phone    clock +140
   phone    idle
-  phone    screen                  -> 1080x1920x32 page 0 unblanked mode 0
+  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
   file     /sys/class/leds/red/brightness -> 0\n
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  phone    kmsg 2                  -> QAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory\n
+  +        QAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
+  phone    pixel 30 60             -> 010203
 
 settings of phone.conf stand behind those of the board: another script starts, without a padding
   conf     setting luigi canvas_padding 0
@@ -172,6 +185,18 @@ settings of phone.conf stand behind those of the board: another script starts, w
   phone    clock +140
   phone    idle
   phone    pixel 2 2               -> FF0000
+
+a start script that fails leaves the panel as it was
+  send     lcdl=1,0
+  expect   LCDL: ,OK
+  send     dclr=0,17,34,51
+  expect   DCLR: ,OK
+  write    /system/scripts/start_korvat.lua error("gr\xC3\xBCn")
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  phone    pixel 45 24             -> 112233
+  phone    kmsg 1                  -> QAT: luigi: /system/scripts/start_korvat.lua:1: gr\\xC3\\xBCn
 
 a script that doesn't compile, never stops calling itself or takes too much memory is told where
   write    /system/scripts/start_korvat.lua this is no script
@@ -205,7 +230,7 @@ while the key test runs the power key belongs to it
   phone    idle
   file     /sys/class/leds/red/brightness -> 0\n
 
-a script that never returns doesn't hold the console, and the power key ends it
+a start script that never returns doesn't hold the console, and the power key ends it in the end
   write    /system/scripts/start_korvat.lua while true do pcall(function() while true do end end) end
   phone    key 116 tap
   phone    clock +40
@@ -217,6 +242,56 @@ a script that never returns doesn't hold the console, and the power key ends it
   phone    idle
   phone    speed 1
   phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:1: the script doesn't return, and the menu was to stop
+
+a stop waits for a handler that computes; one that neither returns nor finishes a command for a minute is ended
+  write    /system/scripts/start_korvat.lua qat("lctr=13,1,5,1") qat("lctr=13,1,5,2")
+  + \nlocal root, c = canvas.new(), custom.new()
+  + \ncustom.set_event_key(c, function(k, a)
+  + \n  if k == 115 then qat("lctr=13,1,99,2") end
+  + \n  if k ~= 114 or a ~= 2 then return end
+  + \n  while not io.open("/data/go") do for _ = 1, 1e5 do end end
+  + \n  qat("lctr=13,1,11,1")
+  + \n  while not io.open("/data/end") do for _ = 1, 1e5 do end end
+  + \nend)
+  + \ncanvas.add(root, c)
+  + \ntaboret.push(root)
+  write    /system/scripts/stop.lua qat("lctr=13,1,22,3")
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  phone    clock hold
+  phone    key 114 tap
+  phone    clock +40
+  phone    key 116 tap
+  phone    key 115 down
+  phone    clock +40
+  phone    idle
+  phone    clock +59000
+  phone    idle
+  file     /sys/class/leds/blue/brightness  -> 0\n
+  # the command in between counts
+  write    /data/go 1
+  phone    idle
+  file     /sys/class/leds/red/brightness   -> 11
+  phone    clock +59000
+  phone    idle
+  file     /sys/class/leds/blue/brightness  -> 0\n
+  phone    clock +2000
+  phone    idle
+  file     /sys/class/leds/blue/brightness  -> 22
+  # what came behind the stop has no menu left
+  file     /sys/class/leds/green/brightness -> 5
+  phone    kmsg 1 -> QAT: luigi: /system/scripts/start_korvat.lua:8: the script doesn't return, and the menu was to stop
+  # the next press starts anew
+  write    /data/end 1
+  phone    key 116 tap
+  phone    clock +60
+  phone    idle
+  file     /sys/class/leds/red/brightness   -> 5
+  phone    key 114 tap
+  phone    clock +40
+  phone    idle
+  file     /sys/class/leds/red/brightness   -> 11
 
 wrong arguments and wrong widgets are told in words
   write    /system/scripts/start_korvat.lua -- start
@@ -271,13 +346,27 @@ a handler that pops its own page and lets the collector run comes to no harm
   # the button whose handler kept it is gone with its page
   file     /data/out -> canvas (or inheritage) expected, got userdata
 
-a script can't end the program, and its files are those of the phone
+a script can't end the program, and its files are those of the phone, opened in each mode and read by lines
   write    /system/scripts/start_korvat.lua -- start
-  + \nlocal f = io.open(luigi_scripts_path .. "note", "w") f:write("kept\\n") f:close()
+  + \nlocal note, out = luigi_scripts_path .. "note", "/data/out"
+  + \nlocal function put(name, mode, text) local f = io.open(name, mode) f:write(text) f:close() end
+  + \nput(note, "w", "longer than") put(note, "wb", "kept\\n") put(note, "a", "added\\n") put(note, "r+b", "K")
+  + \nput(out, "w", io.open(note):read("*a"))
+  + \nfor line in io.lines(note) do put(out, "a", line .. ";") end
+  + \nfor some in io.lines("/system/scripts/note", 4) do put(out, "a", some .. "|") end
+  + \nput(out, "a", select(2, pcall(io.open, note, "rw")) .. select(2, pcall(io.lines, "/nosuch")))
+  + \nassert(not io.tmpfile())
+  + \nlocal t, f = io.tmpfile(), io.open("/data/temp", "w") t:write("one") t:seek("set")
+  + \nlocal a, b = os.tmpname(), os.tmpname()
+  + \nf:write(t:read("*a"), a == b and "same" or "two", io.open(a):read("*a"), io.open(b):read("*a")) f:close()
   + \nos.execute("echo hello > /dev/kmsg")
   + \nos.exit(0)
+  phone    fail open /data/lua_
   phone    key 116 tap
   phone    clock +140
   phone    idle
-  file     /system/scripts/note    -> kept\n
-  phone    kmsg                    -> Korvat HVT is starting up...\nhello\nQAT: luigi: /system/scripts/start_korvat.lua:4: os.exit ends the menu
+  file     /data/temp              -> onetwo
+  file     /system/scripts/note    -> Kept\nadded\n
+  file     /data/out               -> Kept\nadded\nKept;added;Kept|\nadd|ed\n|bad argument #2 to 'io.open' (invalid mode)
+  +        /nosuch: No such file or directory
+  phone    kmsg                    -> Korvat HVT is starting up...\nhello\nQAT: luigi: /system/scripts/start_korvat.lua:14: os.exit ends the menu

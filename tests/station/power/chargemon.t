@@ -184,6 +184,35 @@ a full battery is discharged until it fits, then done on green, and charged agai
   phone    spmi 1049 -> 80
   file     /sys/class/leds/lcd-backlight/brightness -> 0
 
+a reading that fails decides nothing: a full battery goes on discharging, and one that is done stays done
+  conf     usb off
+  conf     charger none
+  conf     battery 3940 -200
+  phone    clock hold
+  phone    clock +2000
+  phone    charger wall
+  phone    clock +122000
+  phone    fail open /sys/class/power_supply/battery/voltage_now
+  write    /system/chargemon.txt (cut)\n
+  phone    clock +2000
+  file     /system/chargemon.txt -> (cut)\n
+  +        [   122.000] 0%, 0mV, 0mA\n
+  +        [   122.000] enough time have passed for stable voltage and current.\n
+  phone    fail off -> 0
+  phone    battery 3918 -200
+  phone    clock +122000
+  phone    pixel 1000 1800 -> 00FF00
+  phone    clock +118000
+  phone    fail open /sys/class/power_supply/battery/voltage_now
+  write    /system/chargemon.txt (cut)\n
+  phone    clock +2000
+  file     /system/chargemon.txt -> (cut)\n
+  +        [   364.000] 0%, 0mV, 0mA\n
+  +        [   364.000] check if capacity keeps higher than recharge_cap.\n
+  phone    fail off -> 0
+  phone    pixel 1000 1800 -> 00FF00
+  phone    spmi 1049 -> 01
+
 charging ends one percent below the target
   conf     usb off
   conf     charger none

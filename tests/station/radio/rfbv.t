@@ -14,6 +14,21 @@ a variant that is stored stays, whatever is measured
   restart
   phone    unit 800009F7 -> 4C313233343537385F323057313234353800
 
+a query that fails is told, and the variant that is stored stays
+  phone    unit 800009F7 5800
+  phone    fail auxnvq_get_unit_size
+  send     rfbv
+  expect   RFBV:,ERROR
+  phone    unit 800009F7 -> 5800
+  send     rfbv
+  expect   RFBV:0, 1790,OK
+  phone    unit 800009F7 -> 5800
+  # what is written without an answer to be had is told too
+  phone    unit 800009F7 -
+  phone    fail auxnvq_get_unit_size all
+  send     rfbv
+  expect   RFBV:,ERROR
+
 with the unit gone, the voltage gives the variant, and one between the variants none
   phone    unit 800009F7 -
   write    /sys/devices/qpnp-vadc-8/rf_id Result:1432000 Raw:37600\n

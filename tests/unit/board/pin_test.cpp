@@ -19,16 +19,21 @@ struct drive {
 };
 
 std::vector<drive> drives; // what the driver was asked to set
+std::vector<drive> events; // which reports it was asked for: op is the level, 10 more to end them
+int line;                  // the level that it reads
 std::uint8_t users[8];
 
 int fake_chg(pin_driver*, unsigned pin, int op, unsigned attr)
 {
+    if (op > HIGH)
+        return pin == 21 && attr == 9 ? line : PIN_LEVEL_FAILED;
     drives.push_back({pin, op, attr});
     return op;
 }
 
-int fake_evt(pin_driver*, unsigned, int, unsigned, int)
+int fake_evt(pin_driver*, unsigned pin, int level, unsigned attr, int on)
 {
+    events.push_back({pin, on != 0 ? level : level + 10, attr});
     return 1;
 }
 
@@ -59,6 +64,9 @@ constexpr pin_out_row out_map[] = {
     { PIN_OUT_LAST, 0, 0, 0, 0, 0, nullptr, nullptr },
 };
 constexpr pin_in_row in_map[] = {
+    {  0, 0, 21, LOW,  9 },
+    { 70, 0, 21, HIGH, 9 },
+    { 40, 3, 21, HIGH, 9 }, // a group without a driver
     { PIN_IN_LAST, 0, 0, 0, 0 },
 };
 // clang-format on
@@ -76,6 +84,7 @@ struct Pin : testing::Test {
     {
         plat_fake_reset();
         drives.clear();
+        events.clear();
         std::fill(std::begin(users), std::end(users), std::uint8_t{0});
         pin_init();
         pin_map_set(get_map, 3);
@@ -114,6 +123,45 @@ TEST_F(Pin, ASubListFollowsTheMainPinWithItsOwnPolarityAndPause)
     drives.clear();
     EXPECT_NE(pin_out_set(166, PIN_HIGH), 0);
     EXPECT_EQ(drives, (std::vector<drive>{{5, 1, 50}, {6, 1, 60}}));
+}
+
+TEST_F(Pin, AnInputIsReadByItsPolarity)
+{
+    struct row {
+        int level, active_low, active_high;
+    };
+    for (const row& r : {row{0, PIN_ACTIVE, PIN_INACTIVE}, row{1, PIN_INACTIVE, PIN_ACTIVE},
+                         row{PIN_LEVEL_UNKNOWN, PIN_UNREADABLE, PIN_UNREADABLE},
+                         row{PIN_LEVEL_FAILED, PIN_UNREADABLE, PIN_UNREADABLE}}) {
+        line = r.level;
+        EXPECT_EQ(pin_in_get(0), r.active_low) << r.level;
+        EXPECT_EQ(pin_in_get(70), r.active_high) << r.level;
+        EXPECT_EQ(pin_in_get_lev(70), r.level);
+    }
+    line = HIGH;
+    EXPECT_EQ(pin_in_get(1), PIN_UNREADABLE) << "the board lacks it";
+    EXPECT_EQ(pin_in_get(40), PIN_UNREADABLE) << "nobody drives it";
+    EXPECT_EQ(pin_in_active(70), 1);
+    EXPECT_EQ(pin_in_active(1), 0);
+    EXPECT_EQ(drives, std::vector<drive>{});
+}
+
+TEST_F(Pin, AReportReachesEachInputOfItsPinByItsPolarity)
+{
+    static std::vector<int> told;
+    told.clear();
+    const pin_evt_cb low = [](int state) { told.push_back(state); };
+    const pin_evt_cb high = [](int state) { told.push_back(10 + state); };
+    EXPECT_EQ(pin_evt_req(0, PIN_ACTIVE, low), nullptr);
+    EXPECT_EQ(pin_evt_req(70, PIN_ACTIVE, high), nullptr);
+    EXPECT_EQ(pin_evt_req(40, PIN_ACTIVE, high), nullptr);
+    pin_evt_disp(&fake_hnd, 21, LOW);
+    pin_evt_disp(&fake_hnd, 22, LOW);
+    EXPECT_EQ(told, (std::vector<int>{PIN_ACTIVE, 10 + PIN_INACTIVE}));
+    EXPECT_EQ(pin_evt_req(0, PIN_ACTIVE, nullptr), low);
+    pin_evt_disp(&fake_hnd, 21, HIGH);
+    EXPECT_EQ(told, (std::vector<int>{PIN_ACTIVE, 10 + PIN_INACTIVE, 10 + PIN_ACTIVE}));
+    EXPECT_EQ(events, (std::vector<drive>{{21, LOW, 9}, {21, HIGH, 9}, {21, LOW + 10, 9}}));
 }
 
 } // namespace

@@ -6,10 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "dcp/dcp.h"
 #include "f_ftm/f_ftm.h"
 #include "ftm_linux/ftm_linux.h"
-#include "unit/exact_text.h"
+#include "unit/line_spy.h"
 #include "unit/plat_fake.h"
 
 namespace {
@@ -22,9 +21,9 @@ struct block {
 };
 
 bytes sent;
-bytes answer;      // of request 101, trailing bytes included; of 108 and 109, the buffer's content
-int record_result; // of 108 and 109
-std::string shown;
+bytes answer;       // of request 101, trailing bytes included; of 108 and 109, the buffer's content
+int record_result;  // of 108 and 109
+std::string others; // further requests
 
 int driver(int, unsigned long request, void* arg)
 {
@@ -42,6 +41,7 @@ int driver(int, unsigned long request, void* arg)
         std::copy(answer.begin(), answer.end(), static_cast<std::uint8_t*>(arg));
         return record_result;
     default:
+        others += std::to_string(request) + " ";
         return 0;
     }
 }
@@ -56,6 +56,7 @@ struct Ftm : testing::Test {
         plat_fake_co.close = [](int) { return 0; };
         plat_fake_co.ioctl = driver;
         sent.clear();
+        others.clear();
         ftm_init();
         ftm_start();
         ftm_set_timeout(0);
@@ -102,6 +103,17 @@ TEST_F(Ftm, ResponseIsLimitedToTheCallersRoom)
     EXPECT_EQ(result.size(), 1u) << "one byte beyond the end";
 }
 
+TEST_F(Ftm, EachLocalCommandHasItsRequest)
+{
+    const std::string requests[] = {"102 ", "103 ", "105 ", "106 ", "107 "};
+    for (std::uint8_t i = 0; i < 5; i++) {
+        others.clear();
+        EXPECT_EQ(cmd({static_cast<std::uint8_t>(200 + i), 2, 0, 0, 0, 1, 2}), 1);
+        EXPECT_EQ(others, requests[i]);
+    }
+    EXPECT_EQ(sent, bytes{}) << "none is for the modem";
+}
+
 TEST_F(Ftm, LongestGatheredRequest)
 {
     // The buffer takes bytes up to 8190; a part that doesn't fit is dropped whole.
@@ -115,6 +127,11 @@ TEST_F(Ftm, LongestGatheredRequest)
     answer = {1, 2, 3, 4};
     EXPECT_EQ(cmd({208, 2}), 1);
     EXPECT_EQ(sent.size(), 15u * 512);
+    EXPECT_EQ(cmd(bytes(part.begin(), part.end() - 1)), 1);
+    EXPECT_EQ(cmd({208, 3, 1}), 1);
+    EXPECT_EQ(result, bytes{208}) << "no such part";
+    EXPECT_EQ(cmd({208, 2}), 1);
+    EXPECT_EQ(sent.size(), 8191u);
     EXPECT_EQ(cmd(bytes(32767, 0x11)), 0);
     EXPECT_EQ(sent.size(), 32767u);
     EXPECT_EXIT(cmd(bytes(32768, 0x11)), testing::ExitedWithCode(1), "^$");
@@ -124,23 +141,18 @@ TEST_F(Ftm, FtmcFiltersItsOwnRequestsAndCutsTheLineAt32768)
 {
     static constexpr std::uint8_t one[] = {0x4B};
     static constexpr ftm_filter table[] = {{one, 1}, {nullptr, 0}};
-    dcp_init();
-    dcp_client client = {0, [](dcp_client*, int, int, const char* text) { shown = text; },
-                         [](dcp_client*, void*, std::size_t, dcp_bin_cb, void*) {},
-                         [](dcp_client*, const void*, std::size_t, dcp_bin_cb, void*) {}, "test"};
-    client.id = dcp_clnt_add(&client);
+    line_spy spy;
     f_ftm_init();
     ftm_filter_attach(table);
     answer.assign(3 + 6000, 0x4B);
-    EXPECT_EQ(dcp_parse(client.id, exact_text("ftmc=0x7C").get()), DCP_ERROR);
-    EXPECT_EQ(shown, "ftmc:");
+    EXPECT_EQ(spy.say("ftmc=0x7C"), DCP_ERROR);
+    EXPECT_EQ(spy.lines.at(0), "ftmc:");
     EXPECT_EQ(cmd({0x7C}), 1) << "others aren't filtered";
-    EXPECT_EQ(dcp_parse(client.id, exact_text("ftmc=0x4B").get()), DCP_OK);
-    EXPECT_EQ(shown.size(), 5 + 6000u * 5 - 1);
-    EXPECT_EQ(shown.substr(shown.size() - 10), ",0x4b,0x4b");
+    EXPECT_EQ(spy.say("ftmc=0x4B"), DCP_OK);
+    EXPECT_EQ(spy.lines.at(0).size(), 5 + 6000u * 5 - 1);
+    EXPECT_EQ(spy.lines.at(0).substr(5 + 5999 * 5 - 6), ",0x4b,0x4b");
     answer.assign(3 + 8000, 0x4B);
-    EXPECT_EQ(dcp_parse(client.id, exact_text("ftmc=0x4B").get()), DCP_OK);
-    EXPECT_LE(shown.size(), 32768u);
-    EXPECT_GT(shown.size(), 32760u);
-    dcp_init();
+    EXPECT_EQ(spy.say("ftmc=0x4B"), DCP_OK);
+    EXPECT_LE(spy.lines.at(0).size(), 32768u);
+    EXPECT_GT(spy.lines.at(0).size(), 32760u);
 }

@@ -1,4 +1,5 @@
-// The scripts' bridge to another instance, against a peer that answers in every way that a network can.
+// The scripts' bridge to another instance, against a peer that answers in every way that a network can; and
+// the queue before the scripts, when it is full.
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
@@ -13,6 +14,7 @@
 #include <vector>
 
 #include "cfg/cfg.h"
+#include "dcp/dcp.h"
 #include "luigi/luigi.h"
 #include "runner/file_text.h"
 #include "unit/plat_fake.h"
@@ -115,12 +117,24 @@ std::string wait_for_file(const std::string& path)
     return file_text(path);
 }
 
-void send_script(std::uint32_t type, const std::string& path)
+// The thread lives as long as the process.
+void init_once()
+{
+    static const bool done = (luigi_init(), true);
+    EXPECT_TRUE(done);
+}
+
+int send(std::uint32_t type, std::uintptr_t a)
 {
     luigi_message msg{};
     msg.type = type;
-    msg.a = reinterpret_cast<std::uintptr_t>(strdup(path.c_str()));
-    ASSERT_EQ(luigi_send_message(&msg), 1);
+    msg.a = a;
+    return luigi_send_message(&msg);
+}
+
+void send_script(std::uint32_t type, const std::string& path)
+{
+    ASSERT_EQ(send(type, reinterpret_cast<std::uintptr_t>(strdup(path.c_str()))), 1);
 }
 
 } // namespace
@@ -137,7 +151,7 @@ TEST(LuigiNet, AnswersOfEveryKind)
     std::ofstream(base + ".lua") << "local OUT = '" << base << ".out'\n" << script;
 
     std::thread peer(serve, listener);
-    luigi_init();
+    init_once();
     send_script(LUIGI_MSG_START, base + ".lua");
     EXPECT_EQ(wait_for_file(base + ".out"), "a=1|OK|A:123\n"
                                             "b?|ERROR|B:1,2\n"
@@ -171,4 +185,40 @@ TEST(LuigiNet, AnswersOfEveryKind)
     }
     std::filesystem::remove(base + ".lua");
     std::filesystem::remove(base + ".out");
+}
+
+TEST(LuigiQueue, FullHoldsTheSenderForAShortTimeAndHasRoomForAStop)
+{
+    plat_fake_reset();
+    dcp_init();
+    cfg_init();
+    const std::string base = ::testing::TempDir() + "luigi_queue_" + std::to_string(getpid());
+    std::ofstream(base + ".lua") << "io.open('" << base << ".runs', 'w'):close() "
+                                 << "while not io.open('" << base << ".go') do end";
+    std::ofstream(base + ".stop.lua") << "os.rename('" << base << ".runs', '" << base << ".stopped')";
+    init_once();
+    send_script(LUIGI_MSG_STOP, base + ".stop.lua"); // ends a menu that another test has left
+    send_script(LUIGI_MSG_START, base + ".lua");
+    wait_for_file(base + ".runs");
+
+    const std::uint64_t begin = plat_fake_now_us();
+    for (int i = 0; i < 49; i++)
+        ASSERT_EQ(send(LUIGI_MSG_KEY, 114), 1) << i;
+    EXPECT_EQ(plat_fake_now_us(), begin);
+    EXPECT_EQ(send(LUIGI_MSG_KEY, 114), -1);
+    const std::uint64_t waited = plat_fake_now_us() - begin;
+    EXPECT_GT(waited, 5'000'000u);
+    EXPECT_LT(waited, 5'010'000u);
+    EXPECT_EQ(send(LUIGI_MSG_TOUCH, 1), -1);
+    send_script(LUIGI_MSG_STOP, base + ".stop.lua");
+    std::string path = base + ".lua";
+    EXPECT_EQ(send(LUIGI_MSG_START, reinterpret_cast<std::uintptr_t>(path.data())), -1);
+    EXPECT_EQ(plat_fake_now_us() - begin, waited);
+
+    std::ofstream(base + ".go") << "go";
+    wait_for_file(base + ".stopped");
+    EXPECT_TRUE(std::filesystem::exists(base + ".stopped"));
+    EXPECT_EQ(send(LUIGI_MSG_KEY, 114), 1);
+    for (const char* end : {".lua", ".stop.lua", ".go", ".stopped"})
+        std::filesystem::remove(base + end);
 }

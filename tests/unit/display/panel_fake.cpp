@@ -10,6 +10,8 @@
 #include "screenconf/screenconf.h"
 #include "unit/plat_fake.h"
 
+std::vector<fb_var_screeninfo> panel_fake_modes;
+
 namespace {
 
 constexpr int PANEL_FD = 1000000;
@@ -50,6 +52,8 @@ void* panel_mmap(void* addr, std::size_t size, int prot, int flags, int fd, off_
 void get_var(fb_var_screeninfo* p)
 {
     *p = {};
+    p->xoffset = p->colorspace = p->reserved[0] = p->reserved[1] = p->reserved[2] =
+        7; // a driver's own affair
     p->xres = shape.width;
     p->yres = shape.height;
     p->bits_per_pixel = shape.bits;
@@ -75,6 +79,8 @@ int panel_ioctl(int fd, unsigned long request, void* arg)
         p_fix->smem_len = static_cast<unsigned>(memory.size());
         return 0;
     case FBIOPUT_VSCREENINFO:
+        panel_fake_modes.push_back(*p_var);
+        return 0;
     case FBIOPAN_DISPLAY:
     case FBIOBLANK:
         return 0;
@@ -96,6 +102,7 @@ std::uint32_t word_at(const std::uint8_t* p)
 void panel_fake_start(const panel_shape& new_shape)
 {
     shape = new_shape;
+    panel_fake_modes.clear();
     memory.assign(std::size_t{line_length()} * shape.height * shape.pages, FRESH);
     plat_fake_reset();
     plat_fake_co.open = panel_open;

@@ -13,6 +13,8 @@ struct panel_shape {
     fb_bitfield red = {16, 8, 0}, green = {8, 8, 0}, blue = {0, 8, 0};
 };
 
+extern std::vector<fb_var_screeninfo> panel_fake_modes; // which were set, since the start
+
 // A new fake platform with this panel, started as the main screen without the start screen.
 void panel_fake_start(const panel_shape& shape);
 

@@ -1,10 +1,15 @@
 // Figures, text and pages of the screen on a framebuffer in memory, against the plain rules.
 #include <array>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
 
+#include "cfg/cfg.h"
 #include "screen/screen.h"
+#include "screen_brenk/screen_brenk.h"
 #include "screen_linux/screen_linux.h"
 #include "screenconf/screenconf.h"
 #include "unit/display/panel_fake.h"
@@ -242,6 +247,81 @@ TEST(ScreenLinux, AModeLargerThanTheMemoryIsDrawnAsFarAsThatGoes)
         screen_rows(0, 0, 1920, 1080, {colours});
         EXPECT_EQ(screen_invalidate(), 1);
     }
+}
+
+// The driver's words behind `rotate` are one it keeps, three that are cleared and the id of the mode.
+TEST(ScreenLinux, AVideoModeIsSetOnceWithItsTimingsInTheirPlaces)
+{
+    struct row {
+        int id;
+        uint32_t xres, yres, right, hsync, left, lower, vsync, upper, clock, interlaced, told_id;
+        bool operator==(const row&) const = default;
+    };
+    panel_fake_start({.width = 100, .height = 50, .pages = 2});
+    for (const row& r : {row{6, 1440, 240, 38, 124, 114, 4, 3, 15, 27'000'000, 1, 6},
+                         row{5, 1920, 540, 88, 44, 148, 2, 5, 5, 74'250'000, 0, 5},
+                         row{32, 1920, 1080, 638, 44, 148, 4, 5, 36, 74'250'000, 0, 32},
+                         row{99, 640, 480, 16, 96, 48, 10, 2, 33, 25'200'000, 0, 1}}) { // no such mode
+        panel_fake_modes.clear();
+        screen_invalidate();
+        ASSERT_EQ(screen_control(SCREEN_CONTROL_MODE, r.id), 0);
+        ASSERT_EQ(screen_control(SCREEN_CONTROL_MODE, r.id), 0);
+        ASSERT_EQ(panel_fake_modes.size(), 1u);
+        const fb_var_screeninfo& v = panel_fake_modes[0];
+        EXPECT_EQ((row{r.id, v.xres, v.yres, v.right_margin, v.hsync_len, v.left_margin, v.lower_margin,
+                       v.vsync_len, v.upper_margin, v.pixclock, v.vmode, r.told_id}),
+                  r)
+            << r.id;
+        std::array<uint32_t, sizeof v / 4> words;
+        std::memcpy(words.data(), &v, sizeof v);
+        const std::size_t at = offsetof(fb_var_screeninfo, rotate) / 4 + 1;
+        EXPECT_EQ((std::vector(&words[at], &words[at] + 5)), (std::vector<uint32_t>{7, 0, 0, 0, r.told_id}));
+        EXPECT_EQ(v.xoffset + v.yoffset, 0u);
+        EXPECT_EQ(v.activate, 192u);
+    }
+    screen_control(SCREEN_CONTROL_BLANK, 0);
+    ASSERT_EQ(screen_control(SCREEN_CONTROL_MODE, 99), 0);
+    EXPECT_EQ(panel_fake_modes.size(), 2u) << "a blanked output has forgotten its mode";
+}
+
+// The panel's identity from the text of its driver's file; empty when it gives none.
+std::string lcd_id(const std::string& result, std::uint8_t mode, std::uint8_t sub_mode)
+{
+    const std::filesystem::path folder = testing::TempDir() + "panel_" + std::to_string(getpid());
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder / "read") << "old";
+    std::ofstream(folder / "result") << result;
+    cfg_set_str("screen_brenk", "panel_debugfs", folder.c_str());
+    char text[SCREEN_LCDID_SIZE] = {};
+    const int got = screen_get_lcdid(mode, sub_mode, text);
+    std::string request;
+    std::getline(std::ifstream(folder / "read"), request);
+    EXPECT_EQ(request, "dcs 8 a1 00");
+    std::filesystem::remove_all(folder);
+    return got == 1 ? text : "";
+}
+
+TEST(ScreenBrenk, ThePanelsRecordIsEightBytesInTheirOrderAndItsFieldsBits)
+{
+    panel_fake_start({.width = 8, .height = 8});
+    cfg_init();
+    screen_brenk_init();
+    const auto record = [](const std::string& first) {
+        return "data[0]=" + first + "\ndata[1]=a8\ndata[2]=90\ndata[3]=3\ndata[4]=4\ndata[5]=5\ndata[6]=6\n";
+    };
+    // 10 0011 0 1, 101 0100 0, 1001 0000: SHARP, 3, 0, year 1101 = 13, month 4, day 01001 = 9, 0
+    const std::string good = record("8d") + "data[7]=1ff\n";
+    const char* const fields[] = {"0x8DA890", "SHARP", "0x3", "2023", "20230409", "0x0", "0x0", "0x8DA890"};
+    for (std::uint8_t sub = 0; sub < std::size(fields); sub++)
+        EXPECT_EQ(lcd_id(good, 3, sub), fields[sub]) << int{sub};
+    for (const auto& [first, name] :
+         {std::pair{"0", "UNKNOWN"}, {"40", "JDI"}, {"80", "SHARP"}, {"c0", "UNKNOWN"}})
+        EXPECT_EQ(lcd_id(record(first) + "data[7]=7\n", 3, 1), name);
+    const std::string bytes = "0x8d,0xa8,0x90,0x03,0x04,0x05,0x06,0xff";
+    EXPECT_EQ(lcd_id("dcs read\n data[0]=1\ndata[1]=2\ndata[0]=\n" + good + "data[8]=8\ndata[0]=9\n", 0, 0),
+              bytes);
+    EXPECT_EQ(lcd_id(record("8d"), 0, 0), "") << "seven";
+    EXPECT_EQ(lcd_id("data[1]=a8\n" + record("8d") + "data[8]=7\n", 0, 0), "") << "out of order";
 }
 
 } // namespace

@@ -286,6 +286,17 @@ TEST_F(Chargemon, ATargetThatIsReachedWaitsForTheLeastTime)
     EXPECT_TRUE(log().ends_with("Entering discharge state\n"));
 }
 
+TEST_F(Chargemon, ByCapacityThreeHoursAreEnough)
+{
+    use_preset();
+    ma = 0; // the target stays away
+    start();
+    ticks(10'800); // the first one begins to charge
+    EXPECT_TRUE(log().ends_with("30%, 3700mV, 0mA, 714mAh/1428mAh\n"));
+    ticks(1);
+    EXPECT_TRUE(log().ends_with("Error state: Charging time limit reached.\n"));
+}
+
 TEST_F(Chargemon, ThePresetStandsUnderWhatIsGiven)
 {
     chargemon_cfg given{};

@@ -60,6 +60,11 @@ TEST_F(UsbLinux, WatchOfTheHostPower)
     state("DISCONNECTED");
     plat_fake_advance_us(2'000'000);
     EXPECT_EQ(switchings, switching(CHARGE_HOST_POWER_ON, 500) + switching(CHARGE_HOST_POWER_OFF, 570));
+    switchings.clear();
+    EXPECT_EQ(usb_set(USB_SET_VBUS_WATCH, 7'200'000), 1); // two hours
+    plat_fake_advance_us(100'000);
+    EXPECT_EQ(switchings,
+              switching(CHARGE_HOST_POWER_ON, 2550) + switching(CHARGE_HOST_POWER_OFF, 7'202'550));
 }
 
 TEST_F(UsbLinux, WatchEndsWithoutTheAttribute)

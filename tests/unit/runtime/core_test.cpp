@@ -93,6 +93,40 @@ void reader_removed_by_another()
     run();
 }
 
+void note(void* p1, void*)
+{
+    trail += static_cast<const char*>(p1) + std::to_string(passes) + " ";
+}
+
+void call(const char* name, std::uint32_t delay_us = 0)
+{
+    core_dfc(note, const_cast<char*>(name), nullptr, delay_us);
+}
+
+// Calls run in their order and before the clients of a pass, those that another queues too; before the loop
+// runs a delay is none. A client that goes and comes back stands behind all others, and ends the walk of its
+// pass.
+void calls_before_clients_each_in_order()
+{
+    begin();
+    call("late", 5'000'000), call("next");
+    a.make("a", [](reader*) {
+        if (passes == 3)
+            end(trail == "late0 next0 a1 b1 x2 y2 z2 a2 b3 a3 ");
+        if (passes == 1) {
+            call("x");
+            core_dfc([](void*, void*) { call("y"), call("z"); }, nullptr, nullptr, 0);
+        } else {
+            core_rm_rd_cb_client(&a.client);
+            core_add_rd_cb_client(&a.client);
+        }
+        a.feed();
+    });
+    b.make("b", [](reader*) { b.feed(); });
+    a.feed(), b.feed();
+    run();
+}
+
 // The pipe holds 65536 bytes; the calls past that are not lost.
 void burst_fills_the_pipe()
 {
@@ -161,6 +195,7 @@ void many_threads()
 
 TEST(Core, EachScenarioEndsWell)
 {
+    EXPECT_EXIT(calls_before_clients_each_in_order(), testing::ExitedWithCode(0), "^$");
     EXPECT_EXIT(burst_fills_the_pipe(), testing::ExitedWithCode(0), "^$");
     EXPECT_EXIT(reader_removed_by_another(), testing::ExitedWithCode(0), "^$");
     EXPECT_EXIT(descriptor_closed_under_its_client(), testing::ExitedWithCode(0), "^$");

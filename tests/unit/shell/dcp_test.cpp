@@ -103,6 +103,31 @@ TEST_F(Dcp, UsageLineIsCut)
     EXPECT_STREQ(txt.get(), "spy       ");
 }
 
+// Without a pattern they go through the letters, and within a letter in the order of the tables; what no
+// letter begins isn't there.
+TEST_F(Dcp, BareHelpAndListAreSortedByTheFirstLetter)
+{
+    constexpr dcp_cmd rows[] = {
+        {"zap", "", "", "zap()", do_spy, 0x80}, {"Hop", "", "", "", do_spy, 4},
+        {"hop", "", "", "", do_spy, 4},         {"ask", "(r)", "", "ask()", do_spy, 0},
+        {"has", "", "", "", do_spy, 0x84},      {}};
+    dcp_cmd_link more{};
+    dcp_cmd_add(rows, &more);
+    EXPECT_EQ(parse("list"), 0);
+    EXPECT_EQ(shown, (list{"6,1:ask       ", "6,1:case      ", "6,1:help      ", "6,1:hop       ",
+                           "6,1:has       ", "6,1:list      ", "6,1:longest_na", "6,1:spy       ",
+                           "6,1:spytext   ", "6,1:zap       "}));
+    shown.clear();
+    EXPECT_EQ(parse("help?,0x80"), 0);
+    const std::string wide(50, ' ');
+    EXPECT_EQ(shown, (list{"6,1:ask       (r)" + wide.substr(3) + "ask()", "6,1:has       " + wide,
+                           "6,1:longest_na" + wide, "6,1:zap       " + wide + "zap()"}));
+    shown.clear();
+    EXPECT_EQ(parse("list=\"\", 0x44"), 0); // the empty pattern: all, in the order of the tables
+    EXPECT_EQ(shown, (list{"6,1:spy       ", "6,1:spytext   ", "6,1:longest_na", "6,1:Hop       ",
+                           "6,1:hop       ", "6,1:ask       ", "6,1:has       "}));
+}
+
 TEST_F(Dcp, ABlockedParserLeavesTheCommandsThatAreFree)
 {
     dcp_block_parser(1);

@@ -1,13 +1,27 @@
 #include "t_vers/t_vers.h"
 
+#include <initializer_list>
+
 #include "dcp/dcp.h"
 #include "vers/vers.h"
 
 namespace {
 
-void print(int id, int type)
+// One line; a version that can't be read is an empty one.
+int print(int id, int type)
 {
-    dcp_printf(id, "vers", "%s", vers_get(type, nullptr));
+    const char* const text = vers_get(type, nullptr);
+    dcp_printf(id, "vers", "%s", text != nullptr ? text : "");
+    return text != nullptr ? DCP_OK : DCP_ERROR;
+}
+
+int print_all(int id)
+{
+    int status = DCP_OK;
+    for (const int type : {VERS_TYPE_QAT, VERS_TYPE_OS, VERS_TYPE_MODEM})
+        if (print(id, type) != DCP_OK)
+            status = DCP_ERROR;
+    return status;
 }
 
 int do_vers(int id, int action, int argc, const dcp_word* argv)
@@ -16,19 +30,13 @@ int do_vers(int id, int action, int argc, const dcp_word* argv)
         return dcp_answer(id, "vers", "Parameters: 0=All, 1=QAT, 2=App OS 3=Modem", DCP_OK);
     switch (argc > 0 ? dcp_uint(argv[0]) : 0) {
     case 0:
-        print(id, VERS_TYPE_QAT);
-        print(id, VERS_TYPE_OS);
-        print(id, VERS_TYPE_MODEM);
-        return DCP_OK;
+        return print_all(id);
     case 1:
-        print(id, VERS_TYPE_QAT);
-        return DCP_OK;
+        return print(id, VERS_TYPE_QAT);
     case 2:
-        print(id, VERS_TYPE_OS);
-        return DCP_OK;
+        return print(id, VERS_TYPE_OS);
     case 3:
-        print(id, VERS_TYPE_MODEM);
-        return DCP_OK;
+        return print(id, VERS_TYPE_MODEM);
     default:
         return DCP_ERROR;
     }

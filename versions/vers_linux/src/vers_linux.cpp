@@ -15,6 +15,8 @@ const char* vers_linux_get(void*)
     HVT_CHECK(fd >= 0); // no kernel is without it
     const ssize_t n = plat_read(fd, linux_rev, sizeof linux_rev - 1);
     plat_close(fd);
+    if (n < 0)
+        return nullptr;
     linux_rev[n > 0 ? n - 1 : 0] = '\0'; // the last byte is the line end
     scf_clean(linux_rev, "\n\r");
     return linux_rev;
