@@ -1,5 +1,6 @@
 #include "core/parts.h"
 
+#include "audio/card.h"
 #include "board/converters.h"
 #include "board/gpio.h"
 #include "board/i2c_bus.h"
@@ -65,6 +66,7 @@ constexpr phone_part parts[] = {
     { "fb",     framebuffer_attach, nullptr,       framebuffer_start },
     { "panel",  panel_attach,    panel_seed,       nullptr },
     { "card",   card_attach,     nullptr,          card_start },
+    { "sound",  sound_attach,    nullptr,          nullptr },
 };
 // clang-format on
 

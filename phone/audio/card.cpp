@@ -5,9 +5,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
-#include <dlfcn.h>
 #include <string>
 #include <sys/timerfd.h>
 #include <thread>
@@ -44,7 +42,9 @@ struct stream_state {
     std::chrono::steady_clock::time_point awaited_until;
 };
 
-std::mutex card_mutex;
+log_id log_sound;
+
+std::mutex card_mutex; // guards all below
 std::array<stream_state, 2> streams;
 bool is_gone;
 unsigned fixed_rate;
@@ -507,21 +507,17 @@ card_lock::card_lock() : lock(card_mutex)
     advance();
 }
 
-void card_attach()
+void sound_attach()
 {
     for (stream_state& s : streams)
         s.timer_fd = timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK);
     seen = clock_follow_time();
-    const std::string dir = libraries_dir();
-    // What libasound reads by itself: the configuration, and the plug-in that it names.
-    setenv("ALSA_CONFIG_PATH", (dir + "/asound.conf").c_str(), 1);
-    setenv("ALSA_PLUGIN_DIR", dir.c_str(), 1);
-    void* const plug_in = ::dlopen((dir + "/libphone_card.so").c_str(), RTLD_NOW);
-    void* const attach = plug_in != nullptr ? dlsym(plug_in, "phone_card_attach") : nullptr;
-    if (attach != nullptr)
-        reinterpret_cast<phone_card_attach_fn>(attach)(&card_here);
-    else
-        std::fprintf(stderr, "hvt: no sound card: %s\n", dlerror());
+    log_sound = log_add("sound", "what the sound card was told last: its controls, and the life of its streams");
+    // What libasound reads by itself: the configuration, and where the plug-in lies that it names.
+    setenv("ALSA_CONFIG_PATH", libraries_place("asound.conf").c_str(), 1);
+    setenv("ALSA_PLUGIN_DIR", libraries_place("").c_str(), 1);
+    libraries_offer("card", &card_here);
+    libraries_introduce("libphone_card.so");
     sound_words_attach();
 }
 

@@ -12,7 +12,7 @@
 namespace phone {
 
 // Makes the card known to libasound: before the program runs.
-void card_attach();
+void sound_attach();
 
 // Guards the mixer and all below. Taking it brings card and mixer up to the present moment.
 class card_lock {

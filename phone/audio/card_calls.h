@@ -1,5 +1,5 @@
-// What the sound card's plug-in gets from the phone: the card as a driver finds it. The plug-in itself (plug_in.cpp) is
-// a shared object that libasound opens; it only hands on. Results are 0 or more, or a negative errno.
+// The sound card as a driver finds it: what the phone offers to the plug-in (plug_in.cpp), a shared object that libasound
+// opens and that only hands on. Results are 0 or more, or a negative errno.
 #pragma once
 
 extern "C" {
@@ -56,6 +56,4 @@ struct card_calls {
     void (*wait)(card_stream stream);
     bool (*wait_is_over)(card_stream stream);
 };
-
-typedef void (*phone_card_attach_fn)(const card_calls* p_calls);
 }

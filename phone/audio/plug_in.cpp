@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "audio/card_calls.h"
+#include "core/library_host.h"
 
 namespace {
 
@@ -132,14 +133,14 @@ const snd_ctl_ext_callback_t mixer_calls = [] {
 
 // The streams. The library keeps both pointers of the ring; what it has of the card's it gets from `pointer`.
 
-struct stream {
+struct open_stream {
     snd_pcm_ioplug_t io;
     card_stream which;
 };
 
-stream& stream_of(snd_pcm_ioplug_t* io)
+open_stream& stream_of(snd_pcm_ioplug_t* io)
 {
-    return *static_cast<stream*>(io->private_data);
+    return *static_cast<open_stream*>(io->private_data);
 }
 
 int on_start(snd_pcm_ioplug_t* io)
@@ -236,7 +237,7 @@ int on_poll_end(snd_pcm_ioplug_t* io, pollfd*, unsigned, unsigned short* p_event
 
 int on_close(snd_pcm_ioplug_t* io)
 {
-    const std::unique_ptr<stream> gone(&stream_of(io));
+    const std::unique_ptr<open_stream> gone(&stream_of(io));
     p_card->close(gone->which);
     return 0;
 }
@@ -278,7 +279,7 @@ int set_limits(snd_pcm_ioplug_t* io, const card_limits& limits)
     return result;
 }
 
-int create(std::unique_ptr<stream> made, snd_pcm_t** p_pcm, const char* name, snd_pcm_stream_t direction, int mode)
+int create(std::unique_ptr<open_stream> made, snd_pcm_t** p_pcm, const char* name, snd_pcm_stream_t direction, int mode)
 {
     snd_pcm_ioplug_t& io = made->io;
     io.version = SND_PCM_IOPLUG_VERSION;
@@ -293,7 +294,7 @@ int create(std::unique_ptr<stream> made, snd_pcm_t** p_pcm, const char* name, sn
         p_card->close(made->which);
         return result;
     }
-    stream* const own = made.release(); // on_close has it from now on
+    open_stream* const own = made.release(); // on_close has it from now on
     result = set_limits(&own->io, p_card->limits(own->which));
     if (result < 0) {
         snd_pcm_ioplug_delete(&own->io);
@@ -307,9 +308,9 @@ int create(std::unique_ptr<stream> made, snd_pcm_t** p_pcm, const char* name, sn
 
 extern "C" {
 
-void phone_card_attach(const card_calls* p_calls)
+void phone_library_attach(const phone_library_host* p_host)
 {
-    p_card = p_calls;
+    p_card = static_cast<const card_calls*>(p_host->offered("card"));
 }
 
 SND_CTL_PLUGIN_DEFINE_FUNC(phone)
@@ -344,7 +345,7 @@ SND_PCM_PLUGIN_DEFINE_FUNC(phone)
     const int opened = p_card != nullptr ? p_card->open(which) : -ENODEV;
     if (opened < 0)
         return opened;
-    auto made = std::make_unique<struct stream>();
+    auto made = std::make_unique<open_stream>();
     made->which = which;
     return create(std::move(made), pcmp, name, stream, mode);
 }
