@@ -1,6 +1,9 @@
 #include "core/parts.h"
 
 #include "audio/card.h"
+#include "audio/codec.h"
+#include "audio/jack.h"
+#include "audio/sound_tools.h"
 #include "board/converters.h"
 #include "board/gpio.h"
 #include "board/i2c_bus.h"
@@ -67,6 +70,9 @@ constexpr phone_part parts[] = {
     { "panel",  panel_attach,    panel_seed,       nullptr },
     { "card",   card_attach,     nullptr,          card_start },
     { "sound",  sound_attach,    nullptr,          nullptr },
+    { "codec",  codec_attach,    codec_seed,       nullptr },
+    { "jack",   jack_attach,     jack_seed,        jack_start },
+    { "arec",   sound_tools_attach, nullptr,       nullptr },
 };
 // clang-format on
 

@@ -232,10 +232,8 @@ bool fails(const char* operation, card_stream stream)
     return watch_call(operation, card_stream_name(stream)) != fault::none;
 }
 
-int open_stream(card_stream stream)
+int open_unwatched(card_stream stream)
 {
-    if (fails("open", stream))
-        return -EIO;
     const card_lock lock;
     stream_state& s = state_of(stream);
     if (is_gone)
@@ -246,6 +244,11 @@ int open_stream(card_stream stream)
     s.setting = {};
     note(stream, "open");
     return 0;
+}
+
+int open_stream(card_stream stream)
+{
+    return fails("open", stream) ? -EIO : open_unwatched(stream);
 }
 
 card_limits limits(card_stream stream)
@@ -263,15 +266,13 @@ card_limits limits(card_stream stream)
     return l;
 }
 
-int set_up(card_stream stream, const card_setting* p_setting)
+int set_up_unwatched(card_stream stream, const card_setting& setting)
 {
-    if (fails("setup", stream))
-        return -EIO;
     const card_lock lock;
     stream_state& s = state_of(stream);
     if (s.now == phase::dead)
         return -ENODEV;
-    s.setting = *p_setting;
+    s.setting = setting;
     s.ring.assign(s.setting.ring * s.setting.channels, 0);
     s.given = s.done = 0;
     s.now = phase::set;
@@ -281,16 +282,19 @@ int set_up(card_stream stream, const card_setting* p_setting)
     return 0;
 }
 
+int set_up(card_stream stream, const card_setting* p_setting)
+{
+    return fails("setup", stream) ? -EIO : set_up_unwatched(stream, *p_setting);
+}
+
 void stop_running(card_stream stream, phase now)
 {
     if (runs(state_of(stream)))
         end_stream(stream, now, "stop");
 }
 
-int prepare(card_stream stream)
+int prepare_unwatched(card_stream stream)
 {
-    if (fails("prepare", stream))
-        return -EIO;
     const card_lock lock;
     stream_state& s = state_of(stream);
     if (s.now == phase::dead)
@@ -299,6 +303,11 @@ int prepare(card_stream stream)
     s.given = s.done = 0;
     s.now = phase::prepared;
     return 0;
+}
+
+int prepare(card_stream stream)
+{
+    return fails("prepare", stream) ? -EIO : prepare_unwatched(stream);
 }
 
 int resume(card_stream stream)
@@ -391,14 +400,13 @@ long transfer(card_stream stream, void* p_frames, unsigned long frames)
         return -EIO;
     if (fault == fault::shortened)
         frames = std::max(frames / 2, 1UL);
-    clock_library_goes_on();
-    const card_lock lock;
-    served_by_caller(stream);
-    if (const int error = error_of(state_of(stream)); error != 0)
-        return -error;
-    frames = std::min<std::uint64_t>(frames, available(stream));
-    copy(stream, static_cast<std::int16_t*>(p_frames), frames);
-    return static_cast<long>(frames);
+    return card_transfer_unwatched(stream, p_frames, frames);
+}
+
+// The moment at which so many frames have passed.
+nanoseconds moment_after(std::uint64_t frames)
+{
+    return seen.now + (static_cast<nanoseconds>(frames) * ns_per_s - part_frame + rate - 1) / rate;
 }
 
 // The moment at which a transfer of a period can be made.
@@ -409,8 +417,7 @@ nanoseconds moment_of_period(card_stream stream)
         return seen.now;
     if (!runs(s))
         return forever;
-    const auto missing = static_cast<nanoseconds>(s.setting.period - available(stream));
-    return seen.now + (missing * ns_per_s - part_frame + rate - 1) / rate;
+    return moment_after(s.setting.period - available(stream));
 }
 
 int wait_descriptor(card_stream stream)
@@ -575,13 +582,40 @@ void card_suspend(card_stream stream)
     end_stream(stream, phase::suspended, "suspend");
 }
 
-void card_sleep(card_stream stream)
+int card_open_unwatched(card_stream stream)
+{
+    return open_unwatched(stream);
+}
+
+int card_set_up_unwatched(card_stream stream, const card_setting& setting)
+{
+    const int result = set_up_unwatched(stream, setting) == 0 ? prepare_unwatched(stream) : -ENODEV;
+    if (result < 0)
+        close_stream(stream);
+    return result;
+}
+
+long card_transfer_unwatched(card_stream stream, void* p_frames, unsigned long frames)
+{
+    clock_library_goes_on();
+    const card_lock lock;
+    served_by_caller(stream);
+    if (const int error = error_of(state_of(stream)); error != 0)
+        return -error;
+    frames = std::min<std::uint64_t>(frames, available(stream));
+    copy(stream, static_cast<std::int16_t*>(p_frames), frames);
+    return static_cast<long>(frames);
+}
+
+void card_sleep(card_stream stream, std::uint64_t frame)
 {
     nanoseconds until;
     {
         const card_lock lock;
+        state_of(stream).awaited = false;
         served_by_caller(stream);
-        until = moment_of_period(stream);
+        const std::uint64_t done = state_of(stream).done;
+        until = moment_after(frame - std::min(frame, done));
     }
     clock_sleep_until(until);
 }

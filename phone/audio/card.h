@@ -3,6 +3,7 @@
 // underrun; one that sleeps too long by the phone's clock gets one. libasound reaches it through the plug-in.
 #pragma once
 
+#include <cstdint>
 #include <mutex>
 #include <string_view>
 
@@ -37,11 +38,15 @@ void card_fixed(unsigned* p_rate, unsigned* p_ring);
 void card_xrun(card_stream stream);
 void card_suspend(card_stream stream);
 
-// The card for the phone's own tools, which use it as the plug-in does; not under the lock.
+// The card for the phone's own tools, which use it as the plug-in does; not under the lock. What is unwatched is none of
+// the program's calls.
 extern const card_calls card_here;
+int card_open_unwatched(card_stream stream);
+int card_set_up_unwatched(card_stream stream, const card_setting& setting); // a failure has closed the stream
+long card_transfer_unwatched(card_stream stream, void* p_frames, unsigned long frames);
 
-// The calling thread sleeps until a stream has a period to transfer.
-void card_sleep(card_stream stream);
+// The calling thread, which serves the stream, sleeps until so many of its frames are done.
+void card_sleep(card_stream stream, std::uint64_t frame);
 
 std::string_view card_stream_name(card_stream stream);
 
