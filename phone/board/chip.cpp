@@ -4,9 +4,9 @@
 #include <cstdio>
 #include <string>
 
+#include "board/gpio.h"
 #include "board/i2c_bus.h"
 #include "core/watch.h"
-#include "board/gpio.h"
 
 namespace phone {
 

@@ -9,11 +9,11 @@
 #include <utility>
 
 #include "board/chips.h"
+#include "board/gpio.h"
 #include "core/control.h"
 #include "core/files.h"
 #include "core/text.h"
 #include "core/watch.h"
-#include "board/gpio.h"
 
 namespace phone {
 

@@ -133,9 +133,13 @@ std::string control_request(std::string_view line)
     return (rq.answer.empty() ? "" : rq.answer + "\n") + "ok\n";
 }
 
-std::string control_start()
+void control_attach()
 {
     word_add("help", "[WORD]", "lists the words of this build, or tells of one", list_words);
+}
+
+std::string control_start()
+{
     const std::string path = home_path("control");
     const int dir = open(home_path("").c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
     const int listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);

@@ -25,6 +25,9 @@ void word_add(std::string_view name, std::string_view usage, std::string_view he
 // Carries out one request line; the result is what goes back, final line included.
 std::string control_request(std::string_view line);
 
+// The word `help`.
+void control_attach();
+
 // Opens the port and serves it. The result is empty, or what is wrong.
 std::string control_start();
 

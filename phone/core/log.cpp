@@ -122,6 +122,14 @@ std::string word_log(request& rq)
     return {};
 }
 
+// An entry is one line, whatever it holds.
+void append_entry(std::string& text, std::string_view line)
+{
+    for (std::size_t end; (end = line.find_first_of("\r\n")) != line.npos; line.remove_prefix(end + 1))
+        text.append(line.substr(0, end)).append(line[end] == '\n' ? "\\n" : "\\r");
+    text.append(line).push_back('\n');
+}
+
 } // namespace
 
 log_id log_add(std::string_view name, std::string_view help)
@@ -146,7 +154,7 @@ void log_line(log_id log, std::string_view line)
     const bool was_small = text.size() <= gather_limit;
     const bool was_empty = text.empty();
     if (text.size() < log_limit) // a writer that can't keep up must not eat the memory
-        text.append(line).push_back('\n');
+        append_entry(text, line);
     if (was_empty || (was_small && text.size() > gather_limit))
         gathered.notify_one();
 }

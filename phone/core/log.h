@@ -20,7 +20,7 @@ log_id log_add(std::string_view name, std::string_view help);
 // The log of that name; the kernel's when there is none.
 log_id log_named(std::string_view name);
 
-// One line (without its line end), from any thread.
+// One line (without its line end), from any thread. Line ends in it are written as \r and \n.
 void log_line(log_id log, std::string_view line);
 
 // What is still gathered goes to the files now.

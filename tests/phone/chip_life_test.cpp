@@ -10,10 +10,10 @@
 #include <thread>
 #include <vector>
 
+#include "board/gpio.h"
 #include "board/i2c_bus.h"
 #include "core/control.h"
 #include "core/table.h"
-#include "board/gpio.h"
 #include "phone/clock_once.h"
 
 namespace {

@@ -9,9 +9,9 @@
 #include <string>
 #include <thread>
 
+#include "board/serial_line.h"
 #include "core/control.h"
 #include "core/table.h"
-#include "board/serial_line.h"
 #include "phone/clock_once.h"
 
 namespace {

@@ -64,7 +64,8 @@ int store_once(const char* text)
     if (trim_get_size(TRIM_RF_VARIANT) != 0)
         return 0;
     const std::size_t size = std::strlen(text) + 1;
-    return trim_wr(TRIM_RF_VARIANT, text, size) != 0 && trim_get_size(TRIM_RF_VARIANT) == static_cast<int>(size);
+    return trim_wr(TRIM_RF_VARIANT, text, size) != 0 &&
+           trim_get_size(TRIM_RF_VARIANT) == static_cast<int>(size);
 }
 
 int rfbv_brenk_read(unsigned* p_pin, int* p_val)

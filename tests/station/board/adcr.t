@@ -1,8 +1,18 @@
+#: Reads a channel of the board's converters: a voltage or a temperature.
+#: adcr=CHANNEL[,FORMAT] | the value, hexadecimal; a negative one as 32 bits. FORMAT 0: the converter's own code. 1,
+#:   also when left out: mV; of a temperature channel its value / 1000. 2: the scaled value of a temperature channel,
+#:   in degrees, cut towards 0; a voltage channel has none, which is `SYNTAX`
+#: adcr=? | the channels with their names
+#: Channels: 3 band variant, 7 coin cell, 8 USB input, 9 charger input, 10 battery; 11 battery thermistor, 13 power
+#: chip, 18 and 21 power amplifiers, 20 crystal, 36 main chip from outside, 37 board, 38 backlight; thermal zones of
+#: the main chip 19, 24 to 27, 29 to 34, which are one number in formats 0 and 2. Other channels are `SYNTAX`, another
+#: format and what can't be read `ERROR`, each behind an empty line.
 # The converter channels of the power chip and the thermal zones.
 
 a voltage is given in mV, as the converter's code, or not at all
   write    /sys/devices/qpnp-vadc-8/vbat_sns Result:3812345 Raw:36142\n
   # 3812345 uV / 1000 = 3812 = 0xEE4; 36142 = 0x8D2E
+  #: The battery has 3812 mV, 0xEE4:
   send     adcr=10
   expect   ADCR:0xee4,OK
   send     adcr?10,1
@@ -46,6 +56,7 @@ a temperature has a scaled value of its own
   send     adcr=11
   expect   ADCR:0x390,OK
   # -57 tenths of a degree, cut towards 0: -5
+  #: A temperature below zero, -5:
   send     adcr=11,2
   expect   ADCR:0xfffffffb,OK
   send     adcr=37,2

@@ -1,6 +1,13 @@
+#: Reads registers of any chip on the I2C buses.
+#: i2cr=BUS,ADDR[,REG[,COUNT]] | all values hexadecimal: bus (this phone has 2, 4, 5 and A), chip address, first
+#:   register (0 when left out; FF reads on from where the chip's pointer stands), count of bytes (1 when left out, at
+#:   most 40, which is 64). Answers `0x..,0x..`, or `no ack` and `ERROR` when the chip doesn't acknowledge; a bus that
+#:   isn't there gives `ERROR` with no line
+#: i2cr? | the help, whatever the values: only the form with `=` reads
 # Raw reading from the I2C buses; all values are hexadecimal.
 
 a chip is read from a register on, and the pointer moves on
+  #: The identity of the accelerometer, register 0 at address 0x18 of bus 5:
   send     i2cr=5,18,0
   expect   I2CR:0xfa,OK
   phone    i2c 5 18 38 A1
@@ -10,6 +17,7 @@ a chip is read from a register on, and the pointer moves on
   expect   I2CR:0xa1,0xb2,0xc3,OK
 
 nothing acknowledges where nothing is, or where a chip is off
+  #: Nothing is at this address:
   send     i2cr=4,2c
   expect   I2CR:no ack,ERROR
   send     i2cr=5,68000018

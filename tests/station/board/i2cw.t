@@ -1,6 +1,13 @@
+#: Writes registers of any chip on the I2C buses.
+#: i2cw=BUS,ADDR,REG[,DATA...] | all values hexadecimal: bus (this phone has 2, 4, 5 and A), chip address, first
+#:   register, and the bytes that go into it and those behind it; at most 64 bytes with REG, what is more is dropped.
+#:   REG alone sets the chip's pointer. Answers with an empty line, or with `no ack` and `ERROR` when the chip doesn't
+#:   acknowledge; a bus that isn't there, or no REG, gives `ERROR` with no line
+#: i2cw? | the help, whatever the values: only the form with `=` writes
 # Raw writing to the I2C buses; all values are hexadecimal, the first byte is the register.
 
 bytes go into the registers from the first on
+  #:
   send     i2cw=5,18,38,11,22,33
   expect   I2CW:,OK
   phone    i2c 5 18 38 -> 11
@@ -33,6 +40,7 @@ no bytes, or no bus, give no line; no chip gives no ack
   expect   ERROR
   send     i2cw=6,18,0
   expect   ERROR
+  #: Nothing is at this address:
   send     i2cw=5,19,0
   expect   I2CW:no ack,ERROR
   strange  any

@@ -1,6 +1,8 @@
-# The last number of the phone's IP address. This board has no network of its own.
+#: Sets the last number of the phone's IP address, which this board can't: it has no network of its own.
+#: ipcfg=NUMBER | 0 to 255; always `ERROR` behind one blank
 
 the board can't set it, and a missing value is a syntax error
+  #:
   send     ipcfg=3
   expect   IPCFG: ,ERROR
   send     ipcfg

@@ -1,7 +1,9 @@
-# The main chip's identity, from its fuses: device, feature, version.
+#: Reads the identity of the main chip from its fuses.
+#: msmv | device, feature and version, hexadecimal; `ERROR` behind one blank when they can't be read
 
 the three numbers are hexadecimal
   # 497 = 0x1F1, 17 = 0x11
+  #:
   send     msmv
   expect   MSMV:0x1f1,0x2,0x11,OK
 

@@ -1,4 +1,9 @@
+#: Reads the voltage setting of the processor from the main chip's fuses.
+#: pvsr=1 | the setting, hexadecimal; any other value, or none, is `SYNTAX` behind one blank, and a setting that can't
+#:   be read `ERROR` behind one blank
+
 the setting is hexadecimal
+  #:
   send     pvsr=1
   expect   PVSR:0x3,OK
   write    /sys/kernel/debug/msm/pvsr 27\n

@@ -1,7 +1,12 @@
+#: Reads the real time clock.
+#: rtcr | `YEAR,MONTH,DAY,HOUR,MINUTE,SECOND`, decimal, the year in full; `ERROR` behind one blank when the clock
+#:   doesn't answer. Values are passed over
+
 the clock runs with the phone's time
   phone    clock hold
   send     rtcw=2016,2,28,23,59,58
   expect   RTCW: ,OK
+  #:
   send     rtcr
   expect   RTCR:2016,2,28,23,59,58,OK
   phone    clock +2000

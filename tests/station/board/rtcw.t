@@ -1,5 +1,10 @@
+#: Sets the real time clock.
+#: rtcw=YEAR,MONTH,DAY,HOUR,MINUTE,SECOND | six numbers, the year in full (of it 16 bits count, of the others 8), the
+#:   month from 1, the hour from 0 to 23. Answers with one blank; a date that there isn't is `ERROR`
+
 a date that is set is the clock's from then on
   phone    clock hold
+  #:
   send     rtcw=2013,7,29,20,0,36
   expect   RTCW: ,OK
   send     rtcr
@@ -14,6 +19,7 @@ a date that isn't one is refused, and the clock stays
   phone    clock hold
   send     rtcw=2013,7,29,20,0,36
   expect   RTCW: ,OK
+  #: There was no 29 February in 2013:
   send     rtcw=2013,2,29,20,0,36
   expect   RTCW: ,ERROR
   send     rtcw=2013,13,1,20,0,36

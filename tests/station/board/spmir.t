@@ -1,9 +1,15 @@
+#: Reads registers of the power management chips.
+#: spmir=0,ADDR,COUNT | ADDR is a number of 20 bits, the chip's slave in the upper four: 0 and 1 of PM8941, 4 and 5 of
+#:   PM8841. COUNT is decimal, 1 to 4095 less the last hexadecimal digit of ADDR. Answers `0x..,0x..,` in any length;
+#:   behind the last comma stands a zero byte and then the status word
+#: A slave that doesn't answer is `ERROR` behind an empty line.
 # Raw reading from the power management chips. Name and bytes go out without the limit of a line; the reply ends
 # in a comma with a zero byte.
 
 registers are read from an address on, the count in decimal
   phone    spmi 1D84D 5C
   phone    spmi 1D84E 6D
+  #:
   send     spmir=0,0x1D84D,2
   read     SPMIR:0x5c,0x6d,\0OK\r\n
   send     spmir?0,0x1D84D, 1\x20

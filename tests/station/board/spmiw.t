@@ -1,6 +1,10 @@
-# Raw writing to the power management chips; the bytes are decimal.
+#: Writes registers of the power management chips.
+#: spmiw=0,ADDR,DATA[,DATA...] | ADDR as with `spmir`; DATA are decimal bytes for the registers from ADDR on, at most
+#:   3276 of them. Answers with an empty line
+#: What doesn't take a byte, or a longer list, of which nothing is written, is `ERROR` behind an empty line.
 
 bytes go into the registers from an address on
+  #:
   send     spmiw=0,0x14F40,17,34,255
   expect   SPMIW:,OK
   phone    spmi 14F40 -> 11

@@ -1,4 +1,10 @@
+#: Writes one of the kernel settings that make up the system modes.
+#: syscfg=NUMBER,"TEXT" | NUMBER 0 to 36, as `syscfg=?` lists them; TEXT goes to its file as it is. Answers with one
+#:   blank; a file that isn't there is `ERROR`, another number `SYNTAX`
+#: syscfg=? | all settings, each `NUMBER PATH = TEXT` with its present text
+
 a setting gets its text
+  #:
   send     syscfg=0,"0"
   expect   SYSCFG: ,OK
   file     /sys/devices/system/cpu/cpu0/online -> 0

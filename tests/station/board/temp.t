@@ -1,3 +1,10 @@
+#: Reads one of the phone's temperatures.
+#: temp=CHANNEL,2 | in degrees, decimal, a blank before it
+#: temp=CHANNEL[,FORMAT] | FORMAT 0, also when left out: the converter's own code. 1: mV or value / 1000 (`adcr`).
+#:   Both hexadecimal, a blank before it
+#: Channels: 0 and 1 power amplifiers, 2 main chip, 3 crystal, 4 battery, 5 main chip from outside, 6 board, 7
+#: backlight, 16 to 25 more zones of the main chip, 30 power chip. Another channel is `SYNTAX`, another format and
+#: what can't be read `ERROR`.
 # Temperatures: the converter channels under numbers of their own. Without a format the raw code is given.
 
 every number leads to its own channel
@@ -10,6 +17,7 @@ every number leads to its own channel
   send     temp=3,2
   expect   TEMP: 30,OK
   # 284 tenths of a degree
+  #: The battery has 28 degrees:
   send     temp=4,2
   expect   TEMP: 28,OK
   send     temp=5,2
@@ -50,6 +58,7 @@ other formats are hexadecimal
   # 31764 = 0x7C14; 828 mV (see batc) = 0x33C
   send     temp=0
   expect   TEMP: 0x7c14,OK
+  #: Its thermistor has 828 mV, 0x33C:
   send     temp=4,1
   expect   TEMP: 0x33c,OK
 

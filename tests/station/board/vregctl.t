@@ -1,6 +1,11 @@
+#: Switches a voltage regulator on or off.
+#: vregctl="NAME",ON | NAME is one of those that `vregctl=?` lists, such as `8941_l17`; ON 0 off, any other number on.
+#:   An enable votes for the present level first. Answers with an empty line
+#: vregctl=? | the names of the regulators
 # Voltage regulators, on and off. An enable votes for the present level first.
 
 a regulator goes on at its present level, and off
+  #:
   send     vregctl="8941_l17",1
   expect   VREGCTL:,OK
   file     /sys/kernel/debug/regulator/8941_l17/enable -> 1

@@ -1,4 +1,10 @@
+#: Reads or sets the voltage of a regulator.
+#: vreglvl?"NAME" | the level and its limits, `LEVEL,MIN,MAX` in mV
+#: vreglvl="NAME",LEVEL | sets the level, in mV; answers with an empty line
+#: vreglvl=? | the names of the regulators
+
 the level is read with its limits, cut to whole mV
+  #:
   send     vreglvl?"krait0"
   expect   VREGLVL:945,500,1100,OK
   write    /sys/kernel/debug/regulator/krait0/voltage 812999\n
@@ -6,6 +12,7 @@ the level is read with its limits, cut to whole mV
   expect   VREGLVL:812,500,1100,OK
 
 the level is set in uV, as both limits of the vote
+  #:
   send     vreglvl="8941_l22",3100
   expect   VREGLVL:,OK
   file     /sys/kernel/debug/regulator/8941_l22/voltage -> 3100000 3100000

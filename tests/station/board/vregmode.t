@@ -1,4 +1,10 @@
+#: Sets the mode of a voltage regulator.
+#: vregmode="NAME",MODE | 1 fast, 2 normal, 4 idle, 8 standby; the number goes to the regulator as it is. Answers with
+#:   an empty line
+#: vregmode=? | the names of the regulators
+
 the mode is written as it is
+  #:
   send     vregmode="krait1",8
   expect   VREGMODE:,OK
   file     /sys/kernel/debug/regulator/krait1/mode -> 8

@@ -1,4 +1,29 @@
+#: Sends any packet to the modem's factory test mode and answers with the response.
+#: ftmc=BYTE[,BYTE...] | up to 8192 bytes, each decimal or hexadecimal behind `0x`, separated by one character, blanks
+#:   don't matter. Answers with the bytes of the response, `0x..,0x..`
+#: ftmc=t | closes the channel to the modem until the next start of the program
+#: ftmc=200 | the driver's request 102, whatever it does there; answers `0xc8`
+#: ftmc=201 | the count of stored log records: `0xc9` and 4 bytes, low byte first
+#: ftmc=202,N0,N1,N2,N3,BYTE... | sets the log filter: its length in 4 bytes, low byte first, and that many bytes.
+#:   Answers with the request; with nothing when the length is wrong
+#: ftmc=203 | drops the stored records; answers `0xcb`
+#: ftmc=204 | the driver's request 107; answers with no byte
+#: ftmc=205 | the oldest record, taken out: `0xcd`, its length in 4 bytes and its bytes; `0xcd` alone when there is
+#:   none
+#: ftmc=206 | the same of the second store, without the length, behind `0x6d`
+#: ftmc=207,0 | takes the oldest record for reading in pages: `0xcf` and the length with its 4 bytes in front, in 2
+#:   bytes
+#: ftmc=207,1,LOW,HIGH,COUNT | COUNT bytes of it from offset LOW + 256 HIGH; `0xcf` alone beyond its end
+#: ftmc=208,0,BYTE... | begins a long request, `208,1` adds to it and `208,2` sends it. The parts answer `0xd0`, the
+#:   last the response, whatever it is
+#: ftmc=209,SECONDS | how long a response is waited for; 0 brings back 25 s
+#: A request whose first byte is 200 to 209 stays inside the phone. A response belongs to a request when its first
+#: three bytes are the same. One that doesn't has the request sent again, ten times in all; then the last response and
+#: `ERROR` are the answer. No response in 25 s is `ERROR` behind an empty line. The phone answers nothing else while
+#: it waits.
+
 a request in decimal or hexadecimal, with or without blanks, is the same packet
+  #:
   send     ftmc=75,11,0x00,128,0,0
   # bytes 0 to 5 again, 10 bytes to come, state 0
   expect   FTMC:0x4b,0x0b,0x00,0x80,0x00,0x00,0x0a,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,OK
@@ -12,6 +37,7 @@ a request of one byte takes any response that isn't empty
   expect   FTMC:0x99,OK
 
 a packet that the modem doesn't know is sent ten times and its error is shown
+  #: A packet that the modem doesn't know:
   send     ftmc=1,2,3
   # 0x13 and the request
   expect   FTMC:0x13,0x01,0x02,0x03,ERROR
@@ -99,6 +125,7 @@ stored records are counted, read one after the other with their length, and drop
   phone    fail diag 103 1
   send     ftmc=201
   expect   FTMC:0xc9,0x00,0x00,0x00,0x00,OK
+  #: Two log records are stored:
   send     ftmc=201
   expect   FTMC:0xc9,0x02,0x00,0x00,0x00,OK
   send     ftmc=205

@@ -1,3 +1,10 @@
+#: Measures the carrier-to-noise ratio of a GPS signal that the station sends.
+#: grsd=2[,SAMPLES[,ITERATIONS]] | starts a measurement. SAMPLES 1 (when left out), 2, 4, 8, 16 or 32; ITERATIONS 1 to
+#:   10, 3 when left out. Answers with an empty line; `ERROR` when one is already started
+#: grsd=4 | ends it and gives the result: `RATIO,BIN`, the ratio in dB-Hz with one decimal and the bin of the peak
+#: grsd=4[,SAMPLES[,ITERATIONS]] | with none started, a whole measurement at once
+#: Takes half a second, and up to 80 s when the modem gives no result; then it is `ERROR`.
+
 started and asked for in two steps, and a second start is refused and sends nothing
   phone    speed 1000
   send     grsd=2,4,5
@@ -5,6 +12,7 @@ started and asked for in two steps, and a second start is refused and sends noth
   send     grsd=2
   expect   ERROR
   phone    diag filter -> 0410001500
+  #:
   send     grsd=4
   # 38.7 dB-Hz, peak in bin 261
   expect   GRSD:38.7,261,OK

@@ -1,4 +1,9 @@
+#: Has the modem load one to three sets of its NV parameters.
+#: loadnv=SET[,SET[,SET]] | each 0 to 4, loaded in turn until one fails, which is `ERROR` behind an empty line; above
+#:   4 is `SYNTAX`, with those before it loaded. Answers with an empty line
+
 up to three parameter sets are loaded in turn
+  #:
   send     loadnv=0,2,3
   expect   LOADNV:,OK
   phone    diag recent -> 4B0B00800600\n4B0B00800800\n4B0B00800900

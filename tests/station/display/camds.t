@@ -1,6 +1,8 @@
-# The camera cover's state by a command of its own.
+#: Tells the state of the camera's cover.
+#: camds | as `camd=5`
 
 the state
+  #:
   send     camds
   expect   CAMDS:0x1,OK
   send     camds?

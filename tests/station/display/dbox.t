@@ -1,8 +1,12 @@
-# x,y,w,h,a,r,g,b: a filled box; alpha isn't used.
+#: Draws a filled box on the active screen.
+#: dbox=X,Y,WIDTH,HEIGHT,A,RED,GREEN,BLUE | place and size in pixels from the upper left corner; of each colour 8 bits
+#:   count; A isn't used. Values that are left out at the end count as 0. Answers with one blank; `ERROR` when no
+#:   screen is started (`lcdl`)
 
 a box has its colour from corner to corner and nowhere else
   send     lcdl=1,0
   expect   LCDL: ,OK
+  #:
   send     dbox=100,200,30,40,0,255,0,128
   expect   DBOX: ,OK
   phone    pixel 100 200 -> FF0080

@@ -1,8 +1,11 @@
-# The values are alpha, which isn't used, red, green and blue; what is left out counts as 0.
+#: Fills the active screen with a colour.
+#: dclr[=A[,RED[,GREEN[,BLUE]]]] | colours 0 to 255, 0 when left out; A isn't used. Answers with one blank; `ERROR`
+#:   when no screen is started (`lcdl`)
 
 the screen is filled with the colour
   send     lcdl=1,0
   expect   LCDL: ,OK
+  #:
   send     dclr=255,18,0x34,86
   expect   DCLR: ,OK
   phone    pixel 0 0 -> 123456

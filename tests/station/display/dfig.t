@@ -1,8 +1,16 @@
-# Figures: 0 line, 1 box, 2 ellipse. Lines take x0,y0,x1,y1,w,a,r,g,b, the others x,y,w,h,a,r,g,b.
+#: Draws a line, a filled box or a filled ellipse on the active screen.
+#: dfig=0,X0,Y0,X1,Y1,WIDTH,A,RED,GREEN,BLUE | a line from one corner of the screen to the other unless told
+#:   otherwise, 1 pixel wide. WIDTH is the thickness of a horizontal or vertical line; a diagonal one is always 1 wide
+#: dfig=1,X,Y,WIDTH,HEIGHT,A,RED,GREEN,BLUE | a box, cut at the screen's edge; without values the whole screen
+#: dfig=2,X,Y,WIDTH,HEIGHT,A,RED,GREEN,BLUE | the ellipse that the same box would enclose; it isn't cut
+#: Places and sizes are pixels, colours 0 to 255 and black unless given; A isn't used; values at the end can be left
+#: out. Answers with one blank. A place outside the screen, or a WIDTH or HEIGHT of 0, is `SYNTAX`; another figure, or
+#: no started screen (`lcdl`), `ERROR`.
 
 a horizontal line of thickness 4 is four rows, a vertical one grows to the right, a diagonal is drawn once
   send     lcdl=1,0
   expect   LCDL: ,OK
+  #:
   send     dfig=0,0,100,1079,100,4,0,255,255,255
   expect   DFIG: ,OK
   phone    pixel 0 100 -> FFFFFF

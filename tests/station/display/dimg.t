@@ -1,3 +1,6 @@
+#: Draws a picture from a file of the phone in the upper left corner of the active screen.
+#: dimg="PATH" | a BMP file of 24 bits a pixel, without compression. Answers with one blank; `ERROR` when the file
+#:   can't be read or is no such picture, and when no screen is started (`lcdl`)
 # A picture of 2 by 2 pixels: red and green above, blue and 123456 below.
 
 a picture is drawn in the top left corner, and the rest stays; without a screen it isn't drawn
@@ -6,6 +9,7 @@ a picture is drawn in the top left corner, and the rest stays; without a screen 
   expect   DIMG: ,ERROR
   send     lcdl=1
   expect   LCDL: ,OK
+  #:
   send     dimg="/data/a.bmp"
   expect   DIMG: ,OK
   phone    pixel 0 0 -> FF0000

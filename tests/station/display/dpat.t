@@ -1,8 +1,18 @@
+#: Shows a test pattern on the active screen.
+#: dpat[=PATTERN] | 0 when left out: the test picture. Answers with one blank; `ERROR` when no screen is started
+#:   (`lcdl`)
+#: dpat=14,LEVEL | all grey of that level, 0 to 255; a second value with any other pattern is `SYNTAX` with no line
+#: Plain: 3 white, 4 black, 6 medium grey, 10 red, 11 green, 12 blue, 5 black with a white border. Chess: 1 and 20, 2
+#: and 21 with cells of 1 pixel, 22 and 23 of 2, 18 and 19 of 16. Lines: 24 to 27 horizontal, 28, 29 and 45 vertical,
+#: 44 for uniformity. Bars and boxes: 7 red, green and blue, 30 and 31 a box in the middle, 49 two halves, 16 and 17
+#: crosstalk. Ramps: 8 green, 32 to 35 horizontal (white, red, green, blue), 36 to 39 vertical, 40 to 43 diagonal, 48
+#: the colour cube. Fixed layouts for other panels: 15, 46, 47. Other numbers draw nothing and are `OK`.
 # Patterns on the panel of 1080 by 1920. The unit tests hold every pattern to its rule; here is what a station sees.
 
 chess and bars
   send     lcdl=1,0
   expect   LCDL: ,OK
+  #:
   send     dpat=1
   expect   DPAT: ,OK
   phone    pixel 1 0 -> FFFFFF
@@ -35,6 +45,7 @@ the test picture of pattern 0, green ramps and a grey level
   phone    pixel 1079 959 -> 00FF00
   phone    pixel 0 960 -> 010000
   phone    pixel 1 960 -> 00FF00
+  #:
   send     dpat=14,128
   expect   DPAT: ,OK
   phone    pixel 9 9 -> 808080

@@ -1,11 +1,23 @@
+#: Starts and ends the live touch test, in which the phone reports the finger on the panel.
+#: dtch=1 | reports each press once: `DTCH:X,Y,X2,Y2,OK`, in panel pixels, X2 and Y2 the second finger or the same
+#:   again
+#: dtch=2[,INTERVAL] | reports the way of the finger in the same form; INTERVAL, 1 to 1000 ms, leaves out what comes
+#:   sooner. There is at most a report each 20 ms
+#: dtch=3 | reports presses and releases, `DTCH:1,X,Y,X2,Y2,OK` and `DTCH:0,...`
+#: dtch=0 | ends it and closes the device
+#: Answers with one blank; `ERROR` when the panel's driver doesn't come up. Reports come at any time after that, each
+#: with CR LF behind it, whatever `s3` and `s4` say; a started screen shows a small cross at each. A menu on the phone
+#: takes the reports over for good.
 # The live touch test: what the station reads of a finger on the panel.
 
 the driver is loaded, and a tap is reported once, at the press
+  #:
   send     dtch=1
   expect   DTCH: ,OK
   phone    shell -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg\n0 insmod /system/modules/max1187x.ko
   phone    touch 540 960 down
   expect   DTCH:540,960,540,960,OK
+  # the release is seen before the next press comes
   phone    touch 540 960 up
   phone    clock +100
   phone    touch 1079 1919 tap
@@ -22,6 +34,7 @@ a trace follows the finger, in the places where it is when it is asked
   expect   DTCH:110,220,110,220,OK
 
 press and release, with a leading 1 and 0
+  #:
   send     dtch=3
   expect   DTCH: ,OK
   phone    touch 7 8 down

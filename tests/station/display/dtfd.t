@@ -1,6 +1,11 @@
+#: Loads firmware into the touch controller.
+#: dtfd | from the file on the phone that fits the controller
+#: dtfd="PATH" | from this file, its path up to 128 characters
+#: Answers with one blank; `ERROR` when there is no such file or the controller refuses it.
 # Firmware for the touch controller.
 
 without a name the file that fits the controller is taken, and its driver finds it under the module's name
+  #:
   send     dtfd
   expect   DTFD: ,OK
   # the file in the phone begins with the version 0x00010204

@@ -1,3 +1,10 @@
+#: Reads the identity of the touch controller, stores it, and reads what is stored.
+#: dtid[=0] | chip and configuration in one number, and the firmware's version: `0xCCCCGGGG,0xVVVVVVVV`
+#: dtid=1 | vendor, chip, configuration and firmware, hexadecimal
+#: dtid=2 | vendor, chip and configuration, which are also stored in their persistent unit
+#: dtid=3 | the stored ones, in the same form; the panel isn't needed
+#: dtid=4 | the configuration alone
+#: What fails is `ERROR` with no line, another number `SYNTAX`.
 # Who the touch controller is, and what the phone remembers of it.
 
 the forms
@@ -5,6 +12,7 @@ the forms
   expect   DTID:0x00740460,0x00010203,OK
   send     dtid=0
   expect   DTID:0x00740460,0x00010203,OK
+  #:
   send     dtid?1
   expect   DTID:0x01,0x0074,0x0460,0x00010203,OK
   send     dtid=4

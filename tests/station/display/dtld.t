@@ -1,8 +1,12 @@
-# Which touch device is in use.
+#: Selects the touch device that is in use.
+#: dtld=DEVICE | 1 or 2, which is started; this phone has no second one, which shows once the first is closed
+#: dtld=0 | closes the device
+#: Answers with one blank, `ERROR` when the device doesn't start.
 
 the device goes and comes
   send     dtld=0
   expect   DTLD: ,OK
+  #:
   send     dtld=1
   expect   DTLD: ,OK
   send     dtid=4

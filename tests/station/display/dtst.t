@@ -1,7 +1,18 @@
-# The touch controller's own tests.
+#: Runs the self tests of the touch controller.
+#: dtst=KIND | KIND 1, 2 or 3: a self test, its first result in hexadecimal
+#: dtst=5[,TEST] | five more self tests: TEST 0 (when left out) to 4
+#: dtst=4[,MODE[,MIN[,MAX]]] | measures the panel. MODE 0, also when left out: the result, `0x00` when good. An odd
+#:   MODE up to 11: the smallest and the largest value. An even one up to 12: the whole matrix, a row a line, values
+#:   separated by commas, with line ends of its own. With MIN and MAX: the result against these limits, smallest and
+#:   largest value
+#: dtst=6[,MODE] | the driver's own tests: MODE 0 the result, 1 to 6 the matrix
+#: dtst=7[,MODE] | the deep tests of the panel, MODE 0 to 10
+#: Answers `DTST: ` and `ERROR` when a test fails to run, `ERROR` with no line when the panel's driver doesn't come
+#: up.
 
 the self tests are of five kinds and more, and only the first result counts
   # the phone's results: 0x10 and the kind
+  #:
   send     dtst=1
   expect   DTST:0x10,OK
   send     dtst=2
@@ -32,6 +43,7 @@ a measurement: result, limits, or the whole matrix
   send     dtst=4,1
   # 3000 + 20 = 3020, 15 cells up to 3034
   expect   DTST:3020,3034,OK
+  #:
   send     dtst=4,2
   expect   DTST:3040,3041,3042,3043,3044
   expect   3045,3046,3047,3048,3049

@@ -1,10 +1,14 @@
-# x,y,r,g,b,"text", in characters of 48 by 48 on this panel.
+#: Writes a text on the active screen, over what is there.
+#: dtxt=X,Y,RED,GREEN,BLUE,"TEXT" | X and Y in pixels, the upper left corner of the first character; colours 0 to 255.
+#:   Characters are 48 by 48 pixels on this panel; those that begin right of the screen are left out. Answers with one
+#:   blank; a place outside the screen, a missing text or no started screen (`lcdl`) is `ERROR`
 
 text is drawn in its colour over what is there
   send     lcdl=1,0
   expect   LCDL: ,OK
   send     dclr=0,0,0,64
   expect   DCLR: ,OK
+  #:
   send     dtxt=96,48,255,128,0,"II"
   expect   DTXT: ,OK
   # an I has bars over columns 3 to 12 in rows 1, 2, 11 and 12 and a stem in columns 7 and 8, three pixels each

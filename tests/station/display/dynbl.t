@@ -1,6 +1,8 @@
-# The dynamic backlight, which this phone lacks: no light is touched, and that is no failure.
+#: Switches the dynamic backlight, which this phone lacks.
+#: dynbl=ON | 0 or 1; nothing happens, and that is `OK`
 
 on and off
+  #:
   send     dynbl=1
   expect   DYNBL: ,OK
   send     dynbl=0

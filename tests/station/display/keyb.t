@@ -1,6 +1,18 @@
+#: Starts and ends the key test, in which the phone reports each key that is pressed and released.
+#: keyb=1 | starts it, or changes the report to: the key's name or character with `p` for pressed or repeated, `r` for
+#:   released, as in `RETURNp`, without the command's name; the key 408 isn't reported, one without a name is
+#:   `KEYB:unknown`. So does `keyb`, which leaves a running test as it is
+#: keyb=2 | the report is `KEYB:CODE,p`, CODE the Linux key code in hexadecimal
+#: keyb=3 | the report is `KEYB: row: 0, col: 0, p`: this phone's keys have no places in a matrix
+#: keyb=4 | the report is that of `keyb=1` and of the key 408 alone
+#: keyb=0 | ends it
+#: keyb? | `0x1` while it runs, else `0x0`
+#: Answers with one blank. Reports come at any time after that, each with CR LF behind it, whatever `s3` and `s4` say,
+#: and without a status word. While the test runs, holding the power key doesn't reset the phone so soon.
 # The key test: what the station reads of each key, in each form, and what becomes of the power key's timers.
 
 names and characters with p and r, without the command's name
+  #:
   send     keyb=1
   expect   KEYB: ,OK
   phone    key 116 down
@@ -28,9 +40,10 @@ names and characters with p and r, without the command's name
   expect   KEYB: ,OK
 
 codes in hexadecimal, a key that repeats is pressed again, and the help
+  # 528 = 0x210, 408 = 0x198
+  #:
   send     keyb=2
   expect   KEYB: ,OK
-  # 528 = 0x210, 408 = 0x198, 1 = ESC
   phone    key 528 down
   phone    key 528 repeat
   expect   KEYB:210,p

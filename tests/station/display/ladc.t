@@ -1,6 +1,8 @@
-# The LED driver's converter, which this phone lacks.
+#: Reads the converter of an LED driver, which this phone lacks.
+#: ladc=MODE[,CHANNEL] | MODE 0 the code, 1 mV; always `ERROR` behind one blank. Another MODE is `SYNTAX`
 
 no reading
+  #:
   send     ladc=0
   expect   LADC: ,ERROR
   send     ladc=1,0x1f

@@ -1,7 +1,11 @@
-# Screen n is slot n - 1: 1 the main panel, 3 the HDMI output.
+#: Starts a screen, which makes it the active one that all drawing goes to.
+#: lcdl=SCREEN | 1 the phone's panel, which shows the start screen; 3 the HDMI output, which stays black. Answers with
+#:   one blank; another number is `ERROR`
+#: lcdl=SCREEN,DRAW | the same, with (1) or without (0) the start screen
 
 the main panel starts with the start screen
   phone    pixel 0 500 -> 000000
+  #:
   send     lcdl=1
   expect   LCDL: ,OK
   # grey ramp in the first tenth: row 96 is 96 * 2560 / 1920 = 128

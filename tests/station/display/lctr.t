@@ -1,6 +1,14 @@
+#: Switches the lights of a zone.
+#: lctr=ZONE,1[,LEVEL[,SUBZONE]] | on: LEVEL 0 to 255, 128 when left out; SUBZONE 0, also when left out, is the whole
+#:   zone, 1 and up one light of it. A further value isn't used
+#: lctr=ZONE[,0] | off
+#: lctr=? | the zones of this phone with their subzones
+#: Zones of this phone: 3 the display's backlights (1 panel, 2 white LEDs), 13 the notification LED (1 red, 2 green, 3
+#: blue), 255 all of them. Answers with one blank; another zone, or a light that fails, is `ERROR`.
 # Lights by zone, down to the brightness attributes.
 
 one subzone or all of them
+  #: The red light of the notification LED, fully on:
   send     lctr=13,1,255,1
   expect   LCTR: ,OK
   file     /sys/class/leds/red/brightness   -> 255
@@ -38,6 +46,7 @@ zone 255 is every row of the map
   file     /sys/class/leds/wled:backlight/brightness -> 10
 
 a zone that the phone lacks
+  #: This phone has no keyboard to light:
   send     lctr=2,1
   expect   LCTR: ,ERROR
 

@@ -1,5 +1,10 @@
+#: Tests the LEDs of the power chip for shorts and open circuits.
+#: lsot | a bit for each faulty one, hexadecimal with four digits: 0x0001 the first, 0x0004 the third; `0x0000` when
+#:   all are good
+
 a bit for each faulty LED
   phone    led 1 short
+  #:
   send     lsot
   expect   LSOT:0x0001,OK
   phone    led 1 good

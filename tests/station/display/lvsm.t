@@ -1,3 +1,7 @@
+#: Measures the period of the panel's VSYNC signal.
+#: lvsm[=0] | measures it: the driver's value, hexadecimal. `ERROR` when no screen is started (`lcdl`)
+#: lvsm=1 | measures it and stores its low 16 bits in the persistent unit 60220; the store must be open (`tact=1`)
+#: lvsm=2 | the stored value, hexadecimal; the store must be open. A unit of another form is `ERROR`
 # The VSYNC record is unit 60220, 0xEB3C, of the main store: high, low, low, high byte.
 
 a measurement needs an active screen; its low 16 bits are stored and read back while the store is open
@@ -7,6 +11,7 @@ a measurement needs an active screen; its low 16 bits are stored and read back w
   send     lcdl=1,0
   expect   LCDL: ,OK
   # 16667 = 0x411B
+  #:
   send     lvsm
   expect   LVSM:0x411B,OK
   phone    vsync 0xABCD1234

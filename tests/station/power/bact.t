@@ -1,5 +1,9 @@
+#: Switches the charging of the backup capacitor, which keeps the clock going without a battery.
+#: bact=ON | 1 on, 0 off. Answers with one blank; another value is `SYNTAX`
+
 on and off, in the two low bits of its register
   phone    spmi 2845 11
+  #:
   send     bact=1
   expect   BACT: ,OK
   phone    spmi 2845 -> 12

@@ -1,12 +1,24 @@
-# batc reads the battery and estimates its capacity. The phone's battery runs by itself unless it is pinned.
+#: Reads the battery, and estimates its capacity from voltage and current.
+#: batc=1 | the voltage in mV
+#: batc=2 | the current in mA, negative while the battery is discharged
+#: batc=3[,VOLTAGE[,CURRENT]] | the capacity in percent, the voltage in mV and the current in mA that it is estimated
+#:   from. VOLTAGE and CURRENT take the place of what is measured, 0 doesn't; here a positive CURRENT is a discharge.
+#:   No estimate, while it is charged for instance, is `ERROR`
+#: batc=4 | the battery's type, 0 unknown; 1 on this phone
+#: batc=5 | the temperature in degrees and the thermistor's voltage in mV
+#: batc=6[,ALGORITHM[,MODEL[,RESISTANCE]]] | how the capacity is estimated: ALGORITHM 1 or 2, MODEL 1 to 3 of the
+#:   first and 1 or 2 of the second, RESISTANCE of the battery in milliohm; a 0 keeps what was. Answers with one blank
+#: What can't be read is `ERROR` behind one blank; another function is `SYNTAX`.
 
 voltage, current, capacity, type and temperature of a healthy phone
   phone    battery 3801 -212
+  #:
   send     batc=1
   expect   BATC:3801,OK
   send     batc=2
   expect   BATC:-212,OK
   # 3801 + 212 * 0.135 = 3829 mV, between 3847 (50) and 3825 (45): 45 + 4 * 5 / 22 = 45
+  #:
   send     batc=3
   expect   BATC:45,3801,-212,OK
   send     batc=4

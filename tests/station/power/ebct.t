@@ -1,3 +1,11 @@
+#: Switches the phone's charger and its USB host power.
+#: ebct=1,ON | charging on (1) or off (0); 2 has no effect on this phone
+#: ebct=2,CURRENT | the limit of the battery's current: 200 to 3000 mA in steps of 50, or 0 for 1000; the input is
+#:   limited to 1500 mA
+#: ebct=4,ON | power for what hangs on the USB socket, on (1) or off (0)
+#: ebct=0 | no effect on this phone; neither has `ebct=3`
+#: Answers with one blank; another current or second value is `ERROR`.
+
 the charger goes on and off
   send     ebct=1,1
   expect   EBCT: ,OK
@@ -12,6 +20,7 @@ the charger goes on and off
   phone    spmi 1049 -> 0F
 
 the battery current is set in steps of 50 mA, the input current to 1500 mA
+  #:
   send     ebct=2,1000
   expect   EBCT: ,OK
   # code 20; index 15 in both input limits
@@ -22,6 +31,7 @@ the battery current is set in steps of 50 mA, the input current to 1500 mA
   send     ebct=2,0
   expect   EBCT: ,OK
   phone    spmi 1044 -> 14
+  #: Too low:
   send     ebct=2,150
   expect   EBCT: ,ERROR
   send     ebct=2,3050

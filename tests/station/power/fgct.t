@@ -1,7 +1,16 @@
+#: Reads and calibrates the fuel gauge, which on this phone is a part of the power management chip.
+#: fgct=1 | the battery's voltage in mV, a blank before it
+#: fgct=2 | its current in mA, negative while it is discharged
+#: fgct=7 | calibrates the current converter; answers with one blank
+#: fgct=7,1 | the same; answers `1` when it went well, else `0`, and `OK` in either case
+#: fgct=3 to 6 | what a gauge of its own would do (load data, its registers, its capacity): `NOT FOUND` behind one
+#:   blank
+#: fgct? | the help, whatever the values
 # fgct works the fuel gauge: this phone's power management chip, which has no gauge of its own.
 
 voltage and current
   phone    battery 3801 -212
+  #:
   send     fgct=1
   expect   FGCT: 3801,OK
   send     fgct=2
@@ -21,6 +30,7 @@ the converter calibrates itself when its attribute is read, and gives 0 when tha
   expect   FGCT:1,OK
 
 what a gauge of its own would do isn't found
+  #:
   send     fgct=3,0
   expect   FGCT: ,NOT FOUND
   send     fgct=4,0,0x10,0x20

@@ -1,4 +1,8 @@
-# kill restarts the phone.
+#: Restarts the phone.
+#: kill[=0] | at once and without an answer; the greeting `TP,OK` tells that the phone is back
+#: kill=1 | the same, behind a zero byte in its persistent unit 0x800008FD
+#: kill=2 | the same, behind a marker of eight bytes in that unit
+#: A phone that can't restart answers `ERROR` behind one blank, any other value is `SYNTAX`.
 
 it restarts at once and says nothing
   send     kill
@@ -30,6 +34,7 @@ a phone that refuses to restart says so
   expect   KILL: ,ERROR
 
 what isn't 0 to 2 is a syntax error, and the help
+  #: Nothing but 0 to 2:
   send     kill=3
   expect   KILL: ,SYNTAX
   send     kill=?

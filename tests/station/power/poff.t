@@ -1,4 +1,8 @@
-# poff powers the phone off: at once, after a time in milliseconds, or when the cable is pulled.
+#: Powers the phone off.
+#: poff | at once and without an answer
+#: poff=TIME | after TIME in ms, counted from the last such line. Answers with one blank first
+#: poff=0 | as soon as the cable is pulled. Answers with one blank first
+#: A phone that can't go off answers `ERROR` behind one blank.
 
 without a value it goes off at once and says nothing
   send     poff
@@ -8,6 +12,7 @@ after a time it answers first, the newest time counts, and what is in memory is 
   phone    clock hold
   send     poff?1000
   expect   POFF: ,OK
+  #:
   send     poff=2000
   expect   POFF: ,OK
   # as if the phone couldn't go off, so that its log can be looked at
@@ -26,6 +31,7 @@ after a time it answers first, the newest time counts, and what is in memory is 
   off
 
 with 0 it waits for the cable to go
+  #:
   send     poff=0
   expect   POFF: ,OK
   send     poff=0

@@ -1,7 +1,13 @@
-# scct switches charging over the phone's own contacts, and says what feeds the phone.
+#: Switches charging over the phone's own contacts, and tells what feeds the phone.
+#: scct=1[,BATTERY[,INPUT]] | charging on, with the limits of `vbcct`; answers with the charger's status in
+#:   hexadecimal: on the virtual phone 0x0 nothing feeds it, 0x1 a USB host, 0x2 a wall charger, 0x3 a simple charger
+#:   at the contacts
+#: scct=0 | charging off; answers with one blank
+#: A current that is no step, or another action, is `ERROR` behind one blank.
 
 charging answers with the charger's status
   conf     charger simple
+  #:
   send     scct=1,1500,2000
   expect   SCCT:0x3,OK
   # code 30, index 20

@@ -1,6 +1,9 @@
-# smps switches the processors' supply rails. Its verdict is the answer: 0 switched, 1 not.
+#: Switches the supply rail of one of the processors.
+#: smps=RAIL,ON | RAIL 0 to 3, ON 1 on, 0 off. The verdict is the answer, and the status `OK` in either case: `0`
+#:   switched, `1` not
 
 a rail goes off and on
+  #:
   send     smps=2,0
   expect   SMPS:0,OK
   file     /sys/kernel/debug/regulator/krait2/enable -> 0
@@ -12,6 +15,7 @@ a rail goes off and on
 
 a rail that isn't there, or can't be written, isn't switched
   strange  any
+  #: There is no such rail:
   send     smps=7,0
   expect   SMPS:1,OK
   phone    fail write /sys/kernel/debug/regulator/krait0/enable

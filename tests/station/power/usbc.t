@@ -1,4 +1,11 @@
-# usbc tells the USB driver what to do, and asks it for the charger type.
+#: Switches the USB host power, and asks for the charger type.
+#: usbc=5 | the charger type as the USB driver detects it, a number; `ERROR` when it doesn't tell
+#: usbc=6,0 | host power off
+#: usbc=6,1[,TIME] | host power on when the cable goes, which is looked for each 100 ms, and off again after TIME in
+#:   ms; without TIME after 500
+#: usbc=0 to 4 | what this driver can't do: `ERROR`. `usbc=3` and `usbc=4` take a second value of 0 or 1
+#: usbc=?1 | the help; without a value that is `SYNTAX`
+#: Answers with one blank where nothing else is told; other values are `SYNTAX`.
 
 a phone without the detection attribute has no charger type
   conf     without /sys/devices/platform/msm_hsusb/gadget/detect
@@ -25,6 +32,7 @@ the host power goes at once, or comes for a while when the cable goes
   expect   USBC: ,ERROR
   # the cable is looked for every 100 ms, until it is gone
   phone    clock hold
+  #:
   send     usbc?6,1,400
   expect   USBC: ,OK
   phone    clock +150

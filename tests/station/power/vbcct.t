@@ -1,6 +1,14 @@
-# vbcct switches charging over the USB socket, with limits for the battery's and the input's current.
+#: Switches charging over the USB socket, with limits for the battery's and the input's current.
+#: vbcct=1[,BATTERY[,INPUT]] | charging on. BATTERY 200 to 3000 mA in steps of 50, 1000 when left out or 0; INPUT 100,
+#:   150 or 200 to 2500 mA in steps of 100, 1500 when left out or 0. A current that is no step is `ERROR`, and
+#:   charging is off then
+#: vbcct=0 | charging off
+#: vbcct=2 | reads the charger's registers, for the driver's own log
+#: vbcct=? | the steps that the charger has
+#: Answers with one blank; another action is `SYNTAX`.
 
 currents are set with the charger
+  #:
   send     vbcct=1,1000,1500
   expect   VBCCT: ,OK
   # code 20, index 15
@@ -23,6 +31,7 @@ currents are set with the charger
   phone    spmi 1344 -> 0F
 
 currents that aren't steps are refused, and the charger goes off again
+  #: No step of 50 mA:
   send     vbcct=1,1025
   expect   VBCCT: ,ERROR
   phone    spmi 1049 -> 01

@@ -1,7 +1,12 @@
+#: Reads what the RF band variant of this phone follows from, and stores the variant if none is stored yet.
+#: rfbv | `PIN, MV`: 1 if the variant's pin is active, else 0, and the voltage of the RF identity in mV. Pin and
+#:   voltage give the variant, a text in the persistent unit 0x800009F7, which is written once and then stays. A voltage that
+#:   can't be read, or a variant that can't be stored, is `ERROR` behind an empty line
 # The RF band variant: found from a pin and a voltage, stored once.
 
 the variant is stored at the first start
   phone    unit 800009F7 -> 4C313233343537385F323057313234353800
+  #:
   send     rfbv
   expect   RFBV:0, 1790,OK
 

@@ -1,7 +1,11 @@
-# case says and sets whether the case of names counts: 1 or true, names are matched and answered as written;
-# 0 or false, names in a line are folded to lower case and names in a response to upper case.
+#: Says or sets whether upper and lower case of command names differ.
+#: case? | the present setting, `true` or `false`; so do `case` and `case=`
+#: case=EN | 1: names are matched as typed and answered as typed. Anything else (0): names in a line are folded to
+#:   lower case, names in an answer to upper case. A phone starts with 0. Answers with the new setting
+#: Values of a line keep their case in either setting.
 
 a new phone folds
+  #:
   send     case?
   expect   CASE:false,OK
   send     CASE?
@@ -13,6 +17,7 @@ a new phone folds
   expect   CASE:false,OK
 
 with 1 names are matched as written, and answered so
+  #:
   send     case=1
   expect   case:true,OK
   send     CASE?

@@ -1,12 +1,19 @@
-# list is help with the names alone, padded to 10 characters. Its format has a blank before the mask.
+#: Lists the names of commands, each padded to 10 characters.
+#: list | all names, sorted by their first letter
+#: list="PREFIX"[, MASK] | the names that begin with PREFIX, in the order of the program's tables; MASK selects groups
+#:   as with `help`. A blank belongs before MASK, other than with `help`
+#: list=? | the groups and their bits
+#: When no command fits, the answer is `NOT FOUND`.
 
 a pattern lists the names that begin with it, in table order
+  #:
   send     list="i2c"
   expect   i2cw      ,i2cr      ,OK
   send     list="s3"
   expect   s3        ,OK
 
 the mask wants its blank
+  #:
   send     list="cas", 1
   expect   case      ,OK
   send     list="cas", 2

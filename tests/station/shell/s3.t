@@ -1,7 +1,13 @@
-# s3 sets the first byte of the line term, which ends each result, and of the final sequence, which ends the
-# answer. Both stand as hexadecimal numbers, in the line and in the reply.
+#: Sets the first byte of the line term, which ends each result, and of the final sequence, which ends the answer.
+#: s3? | answers with the present bytes, `0xTERM, 0xFINAL`
+#: s3=TERM,FINAL | both bytes, hexadecimal; of each value the low byte counts, 0 stands for no byte, which leaves the
+#:   whole text empty. The answer to this line has the new bytes already
+#: s3=BOTH | the same byte for both
+#: s3 | sets 0x0D, carriage return, for both; so do more than two values
+#: A phone starts with `s3=2c,d`: a comma and a carriage return.
 
 the reply to a setting has the new terminators
+  #: Each result on a line of its own, where the status word follows:
   send     s3=d,d
   read     S3:0x0d, 0x0d\rOK\r\n
   send     case?
@@ -28,6 +34,7 @@ no value, and more than two, set both to carriage return
   read     S3:0x0d, 0x0d\rOK\r\n
 
 the start-up setting is a comma and a carriage return, and a read applies nothing
+  #: A read applies nothing, whatever values it has:
   send     s3?21,21
   expect   S3:0x2c, 0x0d,OK
 

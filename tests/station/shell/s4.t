@@ -1,13 +1,21 @@
-# s4 sets the second byte of the line term and of the final sequence, and the prompt behind the latter.
+#: Sets the second byte of the line term and of the final sequence, and the prompt behind the latter.
+#: s4? | answers with the present bytes, `0xTERM, 0xFINAL`
+#: s4=TERM,FINAL[,PROMPT] | the bytes, hexadecimal; of each value the low byte counts, 0 stands for no byte. PROMPT is
+#:   the third byte of the final sequence; left out it stays as it is, 0 removes it
+#: s4=BOTH | the same byte for term and final sequence; the prompt stays
+#: s4 | sets 0x0A, line feed, for both; so do more than three values
+#: A phone starts with `s4=0,a` and no prompt: nothing behind the comma, a line feed behind the carriage return.
 
 the start-up setting has no second byte in the term, a line feed in the final sequence and no prompt
   # a read applies nothing
+  #:
   send     s4?21,21,21
   expect   S4:0x00, 0x0a,OK
 
 with s3 it brings back line ends and a prompt
   send     s3=d,d
   read     S3:0x0d, 0x0d\rOK\r\n
+  #: Behind `s3=d,d`: line ends and a prompt, as a terminal likes them.
   send     s4=a,a,3e
   read     S4:0x0a, 0x0a\r\nOK\r\n>
   send     case?

@@ -1,3 +1,16 @@
+#: Tests the removable memory card: detects, reads, writes, erases and formats it.
+#: mstt=0 | whether a card is in: `0x1` or `0x0`; so does `mstt=1,0`
+#: mstt=1 | its size in MiB, decimal, 0 without a card; so does `mstt=1,1`
+#: mstt=2,2,"FOLDER" | the names in a folder of the card, `NAME,NAME,`, at most 1024 bytes
+#: mstt=2,3,"FILE" | the text of a file, its first 1024 bytes
+#: mstt=3,1,"FILE","TEXT" | writes the text to a file; answers with an empty line
+#: mstt=4,1,"FILE" | deletes a file
+#: mstt=4,2 | erases the card: nothing can be mounted until it is formatted
+#: mstt=4,3 | formats the card with the kind of FAT that fits its size; a size that can't be formatted is `ERROR`
+#: mstt=5,1 | mounts the card at /sdcard and leaves it so, which makes the next command that needs a file fail
+#: mstt=5,0 | unmounts it; never an error
+#: Every other command mounts the card for itself and unmounts it. What fails is `ERROR` with no line; a path that is
+#: missing or empty is `SYNTAX`. Paths begin at the card's root, with or without `/`.
 # The card is mounted for each operation and left unmounted. Raw replies end in a comma, which the status follows.
 
 a card is detected by its line, and its size is told in MiB
@@ -14,8 +27,10 @@ a card is detected by its line, and its size is told in MiB
   expect   MSTT:0,OK
 
 a file is written, read, listed and deleted
+  #:
   send     mstt=3,1,"a.txt","hello"
   expect   MSTT:,OK
+  #:
   send     mstt=2,3,"/a.txt"
   expect   MSTT:hello,OK
   send     mstt=2,2,"/"

@@ -1,14 +1,22 @@
+#: Reads a production parameter: a text or number that production keeps in a persistent unit.
+#: ppre[=0] | the parameter that `ppwr=0` writes, a text of up to 31 characters
+#: ppre=11 | the RF band variant, a text; no line and `OK` when none is stored
+#: ppre=NUMBER[,SUB] | NUMBER 1, 5 and 7 to 10 are texts, of which 1, 8 and 9 have SUB 0 and 1; 3 and 6 are numbers.
+#:   This board has no unit for any of them: a text is `ERROR` behind an empty line, a number 0
+#: Another NUMBER or SUB is `SYNTAX`.
 # Production parameters, read. Of the items behind them this board has two: 4 (unit 80001324) and 1, the RF
 # variant (unit 800009F7).
 
 the parameter is a text, and no value means number 0
   phone    unit 80001324 4142433132330000
+  #:
   send     ppre
   expect   PPRE:ABC123,OK
   send     ppre=0,0
   expect   PPRE:ABC123,OK
 
 the RF variant is there from the first start on, and its absence is no error and no line
+  #:
   send     ppre=11
   expect   PPRE:L1234578_20W12458,OK
   phone    unit 800009F7 -

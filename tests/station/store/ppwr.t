@@ -1,4 +1,10 @@
+#: Writes a production parameter.
+#: ppwr=0,TEXT | TEXT is the rest of the line as it stands, of which 10 characters are kept. Answers with an empty
+#:   line
+#: ppwr=3,NUMBER | a decimal number; this board has no unit for it, which is `ERROR`
+
 a text is cut to ten characters and stored without an end
+  #: Three characters too many (`ppre` gives `ABCDEFGHIJ` from now on):
   send     ppwr=0,ABCDEFGHIJKLM
   expect   PPWR:,OK
   phone    unit 80001324 -> 4142434445464748494A

@@ -1,8 +1,30 @@
+#: Works on the persistent units, the numbered byte strings that keep the phone's calibration and identity.
+#: tact | whether the main store is open: `0x1` or `0x0`
+#: tact=1 | opens the main store; `ERROR` when it is open
+#: tact=0 | closes it; `ERROR` when it is closed
+#: tact=7 | lists all units, `0x..,0x..,`; those of the auxiliary store have bit 31 set. The store must be closed and
+#:   is closed afterwards
+#: tact=11,UNIT | the unit's bytes, `0x..,0x..,`; `UNIT is not registerd` and `ERROR` when there is none. Store open,
+#:   for an auxiliary unit too
+#: tact=11,UNIT,BYTE[,BYTE...] | writes the unit, up to 1022 bytes. Store open
+#: tact=8,UNIT | removes a unit of the main store. Store open
+#: tact=3 | formats the main store. Store closed
+#: tact=4 | moves the modem's NV memory into the store and waits until that is done
+#: tact=4,1 | one step of the same: `1` while it runs, `0` when it is done, `0` and `ERROR` when it failed
+#: tact=10,SOURCE,DESTINATION | the same as `tact=4`; the numbers don't count. Store open
+#: tact=2[,UNIT] | moves units to the modem, which this phone can't: `ERROR`. With UNIT the store must be closed
+#: tact=5 | no effect, and neither has `tact=6`: this store has no transactions. Store open
+#: tact=9 | the write mode, `0x2`. Store open
+#: tact=12,N | writes all units of the main store below 0xFFFFFF with up to 8000 bytes to /data/ram_dump1.txt (N 1) or
+#:   /data/ram_dump2.txt (N 2), which takes long; after N 2, `ERROR` when the two files differ. Store open
+#: Numbers are decimal or hexadecimal behind `0x`, blanks among them don't matter. What is refused or fails is `ERROR`
+#: behind an empty line.
 # The persistent units. In a list the status follows the last comma directly.
 
 a new phone has its main store closed, and the status is told for both actions
   send     tact
   expect   TACT:0x0,OK
+  #:
   send     tact=1
   expect   TACT:,OK
   send     tact?
@@ -19,9 +41,11 @@ a unit of the main store can be reached only while the store is open, and one th
   phone    unit EB3C -> 01020304
   send     tact=1
   expect   TACT:,OK
+  #: With the store open, four bytes of unit 60220; of a number only the low byte counts:
   send     tact=11,60220,9,0x0A,255,256
   expect   TACT:,OK
   phone    unit EB3C -> 090AFF00
+  #:
   send     tact=11,77
   expect   TACT:77 is not registerd,ERROR
   # blanks in the values are taken out

@@ -1,4 +1,8 @@
+#: Tells the version of this program, in the short form that stations compare.
+#: qatv | its number and its name
+
 the version is told without its mark
+  #:
   send     qatv
   expect   QATV:8842-1170, s_qat_korvat_1_32_2_5_b,OK
   send     qatv?

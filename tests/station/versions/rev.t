@@ -1,4 +1,10 @@
+#: Tells the revision records of this program.
+#: rev | all of them, each `NAME: TEXT`, the latest first
+#: rev="NAME" | one record; names are those that `rev=?` lists, matched whole and by case. An unknown one is `ERROR`
+#: rev=? | the names
+
 one record by its name
+  #:
   send     rev="space_num"
   expect   REV:space_num: 8842-1170,OK
   send     rev?"vmrk_rev"

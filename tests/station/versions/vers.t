@@ -1,3 +1,8 @@
+#: Tells the versions of the program, of the application system and of the modem.
+#: vers[=WHICH] | 0, also when left out: program, application system and modem, a line each. 1 the program: name, date
+#:   and time of its build. 2 the application system, as its kernel tells it. 3 the modem: its build and the time of
+#:   it. A number above 3 is `ERROR` with no line, a kernel that can't be read `ERROR` behind an empty one
+
 the application system's version is the kernel's, without line ends, and may be empty
   # a backspace takes the last character that stayed
   write    /proc/version Linux version 3.4.0 (builder@host)x\r\n\x08 #1 SMP PREEMPT\n
@@ -26,6 +31,7 @@ two values are a syntax error, and the help
   + vers      [(0-3)]                                           vers(val),OK
 
 the modem's version is its build and the time of its build
+  #:
   send     vers=3
   expect   VERS:M8974A-KORVAT-1.0.4085,Jul 12 201319:45:30,OK
   phone    diag recent -> 7C\n00

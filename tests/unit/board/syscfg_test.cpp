@@ -11,36 +11,29 @@
 namespace {
 
 struct setting {
-    const char* path; // below /sys/, %u the processor
-    unsigned first, last;
+    const char* path;    // below /sys/, %u for each of the four processors
     const char* text[4]; // by mode, empty where the mode leaves it alone
+    const char* low;     // of the processors 1 to 3 in mode 2
 };
 
 // clang-format off
 constexpr setting settings[] = {
-    { "devices/system/cpu/cpu%u/online",                                       0, 0, { "1", "1", "1", "1" } },
-    { "devices/system/cpu/cpu%u/online",                                       1, 3, { "1", "1", "0", "1" } },
-    { "devices/system/cpu/cpu%u/cpufreq/scaling_governor",                     0, 0, { "ondemand", "powersave", "ondemand", "performance" } },
-    { "devices/system/cpu/cpu%u/cpufreq/scaling_governor",                     1, 3, { "ondemand", "powersave", "", "performance" } },
-    { "devices/system/cpu/cpufreq/ondemand/up_threshold",                      0, 0, { "90", "", "90", "" } },
-    { "devices/system/cpu/cpufreq/ondemand/io_is_busy",                        0, 0, { "1", "", "1", "" } },
-    { "devices/system/cpu/cpufreq/ondemand/sampling_down_factor",              0, 0, { "4", "", "4", "" } },
-    { "devices/system/cpu/cpufreq/ondemand/down_differential",                 0, 0, { "10", "", "10", "" } },
-    { "devices/system/cpu/cpu%u/cpufreq/scaling_max_freq",                     0, 0, { "960000", "300000", "960000", "2265600" } },
-    { "devices/system/cpu/cpu%u/cpufreq/scaling_max_freq",                     1, 3, { "960000", "300000", "", "2265600" } },
-    { "devices/system/cpu/cpu%u/cpufreq/scaling_min_freq",                     0, 0, { "300000", "300000", "300000", "300000" } },
-    { "devices/system/cpu/cpu%u/cpufreq/scaling_min_freq",                     1, 3, { "300000", "300000", "", "300000" } },
-    { "module/pm_8x60/modes/cpu%u/power_collapse/suspend_enabled",             0, 0, { "1", "0", "1", "0" } },
-    { "module/pm_8x60/modes/cpu%u/power_collapse/suspend_enabled",             1, 3, { "1", "0", "", "0" } },
-    { "module/pm_8x60/modes/cpu%u/standalone_power_collapse/suspend_enabled",  0, 0, { "1", "0", "1", "0" } },
-    { "module/pm_8x60/modes/cpu%u/standalone_power_collapse/suspend_enabled",  1, 3, { "1", "0", "", "0" } },
-    { "module/pm_8x60/modes/cpu%u/standalone_power_collapse/idle_enabled",     0, 0, { "1", "0", "1", "0" } },
-    { "module/pm_8x60/modes/cpu%u/standalone_power_collapse/idle_enabled",     1, 3, { "1", "0", "", "0" } },
-    { "module/pm_8x60/modes/cpu%u/power_collapse/idle_enabled",                0, 0, { "1", "0", "1", "0" } },
-    { "module/lpm_resources/enable_low_power/l2",                              0, 0, { "2", "0", "2", "0" } },
-    { "module/lpm_resources/enable_low_power/pxo",                             0, 0, { "1", "0", "1", "0" } },
-    { "module/lpm_resources/enable_low_power/vdd_dig",                         0, 0, { "1", "0", "1", "0" } },
-    { "module/lpm_resources/enable_low_power/vdd_mem",                         0, 0, { "1", "0", "1", "0" } },
+    { "devices/system/cpu/cpu%u/online",                                       { "1",        "1",         "1",        "1"           }, "0" },
+    { "devices/system/cpu/cpu%u/cpufreq/scaling_governor",                     { "ondemand", "powersave", "ondemand", "performance" }, "" },
+    { "devices/system/cpu/cpufreq/ondemand/up_threshold",                      { "90",       "",          "90",       ""            }, "" },
+    { "devices/system/cpu/cpufreq/ondemand/io_is_busy",                        { "1",        "",          "1",        ""            }, "" },
+    { "devices/system/cpu/cpufreq/ondemand/sampling_down_factor",              { "4",        "",          "4",        ""            }, "" },
+    { "devices/system/cpu/cpufreq/ondemand/down_differential",                 { "10",       "",          "10",       ""            }, "" },
+    { "devices/system/cpu/cpu%u/cpufreq/scaling_max_freq",                     { "960000",   "300000",    "960000",   "2265600"     }, "" },
+    { "devices/system/cpu/cpu%u/cpufreq/scaling_min_freq",                     { "300000",   "300000",    "300000",   "300000"      }, "" },
+    { "module/pm_8x60/modes/cpu%u/power_collapse/suspend_enabled",             { "1",        "0",         "1",        "0"           }, "" },
+    { "module/pm_8x60/modes/cpu%u/standalone_power_collapse/suspend_enabled",  { "1",        "0",         "1",        "0"           }, "" },
+    { "module/pm_8x60/modes/cpu%u/standalone_power_collapse/idle_enabled",     { "1",        "0",         "1",        "0"           }, "" },
+    { "module/pm_8x60/modes/cpu0/power_collapse/idle_enabled",                 { "1",        "0",         "1",        "0"           }, "" },
+    { "module/lpm_resources/enable_low_power/l2",                              { "2",        "0",         "2",        "0"           }, "" },
+    { "module/lpm_resources/enable_low_power/pxo",                             { "1",        "0",         "1",        "0"           }, "" },
+    { "module/lpm_resources/enable_low_power/vdd_dig",                         { "1",        "0",         "1",        "0"           }, "" },
+    { "module/lpm_resources/enable_low_power/vdd_mem",                         { "1",        "0",         "1",        "0"           }, "" },
 };
 // clang-format on
 
@@ -51,11 +44,13 @@ std::string wanted(unsigned mode)
 {
     std::string lines;
     for (const setting& s : settings) {
-        for (unsigned cpu = s.first; cpu <= s.last && s.text[mode][0] != '\0'; cpu++) {
-            std::string name = s.path;
-            if (const std::size_t at = name.find("%u"); at != name.npos)
-                name.replace(at, 2, std::to_string(cpu));
-            lines += "/sys/" + name + "=" + s.text[mode] + "\n";
+        std::string name = std::string("/sys/") + s.path;
+        const std::size_t at = name.find("%u");
+        for (char cpu = '0'; cpu <= (at != name.npos ? '3' : '0'); cpu++) {
+            const char* text = mode == 2 && cpu != '0' ? s.low : s.text[mode];
+            if (at != name.npos)
+                name.replace(at, cpu == '0' ? 2 : 1, 1, cpu);
+            lines += *text != '\0' ? name + "=" + text + "\n" : "";
         }
     }
     return lines;

@@ -19,43 +19,31 @@ namespace {
 constexpr tcflag_t IN_OFF = ICRNL | IXON | IXOFF;
 constexpr tcflag_t LOCAL_OFF = ICANON | ECHO | ISIG;
 
-// A pseudo terminal and the program's end of it at a path.
-struct cooked_port {
-    int station = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
-    termios before{};
-
-    explicit cooked_port(const std::string& path)
-    {
-        grantpt(station);
-        unlockpt(station);
-        unlink(path.c_str());
-        EXPECT_EQ(symlink(ptsname(station), path.c_str()), 0);
-        before = settings();
-        before.c_iflag |= IN_OFF | BRKINT;
-        EXPECT_EQ(ioctl(station, TCSETS, &before), 0);
-        EXPECT_TRUE((before.c_oflag & OPOST) != 0 && (before.c_lflag & LOCAL_OFF) == LOCAL_OFF);
-    }
-
-    termios settings() const
-    {
-        termios now{};
-        EXPECT_EQ(ioctl(station, TCGETS, &now), 0);
-        return now;
-    }
-
-    // What the station hears.
-    std::string said() const
-    {
-        char text[64];
-        const ssize_t n = read(station, text, sizeof text);
-        return std::string(text, n > 0 ? static_cast<std::size_t>(n) : 0);
-    }
-};
-
-std::string heard(cio_dev_obj* p_obj)
+// A terminal whose program's end lies at `path`: the station's end.
+int cooked_port(const std::string& path, termios* p_before)
 {
-    char text[64];
-    return std::string(text, static_cast<std::size_t>(p_obj->rd(p_obj, text, sizeof text)));
+    const int station = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
+    grantpt(station);
+    unlockpt(station);
+    unlink(path.c_str());
+    EXPECT_EQ(symlink(ptsname(station), path.c_str()), 0);
+    EXPECT_EQ(ioctl(station, TCGETS, p_before), 0);
+    p_before->c_iflag |= IN_OFF | BRKINT;
+    EXPECT_EQ(ioctl(station, TCSETS, p_before), 0);
+    EXPECT_TRUE((p_before->c_oflag & OPOST) != 0 && (p_before->c_lflag & LOCAL_OFF) == LOCAL_OFF);
+    return station;
+}
+
+// What a line that must come through as it is becomes on its way in, and a text on its way out.
+void expect_raw(cio* p_console, int station)
+{
+    char text[64] = {};
+    EXPECT_EQ(write(station, "a\x03\x13\r", 4), 4);
+    EXPECT_EQ(p_console->p_dev_obj->rd(p_console->p_dev_obj, text, sizeof text), 4);
+    EXPECT_STREQ(text, "a\x03\x13\r");
+    cio_print(p_console, "b\n");
+    EXPECT_EQ(read(station, text, sizeof text), 2) << "and no echo";
+    EXPECT_EQ(std::string(text, 2), "b\n");
 }
 
 } // namespace
@@ -69,31 +57,25 @@ TEST(CioTty, APortThatStartsCookedIsMadeRawAlsoWhenItComesBack)
     core_init();
     cio_dev_init();
     cio_tty_init();
-    const cooked_port first(path);
+    termios before, raw;
+    const int first = cooked_port(path, &before);
     static cio_tty_config config;
-    config = {path.c_str(), 0x100D}; // of the speed's own bits all count
     static cio console;
+    config = {path.c_str(), 0x100D}; // all bits that count of a speed
     cio_init(&console, nullptr, 64, "test", "tty", &config, nullptr);
     cio_start(&console);
-    const termios raw = first.settings();
-    EXPECT_EQ(raw.c_iflag, first.before.c_iflag & ~IN_OFF);
-    EXPECT_EQ(raw.c_oflag, first.before.c_oflag & ~static_cast<tcflag_t>(OPOST));
-    EXPECT_EQ(raw.c_lflag, first.before.c_lflag & ~LOCAL_OFF);
+    ASSERT_EQ(ioctl(first, TCGETS, &raw), 0);
+    EXPECT_EQ(raw.c_iflag, before.c_iflag & ~IN_OFF);
+    EXPECT_EQ(raw.c_oflag, before.c_oflag & ~static_cast<tcflag_t>(OPOST));
+    EXPECT_EQ(raw.c_lflag, before.c_lflag & ~LOCAL_OFF);
     EXPECT_EQ(raw.c_cflag & 0x100F, 0x100Du);
-    EXPECT_EQ(write(first.station, "a\x03\x13\r", 4), 4);
-    EXPECT_EQ(heard(console.p_dev_obj), "a\x03\x13\r");
-    cio_print(&console, "b\n");
-    EXPECT_EQ(first.said(), "b\n") << "and no echo";
-
-    const cooked_port second(path);
-    close(first.station);
-    EXPECT_EQ(heard(console.p_dev_obj), "") << "the port has dropped";
-    EXPECT_EQ(write(second.station, "c\r", 2), 2);
-    EXPECT_EQ(heard(console.p_dev_obj), "c\r");
-    cio_print(&console, "d\n");
-    EXPECT_EQ(second.said(), "d\n");
+    expect_raw(&console, first);
+    const int second = cooked_port(path, &before);
+    close(first);
+    EXPECT_EQ(console.p_dev_obj->rd(console.p_dev_obj, &raw, 1), 0) << "the port has dropped";
+    expect_raw(&console, second);
     console.p_dev_obj->close(console.p_dev_obj);
-    close(second.station);
+    close(second);
     unlink(path.c_str());
     core_init();
     dcp_init();
