@@ -329,14 +329,16 @@ int start(card_stream stream)
     stream_state& s = state_of(stream);
     if (s.now != phase::prepared)
         return error_of(s) != 0 ? -error_of(s) : -EBADFD;
-    if (!any_runs())
+    clock_follow(stream);
+    if (!any_runs()) {
         part_frame = 0;
+        seen = clock_follow_time(); // it took its time to bring the mixer up to the present
+    }
     s.now = phase::running;
     s.awaited = stream == card_playback;
     s.starter = std::this_thread::get_id();
     s.awaited_until = std::chrono::steady_clock::now() + thread_comes_within;
     note(stream, "start");
-    clock_follow(stream);
     return 0;
 }
 

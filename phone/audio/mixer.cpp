@@ -302,9 +302,16 @@ void keep(history& h, std::int16_t sample)
 // Nothing moves: what was kept moves on.
 void keep_silence(unsigned frames)
 {
-    for (history& h : histories)
-        for (unsigned i = 0; i < frames && !h.samples.empty(); i++)
-            keep(h, 0);
+    for (history& h : histories) {
+        if (h.samples.empty())
+            continue;
+        const auto begin = h.samples.begin() + static_cast<std::ptrdiff_t>(h.at);
+        const std::size_t n = std::min<std::size_t>(frames, mixer_history);
+        const std::size_t first = std::min(n, h.samples.size() - h.at);
+        std::fill_n(begin, first, 0);
+        std::fill_n(h.samples.begin(), n - first, 0);
+        h.at = (h.at + n) % h.samples.size();
+    }
 }
 
 std::vector<std::int16_t> newest(const history& h, std::size_t count)
