@@ -72,6 +72,9 @@ bool clock_timer_delete(int timer);
 // clock, and blocks only through the calls above.
 void clock_thread(std::function<void()> body);
 
+// Whether the calling thread runs an expiry.
+bool clock_in_expiry();
+
 // True once the program's main loop has waited for input for the first time.
 bool clock_loop_runs();
 

@@ -239,6 +239,62 @@ TEST_F(Phone, Faults)
     EXPECT_EQ(ask("calls"), "lseek /data/text\nread /data/text\nok\n");
 }
 
+TEST_F(Phone, FaultsOfTargetsGoByTheirNumbers)
+{
+    watch_target_add("mixer", {target_number::decimal});
+    watch_target_add("codec", {target_number::hex});
+    watch_target_add("bus", {target_number::decimal, target_number::hex2});
+    EXPECT_EQ(ask("fail mixer 3"), "ok\n");
+    EXPECT_FALSE(watch_target("mixer 36")) << "another number that begins alike";
+    EXPECT_TRUE(watch_target("mixer 3"));
+    EXPECT_FALSE(watch_target("mixer 3"));
+    EXPECT_EQ(ask("fail codec 0x1b4 2 eio"), "ok\n");
+    EXPECT_TRUE(watch_target("codec 1B4"));
+    EXPECT_TRUE(watch_target("codec 1B4"));
+    EXPECT_FALSE(watch_target("codec 1B4"));
+    EXPECT_EQ(ask("fail bus 5 f all"), "ok\n");
+    EXPECT_TRUE(watch_target("bus 5 0F"));
+    EXPECT_FALSE(watch_target("bus 5 F0"));
+    EXPECT_TRUE(watch_target("bus 5 0F"));
+    EXPECT_EQ(ask("fail off"), "0\nok\n");
+    EXPECT_EQ(ask("fail bus 5 all"), "ok\n");
+    EXPECT_TRUE(watch_target("bus 5 F0")) << "all of bus 5";
+    EXPECT_FALSE(watch_target("bus 51 F0"));
+    EXPECT_EQ(ask("fail off"), "0\nok\n");
+}
+
+TEST_F(Phone, CallsOfALineAreThoseOfItsThreadsToo)
+{
+    std::atomic<int> stage = 0;
+    std::thread old_thread([&] {
+        while (stage == 0)
+            std::this_thread::yield();
+        phone_co.access("/data/old", F_OK);
+        stage = 2;
+    });
+    EXPECT_EQ(ask("calls line"), "ok\n");
+    stage = 1;
+    while (stage != 2)
+        std::this_thread::yield();
+    EXPECT_EQ(ask("fail nth 2 access /data/text"), "ok\n");
+    int results[3];
+    std::thread([&] {
+        for (int& result : results)
+            result = phone_co.access("/data/text", F_OK);
+        phone_co.access("/data/text2", F_OK);
+    }).join();
+    phone_co.access("/data/text", F_OK); // outside of a line
+    EXPECT_EQ(ask("calls"),
+              "access /data/text\naccess /data/text\naccess /data/text\naccess /data/text2\nok\n");
+    EXPECT_EQ(results[0], 0);
+    EXPECT_EQ(results[1], -1);
+    EXPECT_EQ(results[2], 0);
+    EXPECT_EQ(ask("fail off"), "0\nok\n");
+    ask("calls on");
+    ask("calls off");
+    old_thread.join();
+}
+
 TEST_F(Phone, WordsRefuseWhatTheyDoNotTake)
 {
     const char* const rows[][2] = {
