@@ -201,17 +201,6 @@ void advance()
     pass_time(caught_up);
 }
 
-// The calling thread serves a stream.
-void served_by_caller(card_stream stream)
-{
-    stream_state& s = state_of(stream);
-    if (!runs(s))
-        return;
-    if (s.awaited && std::this_thread::get_id() != s.starter)
-        s.awaited = false;
-    clock_follow(stream);
-}
-
 int error_of(const stream_state& s)
 {
     switch (s.now) {
@@ -324,7 +313,7 @@ int resume(card_stream stream)
 
 int start(card_stream stream)
 {
-    constexpr auto thread_comes_within = std::chrono::milliseconds(50);
+    constexpr auto thread_comes_within = std::chrono::seconds(2);
     const card_lock lock;
     stream_state& s = state_of(stream);
     if (s.now != phase::prepared)
@@ -370,8 +359,7 @@ void close_stream(card_stream stream)
 card_place place(card_stream stream)
 {
     clock_library_goes_on();
-    const card_lock lock;
-    served_by_caller(stream);
+    const card_lock lock(stream);
     const stream_state& s = state_of(stream);
     return {error_of(s), s.done};
 }
@@ -429,8 +417,7 @@ int wait_descriptor(card_stream stream)
 
 void wait(card_stream stream)
 {
-    const card_lock lock;
-    served_by_caller(stream);
+    const card_lock lock(stream);
     clock_library_waits_until(state_of(stream).timer_fd, moment_of_period(stream));
 }
 
@@ -516,6 +503,17 @@ card_lock::card_lock() : lock(card_mutex)
     advance();
 }
 
+// The clock follows the thread before it is asked for the time: what it counted without one isn't rest.
+card_lock::card_lock(card_stream served) : lock(card_mutex)
+{
+    stream_state& s = state_of(served);
+    if (runs(s))
+        clock_follow(served);
+    advance();
+    if (std::this_thread::get_id() != s.starter)
+        s.awaited = false;
+}
+
 void sound_attach()
 {
     for (stream_state& s : streams)
@@ -525,6 +523,7 @@ void sound_attach()
     // What libasound reads by itself: the configuration, and where the plug-in lies that it names.
     setenv("ALSA_CONFIG_PATH", libraries_place("asound.conf").c_str(), 1);
     setenv("ALSA_PLUGIN_DIR", libraries_place("").c_str(), 1);
+    watch_target_add("mixer", {target_number::decimal});
     libraries_offer("card", &card_here);
     libraries_introduce("libphone_card.so");
     sound_words_attach();
@@ -600,8 +599,7 @@ int card_set_up_unwatched(card_stream stream, const card_setting& setting)
 long card_transfer_unwatched(card_stream stream, void* p_frames, unsigned long frames)
 {
     clock_library_goes_on();
-    const card_lock lock;
-    served_by_caller(stream);
+    const card_lock lock(stream);
     if (const int error = error_of(state_of(stream)); error != 0)
         return -error;
     frames = std::min<std::uint64_t>(frames, available(stream));
@@ -613,9 +611,8 @@ void card_sleep(card_stream stream, std::uint64_t frame)
 {
     nanoseconds until;
     {
-        const card_lock lock;
+        const card_lock lock(stream);
         state_of(stream).awaited = false;
-        served_by_caller(stream);
         const std::uint64_t done = state_of(stream).done;
         until = moment_after(frame - std::min(frame, done));
     }

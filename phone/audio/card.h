@@ -19,6 +19,7 @@ void sound_attach();
 class card_lock {
 public:
     card_lock();
+    explicit card_lock(card_stream served); // by the calling thread, whose work the card waits for
 
 private:
     std::lock_guard<std::mutex> lock;

@@ -115,36 +115,39 @@ void before_read(std::string_view)
 // "0x1b4 0x27"
 void after_write(std::string_view, std::string_view text)
 {
-    const std::vector<std::string> args = words(trimmed(text));
-    const auto reg = args.size() == 2 && args[0].starts_with("0x") ? hex_number(args[0]) : std::nullopt;
-    const auto value = args.size() == 2 && args[1].starts_with("0x") ? hex_number(args[1]) : std::nullopt;
+    const std::string line(trimmed(text));
+    unsigned reg = 0;
+    unsigned value = 0;
+    char more;
+    const bool read = std::sscanf(line.c_str(), "0x%4x 0x%4x%c", &reg, &value, &more) == 2;
     const std::lock_guard lock(codec_mutex);
     laid = text;
-    if (!reg || !value || *reg >= register_end || !registers[*reg] || *value > 0xFF) {
-        strange("codec " + std::string(trimmed(text)));
+    if (!read || reg >= register_end || !registers[reg] || value > 0xFF) {
+        strange("codec " + line);
         return;
     }
     char target[16];
-    std::snprintf(target, sizeof target, "codec %03X", static_cast<unsigned>(*reg));
+    std::snprintf(target, sizeof target, "codec %X", reg);
     if (!watch_target(target))
-        registers[*reg] = static_cast<std::uint8_t>(*value);
+        registers[reg] = static_cast<std::uint8_t>(value);
 }
 
 constexpr attribute codec_attribute = {.before_read = before_read, .after_write = after_write};
 
 std::string word_codec(request& rq)
 {
-    const auto reg = rq.args.empty() ? std::nullopt : hex_number(rq.args[0]);
-    const auto value = rq.args.size() > 1 ? hex_number(rq.args[1]) : 0;
-    if (!reg || !value || *value > 0xFF || rq.args.size() > 2)
+    const std::uint64_t none = UINT64_MAX;
+    const std::uint64_t reg = rq.args.empty() ? none : hex_number(rq.args[0]).value_or(none);
+    const std::uint64_t value = rq.args.size() > 1 ? hex_number(rq.args[1]).value_or(none) : 0;
+    if (reg == none || value > 0xFF || rq.args.size() > 2)
         return "REG [VALUE] is wanted, both in hexadecimal";
     const std::lock_guard lock(codec_mutex);
-    if (*reg >= register_end || !registers[*reg])
+    if (reg >= register_end || !registers[reg])
         return "the codec has no register " + rq.args[0];
     if (rq.args.size() == 2)
-        registers[*reg] = static_cast<std::uint8_t>(*value);
+        registers[reg] = static_cast<std::uint8_t>(value);
     else
-        rq.answer = to_hex(&*registers[*reg], 1);
+        rq.answer = to_hex(&*registers[reg], 1);
     return {};
 }
 
@@ -154,6 +157,7 @@ void codec_attach()
 {
     power_up();
     attribute_add(path, &codec_attribute);
+    watch_target_add("codec", {target_number::hex});
     word_add("codec", "REG [VALUE]", "reads or sets a register of the sound codec, in hexadecimal", word_codec);
     conf_add_word("codec");
 }
