@@ -1,7 +1,8 @@
-// The layer between the audio tests and libasound: writes routes (lists of mixer settings) to the sound card's
-// control interface, and runs at most one playback and one capture, each on a thread of its own. Knows no route
-// by name and measures nothing. Everything but the two threads' loops runs on the caller's thread, which is one
-// thread at a time. Results are 0 or more for success, negative for failure, ALSA_FAILED unless told otherwise.
+// The layer between the audio tests and libasound: writes routes (lists of mixer settings) to the sound
+// card's control interface, and runs at most one playback and one capture, each on a thread of its own. Knows
+// no route by name and measures nothing. Everything but the two threads' loops runs on the caller's thread,
+// which is one thread at a time. Results are 0 or more for success, negative for failure, ALSA_FAILED unless
+// told otherwise.
 #pragma once
 
 #include <cstdint>
@@ -31,7 +32,8 @@ constexpr int ALSA_VALUES = 10;
 constexpr int ALSA_VALUE_DEFAULT = 0;
 constexpr int ALSA_VALUE_WORKING = 1; // what "no change" writes, and where a saved selection goes
 constexpr int ALSA_VALUE_ON = 2;
-constexpr int ALSA_VALUE_SHORT_STEP = 9; // of a gain entry: where a gain goes for a moment when a stream starts
+constexpr int ALSA_VALUE_SHORT_STEP =
+    9; // of a gain entry: where a gain goes for a moment when a stream starts
 
 struct alsa_ctl_entry {
     std::uint32_t type;
@@ -53,18 +55,18 @@ struct alsa_wave {
     unsigned period_samples; // of one wave
 };
 
-// One direction of the card. Sizes are frames, as the card takes them, but where a comment says bytes. The card
-// may grant another rate, buffer_size and period_size than was asked; what it grants is written here.
+// One direction of the card. Sizes are frames, as the card takes them, but where a comment says bytes. The
+// card may grant another rate, buffer_size and period_size than was asked; what it grants is written here.
 struct alsa_pcm_config {
     const char* device;
     int stream; // 0 playback, 1 capture
     int format; // 2: signed, 16 bits, low byte first
     unsigned rate;
     unsigned channels;
-    unsigned periods;          // whole waves in the buffer
-    unsigned analysis_periods; // waves in the analysed block
-    unsigned frequency;        // Hz
-    std::int16_t amplitude;    // the sine's peak
+    unsigned periods;           // whole waves in the buffer
+    unsigned analysis_periods;  // waves in the analysed block
+    unsigned frequency;         // Hz
+    std::int16_t amplitude;     // the sine's peak
     std::uint32_t dump_samples; // low byte not 0: the tests write their text dumps
     snd_pcm_t* pcm;
     alsa_samples buffer;                   // of a capture: its newest block
@@ -77,13 +79,14 @@ struct alsa_pcm_config {
 
 void alsa_init();
 
-// Opens the card's control interface, once. 0, or the error of the library; -1 for a null name or when it is open
-// already, which makes ALSA_STATE_ERROR too.
+// Opens the card's control interface, once. 0, or the error of the library; -1 for a null name or when it is
+// open already, which makes ALSA_STATE_ERROR too.
 int alsa_ctl_init(const char* name);
 
-// Write value `n` of each entry of a route: all entries, or those of gain alone; and, unless told otherwise, make
-// it the working value of the entry, which it is even if the card then refuses it. Plain entries take 2 for
-// any greater n. The result is that of the last write; -1 for a null route, a negative n, or without a card.
+// Write value `n` of each entry of a route: all entries, or those of gain alone; and, unless told otherwise,
+// make it the working value of the entry, which it is even if the card then refuses it. Plain entries take 2
+// for any greater n. The result is that of the last write; -1 for a null route, a negative n, or without a
+// card.
 int alsa_ctl_set(alsa_ctl_entry* p_route, int n);
 int alsa_ctl_set_default(alsa_ctl_entry* p_route);
 int alsa_ctl_set_no_change(alsa_ctl_entry* p_route);
@@ -95,8 +98,8 @@ int alsa_ctl_set_gain_no_save(alsa_ctl_entry* p_route, int n);
 // Writes the off value of each entry, without a wait. 0 for a null route; -1 on failure.
 int alsa_ctl_set_off(const alsa_ctl_entry* p_route);
 
-// Make value `n` the working value and leave the card alone. The result is minus the number of entries that have
-// no such step; -1 for a null route or an n outside 0 to 9.
+// Make value `n` the working value and leave the card alone. The result is minus the number of entries that
+// have no such step; -1 for a null route or an n outside 0 to 9.
 int alsa_ctl_set_noapply(alsa_ctl_entry* p_route, int n);
 int alsa_ctl_set_gain_noapply(alsa_ctl_entry* p_route, int n);
 
@@ -115,8 +118,8 @@ unsigned long alsa_wave_reach(const alsa_pcm_config& config, unsigned period_sam
 std::shared_ptr<const alsa_wave> alsa_wave_get(const alsa_pcm_config& config);
 void alsa_wave_set(alsa_pcm_config* p_config, std::shared_ptr<const alsa_wave> wave);
 
-// Starts the tone: routes, stream, thread. 0, also while one runs, which is left as it is. A failed start leaves
-// the routes as they were written.
+// Starts the tone: routes, stream, thread. 0, also while one runs, which is left as it is. A failed start
+// leaves the routes as they were written.
 int alsa_tgen_start(alsa_pcm_config* p_config, alsa_ctl_entry* p_route, alsa_ctl_entry* p_gain);
 
 // Ends the tone and switches its routes off. 0, also without one.
@@ -127,8 +130,8 @@ int alsa_auan_init();
 // Starts a capture into the record's buffer, which must hold a block. Refused while one runs.
 int alsa_auan_start(alsa_pcm_config* p_config, alsa_ctl_entry* p_route, alsa_ctl_entry* p_gain);
 
-// Ends the capture behind its block and gives its routes their default values. The buffer holds the newest block
-// then, and stays the caller's. Without a capture it fails.
+// Ends the capture behind its block and gives its routes their default values. The buffer holds the newest
+// block then, and stays the caller's. Without a capture it fails.
 int alsa_auan_stop();
 
 int get_alsa_state();
@@ -139,9 +142,9 @@ alsa_ctl_entry* get_tgen_gain_cfg();
 alsa_ctl_entry* get_auan_cfg();
 alsa_ctl_entry* get_auan_gain_cfg();
 
-// The phone's two streams and its routes: a driver attaches them, the tests look them up. Routes stand by slot
-// number, from slot 2 on; a slot may be empty. "No tgen" and "no auan" are the routes of a loopback, which has
-// no stream.
+// The phone's two streams and its routes: a driver attaches them, the tests look them up. Routes stand by
+// slot number, from slot 2 on; a slot may be empty. "No tgen" and "no auan" are the routes of a loopback,
+// which has no stream.
 // clang-format off
 constexpr int ALSA_SLOTS                   = 43;
 constexpr int ALSA_SPEAKER                 =  2;

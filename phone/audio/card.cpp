@@ -1,219 +1,27 @@
 #include "audio/card.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
-#include <chrono>
-#include <cstdint>
 #include <cstdlib>
-#include <string>
 #include <sys/timerfd.h>
-#include <thread>
-#include <unistd.h>
-#include <vector>
 
+#include "audio/card_inner.h"
 #include "audio/mixer.h"
 #include "audio/sound_words.h"
 #include "core/libraries.h"
-#include "core/log.h"
 #include "core/watch.h"
 
 namespace phone {
 
+using namespace card_inner;
+
 namespace {
 
-constexpr nanoseconds ns_per_s = 1'000'000'000;
-constexpr nanoseconds ns_per_ms = 1'000'000;
-constexpr unsigned usual_rate = 48000;
 constexpr unsigned bytes_per_sample = 2;
 
-enum class phase { closed, open, set, prepared, running, xrun, suspended, dead };
-
-struct stream_state {
-    phase now = phase::closed;
-    card_setting setting{};
-    std::vector<std::int16_t> ring;
-    std::uint64_t given = 0; // frames that the program has transferred since the last prepare
-    std::uint64_t done = 0;  // frames that the card has taken or made
-    int timer_fd = -1;       // what a waiting thread polls
-    // A playback's thread comes after its start: until then, or for a while of the host's time, it counts as at work.
-    bool awaited = false;
-    std::thread::id starter;
-    std::chrono::steady_clock::time_point awaited_until;
-};
-
-log_id log_sound;
-
-std::mutex card_mutex; // guards all below
-std::array<stream_state, 2> streams;
 bool is_gone;
 unsigned fixed_rate;
 unsigned fixed_ring;
-
-// The card's time.
-unsigned rate = usual_rate;
-clock_followed seen;       // up to where it has been brought
-nanoseconds lag;           // passed while a thread was at work, and not caught up yet
-std::int64_t part_frame;   // of the frame that runs, in billionths
-
-stream_state& state_of(card_stream stream)
-{
-    return streams[stream];
-}
-
-bool runs(const stream_state& s)
-{
-    return s.now == phase::running;
-}
-
-std::uint64_t filled(card_stream stream)
-{
-    const stream_state& s = state_of(stream);
-    return stream == card_playback ? s.given - s.done : s.done - s.given;
-}
-
-// Frames that a transfer would find room or samples for.
-std::uint64_t available(card_stream stream)
-{
-    return stream == card_playback ? state_of(stream).setting.ring - filled(stream) : filled(stream);
-}
-
-void note(card_stream stream, const std::string& what)
-{
-    log_line(log_sound, std::string(card_stream_name(stream)) + " " + what);
-}
-
-void ring_timer(const stream_state& s)
-{
-    const itimerspec now{{}, {0, 1}};
-    timerfd_settime(s.timer_fd, 0, &now, nullptr);
-}
-
-// Has the mixer carry frames, in pieces that lie in one piece in the rings. Within them no stream starts or ends.
-void carry(std::uint64_t frames)
-{
-    stream_state& play = streams[card_playback];
-    stream_state& capture = streams[card_capture];
-    while (frames > 0) {
-        std::uint64_t n = std::min<std::uint64_t>(frames, mixer_history);
-        mixer_block block{rate, 0, nullptr, play.setting.channels, nullptr, capture.setting.channels, capture.done};
-        if (runs(play)) {
-            const std::uint64_t at = play.done % play.setting.ring;
-            block.p_playback = &play.ring[at * play.setting.channels];
-            n = std::min(n, play.setting.ring - at);
-        }
-        if (runs(capture)) {
-            const std::uint64_t at = capture.done % capture.setting.ring;
-            block.p_capture = &capture.ring[at * capture.setting.channels];
-            n = std::min(n, capture.setting.ring - at);
-        }
-        block.frames = static_cast<unsigned>(n);
-        mixer_carry(block);
-        for (stream_state& s : streams)
-            s.done += runs(s) ? n : 0;
-        frames -= n;
-    }
-}
-
-void end_stream(card_stream stream, phase now, const char* what)
-{
-    state_of(stream).now = now;
-    note(stream, what);
-    clock_unfollow(stream);
-    ring_timer(state_of(stream));
-}
-
-bool any_runs()
-{
-    return runs(streams[card_playback]) || runs(streams[card_capture]);
-}
-
-// How many frames can pass before a running stream under- or overruns.
-std::uint64_t until_xrun()
-{
-    std::uint64_t n = UINT64_MAX;
-    if (runs(streams[card_playback]))
-        n = filled(card_playback);
-    if (runs(streams[card_capture]))
-        n = std::min(n, streams[card_capture].setting.ring - filled(card_capture));
-    return n;
-}
-
-void pass_frames(std::uint64_t frames)
-{
-    if (!any_runs())
-        frames = std::min<std::uint64_t>(frames, mixer_history); // nobody can hear what was before
-    while (frames > 0) {
-        const std::uint64_t n = std::min(frames, until_xrun());
-        carry(n);
-        frames -= n;
-        for (const card_stream stream : {card_playback, card_capture})
-            if (frames > 0 && runs(state_of(stream)) &&
-                filled(stream) == (stream == card_playback ? 0 : state_of(stream).setting.ring))
-                end_stream(stream, phase::xrun, "xrun");
-    }
-}
-
-void pass_time(nanoseconds span)
-{
-    constexpr nanoseconds longest = 100 * ns_per_s;
-    part_frame += std::min(span, longest) * rate;
-    pass_frames(static_cast<std::uint64_t>(part_frame / ns_per_s));
-    part_frame %= ns_per_s;
-}
-
-// What can be caught up at once without bringing a stream into need: half of its ring stays.
-nanoseconds bearable()
-{
-    std::uint64_t frames = UINT32_MAX;
-    for (const card_stream stream : {card_playback, card_capture}) {
-        const stream_state& s = state_of(stream);
-        if (!runs(s))
-            continue;
-        const std::uint64_t left = stream == card_playback ? filled(stream) : s.setting.ring - filled(stream);
-        frames = std::min(frames, left - std::min(left, s.setting.ring / 2));
-    }
-    return static_cast<nanoseconds>(frames) * ns_per_s / rate;
-}
-
-bool is_awaited(stream_state& s)
-{
-    s.awaited = s.awaited && runs(s) && std::chrono::steady_clock::now() < s.awaited_until;
-    return s.awaited;
-}
-
-void advance()
-{
-    constexpr nanoseconds most_lag = 200 * ns_per_ms;
-    const clock_followed t = clock_follow_time();
-    const nanoseconds passed = t.now - seen.now;
-    const nanoseconds rested = is_awaited(streams[card_playback]) ? 0 : t.at_rest - seen.at_rest;
-    seen = t;
-    if (!any_runs()) {
-        lag = 0;
-        pass_time(passed);
-        return;
-    }
-    pass_time(rested);
-    lag = std::min(lag + passed - rested, most_lag);
-    const nanoseconds caught_up = std::min(lag, bearable());
-    lag -= caught_up;
-    pass_time(caught_up);
-}
-
-int error_of(const stream_state& s)
-{
-    switch (s.now) {
-    case phase::xrun:
-        return EPIPE;
-    case phase::suspended:
-        return ESTRPIPE;
-    case phase::dead:
-        return ENODEV;
-    default:
-        return 0;
-    }
-}
 
 // Whether a call of the program fails by a bench's will.
 bool fails(const char* operation, card_stream stream)
@@ -276,12 +84,6 @@ int set_up(card_stream stream, const card_setting* p_setting)
     return fails("setup", stream) ? -EIO : set_up_unwatched(stream, *p_setting);
 }
 
-void stop_running(card_stream stream, phase now)
-{
-    if (runs(state_of(stream)))
-        end_stream(stream, now, "stop");
-}
-
 int prepare_unwatched(card_stream stream)
 {
     const card_lock lock;
@@ -319,10 +121,8 @@ int start(card_stream stream)
     if (s.now != phase::prepared)
         return error_of(s) != 0 ? -error_of(s) : -EBADFD;
     clock_follow(stream);
-    if (!any_runs()) {
-        part_frame = 0;
-        seen = clock_follow_time(); // it took its time to bring the mixer up to the present
-    }
+    if (!any_runs())
+        begin_time(); // not when the lock was taken: the mixer may have had much to catch up with
     s.now = phase::running;
     s.awaited = stream == card_playback;
     s.starter = std::this_thread::get_id();
@@ -393,23 +193,6 @@ long transfer(card_stream stream, void* p_frames, unsigned long frames)
     return card_transfer_unwatched(stream, p_frames, frames);
 }
 
-// The moment at which so many frames have passed.
-nanoseconds moment_after(std::uint64_t frames)
-{
-    return seen.now + (static_cast<nanoseconds>(frames) * ns_per_s - part_frame + rate - 1) / rate;
-}
-
-// The moment at which a transfer of a period can be made.
-nanoseconds moment_of_period(card_stream stream)
-{
-    const stream_state& s = state_of(stream);
-    if (error_of(s) != 0 || available(stream) >= s.setting.period)
-        return seen.now;
-    if (!runs(s))
-        return forever;
-    return moment_after(s.setting.period - available(stream));
-}
-
 int wait_descriptor(card_stream stream)
 {
     return state_of(stream).timer_fd;
@@ -425,7 +208,7 @@ bool wait_is_over(card_stream stream)
 {
     clock_library_goes_on();
     const card_lock lock;
-    return moment_of_period(stream) <= seen.now;
+    return moment_of_period(stream) <= this_moment();
 }
 
 int mixer_open()
@@ -498,28 +281,13 @@ const card_calls card_here = {
 };
 // clang-format on
 
-card_lock::card_lock() : lock(card_mutex)
-{
-    advance();
-}
-
-// The clock follows the thread before it is asked for the time: what it counted without one isn't rest.
-card_lock::card_lock(card_stream served) : lock(card_mutex)
-{
-    stream_state& s = state_of(served);
-    if (runs(s))
-        clock_follow(served);
-    advance();
-    if (std::this_thread::get_id() != s.starter)
-        s.awaited = false;
-}
-
 void sound_attach()
 {
     for (stream_state& s : streams)
         s.timer_fd = timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK);
-    seen = clock_follow_time();
-    log_sound = log_add("sound", "what the sound card was told last: its controls, and the life of its streams");
+    begin_time();
+    log_sound =
+        log_add("sound", "what the sound card was told last: its controls, and the life of its streams");
     // What libasound reads by itself: the configuration, and where the plug-in lies that it names.
     setenv("ALSA_CONFIG_PATH", libraries_place("asound.conf").c_str(), 1);
     setenv("ALSA_PLUGIN_DIR", libraries_place("").c_str(), 1);

@@ -1,5 +1,5 @@
-// The sound card as a driver finds it: what the phone offers to the plug-in (plug_in.cpp), a shared object that libasound
-// opens and that only hands on. Results are 0 or more, or a negative errno.
+// The sound card as a driver finds it: what the phone offers to the plug-in (plug_in.cpp), a shared object
+// that libasound opens and that only hands on. Results are 0 or more, or a negative errno.
 #pragma once
 
 extern "C" {
@@ -50,8 +50,8 @@ struct card_calls {
     // Moves `frames` interleaved frames into or out of the ring. The result is how many.
     long (*transfer)(card_stream stream, void* p_frames, unsigned long frames);
 
-    // The descriptor that a waiting thread polls; the thread begins to wait; it has been woken: whether it has a
-    // period to transfer, or an error to meet, else it waits on.
+    // The descriptor that a waiting thread polls; the thread begins to wait; it has been woken: whether it
+    // has a period to transfer, or an error to meet, else it waits on.
     int (*wait_descriptor)(card_stream stream);
     void (*wait)(card_stream stream);
     bool (*wait_is_over)(card_stream stream);

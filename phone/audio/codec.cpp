@@ -158,7 +158,8 @@ void codec_attach()
     power_up();
     attribute_add(path, &codec_attribute);
     watch_target_add("codec", {target_number::hex});
-    word_add("codec", "REG [VALUE]", "reads or sets a register of the sound codec, in hexadecimal", word_codec);
+    word_add("codec", "REG [VALUE]", "reads or sets a register of the sound codec, in hexadecimal",
+             word_codec);
     conf_add_word("codec");
 }
 
@@ -168,8 +169,8 @@ void codec_seed()
     laid = listing_locked(); // a codec has its reset values when the phone comes on
     home_seed(path, laid);
     std::string found;
-    if (const std::string host = host_path(path); !host.empty() && read_whole(host, found) && found.size() > 0 &&
-                                                  !home_is_first_start())
+    if (const std::string host = host_path(path);
+        !host.empty() && read_whole(host, found) && found.size() > 0 && !home_is_first_start())
         laid = found;
 }
 

@@ -1,5 +1,5 @@
-// The registers of the WCD9320 codec behind the debugfs file of its kernel driver: reading gives a line for each register,
-// writing "0x1b4 0x27" sets one. What the mixer does (mixer.h) isn't derived from them.
+// The registers of the WCD9320 codec behind the debugfs file of its kernel driver: reading gives a line for
+// each register, writing "0x1b4 0x27" sets one. What the mixer does (mixer.h) isn't derived from them.
 #pragma once
 
 namespace phone {

@@ -49,7 +49,8 @@ constexpr loop_row plug_loops[] = {
 };
 // clang-format on
 
-// The microphone contact hangs on its bias of 1800 mV through this resistor; a converter of 12 bits measures it.
+// The microphone contact hangs on its bias of 1800 mV through this resistor; a converter of 12 bits measures
+// it.
 constexpr double bias_ohms = 2210;
 constexpr double bias_mv = 1800;
 constexpr double converter_steps = 4096;
@@ -105,12 +106,11 @@ std::string plug_in_locked(const std::vector<std::string>& args)
     for (const plug_row& row : plugs)
         if (!args.empty() && row.name == args[0])
             p_found = &row;
-    const auto given = args.size() == 2 ? number(args[1]) : std::nullopt;
-    if (p_found == nullptr || args.size() > (p_found == &plugs[0] ? 1 : 2) ||
-        (args.size() == 2 && (!given || *given < 0 || *given > 10'000'000)))
+    const std::int64_t given = args.size() == 2 ? number(args[1]).value_or(-1) : 0;
+    if (p_found == nullptr || args.size() > (p_found == &plugs[0] ? 1 : 2) || given < 0 || given > 10'000'000)
         return "none, or headphones, headset or loop with perhaps 0 to 10000000 ohms, is wanted";
     p_plug = p_found;
-    ohms = static_cast<long>(given.value_or(p_found->ohms));
+    ohms = args.size() == 2 ? static_cast<long>(given) : p_found->ohms;
     set_loops_locked();
     return {};
 }

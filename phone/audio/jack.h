@@ -1,5 +1,5 @@
-// The headset jack: what is plugged in, the loops that a test plug makes, and the three files in which the kernel's driver
-// shows what it has detected.
+// The headset jack: what is plugged in, the loops that a test plug makes, and the three files in which the
+// kernel's driver shows what it has detected.
 #pragma once
 
 namespace phone {

@@ -179,7 +179,7 @@ double fed(mixer_feed& feed, unsigned rate)
 line_plan plan_line(unsigned source_control, unsigned volume_control)
 {
     const int source = values[source_control];
-    return {source == 5 ? line_stream
+    return {source == 5   ? line_stream
             : source == 3 ? line_side_a
             : source == 4 ? line_side_b
                           : line_silent,
@@ -195,7 +195,8 @@ void plan_arrivals(input_plan& p)
     }
 }
 
-// The place of a decimator among those that are used; -1 when there is none of that number or it hears nothing.
+// The place of a decimator among those that are used; -1 when there is none of that number or it hears
+// nothing.
 int plan_decimator(int number)
 {
     for (const decimator_row& row : decimators) {
@@ -204,8 +205,11 @@ int plan_decimator(int number)
         for (int i = 0; i < plan.used_count; i++)
             if (plan.used[static_cast<std::size_t>(i)].input == row.input)
                 return i;
-        input_plan p{row.input, factor(step_db * values[row.gain_control]),
-                     factor(values[row.volume_control] - full_volume), 0, {}};
+        input_plan p{row.input,
+                     factor(step_db * values[row.gain_control]),
+                     factor(values[row.volume_control] - full_volume),
+                     0,
+                     {}};
         plan_arrivals(p);
         plan.used[static_cast<std::size_t>(plan.used_count)] = p;
         return plan.used_count++;
@@ -232,7 +236,8 @@ void make_plan()
     plan.side[0] = carries(line_side_a) ? plan_decimator(values[376]) : -1;
     plan.side[1] = carries(line_side_b) ? plan_decimator(values[375]) : -1;
     plan.radio = values[130] != 0 && values[295] != 0 && values[367] != 0;
-    plan.captured = !plan.radio && values[291] != 0 && values[413] != 0 ? plan_decimator(values[380] - 7) : -1;
+    plan.captured =
+        !plan.radio && values[291] != 0 && values[413] != 0 ? plan_decimator(values[380] - 7) : -1;
 }
 
 double line_sample(const line_plan& line, double stream)

@@ -1,6 +1,7 @@
-// The codec's mixer: its controls, and the way of the samples through it, from the program's stream to the outputs, from
-// there through the air into the microphones, and back into a capture. It knows no time: the card (card.h) tells it how
-// many frames to carry, and guards it by its lock; so do all who set something here.
+// The codec's mixer: its controls, and the way of the samples through it, from the program's stream to the
+// outputs, from there through the air into the microphones, and back into a capture. It knows no time: the
+// card (card.h) tells it how many frames to carry, and guards it by its lock; so do all who set something
+// here.
 #pragma once
 
 #include <array>
@@ -29,8 +30,8 @@ extern const std::array<std::string_view, mixer_inputs> mixer_input_names;
 
 // What somebody feeds into an input.
 struct mixer_feed {
-    double frequency = 0; // Hz; 0: no sine
-    double peak = 0;      // 16-bit units
+    double frequency = 0;           // Hz; 0: no sine
+    double peak = 0;                // 16-bit units
     std::vector<std::int16_t> file; // or one channel of a file, repeated
     unsigned file_rate = 0;
     std::uint64_t at = 0; // frames since it was set
@@ -56,8 +57,8 @@ void mixer_changed();
 // Whether samples move without a stream: something feeds a line from an input.
 bool mixer_has_sidetone();
 
-// Carries `frames` frames. The streams are interleaved; null for one that doesn't run. `captured` are the frames
-// that the capture has had since its start.
+// Carries `frames` frames. The streams are interleaved; null for one that doesn't run. `captured` are the
+// frames that the capture has had since its start.
 struct mixer_block {
     unsigned rate;
     unsigned frames;
@@ -69,7 +70,8 @@ struct mixer_block {
 };
 void mixer_carry(const mixer_block& block);
 
-// The newest `count` samples of an output, or of the captures' first channel; at most 10 s at 48000 Hz are kept.
+// The newest `count` samples of an output, or of the captures' first channel; at most 10 s at 48000 Hz are
+// kept.
 constexpr std::size_t mixer_history = 480'000;
 std::vector<std::int16_t> mixer_left(mixer_output output, std::size_t count);
 std::vector<std::int16_t> mixer_captured(std::size_t count);

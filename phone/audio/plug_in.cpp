@@ -1,10 +1,10 @@
-// The sound card as libasound sees it: a control plug-in and an I/O plug-in in one shared object. libasound opens it by
-// itself, by the name in a private configuration; the phone has loaded and introduced it before. All that the card
-// does is in the phone (card.h).
+// The sound card as libasound sees it: a control plug-in and an I/O plug-in in one shared object. libasound
+// opens it by itself, by the name in a private configuration; the phone has loaded and introduced it before.
+// All that the card does is in the phone (card.h).
+#include <algorithm>
 #include <alsa/asoundlib.h>
 #include <alsa/control_external.h>
 #include <alsa/pcm_external.h>
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <memory>
@@ -52,7 +52,8 @@ snd_ctl_ext_key_t find_elem(snd_ctl_ext_t*, const snd_ctl_elem_id_t* id)
 
 int get_attribute(snd_ctl_ext_t*, snd_ctl_ext_key_t key, int* p_type, unsigned* p_access, unsigned* p_count)
 {
-    constexpr int types[] = {SND_CTL_ELEM_TYPE_BOOLEAN, SND_CTL_ELEM_TYPE_INTEGER, SND_CTL_ELEM_TYPE_ENUMERATED};
+    constexpr int types[] = {SND_CTL_ELEM_TYPE_BOOLEAN, SND_CTL_ELEM_TYPE_INTEGER,
+                             SND_CTL_ELEM_TYPE_ENUMERATED};
     *p_type = types[p_card->control_kind(numid_of(key))];
     *p_access = SND_CTL_EXT_ACCESS_READWRITE;
     *p_count = 1;
@@ -154,8 +155,8 @@ int on_stop(snd_pcm_ioplug_t* io)
     return 0;
 }
 
-// A negative result is an underrun to the library. A suspended or missing card has states of their own, and its ring
-// shows as one that wants a transfer, which then meets that state.
+// A negative result is an underrun to the library. A suspended or missing card has states of their own, and
+// its ring shows as one that wants a transfer, which then meets that state.
 snd_pcm_sframes_t on_pointer(snd_pcm_ioplug_t* io)
 {
     const card_place place = p_card->place(stream_of(io).which);
@@ -171,12 +172,12 @@ snd_pcm_sframes_t on_pointer(snd_pcm_ioplug_t* io)
     default:
         return -EPIPE;
     }
-    return static_cast<snd_pcm_sframes_t>(stream_of(io).which == card_playback ? io->appl_ptr
-                                                                               : io->appl_ptr + io->buffer_size);
+    return static_cast<snd_pcm_sframes_t>(
+        stream_of(io).which == card_playback ? io->appl_ptr : io->appl_ptr + io->buffer_size);
 }
 
-snd_pcm_sframes_t on_transfer(snd_pcm_ioplug_t* io, const snd_pcm_channel_area_t* areas, snd_pcm_uframes_t offset,
-                              snd_pcm_uframes_t size)
+snd_pcm_sframes_t on_transfer(snd_pcm_ioplug_t* io, const snd_pcm_channel_area_t* areas,
+                              snd_pcm_uframes_t offset, snd_pcm_uframes_t size)
 {
     char* const p = static_cast<char*>(areas->addr) + (areas->first + areas->step * offset) / 8;
     return p_card->transfer(stream_of(io).which, p, size);
@@ -270,16 +271,19 @@ int set_limits(snd_pcm_ioplug_t* io, const card_limits& limits)
     if (result >= 0)
         result = snd_pcm_ioplug_set_param_minmax(io, SND_PCM_IOPLUG_HW_CHANNELS, 1, 2);
     if (result >= 0)
-        result = snd_pcm_ioplug_set_param_minmax(io, SND_PCM_IOPLUG_HW_RATE, limits.rate_least, limits.rate_most);
+        result =
+            snd_pcm_ioplug_set_param_minmax(io, SND_PCM_IOPLUG_HW_RATE, limits.rate_least, limits.rate_most);
     if (result >= 0)
         result = snd_pcm_ioplug_set_param_minmax(io, SND_PCM_IOPLUG_HW_BUFFER_BYTES, limits.ring_least,
                                                  limits.ring_most);
     if (result >= 0)
-        result = snd_pcm_ioplug_set_param_minmax(io, SND_PCM_IOPLUG_HW_PERIOD_BYTES, period_least, limits.ring_most);
+        result = snd_pcm_ioplug_set_param_minmax(io, SND_PCM_IOPLUG_HW_PERIOD_BYTES, period_least,
+                                                 limits.ring_most);
     return result;
 }
 
-int create(std::unique_ptr<open_stream> made, snd_pcm_t** p_pcm, const char* name, snd_pcm_stream_t direction, int mode)
+int create(std::unique_ptr<open_stream> made, snd_pcm_t** p_pcm, const char* name, snd_pcm_stream_t direction,
+           int mode)
 {
     snd_pcm_ioplug_t& io = made->io;
     io.version = SND_PCM_IOPLUG_VERSION;

@@ -94,7 +94,8 @@ int tool_arec(tool_call& call)
     card_here.start(s.stream);
     while (got < w.samples.size()) {
         card_sleep(s.stream, std::min(got + std::size_t{period} * w.channels, w.samples.size()) / w.channels);
-        const long n = card_transfer_unwatched(s.stream, &w.samples[got], (w.samples.size() - got) / w.channels);
+        const long n =
+            card_transfer_unwatched(s.stream, &w.samples[got], (w.samples.size() - got) / w.channels);
         if (n < 0)
             return fail(call, std::string("read: ") + std::strerror(static_cast<int>(-n)));
         got += static_cast<std::size_t>(n) * w.channels;

@@ -72,8 +72,8 @@ struct heard {
     int peak;
 };
 
-// Whole waves are counted from one rise through zero to the last; small crossings on the way, such as noise makes, don't
-// count.
+// Whole waves are counted from one rise through zero to the last; small crossings on the way, such as noise
+// makes, don't count.
 heard analyse(const std::vector<std::int16_t>& samples, unsigned rate)
 {
     int peak = 0;
@@ -116,7 +116,8 @@ std::string word_listen(request& rq)
     const bool captured = !rq.args.empty() && rq.args[0] == "capture";
     const auto output = rq.args.empty() ? std::nullopt : mixer_output_of(rq.args[0]);
     if (!captured && !output)
-        return "OUTPUT or capture, and perhaps FILE.wav and MS, are wanted; the outputs are speaker, ear, left "
+        return "OUTPUT or capture, and perhaps FILE.wav and MS, are wanted; the outputs are speaker, ear, "
+               "left "
                "and right";
     const auto ms = rq.args.size() > 2 ? number(rq.args[2]) : usual_ms;
     if (rq.args.size() > 3 || !ms || *ms < 1 || *ms > most_ms ||
@@ -135,9 +136,8 @@ std::string word_listen(request& rq)
     if (rq.args.size() > 1)
         return write_wav(desk_path(rq.args[1]), rate, samples);
     const heard h = analyse(samples, rate);
-    rq.answer = moves && h.peak > 0
-                    ? std::to_string(std::lround(h.frequency)) + " " + std::to_string(h.peak)
-                    : "silent";
+    rq.answer = moves && h.peak > 0 ? std::to_string(std::lround(h.frequency)) + " " + std::to_string(h.peak)
+                                    : "silent";
     return {};
 }
 
@@ -311,7 +311,8 @@ std::string word_pcm(request& rq)
     const auto rate = number(first);
     const auto ring = rq.args.size() == 2 ? number(rq.args[1]) : std::nullopt;
     if (!rate || !ring || *rate < 1 || *rate > 384'000 || *ring < 64 || *ring > 1'000'000)
-        return "off, on, a RATE up to 384000 with a RING from 64 to 1000000, or xrun or suspend with playback or "
+        return "off, on, a RATE up to 384000 with a RING from 64 to 1000000, or xrun or suspend with "
+               "playback or "
                "capture is wanted";
     card_fix(static_cast<unsigned>(*rate), static_cast<unsigned>(*ring));
     return {};
@@ -321,17 +322,22 @@ std::string word_pcm(request& rq)
 
 void sound_words_attach()
 {
-    word_add("mixer", "N [VALUE]", "reads or sets control N of the sound card, past its interface", word_mixer);
+    word_add("mixer", "N [VALUE]", "reads or sets control N of the sound card, past its interface",
+             word_mixer);
     word_add("listen", "OUTPUT|capture [FILE.wav [MS]]",
-             "what left speaker, ear, left or right, or was captured, in the last half second: frequency and peak; or "
+             "what left speaker, ear, left or right, or was captured, in the last half second: frequency and "
+             "peak; or "
              "the last MS (1000) as a file to play",
              word_listen);
     word_add("source", "[INPUT|stream FREQ PEAK|noise PEAK|FILE.wav|off]",
-             "feeds mic1, mic2, hsmic, line or fm, or the capture itself; alone, tells what is fed", word_source);
+             "feeds mic1, mic2, hsmic, line or fm, or the capture itself; alone, tells what is fed",
+             word_source);
     word_add("loop", "[OUTPUT INPUT DB|off [CLIP]]",
              "how loud an output arrives at an input, cut at CLIP; alone, lists the loops", word_loop);
-    word_add("pcm", "[off|on|RATE RING|xrun STREAM|suspend STREAM]",
-             "takes the sound card away or gives it back, fixes what it grants, or disturbs playback or capture", word_pcm);
+    word_add(
+        "pcm", "[off|on|RATE RING|xrun STREAM|suspend STREAM]",
+        "takes the sound card away or gives it back, fixes what it grants, or disturbs playback or capture",
+        word_pcm);
     for (const char* const word : {"mixer", "source", "loop", "pcm"})
         conf_add_word(word);
 }

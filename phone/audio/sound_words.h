@@ -1,4 +1,5 @@
-// The words of the control port that look into the sound card and set it from outside: mixer, listen, source, loop, pcm.
+// The words of the control port that look into the sound card and set it from outside: mixer, listen, source,
+// loop, pcm.
 #pragma once
 
 namespace phone {

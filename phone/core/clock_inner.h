@@ -43,7 +43,7 @@ struct thread_mark {
     int kick_fd;
     pid_t tid;
     bool is_main = false;
-    bool is_worker = false; // runs expiries
+    bool is_worker = false;  // runs expiries
     bool known = false;      // its work is counted
     bool blocked = false;    // in one of the waits
     waiter library{forever}; // while it waits inside a library

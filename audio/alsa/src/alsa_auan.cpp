@@ -1,4 +1,5 @@
-// The capture: a thread that fills the record's buffer with one block after the other, each over the one before.
+// The capture: a thread that fills the record's buffer with one block after the other, each over the one
+// before.
 #include <pthread.h>
 #include <utility>
 
@@ -81,7 +82,8 @@ int alsa_auan_start(alsa_pcm_config* p_config, alsa_ctl_entry* p_route, alsa_ctl
         return ALSA_FAILED;
     if (alsa_ctl_set_on(p_route) < 0 || alsa_ctl_set_no_change(p_gain) < 0)
         return capture_failed();
-    alsa_state = ALSA_STATE_CAPTURE; // behind the routes: a control interface that they had to open sets it too
+    alsa_state =
+        ALSA_STATE_CAPTURE; // behind the routes: a control interface that they had to open sets it too
     if (!auan_setup(p_config))
         return capture_failed();
     capture.p_route = p_route;

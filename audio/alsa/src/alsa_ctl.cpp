@@ -48,7 +48,8 @@ void ctl_release()
     ctl = {};
 }
 
-// Asks for an element that every card has, so that a dead card shows here. The library wants a number in the id.
+// Asks for an element that every card has, so that a dead card shows here. The library wants a number in the
+// id.
 int ctl_ask()
 {
     snd_ctl_elem_id_set_interface(ctl.id, SND_CTL_ELEM_IFACE_MIXER);

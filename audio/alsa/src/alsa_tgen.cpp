@@ -184,7 +184,8 @@ int alsa_tgen_start(alsa_pcm_config* p_config, alsa_ctl_entry* p_route, alsa_ctl
     }
     tone.p_route = p_route;
     tone.p_gain = p_gain;
-    // A running stream makes no click when the gain goes down and up again; a step that fails costs only that.
+    // A running stream makes no click when the gain goes down and up again; a step that fails costs only
+    // that.
     alsa_ctl_set_gain_no_save(p_gain, ALSA_VALUE_SHORT_STEP);
     alsa_ctl_set_gain(p_gain, ALSA_VALUE_WORKING);
     return 0;

@@ -120,7 +120,8 @@ int tgen_start(audio_path path)
         return AUDIO_FAILED;
     if (path == EAR_START && p_audio_co->hac_amp != nullptr)
         p_audio_co->hac_amp(1);
-    return alsa_tgen_start(p_cfg->p_output, audio_slot(*p_cfg, p_row->route), audio_slot(*p_cfg, p_row->gain));
+    return alsa_tgen_start(p_cfg->p_output, audio_slot(*p_cfg, p_row->route),
+                           audio_slot(*p_cfg, p_row->gain));
 }
 
 int tgen_stop(audio_path path)
@@ -215,8 +216,9 @@ int loopback(audio_path path)
     if (p_route == nullptr)
         p_route = audio_slot(*p_cfg, p_row->instead);
     const int result = alsa_set_route(p_route);
-    return result == AUDIO_OK && p_row->second != SLOT_NONE ? alsa_set_route(audio_slot(*p_cfg, p_row->second))
-                                                            : result;
+    return result == AUDIO_OK && p_row->second != SLOT_NONE
+               ? alsa_set_route(audio_slot(*p_cfg, p_row->second))
+               : result;
 }
 
 // The first character of the kernel's file is a number, or, without such a file, a line tells of the plug.
@@ -299,35 +301,38 @@ int audio_loopback(audio_path path)
 
 int audio_reset(unsigned request)
 {
-    return audio_run(&audio_co::reset, +[](unsigned) { return AUDIO_OK; }, AUDIO_FAILED, request);
+    return audio_run(
+        &audio_co::reset, +[](unsigned) { return AUDIO_OK; }, AUDIO_FAILED, request);
 }
 
 int record_audio(unsigned source)
 {
-    return audio_run(&audio_co::record, +[](unsigned) { return AUDIO_OK; }, AUDIO_FAILED, source);
+    return audio_run(
+        &audio_co::record, +[](unsigned) { return AUDIO_OK; }, AUDIO_FAILED, source);
 }
 
 int play_audio(unsigned sink)
 {
-    return audio_run(&audio_co::play, +[](unsigned) { return AUDIO_OK; }, AUDIO_FAILED, sink);
+    return audio_run(
+        &audio_co::play, +[](unsigned) { return AUDIO_OK; }, AUDIO_FAILED, sink);
 }
 
 int audio_write_register(unsigned reg, unsigned value)
 {
-    return audio_run(&audio_co::write_register, +[](unsigned, unsigned) { return AUDIO_OK; }, AUDIO_FAILED, reg,
-                     value);
+    return audio_run(
+        &audio_co::write_register, +[](unsigned, unsigned) { return AUDIO_OK; }, AUDIO_FAILED, reg, value);
 }
 
 int audio_read_register(unsigned reg, unsigned* p_value)
 {
-    return audio_run(&audio_co::read_register, +[](unsigned, unsigned*) { return AUDIO_OK; }, AUDIO_FAILED, reg,
-                     p_value);
+    return audio_run(
+        &audio_co::read_register, +[](unsigned, unsigned*) { return AUDIO_OK; }, AUDIO_FAILED, reg, p_value);
 }
 
 int audio_dump(audio_register_fn fn, void* arg)
 {
-    return audio_run(&audio_co::dump, +[](audio_register_fn, void*) { return AUDIO_NO_DUMP; }, AUDIO_FAILED, fn,
-                     arg);
+    return audio_run(
+        &audio_co::dump, +[](audio_register_fn, void*) { return AUDIO_NO_DUMP; }, AUDIO_FAILED, fn, arg);
 }
 
 int ajdt_detect()

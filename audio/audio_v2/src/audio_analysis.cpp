@@ -1,5 +1,5 @@
-// The measurement of a captured block: window, transform, and three numbers. The samples of both channels are taken
-// as one row, in which a tone lies at its frequency divided by the number of channels.
+// The measurement of a captured block: window, transform, and three numbers. The samples of both channels are
+// taken as one row, in which a tone lies at its frequency divided by the number of channels.
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -90,7 +90,8 @@ bins look_at_bins(int n, const transform_value* p_x)
     return {(sum[0] + sum[1]) + (sum[2] + sum[3]), *std::max_element(greatest, greatest + lanes)};
 }
 
-// The first bin of the greatest magnitude; 0 in silence. Squares that differ in the last bits may have one root.
+// The first bin of the greatest magnitude; 0 in silence. Squares that differ in the last bits may have one
+// root.
 int peak_bin(int n, const transform_value* p_x, double greatest)
 {
     if (greatest == 0)
@@ -105,7 +106,8 @@ int peak_bin(int n, const transform_value* p_x, double greatest)
 
 } // namespace
 
-int audio_auan_calc(int n, const transform_value* p_x, unsigned rate, unsigned channels, audio_result* p_result)
+int audio_auan_calc(int n, const transform_value* p_x, unsigned rate, unsigned channels,
+                    audio_result* p_result)
 {
     const bins all = look_at_bins(n, p_x);
     const int peak = peak_bin(n, p_x, all.greatest);

@@ -49,7 +49,8 @@ constexpr lb_row lb_gains[] = {
 };
 // clang-format on
 
-constexpr audio_path TGEN_SPEAKER2 = 0x0102; // upper half: a speaker that a phone may lack, which is no failure
+constexpr audio_path TGEN_SPEAKER2 =
+    0x0102; // upper half: a speaker that a phone may lack, which is no failure
 
 // The sum of both results; NO_PAIR when the request has no pair of routes.
 template <std::size_t size>

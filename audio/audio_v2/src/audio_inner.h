@@ -38,14 +38,15 @@ constexpr const char* path_samples_in = "/system/samples_in.txt";
 // Make a capture's buffer from its rate and frequency, cleared. 1, or 0.
 int pcm_allocate_input_buf(alsa_pcm_config* p_config);
 
-// Dumps: a line for each sample; 1, or 0 for a null argument or a file that can't be written whole. The second gives
-// the real parts of `count` values.
+// Dumps: a line for each sample; 1, or 0 for a null argument or a file that can't be written whole. The
+// second gives the real parts of `count` values.
 int pcm_write_samples(const char* path, unsigned long count, const std::int16_t* p_samples);
 int pcm_write_samples_fft(const char* path, unsigned long count, const double* p_values);
 
-// Measures the newest block of a capture. 1; 0 without a tone in the measurable range, then frequency and level
-// are 0; 0 too without memory, then the result stays as it is.
+// Measures the newest block of a capture. 1; 0 without a tone in the measurable range, then frequency and
+// level are 0; 0 too without memory, then the result stays as it is.
 int audio_analyze(const alsa_pcm_config& config, audio_result* p_result);
 
 // From a transform of `n` values; `channels` lie interleaved at `rate` Hz.
-int audio_auan_calc(int n, const transform_value* p_x, unsigned rate, unsigned channels, audio_result* p_result);
+int audio_auan_calc(int n, const transform_value* p_x, unsigned rate, unsigned channels,
+                    audio_result* p_result);

@@ -60,7 +60,8 @@ int pcm_allocate_input_buf(alsa_pcm_config* p_config)
         p_config->frequency = DEFAULT_FREQUENCY;
     p_config->period_samples = whole_wave(*p_config);
     p_config->period_size = p_config->period_samples * 2UL;
-    p_config->buffer_size = 2UL * p_config->period_samples * p_config->periods * p_config->channels; // in bytes
+    p_config->buffer_size =
+        2UL * p_config->period_samples * p_config->periods * p_config->channels; // in bytes
     p_config->transfer_frames = p_config->period_samples * p_config->analysis_periods;
     p_config->buffer.reset();
     if (p_config->buffer_size == 0)

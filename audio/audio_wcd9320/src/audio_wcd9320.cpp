@@ -73,11 +73,21 @@ bool reset_streams()
         alsa_tgen_stop();
     if (get_auan_cfg() != nullptr)
         alsa_auan_stop();
-    constexpr int slots[] = {
-        ALSA_SPEAKER,         ALSA_SPEAKER_GAIN,       ALSA_SPEAKER2_GAIN,     ALSA_EAR, ALSA_EAR_GAIN,
-        ALSA_PLUG,            ALSA_PLUG_LEFT_GAIN,     ALSA_PLUG_RIGHT_GAIN,   ALSA_MIC, ALSA_AMIC1_GAIN,
-        ALSA_AMIC2_GAIN,      ALSA_HS_MIC,             ALSA_HS_MIC_GAIN,       ALSA_LINE_IN_LEFT_GAIN,
-        ALSA_LINE_IN_RIGHT_GAIN};
+    constexpr int slots[] = {ALSA_SPEAKER,
+                             ALSA_SPEAKER_GAIN,
+                             ALSA_SPEAKER2_GAIN,
+                             ALSA_EAR,
+                             ALSA_EAR_GAIN,
+                             ALSA_PLUG,
+                             ALSA_PLUG_LEFT_GAIN,
+                             ALSA_PLUG_RIGHT_GAIN,
+                             ALSA_MIC,
+                             ALSA_AMIC1_GAIN,
+                             ALSA_AMIC2_GAIN,
+                             ALSA_HS_MIC,
+                             ALSA_HS_MIC_GAIN,
+                             ALSA_LINE_IN_LEFT_GAIN,
+                             ALSA_LINE_IN_RIGHT_GAIN};
     return switch_off(slots);
 }
 
@@ -204,7 +214,8 @@ int audio_wcd9320_read(unsigned reg, unsigned* p_value)
     const char* const found = std::strstr(codec_text, number);
     if (found == nullptr || std::strlen(found) < VALUE_AT + 2)
         return -1;
-    *p_value = static_cast<unsigned>(hex_char_to_int(found[VALUE_AT]) << 4 | hex_char_to_int(found[VALUE_AT + 1]));
+    *p_value =
+        static_cast<unsigned>(hex_char_to_int(found[VALUE_AT]) << 4 | hex_char_to_int(found[VALUE_AT + 1]));
     return 0;
 }
 

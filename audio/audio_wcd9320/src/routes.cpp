@@ -70,7 +70,8 @@ constexpr alsa_ctl_entry enumerated(std::uint32_t numid, std::int16_t value, std
     return plain(ALSA_ENUMERATED, numid, value, value, off);
 }
 
-constexpr alsa_ctl_entry gain(std::uint32_t numid, const std::int16_t (&values)[ALSA_VALUES], std::int16_t off)
+constexpr alsa_ctl_entry gain(std::uint32_t numid, const std::int16_t (&values)[ALSA_VALUES],
+                              std::int16_t off)
 {
     alsa_ctl_entry entry = {ALSA_GAIN | ALSA_INTEGER, numid, 0, {}, off};
     for (int i = 0; i < ALSA_VALUES; i++)
@@ -78,8 +79,9 @@ constexpr alsa_ctl_entry gain(std::uint32_t numid, const std::int16_t (&values)[
     return entry;
 }
 
-// By the numbers that the sound card's controls have: its value (of on_off: off until switched on), and what a
-// switched-off route leaves. A gain: default, working value, on, further steps, -1 for none, the short step.
+// By the numbers that the sound card's controls have: its value (of on_off: off until switched on), and what
+// a switched-off route leaves. A gain: default, working value, on, further steps, -1 for none, the short
+// step.
 // clang-format off
 constinit alsa_ctl_entry alsa_cfg_spkr_drv[] = {
     on_off(337),

@@ -207,7 +207,9 @@ constexpr again_row again_input[] = {
 template <std::size_t size>
 bool set_gains(const again_row (&rows)[size], const dcp_word* steps)
 {
-    const auto value = [steps](char which) { return which == '1' ? 1u : dcp_uint(steps[which - 'a']) & 0xFF; };
+    const auto value = [steps](char which) {
+        return which == '1' ? 1u : dcp_uint(steps[which - 'a']) & 0xFF;
+    };
     for (const again_row& row : rows)
         if (row.set(f_audio_set_gain_path(row.mode, row.route, value(row.step), value(row.second))) != 0)
             return false;

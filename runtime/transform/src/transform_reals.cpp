@@ -1,7 +1,8 @@
 // The transform of real values. What the loops of transform_fft make of n values is, for most n, the exact
-// transform of `size` values: those that the bit reversal has moved, with zeros behind them. Of real values that is
-// a transform of half as many complex ones: the first half of what the reversal gives is their real part, the
-// second half the imaginary part. Real and imaginary parts lie apart, and four places are worked on at once.
+// transform of `size` values: those that the bit reversal has moved, with zeros behind them. Of real values
+// that is a transform of half as many complex ones: the first half of what the reversal gives is their real
+// part, the second half the imaginary part. Real and imaginary parts lie apart, and four places are worked on
+// at once.
 #include <algorithm>
 #include <cstring>
 #include <vector>
@@ -91,8 +92,10 @@ TRANSFORM_INLINE void first_pass(int half, halves from, halves x)
         load(d, from, i + 3 * quarter);
         const packs sum = {a.re + b.re, a.im + b.im}, diff = {a.re - b.re, a.im - b.im};
         const packs sum2 = {c.re + d.re, c.im + d.im}, diff2 = {c.re - d.re, c.im - d.im};
-        store_columns(x.re + 4 * i, sum.re + sum2.re, diff.re - diff2.im, sum.re - sum2.re, diff.re + diff2.im);
-        store_columns(x.im + 4 * i, sum.im + sum2.im, diff.im + diff2.re, sum.im - sum2.im, diff.im - diff2.re);
+        store_columns(x.re + 4 * i, sum.re + sum2.re, diff.re - diff2.im, sum.re - sum2.re,
+                      diff.re + diff2.im);
+        store_columns(x.im + 4 * i, sum.im + sum2.im, diff.im + diff2.re, sum.im - sum2.im,
+                      diff.im - diff2.re);
     }
 }
 
@@ -130,8 +133,8 @@ TRANSFORM_INLINE void last_stage(int m, halves x, factors_at factors)
     }
 }
 
-// Parts the transforms of the even and of the odd values, which lie in one, and joins them: entries 1 to half - 1,
-// four at a time, as far as `last` wants.
+// Parts the transforms of the even and of the odd values, which lie in one, and joins them: entries 1 to half
+// - 1, four at a time, as far as `last` wants.
 TRANSFORM_INLINE void join(int half, halves x, factors_at factors, int last, transform_value* p_x)
 {
     for (int k = 1; k <= last; k += PACK) {
@@ -216,7 +219,7 @@ void transform_reals(int n, const double* p_in, transform_value* p_x, bool whole
     }
     static const passes_fn passes_here = choose_passes();
     const int half = t.size / 2;
-    const int room = half + PACK; // the last four entries reach behind the end
+    const int room = half + PACK;          // the last four entries reach behind the end
     thread_local std::vector<double> work; // kept from call to call
     work.resize(static_cast<std::size_t>(4 * room));
     const halves from{work.data(), work.data() + half}; // one behind the other, as the places count

@@ -34,8 +34,8 @@ std::vector<int> reversed(int n)
     return order;
 }
 
-// The loops end at n: in the last block of a stage they take the pairs whose first half begins before it. What
-// was worked on behind n then stays as it is, unless there was nothing yet.
+// The loops end at n: in the last block of a stage they take the pairs whose first half begins before it.
+// What was worked on behind n then stays as it is, unless there was nothing yet.
 bool is_steady(int n)
 {
     for (int m = 2; m < n; m *= 2) {
@@ -58,8 +58,8 @@ void make_passes(transform_tables& t)
         add_factor(t.part, pi * k / half);
 }
 
-// In each half, the values of a group of four lie a quarter of the half apart: the first pass takes four groups at
-// once.
+// In each half, the values of a group of four lie a quarter of the half apart: the first pass takes four
+// groups at once.
 void make_places(transform_tables& t)
 {
     const int half = t.size / 2;

@@ -15,8 +15,8 @@ struct transform_tables {
     transform_factors stage; // of each stage m = 1, 2, 4 ..., m factors behind one another
     bool steady;             // no stage passes over a pair that the exact transform of `size` would take
     // For a steady length, the transform of size/2 complex values: where each of the n values goes before the
-    // first pass; the factors of each pass that does two stages at once, three for each place; those that part
-    // the even and the odd values, with room for whole groups of four.
+    // first pass; the factors of each pass that does two stages at once, three for each place; those that
+    // part the even and the odd values, with room for whole groups of four.
     std::vector<int> place;
     transform_factors pass;
     transform_factors part;
