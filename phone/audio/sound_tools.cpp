@@ -64,15 +64,15 @@ bool read_options(const tool_call& call, record_options& options)
             options.file = arg;
             continue;
         }
-        const auto value = i + 1 < call.args.size() ? number(call.args[i + 1]) : std::nullopt;
-        if (arg != "-D" && (!value || *value < 1))
+        const std::int64_t value = i + 1 < call.args.size() ? number(call.args[i + 1]).value_or(-1) : -1;
+        if (arg != "-D" && value < 1)
             return false;
         if (arg == "-C")
-            options.channels = static_cast<unsigned>(std::min<std::int64_t>(*value, 2));
+            options.channels = static_cast<unsigned>(std::min<std::int64_t>(value, 2));
         else if (arg == "-R")
-            options.rate = static_cast<unsigned>(std::min<std::int64_t>(*value, 384'000));
+            options.rate = static_cast<unsigned>(std::min<std::int64_t>(value, 384'000));
         else if (arg == "-T")
-            options.seconds = static_cast<unsigned>(std::min<std::int64_t>(*value, 3600));
+            options.seconds = static_cast<unsigned>(std::min<std::int64_t>(value, 3600));
         else if (arg != "-D")
             return false;
         i++;
