@@ -46,6 +46,8 @@ struct thread_mark {
     bool is_worker = false;  // runs expiries
     bool known = false;      // its work is counted
     bool blocked = false;    // in one of the waits
+    int overruns = 0;        // how often a step has gone on without it since its last wait
+    bool given_up = false;   // so often that its work doesn't count until its next wait
     waiter library{forever}; // while it waits inside a library
     bool in_library = false;
     bool followed = false;
@@ -57,6 +59,10 @@ struct thread_mark {
     // Counts the thread's work, if that isn't done yet; `counted`: the number has it already.
     void enter_locked(bool counted);
     void leave_locked();
+
+    // A step has gone on without it; and it has reached a wait.
+    void overrun_locked();
+    void take_back_locked();
 };
 thread_mark& own_mark();
 
@@ -74,8 +80,9 @@ extern int at_work; // threads that aren't blocked, and expiries that are counte
 void work_changed_locked();
 
 // Waits until no other thread is at work and the loop has nothing to read. Threads that wait for something
-// the clock can't see don't count, nor one that has worked for 200 ms without a wait; but it may have to wait
-// for a busy processor as long as it likes, up to a minute.
+// the clock can't see don't count, nor one that has worked for 200 ms without a wait, and after five times
+// that it isn't waited for at all; but it may have to wait for a busy processor as long as it likes, up to a
+// minute.
 void come_to_rest(std::unique_lock<std::mutex>& lock);
 
 // Makes every blocked thread look again.

@@ -173,6 +173,7 @@ std::set<pid_t> clock_inner::ready_locked()
 
 void clock_inner::begin_wait_locked(thread_mark& mark, waiter& w)
 {
+    mark.take_back_locked();
     mark.enter_locked(false); // perhaps a thread of the program that the clock meets for the first time
     w.kick_fd = mark.kick_fd;
     w.tid = mark.tid;

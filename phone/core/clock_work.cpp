@@ -18,7 +18,7 @@ namespace {
 std::condition_variable work_changed;
 int watchers;           // threads that wait for work_changed
 std::uint64_t activity; // grows with every block and wake, so that a stuck worker can be told from a busy one
-std::vector<const thread_mark*> known_threads;
+std::vector<thread_mark*> known_threads;
 
 std::cv_status wait_for_change(std::unique_lock<std::mutex>& lock, std::chrono::microseconds limit)
 {
@@ -33,9 +33,16 @@ std::set<pid_t> working_locked()
 {
     std::set<pid_t> tids;
     for (const thread_mark* p : known_threads)
-        if (!p->blocked && p != &own_mark())
+        if (!p->blocked && !p->given_up && p != &own_mark())
             tids.insert(p->tid);
     return tids;
+}
+
+void go_on_without_locked(const std::set<pid_t>& tids)
+{
+    for (thread_mark* p : known_threads)
+        if (tids.contains(p->tid) && !p->blocked && !p->given_up)
+            p->overrun_locked();
 }
 
 // The threads that the clock doesn't know, or that wait for something that it can't see: those of the program
@@ -80,8 +87,23 @@ void thread_mark::enter_locked(bool counted)
     at_work += counted ? 0 : 1;
 }
 
+void thread_mark::overrun_locked()
+{
+    constexpr int most = 5;
+    given_up = ++overruns == most;
+    at_work -= given_up ? 1 : 0;
+}
+
+void thread_mark::take_back_locked()
+{
+    at_work += given_up ? 1 : 0;
+    given_up = false;
+    overruns = 0;
+}
+
 void thread_mark::leave_locked()
 {
+    take_back_locked();
     known = false;
     std::erase(known_threads, this);
     at_work--;
@@ -107,7 +129,7 @@ void clock_inner::come_to_rest(std::unique_lock<std::mutex>& lock)
     const auto bound = std::chrono::steady_clock::now() + std::chrono::seconds(60);
     threads_look look;
     std::uint64_t seen = activity;
-    const int own = own_mark().known ? 1 : 0;
+    const int own = own_mark().known && !own_mark().given_up ? 1 : 0;
     for (;;) {
         const bool works = at_work > own || !ready_locked().empty();
         if (!works && !loop_has_input_locked())
@@ -125,8 +147,10 @@ void clock_inner::come_to_rest(std::unique_lock<std::mutex>& lock)
         const bool asleep = look.asleep(tids) && static_cast<int>(tids.size()) == expected;
         if (asleep && !loop_has_input_locked())
             return;
-        if (look.run_ns > most_run_ns || std::chrono::steady_clock::now() > bound)
+        if (look.run_ns > most_run_ns || std::chrono::steady_clock::now() > bound) {
+            go_on_without_locked(tids);
             return;
+        }
     }
 }
 

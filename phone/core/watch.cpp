@@ -69,7 +69,7 @@ bool fits(const rule& r, std::string_view text, bool transfer)
         return false;
     switch (r.how) {
     case match::whole:
-        return text == r.pattern;
+        return trimmed(text) == r.pattern; // a call without a path ends in a blank
     case match::words:
         return text == r.pattern || text.starts_with(r.pattern + " ");
     case match::part:

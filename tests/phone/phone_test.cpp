@@ -58,6 +58,7 @@ struct Phone : testing::Test {
         home_seed("/system/modules/lamp.ko", "");
         home_seed("/sys/class/lamp/level", "7\n");
         home_seed("/data/text", "abc");
+        home_seed("/data/empty/folder/", "");
         ASSERT_EQ(home_lay_seeds(), "");
     }
     static void TearDownTestSuite() { std::filesystem::remove_all(dir); }
@@ -87,6 +88,28 @@ TEST_F(Phone, NothingOutsideItsTreeCanBeReached)
     EXPECT_EQ(errno, ENOENT);
     EXPECT_EQ(phone_co.open("/data/round", O_RDONLY, 0), -1);
     EXPECT_EQ(errno, ELOOP);
+}
+
+TEST_F(Phone, ASeedMayBeAnEmptyFolder)
+{
+    EXPECT_TRUE(std::filesystem::is_directory(dir + "/root/data/empty/folder"));
+    EXPECT_TRUE(std::filesystem::is_empty(dir + "/root/data/empty/folder"));
+}
+
+TEST_F(Phone, FilesOfARequestCountFromTheAskersFolder)
+{
+    word_add("where", "FILE", "", [](request& rq) {
+        rq.answer = request_file(rq, rq.args[0]);
+        return std::string();
+    });
+    control_attach();
+    EXPECT_EQ(ask("where a.png"), dir + "/a.png\nok\n");
+    std::string from;
+    EXPECT_EQ(control_request("where b/a.raw", &from), dir + "/b/a.raw\nok\n");
+    EXPECT_EQ(control_request("from /some where", &from), "ok\n");
+    EXPECT_EQ(control_request("where b/a.raw", &from), "/some where/b/a.raw\nok\n");
+    EXPECT_EQ(control_request("where /b/a.raw", &from), "/b/a.raw\nok\n");
+    EXPECT_EQ(control_request("from some", &from), "error: the whole path of a folder is wanted\n");
 }
 
 TEST_F(Phone, AttributesBehaveAsTheKernels)

@@ -46,9 +46,9 @@ void butterflies(int count, int m, transform_value* p_x, const double* p_wr, con
 
 void transform_fft(int n, transform_value* p_x, double sign, double scale)
 {
-    const transform_tables& tables = transform_tables_of(n);
-    const double* p_wr = tables.stage.re.data();
-    const double* p_wi = tables.stage.im.data();
+    const auto p_tables = transform_tables_of(n);
+    const double* p_wr = p_tables->stage.re.data();
+    const double* p_wi = p_tables->stage.im.data();
     reverse_bits(n, p_x, scale);
     for (int m = 1; m < n; m *= 2) {
         for (int block = 0; block < n; block += 2 * m)

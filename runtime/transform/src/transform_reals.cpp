@@ -212,7 +212,8 @@ void plain(const transform_tables& t, const double* p_in, transform_value* p_x)
 
 void transform_reals(int n, const double* p_in, transform_value* p_x, bool whole)
 {
-    const transform_tables& t = transform_tables_of(n);
+    const auto p_tables = transform_tables_of(n);
+    const transform_tables& t = *p_tables;
     if (!t.steady) {
         plain(t, p_in, p_x);
         return;

@@ -1,5 +1,6 @@
 #include "transform_tables.h"
 
+#include <algorithm>
 #include <cmath>
 #include <list>
 #include <mutex>
@@ -87,13 +88,16 @@ transform_tables make(int n)
 
 } // namespace
 
-const transform_tables& transform_tables_of(int n)
+std::shared_ptr<const transform_tables> transform_tables_of(int n)
 {
+    constexpr std::size_t most = 8; // a test may come with any length
     static std::mutex mutex;
-    static std::list<transform_tables> made;
+    static std::list<std::shared_ptr<const transform_tables>> made;
     const std::lock_guard lock(mutex);
-    for (const transform_tables& t : made)
-        if (t.n == n)
-            return t;
-    return made.emplace_back(make(n));
+    const auto found = std::find_if(made.begin(), made.end(), [n](const auto& p) { return p->n == n; });
+    if (found != made.end())
+        return *found;
+    if (made.size() == most)
+        made.pop_front();
+    return made.emplace_back(std::make_shared<const transform_tables>(make(n)));
 }

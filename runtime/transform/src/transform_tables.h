@@ -1,6 +1,7 @@
-// The tables of the transform: made once for each length, kept for the life of the process.
+// The tables of the transform: made once for each length; those of the last few lengths are kept.
 #pragma once
 
+#include <memory>
 #include <vector>
 
 // Complex factors, real and imaginary parts apart.
@@ -23,4 +24,4 @@ struct transform_tables {
 };
 
 // Any thread.
-const transform_tables& transform_tables_of(int n);
+std::shared_ptr<const transform_tables> transform_tables_of(int n);
