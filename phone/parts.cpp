@@ -1,5 +1,9 @@
 #include "core/parts.h"
 
+#include "audio/card.h"
+#include "audio/codec.h"
+#include "audio/jack.h"
+#include "audio/sound_tools.h"
 #include "board/converters.h"
 #include "board/gpio.h"
 #include "board/i2c_bus.h"
@@ -84,6 +88,10 @@ constexpr phone_part parts[] = {
     { "hci",    hci_attach,      hci_seed,         nullptr },
     { "hcitool", hci_tools_attach, nullptr,        nullptr },
     { "irda",   irda_attach,     nullptr,          nullptr },
+    { "sound",  sound_attach,    nullptr,          nullptr },
+    { "codec",  codec_attach,    codec_seed,       nullptr },
+    { "jack",   jack_attach,     jack_seed,        jack_start },
+    { "arec",   sound_tools_attach, nullptr,       nullptr },
     { "truth",  surroundings_attach, nullptr,      surroundings_start },
     { "motor",  motor_attach,    motor_seed,       motor_start },
     { "bmi055", bmi055_attach,   nullptr,          nullptr },

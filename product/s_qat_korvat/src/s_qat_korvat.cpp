@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "audio_wcd9320/audio_wcd9320.h"
 #include "autoinit/autoinit.h"
 #include "autopoff/autopoff.h"
 #include "battery/battery.h"
@@ -170,6 +171,11 @@ int s_entry(int, char**)
     cio_s4_set(0, '\n', 0);
     dcp_case_set(0);
     gpio_linux_init(PIN_GRP_GPIO);
+    audio_wcd9320_init(AUDIO_WCD9320_SPEAKER_DRIVER, 6);
+    cfg_set_int("audio_wcd9320", "internal_micbias", 1);
+    cfg_set_str("mpvc", "debug_fs_vad", "/sys/kernel/debug/wcd9xxx_plug_detect");
+    cfg_set_int("mpvc", "hs_det_value", 1);
+    cfg_set_str("audio", "debug_fs_plug_detect", "/sys/kernel/debug/wcd9xxx_plug_detect");
     ta_generic_init(TA_OPTION_LOW_UNITS);
     ftm_start();
     cio_init(&cio_clnt, cmd_ln, sizeof cmd_ln, "console", "tty", &cio_tty_cfg, nullptr);

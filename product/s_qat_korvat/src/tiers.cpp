@@ -9,6 +9,8 @@
 #include "adcr_brenk/adcr_brenk.h"
 #include "als/als.h"
 #include "als_apds_9930/als_apds_9930.h"
+#include "alsa/alsa.h"
+#include "audio_v2/audio.h"
 #include "autopoff/autopoff.h"
 #include "backcap/backcap.h"
 #include "backcap_qpnp/backcap_qpnp.h"
@@ -27,6 +29,7 @@
 #include "f_aclmr_v2/f_aclmr.h"
 #include "f_adcr/f_adcr.h"
 #include "f_als/f_als.h"
+#include "f_audio_v2/f_audio.h"
 #include "f_backcap/f_backcap.h"
 #include "f_battery/f_battery.h"
 #include "f_bt/f_bt.h"
@@ -45,6 +48,7 @@
 #include "f_light/f_light.h"
 #include "f_mdml/f_mdml.h"
 #include "f_modem/f_modem.h"
+#include "f_mpvc/f_mpvc.h"
 #include "f_msm/f_msm.h"
 #include "f_poff/f_poff.h"
 #include "f_pp/f_pp.h"
@@ -83,6 +87,8 @@
 #include "mdml/mdml.h"
 #include "modem/modem.h"
 #include "modem_brenk/modem_brenk.h"
+#include "mpvc/mpvc.h"
+#include "mpvc_brenk/mpvc_brenk.h"
 #include "msm/msm.h"
 #include "msm_linux/msm_linux.h"
 #include "pin/pin.h"
@@ -136,6 +142,8 @@ constexpr autoinit_entry initcompif[] = {
     adc_init,
     adcr_init,
     als_init,
+    alsa_init,
+    audio_init,
     backcap_init,
     battery_init,
     bt_init,
@@ -151,6 +159,7 @@ constexpr autoinit_entry initcompif[] = {
     kbd_init,
     light_init,
     mdml_init,
+    mpvc_init,
     modem_init,
     pin_init,
     prx_init,
@@ -197,6 +206,7 @@ constexpr autoinit_entry initcomp[] = {
     light_linux_init,
     light_pm8941_init,
     luigi_init,
+    mpvc_brenk_init,
     modem_brenk_init,
     prx_apds_9930_init,
     msm_linux_init,
@@ -225,6 +235,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_aclmr_init,
     f_adcr_init,
     f_als_init,
+    f_audio_init,
     f_qat_init,
     f_backcap_init,
     f_battery_init,
@@ -243,6 +254,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_kill_init,
     f_light_init,
     f_mdml_init,
+    f_mpvc_init,
     f_modem_init,
     f_poff_init,
     f_pp_init,
