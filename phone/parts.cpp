@@ -7,6 +7,8 @@
 #include "board/regulators.h"
 #include "board/rtc.h"
 #include "board/spmi.h"
+#include "contactless/cards.h"
+#include "contactless/pn65.h"
 #include "core/clock.h"
 #include "core/conf.h"
 #include "core/files.h"
@@ -65,6 +67,9 @@ constexpr phone_part parts[] = {
     { "fb",     framebuffer_attach, nullptr,       framebuffer_start },
     { "panel",  panel_attach,    panel_seed,       nullptr },
     { "card",   card_attach,     nullptr,          card_start },
+    { "cards",  cards_attach,    nullptr,          nullptr },
+    { "pn65",   pn65_attach,     nullptr,          nullptr },
+    { "pn65dl", pn65_download_attach, nullptr,     nullptr },
 };
 // clang-format on
 

@@ -30,6 +30,7 @@
 #include "f_kill/f_kill.h"
 #include "f_light/f_light.h"
 #include "f_msm/f_msm.h"
+#include "f_nfc/f_nfc.h"
 #include "f_poff/f_poff.h"
 #include "f_pp/f_pp.h"
 #include "f_qat/f_qat.h"
@@ -57,6 +58,9 @@
 #include "luigi/luigi.h"
 #include "msm/msm.h"
 #include "msm_linux/msm_linux.h"
+#include "nfc/nfc.h"
+#include "nfc_pn65/nfc_pn65.h"
+#include "nfc_pn65_fw_dnld/nfc_pn65_fw_dnld.h"
 #include "pin/pin.h"
 #include "pwrsupply_linux/pwrsupply_linux.h"
 #include "queue/queue.h"
@@ -107,6 +111,7 @@ constexpr autoinit_entry initcompif[] = {
     fsm_init,
     kbd_init,
     light_init,
+    nfc_init,
     pin_init,
     msm_init,
     rfbv_init,
@@ -144,6 +149,8 @@ constexpr autoinit_entry initcomp[] = {
     light_linux_init,
     light_pm8941_init,
     luigi_init,
+    nfc_pn65_init,
+    nfc_pn65_fw_dnld_init,
     msm_linux_init,
     pwrsupply_linux_init,
     queue_init,
@@ -177,6 +184,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_kbd_init,
     f_kill_init,
     f_light_init,
+    f_nfc_init,
     f_poff_init,
     f_pp_init,
     f_msm_init,
