@@ -9,6 +9,7 @@
 #include "board/spmi.h"
 #include "contactless/cards.h"
 #include "contactless/pn65.h"
+#include "contactless/qxr5170jvk.h"
 #include "core/clock.h"
 #include "core/conf.h"
 #include "core/files.h"
@@ -69,6 +70,7 @@ constexpr phone_part parts[] = {
     { "card",   card_attach,     nullptr,          card_start },
     { "cards",  cards_attach,    nullptr,          nullptr },
     { "pn65",   pn65_attach,     nullptr,          nullptr },
+    { "tamiro", qxr5170jvk_attach, nullptr,        nullptr },
     { "pn65dl", pn65_download_attach, nullptr,     nullptr },
 };
 // clang-format on

@@ -61,6 +61,7 @@
 #include "nfc/nfc.h"
 #include "nfc_pn65/nfc_pn65.h"
 #include "nfc_pn65_fw_dnld/nfc_pn65_fw_dnld.h"
+#include "nfc_tamiro_qxr5170jvk_brenk/nfc_tamiro_qxr5170jvk_brenk.h"
 #include "pin/pin.h"
 #include "pwrsupply_linux/pwrsupply_linux.h"
 #include "queue/queue.h"
@@ -149,6 +150,7 @@ constexpr autoinit_entry initcomp[] = {
     light_linux_init,
     light_pm8941_init,
     luigi_init,
+    nfc_tamiro_qxr5170jvk_brenk_init,
     nfc_pn65_init,
     nfc_pn65_fw_dnld_init,
     msm_linux_init,
