@@ -12,8 +12,10 @@
 #include "contactless/qxr5170jvk.h"
 #include "core/clock.h"
 #include "core/conf.h"
+#include "core/control.h"
 #include "core/files.h"
 #include "core/log.h"
+#include "core/toolbox.h"
 #include "core/uevents.h"
 #include "core/watch.h"
 #include "diag/diag.h"
@@ -41,10 +43,12 @@ namespace {
 constexpr phone_part parts[] = {
     // name     attach           seed              start
     { "log",    log_attach,      nullptr,          nullptr },
+    { "control", control_attach, nullptr,          nullptr },
     { "files",  files_attach,    nullptr,          nullptr },
     { "clock",  clock_words_attach, nullptr,       nullptr },
     { "watch",  watch_attach,    nullptr,          nullptr },
     { "conf",   conf_attach,     nullptr,          nullptr },
+    { "shell",  toolbox_attach,  nullptr,          nullptr },
     { "tools",  tools_attach,    nullptr,          nullptr },
     { "uevent", uevents_attach,  nullptr,          nullptr },
     { "kmsg",   kmsg_attach,     nullptr,          nullptr },

@@ -208,6 +208,7 @@ void i2c_attach()
         i2c_put(p_model);
     for (const char* path : {"/dev/i2c-2", "/dev/i2c-4", "/dev/i2c-5", "/dev/i2c-10"})
         node_add(path, &i2c_node);
+    watch_target_add("i2c", {target_number::decimal, target_number::hex2, target_number::hex2});
     word_add("i2c", "BUS ADDR REG [VAL]",
              "reads or sets a register of a chip, past the bus: a look changes nothing, and what shows a "
              "truth can't be set",

@@ -241,6 +241,22 @@ ssize_t files_write(open_file* p_file, int fd, const void* buf, std::size_t size
     return ::write(fd, buf, size);
 }
 
+int files_enter(const std::shared_ptr<open_file>& file)
+{
+    enter(file);
+    return file->fd;
+}
+
+int files_enter(int fd, std::string_view name)
+{
+    auto file = std::make_shared<open_file>();
+    file->fd = fd;
+    file->path = name;
+    file->p_node = nullptr;
+    file->attribute = false;
+    return files_enter(file);
+}
+
 void files_attach()
 {
     word_add("files", "", "what the program has open", word_files);

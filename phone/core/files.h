@@ -13,14 +13,16 @@
 namespace phone {
 
 struct node;
+struct socket_family;
 
 // An open descriptor of the program.
 struct open_file {
     int fd;
-    std::string path;           // as it was opened
-    const node* p_node;         // NULL for a plain file
+    std::string path;           // as it was opened; the name of what was opened in another way: "pipe"
+    const node* p_node;         // NULL for a plain file, or what is the host's
     bool attribute;             // under /sys, /proc or /dev: a write replaces the content
     std::shared_ptr<void> data; // the device's own, for this descriptor
+    const socket_family* p_family = nullptr; // of a socket that a device has (core/sockets.h)
 };
 
 // What stands behind a path. Calls may come from any thread, several at a time. An empty slot: read and write
