@@ -29,6 +29,11 @@
 #include "runtime/insmod.h"
 #include "runtime/kmsg.h"
 #include "runtime/tools.h"
+#include "sensors/ak8963.h"
+#include "sensors/apds9930.h"
+#include "sensors/bmi055.h"
+#include "sensors/motor.h"
+#include "sensors/surroundings.h"
 #include "shell/port.h"
 #include "shell/usb_state.h"
 #include "store/card.h"
@@ -76,6 +81,11 @@ constexpr phone_part parts[] = {
     { "pn65",   pn65_attach,     nullptr,          nullptr },
     { "tamiro", qxr5170jvk_attach, nullptr,        nullptr },
     { "pn65dl", pn65_download_attach, nullptr,     nullptr },
+    { "truth",  surroundings_attach, nullptr,      surroundings_start },
+    { "motor",  motor_attach,    motor_seed,       motor_start },
+    { "bmi055", bmi055_attach,   nullptr,          nullptr },
+    { "ak8963", ak8963_attach,   nullptr,          nullptr },
+    { "apds",   apds9930_attach, nullptr,          nullptr },
 };
 // clang-format on
 

@@ -103,7 +103,7 @@ std::string word_files(request& rq)
 {
     const std::lock_guard lock(table_mutex);
     for (const auto& file : table)
-        if (file != nullptr)
+        if (file != nullptr && file->path.find(rq.rest) != std::string::npos)
             rq.answer += (rq.answer.empty() ? "" : "\n") + file->path;
     return {};
 }
@@ -259,7 +259,7 @@ int files_enter(int fd, std::string_view name)
 
 void files_attach()
 {
-    word_add("files", "", "what the program has open", word_files);
+    word_add("files", "[TEXT]", "what the program has open, or what of it has TEXT in its path", word_files);
 }
 
 bool node_exists(std::string_view path)

@@ -35,6 +35,9 @@ struct node {
     ssize_t (*read)(open_file& file, void* buf, std::size_t size) = nullptr;
     ssize_t (*write)(open_file& file, const void* buf, std::size_t size) = nullptr;
     int (*ioctl)(open_file& file, unsigned long request, void* arg) = nullptr;
+    // What a request is about, for the text of the call ("ioctl /dev/i2c-5 18 02"); without this slot,
+    // nothing.
+    std::string (*about)(unsigned long request, const void* arg) = nullptr;
     off_t (*lseek)(open_file& file, off_t offset, int whence) = nullptr;
     void (*close)(open_file& file) = nullptr;
     // Whether there is something to read: for devices that know it without asking the host.

@@ -132,7 +132,10 @@ off_t co_lseek(int fd, off_t offset, int whence)
 int co_ioctl(int fd, unsigned long request, void* arg)
 {
     const auto file = file_of(fd);
-    return watched("ioctl", path_of(fd), -1, [&] {
+    std::string text = path_of(fd);
+    if (watch_active() && file != nullptr && file->p_node != nullptr && file->p_node->about != nullptr)
+        text += " " + file->p_node->about(request, arg);
+    return watched("ioctl", text, -1, [&] {
         if (file != nullptr && file->p_node != nullptr && file->p_node->ioctl != nullptr)
             return file->p_node->ioctl(*file, request, arg);
         strange("ioctl " + path_of(fd) + " request " + std::to_string(request));
