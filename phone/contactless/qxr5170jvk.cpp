@@ -324,7 +324,7 @@ std::string word_tamiro(request& rq)
     return rules.word(rq);
 }
 
-constexpr serial_model line_model = {.sent = sent};
+constexpr serial_model line_model = {.sent = sent, .before_read = say_due};
 constexpr node ctrl_node = {.ioctl = ctrl_ioctl};
 
 } // namespace

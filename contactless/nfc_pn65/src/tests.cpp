@@ -147,8 +147,8 @@ int nfc_pn65_selftest(const std::uint8_t* in, std::size_t count, std::uint8_t* o
     return NFC_OK;
 }
 
-// The pipes are named as if none had existed before; what the chip says of them isn't looked at. No card is no
-// answer.
+// The pipes are named as if none had existed before; what the chip says of them isn't looked at. No card is
+// no answer.
 int nfc_pn65_detect_tag(int* p_result)
 {
     if (!send_steps(detect_steps))

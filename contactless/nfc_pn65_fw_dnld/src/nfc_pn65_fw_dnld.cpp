@@ -20,9 +20,8 @@ constexpr std::uint32_t LINE_US = 25000; // around each move of a line
 constexpr std::uint32_t END_US = 15000;
 constexpr std::uint32_t POLL_US = 10000;
 
-// The number of the attempt and the state of the download, as they are told. The high bit stands from the
-// call that starts a download until its thread runs: it isn't told, and no other one starts.
-constexpr std::uint32_t STARTING = 1u << 31;
+// The number of the attempt and the state of the download, as they are told. All of a download is gone before
+// it is told to have ended, so the next one may start at once.
 constexpr std::uint32_t STATUS_BITS = 7;
 constexpr std::uint32_t ATTEMPT = 8;
 
@@ -153,12 +152,12 @@ bool start_thread()
     return true;
 }
 
-// Of several calls at once one gets the download.
+// Of several calls at once one gets the download, which runs from then on.
 bool claim()
 {
     std::uint32_t state = dnld_state;
-    while ((state & STARTING) == 0 && (state & STATUS_BITS) != NFC_DNLD_RUNNING)
-        if (dnld_state.compare_exchange_weak(state, STARTING))
+    while ((state & STATUS_BITS) != NFC_DNLD_RUNNING)
+        if (dnld_state.compare_exchange_weak(state, ATTEMPT | NFC_DNLD_RUNNING))
             return true;
     return false;
 }
@@ -176,7 +175,7 @@ int nfc_pn65_fw_dnld(std::uint32_t gap_us, std::uint32_t* p_status)
 {
     using namespace pn65_dnld;
     if (gap_us == 0) {
-        *p_status = dnld_state & ~STARTING;
+        *p_status = dnld_state;
         return 0;
     }
     if (!claim())
