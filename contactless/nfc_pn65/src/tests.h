@@ -1,5 +1,5 @@
-// The PN65's operations for stations, beside those that switch it on and off (nfc_pn65.cpp). Results are those
-// of nfc.h.
+// The PN65's operations for stations, beside those that switch it on and off (nfc_pn65.cpp). Results are
+// those of nfc.h.
 #pragma once
 
 #include <cstddef>

@@ -88,6 +88,21 @@ void tell_read(void* arg)
         link.callbacks.receive_complete(link.callbacks.context, link.reply);
 }
 
+void tell_rest(void* arg)
+{
+    auto& link = *static_cast<dal_link*>(arg);
+    const std::lock_guard lock(link.mutex);
+    link.rests = true;
+    plat_cond_wake(link.changed);
+}
+
+void cancel(dal_link& link)
+{
+    const std::lock_guard lock(link.mutex);
+    link.cancelled = true;
+    plat_cond_wake(link.changed);
+}
+
 void phOsalNfc_RaiseException(void* arg)
 {
     auto& link = *static_cast<dal_link*>(arg);
@@ -118,12 +133,16 @@ void* phDal4Nfc_ReaderThread(void* arg)
             if (!link.alive)
                 return nullptr;
             size = std::exchange(link.wanted, 0);
+            link.reading = true;
         }
         link.reply.assign(size, 0);
         if (!syn_pn544_read(link, link.reply))
             link.reply.clear();
         const bool ready = read_behind_57(link);
         post(link, MSG_DEFERRED, ready ? &link.read_call : &link.exception_call);
+        const std::lock_guard lock(link.mutex);
+        link.reading = false;
+        plat_cond_wake(link.changed);
     }
 }
 
@@ -218,21 +237,29 @@ constexpr dal_link::operations link_operations = {
 
 bool link_start(dal_link& link)
 {
+    if (link.alive)
+        return true;
     link.write_call = {make_write, &link};
     link.read_call = {tell_read, &link};
     link.exception_call = {phOsalNfc_RaiseException, &link};
-    return link.writer.start("upper_write_thread", upper_write_thread, &link);
+    link.rest_call = {tell_rest, &link};
+    link.alive = true;
+    if (link.writer.start("upper_write_thread", upper_write_thread, &link) &&
+        link.reader.start("reader", phDal4Nfc_ReaderThread, &link))
+        return true;
+    link_stop(link);
+    return false;
 }
 
 int phDal4Nfc_Config(dal_link& link, const link_config& config)
 {
     link.config = config;
-    if (!phDal4Nfc_i2c_open_and_configure(link))
-        return NFCSTATUS_INVALID_DEVICE;
-    link.alive = true;
-    if (link.reader.start("reader", phDal4Nfc_ReaderThread, &link))
-        return NFCSTATUS_SUCCESS;
-    return NFCSTATUS_THREAD_FAILED;
+    link.i2c_error = false;
+    {
+        const std::lock_guard lock(link.mutex);
+        link.cancelled = false;
+    }
+    return phDal4Nfc_i2c_open_and_configure(link) ? NFCSTATUS_SUCCESS : NFCSTATUS_INVALID_DEVICE;
 }
 
 int phDal4Nfc_Register(dal_link& link, const link_callbacks& callbacks, const dal_link::operations** pp_ops)
@@ -246,26 +273,35 @@ int phDal4Nfc_Register(dal_link& link, const link_callbacks& callbacks, const da
 
 void link_abort(dal_link& link, deferred_call& call)
 {
-    {
-        const std::lock_guard lock(link.mutex);
-        link.cancelled = true;
-        plat_cond_wake(link.changed);
-    }
+    cancel(link);
     post(link, MSG_DEFERRED, &call);
+}
+
+void link_rest(dal_link& link)
+{
+    cancel(link);
+    std::unique_lock lock(link.mutex);
+    link.wanted = 0;
+    plat_wait(link.changed, lock, [&link] { return !link.reading; });
+    link.rests = false;
+    post(link, MSG_DEFERRED, &link.rest_call);
+    plat_wait(link.changed, lock, [&link] { return link.rests; });
+    link.callbacks = {};
+    i2c_close(&link.bus);
 }
 
 void link_stop(dal_link& link)
 {
     {
         const std::lock_guard lock(link.mutex);
+        if (!link.alive)
+            return;
         link.alive = false;
-        link.cancelled = true;
         plat_cond_wake(link.changed);
     }
     link.reader.join();
     post(link, MSG_QUIT, nullptr);
     link.writer.join();
-    i2c_close(&link.bus);
 }
 
 } // namespace pn65_dnld

@@ -1,6 +1,6 @@
 // The download's link layer: one write and one read at a time on the chip's own bus, each done by a thread
 // and told by a callback. All callbacks come on the writer's thread, so who stands above needs no lock. Knows
-// nothing of what is written. A link lives for one attempt; link_stop ends its threads.
+// nothing of what is written. A link lives for one download; between two attempts it comes to rest.
 #pragma once
 
 #include <atomic>
@@ -34,10 +34,12 @@ struct dal_link {
     osal_thread writer, reader;
     std::atomic<bool> i2c_error = false; // the chip didn't say in time that it was ready
 
-    std::mutex mutex; // guards the next four
+    std::mutex mutex; // guards the next six
     std::condition_variable changed;
     bool alive = false;     // the reader's thread goes on
     bool cancelled = false; // waits end at once
+    bool reading = false;   // the reader's thread is at it
+    bool rests = false;     // the writer's thread has done all that was wanted of it
     std::size_t wanted = 0; // bytes to be read, 0 for none
 
     // The writer's thread alone.
@@ -49,7 +51,7 @@ struct dal_link {
     // The reader's thread while it reads, the writer's thread otherwise.
     std::vector<std::uint8_t> reply;
 
-    deferred_call write_call, read_call, exception_call;
+    deferred_call write_call, read_call, exception_call, rest_call;
 
     // What a user gets by phDal4Nfc_Register.
     struct operations {
@@ -63,10 +65,10 @@ struct dal_link {
     };
 };
 
-// Starts the writer's thread. False if there is none.
+// Starts both threads, once. False if they can't be had.
 bool link_start(dal_link& link);
 
-// Opens the bus and starts the reader's thread.
+// Opens the bus for an attempt.
 int phDal4Nfc_Config(dal_link& link, const link_config& config);
 
 // Keeps the callbacks and gives the operations.
@@ -75,7 +77,11 @@ int phDal4Nfc_Register(dal_link& link, const link_callbacks& callbacks, const da
 // Any thread: has `call` made on the writer's thread, whose waits end at once from now on.
 void link_abort(dal_link& link, deferred_call& call);
 
-// Ends both threads and closes the bus; nothing is told any more.
+// Ends an attempt: behind it nobody is told of anything any more, neither thread does anything, and the bus
+// is closed.
+void link_rest(dal_link& link);
+
+// Ends both threads.
 void link_stop(dal_link& link);
 
 } // namespace pn65_dnld

@@ -97,46 +97,63 @@ void phHal4Nfc_DownloadComplete(void* context, int type)
 // What ends an attempt: another one may follow it only where the chip was reached.
 enum class outcome { good, failed, hopeless };
 
-// Whoever ends an attempt, its threads, its timer and its descriptor are gone behind it, and the firmware
-// goes last of all.
-outcome attempt()
-{
-    firmware_library firmware;
-    if (!firmware.open())
-        return outcome::hopeless;
-    dal_link link;
+// The state machine and what it stands on, for one attempt: behind it nothing of it is left.
+class machine {
+public:
+    explicit machine(dal_link& l) : link(l) {}
+    machine(const machine&) = delete;
+    machine& operator=(const machine&) = delete;
+    ~machine()
+    {
+        phDnldNfc_Release(d);
+        link_rest(link);
+    }
+
+    bool start(bytes_view firmware)
+    {
+        return phDnldNfc_Upgrade(d, link, firmware, phHal4Nfc_DownloadComplete, &downloadcomplete) ==
+               NFCSTATUS_PENDING;
+    }
+
+    int wait_for_end() const
+    {
+        while (downloadcomplete == 0)
+            tmr_usleep(POLL_US);
+        return downloadcomplete;
+    }
+
+private:
+    dal_link& link;
     download d;
     std::atomic<int> downloadcomplete = 0;
-    const struct guard {
-        dal_link& link;
-        download& d;
-        ~guard()
-        {
-            phDnldNfc_Release(d);
-            link_stop(link);
-        }
-    } at_end = {link, d};
-    const link_config config = {.wait_behind_57 = true, .time_gap_us = time_gap};
-    if (!link_start(link) || phDal4Nfc_Config(link, config) != NFCSTATUS_SUCCESS || !enter_download_mode())
+};
+
+outcome attempt(dal_link& link)
+{
+    firmware_library firmware; // goes last of all
+    if (!firmware.open() || !link_start(link))
         return outcome::hopeless;
-    if (phDnldNfc_Upgrade(d, link, firmware.container(), phHal4Nfc_DownloadComplete, &downloadcomplete) !=
-        NFCSTATUS_PENDING)
+    machine m(link);
+    const link_config config = {.wait_behind_57 = true, .time_gap_us = time_gap};
+    if (phDal4Nfc_Config(link, config) != NFCSTATUS_SUCCESS || !enter_download_mode())
+        return outcome::hopeless;
+    if (!m.start(firmware.container()))
         return outcome::failed;
-    while (downloadcomplete == 0)
-        tmr_usleep(POLL_US);
-    return downloadcomplete == DOWNLOAD_GOOD && !link.i2c_error ? outcome::good : outcome::failed;
+    return m.wait_for_end() == DOWNLOAD_GOOD && !link.i2c_error ? outcome::good : outcome::failed;
 }
 
 void* nfc_pn65_fw_dnld_thread(void*)
 {
+    dal_link link;
     std::uint32_t dnld_nu = 1;
     outcome last = outcome::failed;
     for (; dnld_nu <= MOST_ATTEMPTS; dnld_nu++) {
         dnld_state = dnld_nu * ATTEMPT | NFC_DNLD_RUNNING;
-        last = attempt();
+        last = attempt(link);
         if (last != outcome::failed)
             break;
     }
+    link_stop(link);
     if (last != outcome::hopeless && !leave_download_mode())
         last = outcome::failed;
     dnld_state = dnld_nu * ATTEMPT | (last == outcome::good ? NFC_DNLD_DONE : NFC_DNLD_FAILED);

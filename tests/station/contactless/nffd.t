@@ -17,6 +17,7 @@ an image of a bench goes into the chip while the console answers
   #: A download starts, ...
   send     nffd=1
   expect   NFFD:1, 1,OK
+  phone    idle
   phone    clock +400
   # ... and no other one beside it
   send     nffd=1
@@ -38,12 +39,14 @@ the image that comes with the library, twice; the second time without the prepar
   phone    clock hold
   send     nffd
   expect   NFFD:1, 1,OK
+  phone    idle
   phone    clock +9000
   send     nffd=0
   expect   NFFD:3, 1,OK
   phone    pn65dl mem 18800       -> 888F969DA4ABB2B9C0C7CED5DCE3EAF1
   send     nffd=1000
   expect   NFFD:1, 1,OK
+  phone    idle
   phone    clock +9000
   send     nffd=0
   expect   NFFD:3, 1,OK
@@ -57,6 +60,7 @@ a damaged image fails five times
   phone    clock hold
   send     nffd
   expect   NFFD:1, 1,OK
+  phone    idle
   phone    clock +1300
   send     nffd=0
   expect   NFFD:1, 2,OK
@@ -71,6 +75,7 @@ a cut image ends each attempt before anything is written
   phone    clock hold
   send     nffd
   expect   NFFD:1, 1,OK
+  phone    idle
   phone    clock +2000
   send     nffd=0
   expect   NFFD:2, 6,OK
@@ -82,9 +87,11 @@ a chip that is silent is given up by the guard, five times 16.4 seconds
   phone    clock hold
   send     nffd
   expect   NFFD:1, 1,OK
+  phone    idle
   phone    clock +16000
   send     nffd=0
   expect   NFFD:1, 1,OK
+  phone    idle
   phone    clock +1500
   send     nffd=0
   expect   NFFD:1, 2,OK
@@ -98,6 +105,7 @@ a bus that isn't there, and a line that doesn't move, end it at once
   phone    clock hold
   send     nffd
   expect   NFFD:1, 1,OK
+  phone    idle
   phone    clock +1000
   send     nffd=0
   expect   NFFD:2, 1,OK
