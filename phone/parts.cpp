@@ -11,6 +11,9 @@
 #include "board/regulators.h"
 #include "board/rtc.h"
 #include "board/spmi.h"
+#include "contactless/cards.h"
+#include "contactless/pn65.h"
+#include "contactless/qxr5170jvk.h"
 #include "core/clock.h"
 #include "core/conf.h"
 #include "core/control.h"
@@ -92,6 +95,10 @@ constexpr phone_part parts[] = {
     { "codec",  codec_attach,    codec_seed,       nullptr },
     { "jack",   jack_attach,     jack_seed,        jack_start },
     { "arec",   sound_tools_attach, nullptr,       nullptr },
+    { "cards",  cards_attach,    nullptr,          nullptr },
+    { "pn65",   pn65_attach,     nullptr,          nullptr },
+    { "tamiro", qxr5170jvk_attach, nullptr,        nullptr },
+    { "pn65dl", pn65_download_attach, nullptr,     nullptr },
     { "truth",  surroundings_attach, nullptr,      surroundings_start },
     { "motor",  motor_attach,    motor_seed,       motor_start },
     { "bmi055", bmi055_attach,   nullptr,          nullptr },

@@ -20,6 +20,7 @@
 #include "i2c/i2c.h"
 #include "irda_rpm841/irda_rpm841.h"
 #include "light/light.h"
+#include "nfc_pn65/nfc_pn65.h"
 #include "pin/pin.h"
 #include "plat/plat.h"
 #include "rev/rev.h"
@@ -125,6 +126,7 @@ void s_cfg_init()
     cfg_set_str("luigi", "stop_key", "/system/scripts/stop.lua");
     cfg_set_int("luigi", "canvas_padding", 8);
     cfg_set_int("luigi", "button_padding", 30);
+    nfc_pn65_conf(nfc_cfg);
     cfg_set_str("sdcard_de", "mmc_dev", "/dev/block/mmcblk1p1");
     cfg_set_str("screen_brenk", "panel_debugfs", "/sys/kernel/debug/mdss_dsi_panel");
     s_cfg_open_init();

@@ -50,6 +50,7 @@
 #include "f_modem/f_modem.h"
 #include "f_mpvc/f_mpvc.h"
 #include "f_msm/f_msm.h"
+#include "f_nfc/f_nfc.h"
 #include "f_poff/f_poff.h"
 #include "f_pp/f_pp.h"
 #include "f_prox/f_prox.h"
@@ -91,6 +92,10 @@
 #include "mpvc_brenk/mpvc_brenk.h"
 #include "msm/msm.h"
 #include "msm_linux/msm_linux.h"
+#include "nfc/nfc.h"
+#include "nfc_pn65/nfc_pn65.h"
+#include "nfc_pn65_fw_dnld/nfc_pn65_fw_dnld.h"
+#include "nfc_tamiro_qxr5170jvk_brenk/nfc_tamiro_qxr5170jvk_brenk.h"
 #include "pin/pin.h"
 #include "prx/prx.h"
 #include "prx_apds_9930/prx_apds_9930.h"
@@ -161,6 +166,7 @@ constexpr autoinit_entry initcompif[] = {
     mdml_init,
     mpvc_init,
     modem_init,
+    nfc_init,
     pin_init,
     prx_init,
     msm_init,
@@ -208,6 +214,9 @@ constexpr autoinit_entry initcomp[] = {
     luigi_init,
     mpvc_brenk_init,
     modem_brenk_init,
+    nfc_tamiro_qxr5170jvk_brenk_init,
+    nfc_pn65_init,
+    nfc_pn65_fw_dnld_init,
     prx_apds_9930_init,
     msm_linux_init,
     pwrsupply_linux_init,
@@ -256,6 +265,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_mdml_init,
     f_mpvc_init,
     f_modem_init,
+    f_nfc_init,
     f_poff_init,
     f_pp_init,
     f_prox_init,
