@@ -98,7 +98,8 @@ int end_line(int len)
     return len + 1;
 }
 
-__attribute__((format(printf, 5, 0))) int
+// Apart from trc_trace, so that a line which is kept back doesn't pay for its registers.
+__attribute__((noinline, format(printf, 5, 0))) int
 trace_line(const trc_node& obj, std::uint32_t mask, const char* file, int line, const char* fmt, va_list args)
 {
     const std::uint64_t now_us = tmr_get64();
@@ -207,7 +208,7 @@ unsigned trc_mode_get()
 
 int trc_trace(trc_node* p_obj, std::uint32_t mask, const char* file, int line, const char* fmt, ...)
 {
-    if (!is_wanted(p_obj, mask))
+    if (!is_wanted(p_obj, mask)) [[likely]]
         return 0;
     va_list args;
     va_start(args, fmt);
