@@ -17,10 +17,12 @@
 #include "core/watch.h"
 #include "diag/diag.h"
 #include "display/framebuffer.h"
+#include "display/hdmi.h"
 #include "display/input.h"
 #include "display/leds.h"
 #include "display/panel.h"
 #include "display/scripts.h"
+#include "display/sink.h"
 #include "display/touch_panel.h"
 #include "power/battery.h"
 #include "runtime/insmod.h"
@@ -73,6 +75,8 @@ constexpr phone_part parts[] = {
     { "leds",   leds_attach,     leds_seed,        nullptr },
     { "fb",     framebuffer_attach, nullptr,       framebuffer_start },
     { "panel",  panel_attach,    panel_seed,       nullptr },
+    { "hdmi",   hdmi_attach,     hdmi_seed,        nullptr },
+    { "sink",   sink_attach,     sink_seed,        sink_start },
     { "card",   card_attach,     nullptr,          card_start },
     { "truth",  surroundings_attach, nullptr,      surroundings_start },
     { "motor",  motor_attach,    motor_seed,       motor_start },

@@ -174,6 +174,7 @@ int s_entry(int, char**)
     usb_start();
     chargemon_start();
     rfbv_setup();
+    cfg_set_str("sii8334", "use_debugfs", "/sys/kernel/debug/mdss_mhl/");
     syscfg_set_mode(0);
     return core_start();
 }

@@ -35,10 +35,12 @@
 #include "f_ftm_gps_gen8/f_ftm_gps_gen8.h"
 #include "f_fuelgauge/f_fuelgauge.h"
 #include "f_gyro_v2/f_gyro.h"
+#include "f_hdmi/f_hdmi.h"
 #include "f_i2c/f_i2c.h"
 #include "f_kbd/f_kbd.h"
 #include "f_kill/f_kill.h"
 #include "f_light/f_light.h"
+#include "f_mhl/f_mhl.h"
 #include "f_msm/f_msm.h"
 #include "f_poff/f_poff.h"
 #include "f_pp/f_pp.h"
@@ -62,6 +64,8 @@
 #include "fuelgauge_pm8941/fuelgauge_pm8941.h"
 #include "gyro/gyro.h"
 #include "gyro_bmi055/gyro_bmi055.h"
+#include "hdmi/hdmi.h"
+#include "hdmi_msm/hdmi_msm.h"
 #include "i2c/i2c.h"
 #include "kbd/kbd.h"
 #include "kbd_qpnp/kbd_qpnp.h"
@@ -69,6 +73,8 @@
 #include "light_linux/light_linux.h"
 #include "light_pm8941/light_pm8941.h"
 #include "luigi/luigi.h"
+#include "mhl/mhl.h"
+#include "mhl_sii8334/mhl_sii8334.h"
 #include "msm/msm.h"
 #include "msm_linux/msm_linux.h"
 #include "pin/pin.h"
@@ -127,8 +133,10 @@ constexpr autoinit_entry initcompif[] = {
     file_init,
     fsm_init,
     gyro_init,
+    hdmi_init,
     kbd_init,
     light_init,
+    mhl_init,
     pin_init,
     prx_init,
     msm_init,
@@ -167,11 +175,13 @@ constexpr autoinit_entry initcomp[] = {
     fuelgauge_pm8941_init,
     ftm_init,
     gyro_bmi055_init,
+    hdmi_msm_init,
     i2c_init,
     kbd_qpnp_init,
     light_linux_init,
     light_pm8941_init,
     luigi_init,
+    mhl_sii8334_init,
     prx_apds_9930_init,
     msm_linux_init,
     pwrsupply_linux_init,
@@ -207,10 +217,12 @@ constexpr autoinit_entry initcompcmd[] = {
     f_ftm_init,
     f_ftm_gps_init,
     f_gyro_init,
+    f_hdmi_init,
     f_i2c_init,
     f_kbd_init,
     f_kill_init,
     f_light_init,
+    f_mhl_init,
     f_poff_init,
     f_pp_init,
     f_prox_init,
