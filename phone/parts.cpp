@@ -20,6 +20,7 @@
 #include "display/hdmi.h"
 #include "display/input.h"
 #include "display/leds.h"
+#include "display/max11876.h"
 #include "display/panel.h"
 #include "display/scripts.h"
 #include "display/sink.h"
@@ -76,6 +77,7 @@ constexpr phone_part parts[] = {
     { "insmod", insmod_attach,   nullptr,          nullptr },
     { "input",  input_attach,    nullptr,          nullptr },
     { "touch",  touch_panel_attach, touch_panel_seed, touch_panel_start },
+    { "matrix", max11876_attach, max11876_seed,    max11876_start },
     { "menu",   nullptr,         scripts_seed,     nullptr },
     { "leds",   leds_attach,     leds_seed,        nullptr },
     { "fb",     framebuffer_attach, nullptr,       framebuffer_start },

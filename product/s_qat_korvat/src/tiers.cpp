@@ -118,6 +118,7 @@
 #include "t_vreg/t_vreg.h"
 #include "ta/ta.h"
 #include "touch_linux_v2/touch_linux.h"
+#include "touch_max11876/touch_max11876.h"
 #include "touch_v2/touch.h"
 #include "trim/trim.h"
 #include "uevent/uevent.h"
@@ -221,6 +222,7 @@ constexpr autoinit_entry initcomp[] = {
     spmi_linux_init,
     syscfg_brenk_init,
     touch_linux_init,
+    touch_max11876_init,
     usb_linux_init,
     vers_amss_init,
     vers_linux_init,
