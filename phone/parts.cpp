@@ -24,10 +24,13 @@
 #include "core/watch.h"
 #include "diag/diag.h"
 #include "display/framebuffer.h"
+#include "display/hdmi.h"
 #include "display/input.h"
 #include "display/leds.h"
+#include "display/max11876.h"
 #include "display/panel.h"
 #include "display/scripts.h"
+#include "display/sink.h"
 #include "display/touch_panel.h"
 #include "power/battery.h"
 #include "radio/hci.h"
@@ -81,10 +84,13 @@ constexpr phone_part parts[] = {
     { "insmod", insmod_attach,   nullptr,          nullptr },
     { "input",  input_attach,    nullptr,          nullptr },
     { "touch",  touch_panel_attach, touch_panel_seed, touch_panel_start },
+    { "matrix", max11876_attach, max11876_seed,    max11876_start },
     { "menu",   nullptr,         scripts_seed,     nullptr },
     { "leds",   leds_attach,     leds_seed,        nullptr },
     { "fb",     framebuffer_attach, nullptr,       framebuffer_start },
     { "panel",  panel_attach,    panel_seed,       nullptr },
+    { "hdmi",   hdmi_attach,     hdmi_seed,        nullptr },
+    { "sink",   sink_attach,     sink_seed,        sink_start },
     { "card",   card_attach,     nullptr,          card_start },
     { "sim",    sim_attach,      nullptr,          nullptr },
     { "wlan",   wlan_attach,     wlan_seed,        nullptr },

@@ -31,6 +31,7 @@
 #include "tiers.h"
 #include "tmr/tmr.h"
 #include "touch_v2/touch.h"
+#include "trc/trc.h"
 #include "trim/trim.h"
 #include "usb/usb.h"
 #include "usb_linux/usb_linux.h"
@@ -60,6 +61,12 @@ usb_listener usb_tpok_con = {{nullptr}, USB_EVT_CONNECTED, nullptr};
 usb_listener usb_tpok_discon = {{nullptr}, USB_EVT_DISCONNECTED, nullptr};
 
 std::span<const s_setting> open_settings;
+
+// Text of the trace goes to the console as it is.
+void s_trc_print_release(const char* text, int len)
+{
+    cio_wr(&cio_clnt, text, static_cast<std::size_t>(len));
+}
 
 bool s_dev_exist(const char* path)
 {
@@ -166,6 +173,7 @@ int s_entry(int, char**)
     s_rev_init();
     core_init();
     autoinit(tier_initcompif, tier_initcomp, tier_initcompcmd);
+    trc_print_co_attach(s_trc_print_release);
     s_cfg_comm_path();
     s_cfg_init();
     rev_add(&space_num, "space_num", "8842-1170");
@@ -192,6 +200,7 @@ int s_entry(int, char**)
     irda_rpm841_conf("/dev/irda", "/dev/ttyHSL2");
     s_cfg_wlan();
     wcn3680_linux_wake_up_wcnss();
+    cfg_set_str("sii8334", "use_debugfs", "/sys/kernel/debug/mdss_mhl/");
     syscfg_set_mode(0);
     return core_start();
 }

@@ -41,12 +41,14 @@
 #include "f_ftm_gps_gen8/f_ftm_gps_gen8.h"
 #include "f_fuelgauge/f_fuelgauge.h"
 #include "f_gyro_v2/f_gyro.h"
+#include "f_hdmi/f_hdmi.h"
 #include "f_i2c/f_i2c.h"
 #include "f_irda/f_irda.h"
 #include "f_kbd/f_kbd.h"
 #include "f_kill/f_kill.h"
 #include "f_light/f_light.h"
 #include "f_mdml/f_mdml.h"
+#include "f_mhl/f_mhl.h"
 #include "f_modem/f_modem.h"
 #include "f_mpvc/f_mpvc.h"
 #include "f_msm/f_msm.h"
@@ -76,6 +78,8 @@
 #include "fuelgauge_pm8941/fuelgauge_pm8941.h"
 #include "gyro/gyro.h"
 #include "gyro_bmi055/gyro_bmi055.h"
+#include "hdmi/hdmi.h"
+#include "hdmi_msm/hdmi_msm.h"
 #include "i2c/i2c.h"
 #include "irda/irda.h"
 #include "irda_rpm841/irda_rpm841.h"
@@ -86,6 +90,8 @@
 #include "light_pm8941/light_pm8941.h"
 #include "luigi/luigi.h"
 #include "mdml/mdml.h"
+#include "mhl/mhl.h"
+#include "mhl_sii8334/mhl_sii8334.h"
 #include "modem/modem.h"
 #include "modem_brenk/modem_brenk.h"
 #include "mpvc/mpvc.h"
@@ -123,6 +129,7 @@
 #include "t_vreg/t_vreg.h"
 #include "ta/ta.h"
 #include "touch_linux_v2/touch_linux.h"
+#include "touch_max11876/touch_max11876.h"
 #include "touch_v2/touch.h"
 #include "trim/trim.h"
 #include "uevent/uevent.h"
@@ -160,10 +167,12 @@ constexpr autoinit_entry initcompif[] = {
     fm_init,
     fsm_init,
     gyro_init,
+    hdmi_init,
     irda_init,
     kbd_init,
     light_init,
     mdml_init,
+    mhl_init,
     mpvc_init,
     modem_init,
     nfc_init,
@@ -207,11 +216,13 @@ constexpr autoinit_entry initcomp[] = {
     fuelgauge_pm8941_init,
     ftm_init,
     gyro_bmi055_init,
+    hdmi_msm_init,
     i2c_init,
     kbd_qpnp_init,
     light_linux_init,
     light_pm8941_init,
     luigi_init,
+    mhl_sii8334_init,
     mpvc_brenk_init,
     modem_brenk_init,
     nfc_tamiro_qxr5170jvk_brenk_init,
@@ -230,6 +241,7 @@ constexpr autoinit_entry initcomp[] = {
     spmi_linux_init,
     syscfg_brenk_init,
     touch_linux_init,
+    touch_max11876_init,
     usb_linux_init,
     vers_amss_init,
     vers_linux_init,
@@ -257,12 +269,14 @@ constexpr autoinit_entry initcompcmd[] = {
     f_ftm_init,
     f_ftm_gps_init,
     f_gyro_init,
+    f_hdmi_init,
     f_i2c_init,
     f_irda_init,
     f_kbd_init,
     f_kill_init,
     f_light_init,
     f_mdml_init,
+    f_mhl_init,
     f_mpvc_init,
     f_modem_init,
     f_nfc_init,
