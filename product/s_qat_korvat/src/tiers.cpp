@@ -36,6 +36,7 @@
 #include "f_fuelgauge/f_fuelgauge.h"
 #include "f_gyro_v2/f_gyro.h"
 #include "f_i2c/f_i2c.h"
+#include "f_isdb/f_isdb.h"
 #include "f_kbd/f_kbd.h"
 #include "f_kill/f_kill.h"
 #include "f_light/f_light.h"
@@ -63,6 +64,8 @@
 #include "gyro/gyro.h"
 #include "gyro_bmi055/gyro_bmi055.h"
 #include "i2c/i2c.h"
+#include "isdb/isdb.h"
+#include "isdb_ej113/isdb_ej113.h"
 #include "kbd/kbd.h"
 #include "kbd_qpnp/kbd_qpnp.h"
 #include "light/light.h"
@@ -127,6 +130,7 @@ constexpr autoinit_entry initcompif[] = {
     file_init,
     fsm_init,
     gyro_init,
+    isdb_init,
     kbd_init,
     light_init,
     pin_init,
@@ -168,6 +172,7 @@ constexpr autoinit_entry initcomp[] = {
     ftm_init,
     gyro_bmi055_init,
     i2c_init,
+    isdb_ej113_init,
     kbd_qpnp_init,
     light_linux_init,
     light_pm8941_init,
@@ -208,6 +213,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_ftm_gps_init,
     f_gyro_init,
     f_i2c_init,
+    f_isdb_init,
     f_kbd_init,
     f_kill_init,
     f_light_init,
