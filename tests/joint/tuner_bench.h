@@ -41,7 +41,7 @@ struct TunerBench : Joint {
             reg('C', number) = value;
     }
 
-    static void let_run() { ask("clock run"), ask("speed 1000"); }
+    static void let_run() { ask("clock run"), ask("speed 100"); }
 
     // A chip that was brought up from the healthy phone's files.
     static void bring_up()
