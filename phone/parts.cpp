@@ -50,6 +50,10 @@
 #include "shell/usb_state.h"
 #include "store/card.h"
 #include "store/store.h"
+#include "tuner/air.h"
+#include "tuner/demux.h"
+#include "tuner/mn88552.h"
+#include "tuner/tuner_driver.h"
 #include "versions/proc.h"
 
 namespace phone {
@@ -110,6 +114,10 @@ constexpr phone_part parts[] = {
     { "bmi055", bmi055_attach,   nullptr,          nullptr },
     { "ak8963", ak8963_attach,   nullptr,          nullptr },
     { "apds",   apds9930_attach, nullptr,          nullptr },
+    { "air",    air_attach,      nullptr,          nullptr },
+    { "tuner",  mn88552_attach,  nullptr,          nullptr },
+    { "mmtuner", tuner_driver_attach, tuner_driver_seed, nullptr },
+    { "demux",  demux_attach,    nullptr,          nullptr },
 };
 // clang-format on
 

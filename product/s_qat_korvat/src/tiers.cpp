@@ -44,6 +44,7 @@
 #include "f_hdmi/f_hdmi.h"
 #include "f_i2c/f_i2c.h"
 #include "f_irda/f_irda.h"
+#include "f_isdb/f_isdb.h"
 #include "f_kbd/f_kbd.h"
 #include "f_kill/f_kill.h"
 #include "f_light/f_light.h"
@@ -83,6 +84,8 @@
 #include "i2c/i2c.h"
 #include "irda/irda.h"
 #include "irda_rpm841/irda_rpm841.h"
+#include "isdb/isdb.h"
+#include "isdb_ej113/isdb_ej113.h"
 #include "kbd/kbd.h"
 #include "kbd_qpnp/kbd_qpnp.h"
 #include "light/light.h"
@@ -169,6 +172,7 @@ constexpr autoinit_entry initcompif[] = {
     gyro_init,
     hdmi_init,
     irda_init,
+    isdb_init,
     kbd_init,
     light_init,
     mdml_init,
@@ -218,6 +222,7 @@ constexpr autoinit_entry initcomp[] = {
     gyro_bmi055_init,
     hdmi_msm_init,
     i2c_init,
+    isdb_ej113_init,
     kbd_qpnp_init,
     light_linux_init,
     light_pm8941_init,
@@ -272,6 +277,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_hdmi_init,
     f_i2c_init,
     f_irda_init,
+    f_isdb_init,
     f_kbd_init,
     f_kill_init,
     f_light_init,
