@@ -32,8 +32,8 @@ int panel_ioctl(int fd, unsigned long request, void* arg)
     if (request == FBIOGET_VSCREENINFO) {
         auto* p = static_cast<fb_var_screeninfo*>(arg);
         *p = {};
-        p->xres = WIDTH;
-        p->yres = HEIGHT;
+        p->xres = panel_width;
+        p->yres = panel_height;
         p->bits_per_pixel = 32;
         p->red = {16, 8, 0};
         p->green = {8, 8, 0};
@@ -42,7 +42,7 @@ int panel_ioctl(int fd, unsigned long request, void* arg)
         auto* p = static_cast<fb_fix_screeninfo*>(arg);
         *p = {};
         std::snprintf(p->id, sizeof p->id, "bench");
-        p->line_length = WIDTH * 4;
+        p->line_length = panel_width * 4;
         p->smem_len = static_cast<unsigned>(memory_size);
     }
     return 0;
@@ -52,7 +52,7 @@ int panel_ioctl(int fd, unsigned long request, void* arg)
 
 void bench_panel(unsigned pages)
 {
-    memory_size = pages * FRAME;
+    memory_size = pages * frame_bytes;
     panel_fd = memfd_create("panel", MFD_CLOEXEC);
     if (panel_fd < 0 || ftruncate(panel_fd, static_cast<off_t>(memory_size)) != 0)
         std::exit(1);

@@ -4,8 +4,8 @@
 
 #include <cstddef>
 
-constexpr unsigned WIDTH = 1080, HEIGHT = 1920;
-constexpr std::size_t FRAME = std::size_t{WIDTH} * HEIGHT * 4;
+constexpr unsigned panel_width = 1080, panel_height = 1920;
+constexpr std::size_t frame_bytes = std::size_t{panel_width} * panel_height * 4;
 
 // A new panel with this many pages of memory, configured as the main screen, and the screen modules made
 // ready for it; it is for screen_start to open it. Ends the program when there is no memory.

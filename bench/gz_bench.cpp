@@ -15,17 +15,17 @@
 
 namespace {
 
-constexpr std::size_t LOG_BYTES = 256 * 1024;
-constexpr int REPETITIONS = 15;
+constexpr std::size_t log_bytes = 256 * 1024;
+constexpr int repetitions = 15;
 
 std::string log_text()
 {
     std::mt19937 random(1);
     std::string text;
-    for (unsigned ms = 0; text.size() < LOG_BYTES; ms += random() % 100)
+    for (unsigned ms = 0; text.size() < log_bytes; ms += random() % 100)
         text += std::to_string(ms) + " chargemon: state " + std::to_string(random() % 7) + ", " +
                 std::to_string(3600 + random() % 700) + " mV, " + std::to_string(random() % 1500) + " mA\n";
-    text.resize(LOG_BYTES);
+    text.resize(log_bytes);
     return text;
 }
 
@@ -53,12 +53,12 @@ int main()
     const std::string text = log_text();
     require(file_write_string(src.c_str(), text.c_str()) == 1);
     double alone = 1e18, whole = 1e18;
-    for (int i = 0; i < REPETITIONS; i++) { // in turns
+    for (int i = 0; i < repetitions; i++) { // in turns
         unlink(dst.c_str());
         unlink(other.c_str());
         alone = std::min(alone, time_of([&] {
                              const gzFile out = gzopen(other.c_str(), "ab9");
-                             require(out != nullptr && gzwrite(out, text.data(), LOG_BYTES) == LOG_BYTES &&
+                             require(out != nullptr && gzwrite(out, text.data(), log_bytes) == log_bytes &&
                                      gzclose(out) == Z_OK);
                          }));
         whole = std::min(whole, time_of([&] { require(file_compress(src.c_str(), dst.c_str()) != 0); }));

@@ -109,8 +109,8 @@ double frame_ns()
     double least = 1e18;
     for (int turn = 0; turn < 200; turn++) {
         const auto start = steady_clock::now();
-        std::memset(frame, turn, FRAME);
-        std::memcpy(frame + FRAME, frame, FRAME);
+        std::memset(frame, turn, frame_bytes);
+        std::memcpy(frame + frame_bytes, frame, frame_bytes);
         const auto end = steady_clock::now();
         least = std::min(least, std::chrono::duration<double, std::nano>(end - start).count());
     }

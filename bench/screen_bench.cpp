@@ -22,7 +22,7 @@
 
 namespace {
 
-constexpr int REPETITIONS = 300;
+constexpr int repetitions = 300;
 
 // A panel with this many pages, started as the main screen.
 void start_panel(unsigned pages)
@@ -30,7 +30,7 @@ void start_panel(unsigned pages)
     bench_panel(pages);
     if (screen_start(SCREEN_MAIN, 0) != 1)
         std::exit(1);
-    std::memset(screen_linux_get_screen_info(SCREEN_MAIN)->map_base, 0, pages * FRAME);
+    std::memset(screen_linux_get_screen_info(SCREEN_MAIN)->map_base, 0, pages * frame_bytes);
 }
 
 double time_ns(const std::function<void()>& body)
@@ -45,7 +45,7 @@ int compare(const char* name, double limit, const std::function<void()>& subject
             const std::function<void()>& yardstick)
 {
     double measured = 1e18, wanted = 1e18;
-    for (int i = 0; i < REPETITIONS; i++) {
+    for (int i = 0; i < repetitions; i++) {
         wanted = std::min(wanted, time_ns(yardstick));
         measured = std::min(measured, time_ns(subject));
     }
@@ -97,7 +97,7 @@ std::uint8_t* frame()
 void set_frame()
 {
     static volatile int value = 0x5A;
-    std::memset(frame(), value, FRAME);
+    std::memset(frame(), value, frame_bytes);
 }
 
 int bench_drawing()
@@ -108,7 +108,7 @@ int bench_drawing()
         over += compare(
             row.line, row.limit, [&] { send(row.line); }, set_frame);
     const auto print = [] { // 23 characters of 48 pixels fill a row
-        for (unsigned y = 0; y + 48 < HEIGHT; y += 48)
+        for (unsigned y = 0; y + 48 < panel_height; y += 48)
             screen_print("The quick brown fox 123", 0, y, 0xFFFFFF);
     };
     return over + compare("a full screen of text", 1.4, print, set_frame);
@@ -119,16 +119,17 @@ int bench_invalidate()
     start_panel(2);
     return compare(
         "the page copy of the invalidate", 1.05, [] { screen_invalidate(); },
-        [] { std::memcpy(frame() + FRAME, frame(), FRAME); });
+        [] { std::memcpy(frame() + frame_bytes, frame(), frame_bytes); });
 }
 
 // A full-size picture, 1080 by 1920, in a file of the working folder.
 std::string write_picture()
 {
-    std::vector<std::uint8_t> file(54 + std::size_t{WIDTH} * HEIGHT * 3);
+    std::vector<std::uint8_t> file(54 + std::size_t{panel_width} * panel_height * 3);
     for (std::size_t i = 54; i < file.size(); i++)
         file[i] = static_cast<std::uint8_t>(i * 7 ^ i >> 11);
-    const std::uint32_t head[] = {static_cast<std::uint32_t>(file.size()), 0, 54, 40, WIDTH, HEIGHT};
+    const std::uint32_t head[] = {
+        static_cast<std::uint32_t>(file.size()), 0, 54, 40, panel_width, panel_height};
     std::memcpy(file.data(), "BM", 2);
     std::memcpy(file.data() + 2, head, sizeof head);
     file[26] = 1;
@@ -145,13 +146,13 @@ int bench_picture()
 {
     start_panel(1);
     const std::string path = write_picture();
-    std::vector<std::uint8_t> file(54 + std::size_t{WIDTH} * HEIGHT * 3), copy(FRAME, 1);
+    std::vector<std::uint8_t> file(54 + std::size_t{panel_width} * panel_height * 3), copy(frame_bytes, 1);
     const auto read_and_copy = [&] {
         const int fd = open(path.c_str(), O_RDONLY);
         if (read(fd, file.data(), file.size()) != static_cast<ssize_t>(file.size()))
             std::exit(1);
         close(fd);
-        std::memcpy(frame(), copy.data(), FRAME);
+        std::memcpy(frame(), copy.data(), frame_bytes);
     };
     const std::string line = "dimg=\"" + path + "\"";
     const int over = compare(

@@ -12,7 +12,7 @@ struct i2c_handle {
     int fd;
 };
 
-// Where the board's chips are. A row with an empty name ends the table.
+// Where the board's chips are. A row without a name ends the table.
 struct i2c_cfg_row {
     const char* name;
     std::uint8_t port;

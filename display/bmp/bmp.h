@@ -3,19 +3,15 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 
-struct bmp_free {
-    void operator()(std::uint8_t* p) const { std::free(p); }
-};
+#include "heap/heap.h"
 
 // A picture: top row first, rows without padding, a pixel as the bytes blue, green, red.
 struct bmp_image {
     std::uint32_t width;
     std::uint32_t height;
     std::uint16_t bits; // a pixel; always 24
-    std::unique_ptr<std::uint8_t, bmp_free> pixels;
+    heap_ptr<std::uint8_t> pixels;
 };
 
 void bmp_init();

@@ -1,6 +1,6 @@
-// The phone's keys: polls all input devices of the kernel and hands each key event to the observers. Knows
-// the names and characters of key codes. Not for the touch panel, whose nodes are read too but whose events
-// are passed over. Observers are called on the main loop; attaching and detaching is safe from any thread.
+// The phone's keys: hands each key event of the input devices, which it polls, to the observers. Knows the
+// names and characters of key codes. Not for the touch panel, whose device is read too but whose events are
+// passed over. Observers are called on the main loop; attaching and detaching is safe from any thread.
 #pragma once
 
 #include <cstdint>

@@ -27,6 +27,21 @@ constexpr std::size_t kept_requests = 32;
 constexpr const char* wanted_words =
     "PREFIX RESPONSE [COUNT], off, last, recent, log HEX, log2 HEX, filter, up or down is wanted";
 
+// Requests of the driver.
+// clang-format off
+constexpr unsigned long request_send          = 100;
+constexpr unsigned long request_receive       = 101;
+constexpr unsigned long request_taken_1         = 102; // taken, and nothing done
+constexpr unsigned long request_log_size      = 103;
+constexpr unsigned long request_log_read      = 104;
+constexpr unsigned long request_log_filter    = 105;
+constexpr unsigned long request_log_clear     = 106;
+constexpr unsigned long request_taken_2         = 107; // taken, and nothing done
+constexpr unsigned long request_record        = 108;
+constexpr unsigned long request_second_record = 109;
+constexpr unsigned long request_modem_up      = 110;
+// clang-format on
+
 // An exchange block in the program's memory.
 struct block {
     std::uint32_t size;
@@ -208,26 +223,26 @@ int diag_ioctl(open_file&, unsigned long number, void* arg)
     const std::lock_guard lock(diag_mutex);
     auto* bytes = static_cast<std::uint8_t*>(arg);
     switch (number) {
-    case 100:
+    case request_send:
         return send_request(static_cast<const block*>(arg));
-    case 101:
+    case request_receive:
         return fetch_response(static_cast<block*>(arg));
-    case 102:
-    case 107:
+    case request_taken_1:
+    case request_taken_2:
         return 0;
-    case 103:
+    case request_log_size:
         return log_size();
-    case 104:
+    case request_log_read:
         return read_log(bytes);
-    case 105:
+    case request_log_filter:
         return set_log_filter(bytes);
-    case 106:
+    case request_log_clear:
         return clear_logs();
-    case 108:
+    case request_record:
         return take_record(bytes);
-    case 109:
+    case request_second_record:
         return take_second_record(bytes);
-    case 110:
+    case request_modem_up:
         return modem_up ? 1 : 0;
     default:
         strange("ioctl /dev/diag request " + std::to_string(number));

@@ -9,9 +9,10 @@
 struct battery_cfg {
     std::uint32_t algorithm; // 1: for a battery that gives off current; 2: for a current of any sign
     std::uint32_t model;     // table of algorithm 1, 1 to 3
-    std::uint32_t ires;      // internal resistance in milliohm
-    const char* type_path;   // null: the type is 1 without asking
-    const char* temp_path;   // null: 25 degrees without asking
+    std::uint32_t ires_mohm; // internal resistance in milliohm
+    // Attributes that the readings by default read. They are gates too: with a null one no driver is asked.
+    const char* type_path; // null: the type is 1
+    const char* temp_path; // null: 25 degrees
 };
 
 // Each gives 1, or 0 on failure with the output as it was.

@@ -5,8 +5,8 @@
 #pragma once
 
 // Codes of the framework's own messages; a user's events have positive codes.
-constexpr int fsm_msg_entry = -2;
-constexpr int fsm_msg_exit = -3;
+constexpr int FSM_MSG_ENTRY = -2;
+constexpr int FSM_MSG_EXIT = -3;
 
 // An event, at the start of whatever a user sends along.
 struct fsm_event {

@@ -4,13 +4,9 @@
 
 #include <condition_variable>
 #include <cstddef>
-#include <cstdlib>
-#include <memory>
 #include <mutex>
 
-struct queue_free {
-    void operator()(void* p) const { std::free(p); }
-};
+#include "heap/heap.h"
 
 struct queue {
     std::mutex mutex;
@@ -20,7 +16,7 @@ struct queue {
     std::size_t size; // bytes of a record
     std::size_t wr;
     std::size_t rd;
-    std::unique_ptr<unsigned char, queue_free> buf;
+    heap_ptr<unsigned char> buf;
 };
 
 // Entry of the driver tier; nothing to do.

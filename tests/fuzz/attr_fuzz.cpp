@@ -24,7 +24,7 @@
 
 namespace {
 
-constexpr int THE_FD = 1000;
+constexpr int the_fd = 1000;
 
 const std::uint8_t* input;
 std::size_t input_size;
@@ -33,7 +33,7 @@ std::size_t position;
 int fuzz_open(const char*, int, mode_t)
 {
     position = 0;
-    return THE_FD;
+    return the_fd;
 }
 
 ssize_t fuzz_read(int, void* buf, std::size_t size)

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int FILE_FD = 1000;
+constexpr int file_fd = 1000;
 
 const std::uint8_t* file;
 std::size_t file_size;
@@ -30,7 +30,7 @@ int fuzz_stat(const char*, struct stat* p_out)
 int fuzz_open(const char*, int, mode_t)
 {
     position = 0;
-    return FILE_FD;
+    return file_fd;
 }
 
 int fuzz_close(int)

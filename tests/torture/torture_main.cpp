@@ -143,9 +143,9 @@ struct campaign {
 // The program opens and closes nodes of its own at any time, so only what stays open at every look counts.
 std::string left_open(campaign& c)
 {
-    constexpr int LOOKS = 20;
+    constexpr int looks = 20;
     std::string names;
-    for (int i = 0; i < LOOKS; i++) {
+    for (int i = 0; i < looks; i++) {
         const auto now = descriptors(c.phone);
         if (now.size() <= c.descriptors_before.size())
             return {};

@@ -3,6 +3,8 @@
 #include <array>
 #include <cstring>
 
+#include "callout/callout.h"
+
 namespace {
 
 std::array<adc_rec, 32> adc_co;
@@ -30,6 +32,6 @@ int adc_read(const char* name, int arg, int* p_val)
 {
     for (const adc_rec& entry : adc_co)
         if (entry.name[0] != '\0' && std::strcmp(entry.name, name) == 0)
-            return entry.fn != nullptr ? entry.fn(name, arg, p_val) : 0;
+            return callout(entry.fn, 0, name, arg, p_val);
     return 0;
 }

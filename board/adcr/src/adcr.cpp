@@ -1,5 +1,6 @@
 #include "adcr/adcr.h"
 
+#include "callout/callout.h"
 #include "check/check.h"
 
 namespace {
@@ -21,12 +22,10 @@ void adcr_cmd_co_attach(const adcr_co* p_co)
 
 int adcr_read(std::uint32_t channel, std::uint32_t format, int* p_val)
 {
-    HVT_CHECK(p_adcr_co != nullptr);
-    return p_adcr_co->read != nullptr ? p_adcr_co->read(channel, format, p_val) : ADCR_FAILED;
+    return callout(p_adcr_co, &adcr_co::read, ADCR_FAILED, channel, format, p_val);
 }
 
 const adcr_channel* adcr_channel_info()
 {
-    HVT_CHECK(p_adcr_co != nullptr);
-    return p_adcr_co->channel_info != nullptr ? p_adcr_co->channel_info() : nullptr;
+    return callout(p_adcr_co, &adcr_co::channel_info, nullptr);
 }

@@ -61,12 +61,12 @@ constexpr adcr_channel adcr_brenk_tab[] = {
     /* 36 */ { "msm_therm",       "msm_therm",    "MSM external thermistor" },
     /* 37 */ { "pcb_therm",       "pcb_therm",    "PCB thermistor" },
     /* 38 */ { "bl_therm",        "bl_therm",     "Backlight thermistor" },
-    { nullptr, nullptr, nullptr },
+    {},
 };
 // clang-format on
 
-constexpr std::uint32_t adc_max_channel = std::size(adcr_brenk_tab) - 2;
-static_assert(adc_max_channel == 38);
+constexpr std::uint32_t ADC_MAX_CHANNEL = std::size(adcr_brenk_tab) - 2;
+static_assert(ADC_MAX_CHANNEL == 38);
 
 bool is_thermal_zone(std::uint32_t channel)
 {
@@ -142,7 +142,7 @@ int in_format(std::uint32_t channel, std::uint32_t format, const reading& read)
 
 int read_channel(std::uint32_t channel, std::uint32_t format, int* p_val)
 {
-    if (channel > adc_max_channel)
+    if (channel > ADC_MAX_CHANNEL)
         return refuse(ADCR_OUT_OF_RANGE, p_val);
     const adcr_channel& row = adcr_brenk_tab[channel];
     if (row.attr_raw[0] == '\0')

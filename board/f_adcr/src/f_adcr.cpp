@@ -34,7 +34,7 @@ int do_adcr_read(int id, int action, int argc, const dcp_word* argv)
 // clang-format off
 constexpr dcp_cmd f_adcr_cmd_tab[] = {
     { "adcr", "0x0-0xFF[,(0-3)]", "%v,%v", "ADCR(channel,format)", do_adcr_read, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

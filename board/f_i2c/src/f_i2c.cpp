@@ -68,7 +68,7 @@ int do_i2cr(int id, int action, int argc, const dcp_word* argv)
 constexpr dcp_cmd f_i2c_cmd_tab[] = {
     { "i2cw", "0xB,0xB,0xB[,BX]", "%x,%x,%t",    "i2cw(port,devaddr,reg,data...)", do_i2cw, DCP_GRP_STANDARD },
     { "i2cr", "0xB,0xB,0xB,0xB",  "%x,%x,%x,%x", "i2cr(port,devaddr,reg,num)",     do_i2cr, DCP_GRP_STANDARD },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

@@ -37,7 +37,7 @@ int do_msm_msmv(int id, int action, int argc, const dcp_word*)
 constexpr dcp_cmd f_msm_cmd_tab[] = {
     { "pvsr", "1", "%v", "PVSR", do_msm_pvsr, DCP_GRP_PRODUCTION },
     { "msmv", "",  "",   "MSMV", do_msm_msmv, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

@@ -39,7 +39,7 @@ int do_rtc_write(int id, int action, int argc, const dcp_word* argv)
 constexpr dcp_cmd f_rtc_cmd_tab[] = {
     { "rtcr", "", "%t",                "rtcr()",                                    do_rtc_read,  DCP_GRP_PRODUCTION },
     { "rtcw", "", "%v,%v,%v,%v,%v,%v", "rtcw(year,month,day,hour,minutes,seconds)", do_rtc_write, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

@@ -79,7 +79,7 @@ int do_spmiw(int id, int action, int argc, const dcp_word* argv)
 constexpr dcp_cmd f_spmi_cmd_tab[] = {
     { "spmir", "(0),(0-0xFFFFF),(B)",             "%v,%v,%t", "SPMIR(bus,reg,bytes)",            do_spmir, DCP_GRP_STANDARD },
     { "spmiw", "(0),(0-0xFFFFF),(B),[,(B),...]",  "%v,%v,%t", "SPMIW(bus,reg,data1[,data2,...])", do_spmiw, DCP_GRP_STANDARD },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

@@ -69,7 +69,7 @@ constexpr dcp_cmd f_syscfg_cmd_tab[] = {
     { "sysmode", "0-3",               "%v",    "SYSMODE(level)", do_syscfg_mode, DCP_GRP_PRODUCTION },
     { "syscfg",  "0-...,\"setting\"", "%v,%s", "SYSCFG(num)",    do_syscfg,      DCP_GRP_PRODUCTION },
     { "ipcfg",   "(0-255)",           "%d",    "ipcfg(ipaddr)",  do_syscfg_ip,   DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

@@ -52,7 +52,7 @@ int do_temp_read(int id, int action, int argc, const dcp_word* argv)
 // clang-format off
 constexpr dcp_cmd f_temp_cmd_tab[] = {
     { "temp", "(0-30)[,(0-2)]", "%v,%v", "TEMP=<channel>,<format>", do_temp_read, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

@@ -16,7 +16,7 @@ const i2c_cfg_row* i2c_tab;
 const i2c_cfg_row* find(const char* name)
 {
     HVT_CHECK(i2c_tab != nullptr);
-    for (const i2c_cfg_row* p_row = i2c_tab; p_row->name[0] != '\0'; p_row++)
+    for (const i2c_cfg_row* p_row = i2c_tab; p_row->name != nullptr; p_row++)
         if (std::strcmp(p_row->name, name) == 0)
             return p_row;
     return nullptr;

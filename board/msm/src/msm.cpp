@@ -1,5 +1,6 @@
 #include "msm/msm.h"
 
+#include "callout/callout.h"
 #include "check/check.h"
 
 namespace {
@@ -21,12 +22,10 @@ void msm_cmd_co_attach(const msm_co* p_co)
 
 int msm_pvs_read(int* p_val)
 {
-    HVT_CHECK(p_msm_co != nullptr);
-    return p_msm_co->pvs_read != nullptr ? p_msm_co->pvs_read(p_val) : 1;
+    return callout(p_msm_co, &msm_co::pvs_read, 1, p_val);
 }
 
 int msm_version_read(std::uint32_t* p_3vals)
 {
-    HVT_CHECK(p_msm_co != nullptr);
-    return p_msm_co->version_read != nullptr ? p_msm_co->version_read(p_3vals) : 1;
+    return callout(p_msm_co, &msm_co::version_read, 1, p_3vals);
 }

@@ -1,6 +1,6 @@
 #include "rtc/rtc.h"
 
-#include "check/check.h"
+#include "callout/callout.h"
 
 namespace {
 
@@ -20,12 +20,10 @@ void rtc_co_attach(const rtc_co* p_co)
 
 int rtc_read(rtc_time* p_tm)
 {
-    HVT_CHECK(p_rtc_co != nullptr);
-    return p_rtc_co->read != nullptr ? p_rtc_co->read(p_tm) : 0;
+    return callout(p_rtc_co, &rtc_co::read, 0, p_tm);
 }
 
 int rtc_write(const rtc_time* p_tm)
 {
-    HVT_CHECK(p_rtc_co != nullptr);
-    return p_rtc_co->write != nullptr ? p_rtc_co->write(p_tm) : 0;
+    return callout(p_rtc_co, &rtc_co::write, 0, p_tm);
 }

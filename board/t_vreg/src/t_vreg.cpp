@@ -76,7 +76,7 @@ constexpr dcp_cmd t_vreg_cmd_tab[] = {
     { "vregctl",  "\"regulator\",(0-1)", "%s,%v", "vregctl(regulator,on/off)", do_vregctl,  DCP_GRP_STANDARD },
     { "vreglvl",  "\"regulator\",W",     "%s,%v", "vreglvl(regulator,level)",  do_vreglvl,  DCP_GRP_STANDARD },
     { "vregmode", "\"regulator\",W",     "%s,%v", "vregmode(regulator,mode)",  do_vregmode, DCP_GRP_STANDARD },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

@@ -8,36 +8,36 @@
 
 namespace {
 
-constexpr int decimal = 10;
+constexpr int DECIMAL = 10;
 
 // A line of response has at most this many characters, name and colon included: 6552 bytes and the first
 // digit of the next.
-constexpr int max_line = 32768;
-constexpr int name_size = sizeof "ftmc:" - 1;
+constexpr int MAX_LINE = 32768;
+constexpr int NAME_SIZE = sizeof "ftmc:" - 1;
 
-constexpr std::uint32_t nv_max = 4;
+constexpr std::uint32_t NV_MAX = 4;
 constexpr std::uint8_t nv_request[] = {0x4B, 0x0B, 0x00, 0x80, 0x06, 0x00};
-constexpr std::uint32_t nv_response_size = 16;
-constexpr int nv_at_command = 4;
-constexpr int nv_at_state = 10;
-constexpr int nv_done = 1;
+constexpr std::uint32_t NV_RESPONSE_SIZE = 16;
+constexpr int NV_AT_COMMAND = 4;
+constexpr int NV_AT_STATE = 10;
+constexpr int NV_DONE = 1;
 
 std::uint8_t ftm_buf[FTM_MAX_RESP_LEN]; // request and response
-char ftm_text[max_line];
+char ftm_text[MAX_LINE];
 
 void print_response(int id, std::uint32_t size)
 {
     ftm_text[0] = '\0';
     if (size > 0)
         scf_bin_to_hexstr(ftm_text, sizeof ftm_text, ftm_buf, static_cast<int>(size), 1, ',');
-    ftm_text[max_line - name_size] = '\0';
+    ftm_text[MAX_LINE - NAME_SIZE] = '\0';
     dcp_print_long(id, "ftmc", ftm_text);
 }
 
 int send_text(int id, char* text)
 {
     scf_clean(text, " ");
-    const int count = scf_str_to_uint8(ftm_buf, sizeof ftm_buf, text, decimal);
+    const int count = scf_str_to_uint8(ftm_buf, sizeof ftm_buf, text, DECIMAL);
     std::uint32_t size = 0;
     ftm_filter_enable(true);
     const int result = ftm_cmd(ftm_buf, static_cast<std::uint32_t>(count), ftm_buf, sizeof ftm_buf, &size);
@@ -64,18 +64,18 @@ bool ftm_loadnv(std::uint32_t value)
     std::uint8_t packet[sizeof nv_request];
     for (std::size_t i = 0; i < sizeof packet; i++)
         packet[i] = nv_request[i];
-    packet[nv_at_command] = static_cast<std::uint8_t>(packet[nv_at_command] + value);
+    packet[NV_AT_COMMAND] = static_cast<std::uint8_t>(packet[NV_AT_COMMAND] + value);
     std::uint32_t size = 0;
     if (ftm_cmd(packet, sizeof packet, ftm_buf, sizeof ftm_buf, &size) != 1)
         return false;
-    return size != nv_response_size || (ftm_buf[nv_at_state] | ftm_buf[nv_at_state + 1] << 8) == nv_done;
+    return size != NV_RESPONSE_SIZE || (ftm_buf[NV_AT_STATE] | ftm_buf[NV_AT_STATE + 1] << 8) == NV_DONE;
 }
 
 int load_all(int argc, const dcp_word* argv)
 {
     for (int i = 0; i < argc; i++) {
         const std::uint32_t value = dcp_uint(argv[i]);
-        if (value > nv_max)
+        if (value > NV_MAX)
             return DCP_SYNTAX;
         if (!ftm_loadnv(value))
             return DCP_ERROR;

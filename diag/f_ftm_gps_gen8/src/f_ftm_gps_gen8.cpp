@@ -3,30 +3,29 @@
 #include <array>
 #include <bit>
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 #include <pthread.h>
 #include <span>
 
 #include "check/check.h"
 #include "dcp/dcp.h"
 #include "ftm_linux/ftm_linux.h"
+#include "heap/heap.h"
 #include "tmr/tmr.h"
 
 namespace {
 
-constexpr std::uint32_t max_iterations = 10;
-constexpr std::uint32_t max_sample_size = 32;
+constexpr std::uint32_t MAX_ITERATIONS = 10;
+constexpr std::uint32_t MAX_SAMPLE_SIZE = 32;
 
 // The log store with the one record of the measurement in it.
-constexpr int iq_log_size = 33;
-constexpr int iq_at_cnr = 21;
-constexpr int iq_at_index = 25;
-constexpr int iq_log_polls = 800;
-constexpr std::uint32_t iq_log_poll_us = 100000;
+constexpr int IQ_LOG_SIZE = 33;
+constexpr int IQ_AT_CNR = 21;
+constexpr int IQ_AT_INDEX = 25;
+constexpr int IQ_LOG_POLLS = 800;
+constexpr std::uint32_t IQ_LOG_POLL_US = 100000;
 
-constexpr std::uint32_t packet_pause_us = 30000;
-constexpr std::uint32_t packet_pause_us_per_byte = 1000;
+constexpr std::uint32_t PACKET_PAUSE_US = 30000;
+constexpr std::uint32_t PACKET_PAUSE_US_PER_BYTE = 1000;
 
 struct byte_at {
     std::size_t offset;
@@ -44,32 +43,28 @@ constexpr std::array<std::uint8_t, Size> sparse(const byte_at (&bytes)[Count])
 }
 
 // clang-format off
-constexpr std::uint8_t clearLogBuf[]   = { 0xCB };
-constexpr std::uint8_t setLogFilter[]  = { 0xCA, 0x05, 0x00, 0x00, 0x00, 0x04, 0x10, 0x00, 0x15, 0x00 };
-constexpr std::uint8_t enableLogging[] = { 0x60, 0x01 };
-constexpr std::uint8_t enterRFMode[]   = { 0x4B, 0x0D, 0x65, 0x00, 0x14, 0x01, 0x00 };
-constexpr std::uint8_t exitRFMode[]    = { 0x4B, 0x0D, 0x65, 0x00, 0x14, 0x01, 0x01 };
-constexpr auto addLogCode      = sparse<72>({ { 0, 0x73 }, { 4, 0x01 } });
-constexpr auto logMaskSetExt   = sparse<170>({ { 0, 0x73 }, { 4, 0x04 }, { 12, 0x01 }, { 16, 0xCD }, { 17, 0x04 } });
-constexpr auto logMaskSetExt2  = sparse<170>({ { 0, 0x73 }, { 4, 0x03 }, { 8, 0x01 }, { 12, 0xCD }, { 13, 0x04 },
-                                               { 160, 0x80 } });
+constexpr std::uint8_t clear_log_buf[]  = { 0xCB };
+constexpr std::uint8_t set_log_filter[] = { 0xCA, 0x05, 0x00, 0x00, 0x00, 0x04, 0x10, 0x00, 0x15, 0x00 };
+constexpr std::uint8_t enable_logging[] = { 0x60, 0x01 };
+constexpr std::uint8_t enter_rf_mode[]  = { 0x4B, 0x0D, 0x65, 0x00, 0x14, 0x01, 0x00 };
+constexpr std::uint8_t exit_rf_mode[]   = { 0x4B, 0x0D, 0x65, 0x00, 0x14, 0x01, 0x01 };
+constexpr auto add_log_code      = sparse<72>({ { 0, 0x73 }, { 4, 0x01 } });
+constexpr auto log_mask_set_ext  = sparse<170>({ { 0, 0x73 }, { 4, 0x04 }, { 12, 0x01 }, { 16, 0xCD }, { 17, 0x04 } });
+constexpr auto log_mask_set_ext2 = sparse<170>({ { 0, 0x73 }, { 4, 0x03 }, { 8, 0x01 }, { 12, 0xCD }, { 13, 0x04 },
+                                                 { 160, 0x80 } });
 
 // Sample size at 15, low byte first; iterations at 17.
 std::uint8_t diagnfIQ[22] = { 0x4B, 0x0D, 0x65, 0x00, 0x16, 0x32, 0x00, 0x10, 0x00, 0x00, 0x00, 0x04, 0x01, 0x00,
                               0x01 };
 // clang-format on
-constexpr int iq_at_sample_size = 15;
-constexpr int iq_at_iterations = 17;
+constexpr int IQ_AT_SAMPLE_SIZE = 15;
+constexpr int IQ_AT_ITERATIONS = 17;
 
 using packet = std::span<const std::uint8_t>;
 
-constexpr packet commandSetup[] = {clearLogBuf, setLogFilter, enableLogging};
-const packet commandGetIq[] = {enterRFMode, addLogCode, logMaskSetExt, logMaskSetExt2, diagnfIQ};
-constexpr packet commandEnd[] = {enableLogging, exitRFMode};
-
-struct buf_free {
-    void operator()(std::uint8_t* p) const { std::free(p); }
-};
+constexpr packet command_setup[] = {clear_log_buf, set_log_filter, enable_logging};
+const packet command_get_iq[] = {enter_rf_mode, add_log_code, log_mask_set_ext, log_mask_set_ext2, diagnfIQ};
+constexpr packet command_end[] = {enable_logging, exit_rf_mode};
 
 std::uint8_t id_rcv_buff[FTM_MAX_RESP_LEN];
 bool bGetCNR_started;
@@ -85,15 +80,15 @@ int sendFtm(std::span<const packet> list)
         std::uint32_t size = 0;
         const auto bytes = static_cast<std::uint32_t>(p.size());
         result = ftm_cmd(p.data(), bytes, id_rcv_buff, sizeof id_rcv_buff, &size);
-        tmr_usleep(packet_pause_us + packet_pause_us_per_byte * bytes);
+        tmr_usleep(PACKET_PAUSE_US + PACKET_PAUSE_US_PER_BYTE * bytes);
     }
     return result;
 }
 
 bool checkIQLogSz(int expected)
 {
-    for (int i = 0; i < iq_log_polls; i++) {
-        tmr_usleep(iq_log_poll_us);
+    for (int i = 0; i < IQ_LOG_POLLS; i++) {
+        tmr_usleep(IQ_LOG_POLL_US);
         if (ftm_get_log_sz() == expected)
             return true;
     }
@@ -111,29 +106,29 @@ int getCnr(int expected)
     if (ftm_get_log_sz() != expected)
         return 0;
     const auto size = static_cast<std::size_t>(expected);
-    const std::unique_ptr<std::uint8_t, buf_free> log(static_cast<std::uint8_t*>(std::malloc(size)));
+    const auto log = heap_alloc<std::uint8_t>(size);
     HVT_CHECK(log != nullptr);
     HVT_CHECK(expected == ftm_get_log(log.get(), static_cast<std::uint32_t>(size)));
-    dCNR = read_u32(log.get() + iq_at_cnr);
-    MaxFFT_index = read_u32(log.get() + iq_at_index);
+    dCNR = read_u32(log.get() + IQ_AT_CNR);
+    MaxFFT_index = read_u32(log.get() + IQ_AT_INDEX);
     return 1;
 }
 
 void* getCnrThread(void*)
 {
-    return reinterpret_cast<void*>(static_cast<std::intptr_t>(getCnr(iq_log_size)));
+    return reinterpret_cast<void*>(static_cast<std::intptr_t>(getCnr(IQ_LOG_SIZE)));
 }
 
 // Has the modem measure, and waits for its log record.
 bool measure(std::uint32_t sample_size, std::uint32_t iterations)
 {
-    sendFtm(commandSetup);
-    diagnfIQ[iq_at_sample_size] = static_cast<std::uint8_t>(sample_size);
-    diagnfIQ[iq_at_sample_size + 1] = static_cast<std::uint8_t>(sample_size >> 8);
-    diagnfIQ[iq_at_iterations] = static_cast<std::uint8_t>(iterations);
-    sendFtm(commandGetIq);
-    const bool arrived = checkIQLogSz(iq_log_size);
-    sendFtm(commandEnd);
+    sendFtm(command_setup);
+    diagnfIQ[IQ_AT_SAMPLE_SIZE] = static_cast<std::uint8_t>(sample_size);
+    diagnfIQ[IQ_AT_SAMPLE_SIZE + 1] = static_cast<std::uint8_t>(sample_size >> 8);
+    diagnfIQ[IQ_AT_ITERATIONS] = static_cast<std::uint8_t>(iterations);
+    sendFtm(command_get_iq);
+    const bool arrived = checkIQLogSz(IQ_LOG_SIZE);
+    sendFtm(command_end);
     return arrived;
 }
 
@@ -168,7 +163,7 @@ int show_result(int id, std::uint32_t sample_size, std::uint32_t iterations)
         if (!join_thread(&result))
             return DCP_ERROR;
     } else if (measure(sample_size, iterations)) {
-        result = getCnr(iq_log_size);
+        result = getCnr(IQ_LOG_SIZE);
     }
     if (result != 1)
         return dcp_answer(id, "grsd", "", DCP_ERROR);
@@ -184,9 +179,9 @@ int do_ftm_gps_grsd(int id, int action, int argc, const dcp_word* argv)
         return DCP_ERROR;
     const std::uint32_t sample_size = argc > 1 ? dcp_uint(argv[1]) : 1;
     const std::uint32_t iterations = argc > 2 ? dcp_uint(argv[2]) : 3;
-    if (iterations > max_iterations)
+    if (iterations > MAX_ITERATIONS)
         return dcp_answer(id, "grsd", "Max 10 iterations are allowed", DCP_SYNTAX);
-    if (sample_size > max_sample_size || (sample_size != 0 && !std::has_single_bit(sample_size)))
+    if (sample_size > MAX_SAMPLE_SIZE || (sample_size != 0 && !std::has_single_bit(sample_size)))
         return dcp_answer(id, "grsd", "Sample size must be a power of two and max 32", DCP_SYNTAX);
     switch (dcp_uint(argv[0])) {
     case 2:

@@ -6,19 +6,19 @@
 #include "ftm_linux/ftm_linux.h"
 
 // Requests of the diag driver.
-constexpr unsigned long ftm_req_send = 100;
-constexpr unsigned long ftm_req_receive = 101;
-constexpr unsigned long ftm_req_local_200 = 102;
-constexpr unsigned long ftm_req_log_size = 103;
-constexpr unsigned long ftm_req_log_read = 104;
-constexpr unsigned long ftm_req_log_filter = 105;
-constexpr unsigned long ftm_req_log_clear = 106;
-constexpr unsigned long ftm_req_local_204 = 107;
-constexpr unsigned long ftm_req_record = 108;
-constexpr unsigned long ftm_req_second_record = 109;
+constexpr unsigned long FTM_REQ_SEND = 100;
+constexpr unsigned long FTM_REQ_RECEIVE = 101;
+constexpr unsigned long FTM_REQ_LOCAL_200 = 102;
+constexpr unsigned long FTM_REQ_LOG_SIZE = 103;
+constexpr unsigned long FTM_REQ_LOG_READ = 104;
+constexpr unsigned long FTM_REQ_LOG_FILTER = 105;
+constexpr unsigned long FTM_REQ_LOG_CLEAR = 106;
+constexpr unsigned long FTM_REQ_LOCAL_204 = 107;
+constexpr unsigned long FTM_REQ_RECORD = 108;
+constexpr unsigned long FTM_REQ_SECOND_RECORD = 109;
 
 // The driver counts a log without the length of its first record.
-constexpr int ftm_log_head = 4;
+constexpr int FTM_LOG_HEAD = 4;
 
 // A packet as the driver takes and gives it.
 struct ftm_block {

@@ -12,18 +12,18 @@
 
 namespace {
 
-constexpr const char* diag_node = "/dev/diag";
+constexpr const char* DIAG_NODE = "/dev/diag";
 
-constexpr std::uint32_t default_timeout_ms = 25000;
-constexpr int max_attempts = 10;
-constexpr std::uint32_t trailing_bytes = 3; // behind a response's packet; nobody looks at them
-constexpr std::uint32_t matched_bytes = 3;  // a response begins as its request does
+constexpr std::uint32_t DEFAULT_TIMEOUT_MS = 25000;
+constexpr int MAX_ATTEMPTS = 10;
+constexpr std::uint32_t TRAILING_BYTES = 3; // behind a response's packet; nobody looks at them
+constexpr std::uint32_t MATCHED_BYTES = 3;  // a response begins as its request does
 
 enum class attempt { answered, mismatched, failed };
 
 int fd = -1;
 bool ftm_run;
-std::uint32_t ftm_timeout_ms = default_timeout_ms;
+std::uint32_t ftm_timeout_ms = DEFAULT_TIMEOUT_MS;
 const ftm_filter* ftm_flt_tbl;
 bool ftm_flt_active;
 ftm_block ftm_data; // the request
@@ -48,21 +48,21 @@ bool ioctl_until_ready(unsigned long request, ftm_block* p_block, std::uint32_t*
 
 bool ftm_response_is_valid(const ftm_block& response)
 {
-    return std::memcmp(response.data, ftm_data.data, matched_bytes) == 0;
+    return std::memcmp(response.data, ftm_data.data, MATCHED_BYTES) == 0;
 }
 
 attempt try_once(std::uint32_t cmd_size, ftm_block* p_response, const ftm_reply& reply,
                  std::uint32_t* p_budget_ms)
 {
     *reply.p_size = 0;
-    if (!ioctl_until_ready(ftm_req_send, &ftm_data, p_budget_ms))
+    if (!ioctl_until_ready(FTM_REQ_SEND, &ftm_data, p_budget_ms))
         return attempt::failed;
-    if (!ioctl_until_ready(ftm_req_receive, p_response, p_budget_ms))
+    if (!ioctl_until_ready(FTM_REQ_RECEIVE, p_response, p_budget_ms))
         return attempt::failed;
-    if (p_response->size <= trailing_bytes)
+    if (p_response->size <= TRAILING_BYTES)
         return attempt::failed; // an empty packet
-    ftm_reply_set(reply, p_response->data, std::min(p_response->size - trailing_bytes, FTM_MAX_PACKET));
-    if (cmd_size < matched_bytes || ftm_response_is_valid(*p_response))
+    ftm_reply_set(reply, p_response->data, std::min(p_response->size - TRAILING_BYTES, FTM_MAX_PACKET));
+    if (cmd_size < MATCHED_BYTES || ftm_response_is_valid(*p_response))
         return attempt::answered;
     return attempt::mismatched;
 }
@@ -88,7 +88,7 @@ void ftm_init()
 
 void ftm_start()
 {
-    fd = plat_open(diag_node, O_RDWR | O_CLOEXEC);
+    fd = plat_open(DIAG_NODE, O_RDWR | O_CLOEXEC);
     if (fd > 0)
         ftm_run = true;
 }
@@ -107,7 +107,7 @@ int ftm_active()
 
 void ftm_set_timeout(std::uint32_t ms)
 {
-    ftm_timeout_ms = ms != 0 ? ms : default_timeout_ms;
+    ftm_timeout_ms = ms != 0 ? ms : DEFAULT_TIMEOUT_MS;
 }
 
 std::uint32_t ftm_get_timeout()
@@ -129,12 +129,12 @@ int ftm_cmd(const std::uint8_t* cmd, std::uint32_t cmd_size, std::uint8_t* p_res
     ftm_data.size = cmd_size;
     static ftm_block response;
     response.size = cmd_size;
-    std::memset(response.data, 0, std::max(cmd_size, matched_bytes));
+    std::memset(response.data, 0, std::max(cmd_size, MATCHED_BYTES));
     if (ftm_chk_cust_ftmc(&ftm_data, reply))
         return 1;
     if (ftm_flt_active && !ftm_flt_chk(ftm_data))
         return 0;
-    for (int i = 0; i < max_attempts; i++) {
+    for (int i = 0; i < MAX_ATTEMPTS; i++) {
         const attempt outcome = try_once(cmd_size, &response, reply, &budget_ms);
         if (outcome != attempt::mismatched)
             return outcome == attempt::answered ? 1 : 0;
@@ -144,16 +144,16 @@ int ftm_cmd(const std::uint8_t* cmd, std::uint32_t cmd_size, std::uint8_t* p_res
 
 int ftm_get_log_sz()
 {
-    const int size = ftm_ioctl(ftm_req_log_size, nullptr);
-    return size >= 1 ? size + ftm_log_head : size;
+    const int size = ftm_ioctl(FTM_REQ_LOG_SIZE, nullptr);
+    return size >= 1 ? size + FTM_LOG_HEAD : size;
 }
 
 int ftm_get_log(std::uint8_t* buf, std::uint32_t sz)
 {
-    HVT_CHECK(sz > ftm_log_head);
+    HVT_CHECK(sz > FTM_LOG_HEAD);
     std::memcpy(buf, &sz, sizeof sz);
-    const int size = ftm_ioctl(ftm_req_log_read, buf);
-    return size > 0 ? size + ftm_log_head : size;
+    const int size = ftm_ioctl(FTM_REQ_LOG_READ, buf);
+    return size > 0 ? size + FTM_LOG_HEAD : size;
 }
 
 void ftm_filter_attach(const ftm_filter* p_tab)

@@ -6,20 +6,17 @@
 #include <array>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
 
 #include "check/check.h"
+#include "heap/heap.h"
 
 namespace {
 
-constexpr int record_buf_size = 8192;
+constexpr int RECORD_BUF_SIZE = 8192;
 
-struct buf_free {
-    void operator()(std::uint8_t* p) const { std::free(p); }
-};
-using buffer = std::unique_ptr<std::uint8_t, buf_free>;
+using buffer = heap_ptr<std::uint8_t>;
 
-std::uint8_t ftm_data_buf[record_buf_size]; // commands 207 and 208
+std::uint8_t ftm_data_buf[RECORD_BUF_SIZE]; // commands 207 and 208
 int log_size;                               // what command 207 has in it
 std::uint32_t pos;                          // what command 208 has in it
 
@@ -85,31 +82,31 @@ void set_log_filter(ftm_block* p_request, const ftm_reply& reply)
 {
     if (p_request->size < 7 || read_u32(p_request->data + 1) != p_request->size - 5)
         return;
-    ftm_ioctl(ftm_req_log_filter, p_request->data + 1);
+    ftm_ioctl(FTM_REQ_LOG_FILTER, p_request->data + 1);
     ftm_reply_set(reply, p_request->data, p_request->size);
 }
 
 void read_record(const ftm_reply& reply)
 {
-    const buffer buf = allocate(record_buf_size);
-    const int size = ftm_ioctl(ftm_req_record, buf.get());
-    const int bytes = size != 0 ? std::clamp(size + ftm_log_head, 0, record_buf_size) : 0;
+    const buffer buf = allocate(RECORD_BUF_SIZE);
+    const int size = ftm_ioctl(FTM_REQ_RECORD, buf.get());
+    const int bytes = size != 0 ? std::clamp(size + FTM_LOG_HEAD, 0, RECORD_BUF_SIZE) : 0;
     reply_code_and_bytes(reply, 205, buf.get(), static_cast<std::size_t>(bytes));
 }
 
 void read_second_record(const ftm_reply& reply)
 {
-    const buffer buf = allocate(record_buf_size);
-    const int size = ftm_ioctl(ftm_req_second_record, buf.get());
+    const buffer buf = allocate(RECORD_BUF_SIZE);
+    const int size = ftm_ioctl(FTM_REQ_SECOND_RECORD, buf.get());
     reply_code_and_bytes(reply, 109, buf.get(),
-                         static_cast<std::size_t>(std::clamp(size, 0, record_buf_size)));
+                         static_cast<std::size_t>(std::clamp(size, 0, RECORD_BUF_SIZE)));
 }
 
 void start_paged_record(const ftm_reply& reply)
 {
-    log_size = ftm_ioctl(ftm_req_record, ftm_data_buf);
+    log_size = ftm_ioctl(FTM_REQ_RECORD, ftm_data_buf);
     if (log_size > 0)
-        log_size = std::min(log_size, record_buf_size - ftm_log_head) + ftm_log_head;
+        log_size = std::min(log_size, RECORD_BUF_SIZE - FTM_LOG_HEAD) + FTM_LOG_HEAD;
     const std::uint8_t packet[] = {207, static_cast<std::uint8_t>(log_size),
                                    static_cast<std::uint8_t>(log_size >> 8)};
     ftm_reply_set(reply, packet, sizeof packet);
@@ -140,7 +137,7 @@ bool gather_request(ftm_block* p_request, const ftm_reply& reply)
     }
     if (sub == 0)
         pos = 0;
-    if ((sub == 0 || sub == 1) && pos + p_request->size <= record_buf_size + 1) {
+    if ((sub == 0 || sub == 1) && pos + p_request->size <= RECORD_BUF_SIZE + 1) {
         std::memcpy(ftm_data_buf + pos, p_request->data + 2, p_request->size - 2);
         pos += p_request->size - 2;
     }
@@ -157,7 +154,7 @@ bool ftm_chk_cust_ftmc(ftm_block* p_request, const ftm_reply& reply)
         return false;
     switch (p_request->data[0]) {
     case 200:
-        ftm_ioctl(ftm_req_local_200, nullptr);
+        ftm_ioctl(FTM_REQ_LOCAL_200, nullptr);
         reply_code(reply, 200);
         return true;
     case 201:
@@ -167,11 +164,11 @@ bool ftm_chk_cust_ftmc(ftm_block* p_request, const ftm_reply& reply)
         set_log_filter(p_request, reply);
         return true;
     case 203:
-        ftm_ioctl(ftm_req_log_clear, nullptr);
+        ftm_ioctl(FTM_REQ_LOG_CLEAR, nullptr);
         reply_code(reply, 203);
         return true;
     case 204:
-        ftm_ioctl(ftm_req_local_204, nullptr);
+        ftm_ioctl(FTM_REQ_LOCAL_204, nullptr);
         return true;
     case 205:
         read_record(reply);

@@ -95,8 +95,8 @@ bool read_rows(int fd, const bmp_shape& shape, std::uint8_t* p_image)
     if (plat_lseek(fd, static_cast<off_t>(shape.offset), SEEK_SET) != static_cast<off_t>(shape.offset))
         return false;
     const std::uint64_t rows_a_chunk = std::max<std::uint64_t>(CHUNK_BYTES / shape.stride, 1);
-    std::unique_ptr<std::uint8_t, bmp_free> chunk(static_cast<std::uint8_t*>(
-        std::malloc(std::min<std::uint64_t>(rows_a_chunk, shape.height) * shape.stride)));
+    const auto chunk =
+        heap_alloc<std::uint8_t>(std::min<std::uint64_t>(rows_a_chunk, shape.height) * shape.stride);
     HVT_CHECK(chunk != nullptr);
     for (std::uint64_t r = 0; r < shape.height;) {
         const std::uint64_t n = std::min(rows_a_chunk, shape.height - r);
@@ -126,8 +126,7 @@ int bmp_load(const char* path, bmp_image* p_result)
     if (file.fd < 0 || !read_header(file.fd, &header) ||
         !shape_of(header, static_cast<std::uint64_t>(st.st_size), &shape))
         return 0;
-    std::unique_ptr<std::uint8_t, bmp_free> image_ptr(
-        static_cast<std::uint8_t*>(std::malloc(shape.row * shape.height)));
+    auto image_ptr = heap_alloc<std::uint8_t>(shape.row * shape.height);
     HVT_CHECK(image_ptr != nullptr);
     if (!read_rows(file.fd, shape, image_ptr.get()))
         return 0;

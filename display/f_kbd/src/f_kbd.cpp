@@ -5,6 +5,7 @@
 
 #include "cio_v2/cio.h"
 #include "dcp/dcp.h"
+#include "input_linux/codes.h"
 #include "kbd/kbd.h"
 #include "pin/pin.h"
 #include "pin/signals.h"
@@ -18,8 +19,6 @@ constexpr int FORM_NUMERIC = 2;
 constexpr int FORM_MATRIX = 3;
 constexpr int FORM_HW_KEY = 4; // nothing but the HW key
 constexpr int FORM_LAST = 4;
-
-constexpr int CODE_HW_KEY = 408;
 
 constexpr int CAMD_STATUS = 5;
 constexpr int CAMD_LAST_MOVE = 4; // close, open and the like: this phone's cover is moved by hand
@@ -55,7 +54,7 @@ void report_matrix(int code, const char* action)
 void f_kbd_evt_cb(int code, int action)
 {
     const char* const text = action == KBD_PRESSED ? "p" : "r";
-    const bool hw_key = code == CODE_HW_KEY;
+    const bool hw_key = code == INPUT_KEY_HW;
     if ((f_kbd_form == FORM_STRING && hw_key) || (f_kbd_form == FORM_HW_KEY && !hw_key))
         return;
     const cio_report_lines lines;
@@ -147,7 +146,7 @@ constexpr dcp_cmd f_kbd_cmd_tab[] = {
     { "keyb",  "(0-3)",         "%d",    "off,string,numeric,columms", do_keyb,  DCP_GRP_PRODUCTION },
     { "camd",  "(0-5),(1-100)", "%d,%d", "close,open,status",          do_camd,  DCP_GRP_PRODUCTION },
     { "camds", "",              "",      "status",                     do_camds, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

@@ -141,7 +141,7 @@ constexpr dcp_cmd f_light_cmd_tab[] = {
     { "dynbl", "(0-1)",                                         "%v",             "enable/disable",                          do_light_dynbl, DCP_GRP_PRODUCTION },
     { "ladc",  "(0-1)[,(0-0xFF)]",                              "%v,%v,%v",       "light ADC reading (raw/mv,adc_channel)",  do_light_ladc,  DCP_GRP_PRODUCTION },
     { "lsot",  "",                                              "",               "LSOT()",                                  do_light_lsot,  DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

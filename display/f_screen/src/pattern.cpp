@@ -147,17 +147,17 @@ void draw_comb(uint32_t w, uint32_t y, uint32_t rh)
 
 void draw_tv(const canvas& c, uint32_t)
 {
-    constexpr uint32_t ROW_2[] = {WHITE, GREEN, BLUE, RED};
-    constexpr uint32_t ROW_3[] = {BLACK, MAGENTA, YELLOW, CYAN};
+    constexpr uint32_t row_2[] = {WHITE, GREEN, BLUE, RED};
+    constexpr uint32_t row_3[] = {BLACK, MAGENTA, YELLOW, CYAN};
     const uint32_t w = c.w, cw = (w + 1) / 8, rh = (c.h + 2) / 8, q = (w + 1) / 4;
     for (uint32_t i = 0; i < 8; i++)
         rect(i * cw, 0, cw, rh, grey((i * 256) / 15));
     for (uint32_t i = 0; i < 8; i++)
         rect(i * cw, rh, cw, rh, grey(255 - (i * 256) / 15));
     for (uint32_t i = 0; i < 4; i++)
-        rect(i * q, 2 * rh, q, rh, ROW_2[i]);
+        rect(i * q, 2 * rh, q, rh, row_2[i]);
     for (uint32_t i = 0; i < 4; i++)
-        rect(i * q, 3 * rh, q, rh, ROW_3[i]);
+        rect(i * q, 3 * rh, q, rh, row_3[i]);
     for (uint32_t row = 4; row < 6; row++) {
         const uint32_t edge = row == 4 ? BLACK : WHITE, middle = row == 4 ? WHITE : BLACK;
         rect(0, row * rh, 3, rh, edge);
@@ -172,16 +172,16 @@ void draw_tv(const canvas& c, uint32_t)
 // For a panel of 480 by 854.
 void draw_grid(const canvas& c, uint32_t)
 {
-    constexpr uint32_t COLUMNS[] = {80, 240, 400};
-    constexpr uint32_t ROWS[] = {48, 256, 427, 599, 806};
-    constexpr uint32_t BARS[] = {47, 255, 426, 597, 805};
+    constexpr uint32_t columns[] = {80, 240, 400};
+    constexpr uint32_t rows[] = {48, 256, 427, 599, 806};
+    constexpr uint32_t bars[] = {47, 255, 426, 597, 805};
     rect(0, 0, c.w, c.h, WHITE);
-    for (const uint32_t y : ROWS)
-        for (const uint32_t x : COLUMNS)
-            circle(x, y, 76, x == COLUMNS[1] && y == ROWS[2] ? RED : GREY);
-    for (const uint32_t y : BARS)
+    for (const uint32_t y : rows)
+        for (const uint32_t x : columns)
+            circle(x, y, 76, x == columns[1] && y == rows[2] ? RED : GREY);
+    for (const uint32_t y : bars)
         rect(0, y, 480, 2, BLACK);
-    for (const uint32_t x : COLUMNS)
+    for (const uint32_t x : columns)
         rect(x - 1, 0, 2, 854, BLACK);
     screen_line(0, 0, 479, 853, BLACK);
     screen_line(479, 0, 0, 853, BLACK);

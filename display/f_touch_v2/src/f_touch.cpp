@@ -101,7 +101,7 @@ constexpr dcp_cmd f_touch_cmd_tab[] = {
     { "dtfd", "",                                  "%s",          "dtfd(firmware)",            do_touch_dtfd, DCP_GRP_PRODUCTION },
     { "dtid", "[(1-4)]",                           "%v",          "dtid(action)",              do_touch_dtid, DCP_GRP_PRODUCTION },
     { "dtld", "1-2",                               "%d",          "dtld(action)",              do_touch_dtld, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

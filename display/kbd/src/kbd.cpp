@@ -1,33 +1,16 @@
 #include "kbd/kbd.h"
 
-#include <cstdio>
 #include <mutex>
-#include <span>
 
+#include "callout/callout.h"
 #include "check/check.h"
 #include "core/core.h"
-#include "plat/plat.h"
+#include "input_linux/input_linux.h"
 #include "tmr/tmr.h"
 
 namespace {
 
 constexpr std::uint32_t POLL_PERIOD_US = 20'000;
-constexpr unsigned MOST_NODES = 16;
-
-// An event as the phone's kernel writes it.
-struct input_event16 {
-    std::uint32_t sec;
-    std::uint32_t usec;
-    std::uint16_t type;
-    std::uint16_t code;
-    std::int32_t value;
-};
-static_assert(sizeof(input_event16) == 16);
-
-constexpr int EVENT_KEY = 1;
-constexpr int CODE_TOUCH = 330; // buttons of pointing devices, no keys
-constexpr int CODE_BUTTON_2 = 258;
-constexpr int CODE_BUTTON_3 = 259;
 
 constexpr int CODE_MODE_SWITCH = 32768;
 constexpr std::uint32_t MODE_KEY_FROM_US = 1'000'000; // the mode key counts only after start-up
@@ -38,9 +21,7 @@ constexpr int kbd_mode_inv[] = {1, 0};
 std::mutex kbd_mutex; // guards the list, and `enabled` of its observers
 slnk kbd_lst_head;
 
-pollfd nodes[MOST_NODES];
-unsigned node_count;
-char next_node[32]; // the path of the first node that isn't open
+input_set devices;
 
 const kbd_co* kbd_cmd_co;
 
@@ -57,43 +38,20 @@ struct {
 } kbd_sel;
 
 int kbd_mode;
-int kbd_sel_key = 158;
+int kbd_sel_key = INPUT_KEY_BACK;
 
-void name_next_node()
+void on_event(const input_event16& event)
 {
-    std::snprintf(next_node, sizeof next_node, "/dev/input/event%u", node_count);
-}
-
-// Devices that turn up later are taken in when they do.
-void open_nodes()
-{
-    while (node_count < MOST_NODES) {
-        const int fd = plat_open(next_node, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-        if (fd < 0)
-            return;
-        nodes[node_count++] = {fd, POLLIN, 0};
-        name_next_node();
-    }
-}
-
-bool is_key(const input_event16& event)
-{
-    return event.type == EVENT_KEY && event.code != CODE_TOUCH && event.code != CODE_BUTTON_2 &&
-           event.code != CODE_BUTTON_3;
+    const bool is_key = event.type == INPUT_KEY && event.code != INPUT_BTN_TOUCH &&
+                        event.code != INPUT_BTN_2 && event.code != INPUT_BTN_3;
+    if (is_key)
+        kbd_evt_key(0, tmr_get(), event.value != 0 ? KBD_PRESSED : KBD_RELEASED, event.code);
 }
 
 void linux_kbd_poll_dcf(void*, void*)
 {
-    open_nodes();
-    if (node_count > 0 && plat_poll(nodes, node_count, 0) > 0) {
-        for (const pollfd& node : std::span(nodes, node_count)) {
-            input_event16 event;
-            if ((node.revents & POLLIN) == 0 || plat_read(node.fd, &event, sizeof event) != sizeof event)
-                continue;
-            if (is_key(event))
-                kbd_evt_key(0, tmr_get(), event.value != 0 ? KBD_PRESSED : KBD_RELEASED, event.code);
-        }
-    }
+    input_set_open(&devices);
+    input_set_poll(&devices, on_event);
     core_dfc(linux_kbd_poll_dcf, nullptr, nullptr, POLL_PERIOD_US);
 }
 
@@ -114,8 +72,7 @@ const slnk* next_observer(const slnk* p_prv, observer_cb* p_cb)
 void kbd_init()
 {
     slnk_init(&kbd_lst_head);
-    name_next_node();
-    open_nodes();
+    input_set_open(&devices);
     core_dfc(linux_kbd_poll_dcf, nullptr, nullptr, POLL_PERIOD_US);
 }
 
@@ -127,14 +84,12 @@ void kbd_co_attach(const kbd_co* p_co)
 
 int kbd_start()
 {
-    HVT_CHECK(kbd_cmd_co != nullptr);
-    return kbd_cmd_co->start != nullptr ? kbd_cmd_co->start() : 1;
+    return callout(kbd_cmd_co, &kbd_co::start, 1);
 }
 
 int kbd_stop()
 {
-    HVT_CHECK(kbd_cmd_co != nullptr);
-    return kbd_cmd_co->stop != nullptr ? kbd_cmd_co->stop() : 1;
+    return callout(kbd_cmd_co, &kbd_co::stop, 1);
 }
 
 void kbd_evt_attach(kbd_observer* p_obs, void (*cb)(int code, int action))

@@ -1,5 +1,6 @@
 #include "light/light.h"
 
+#include "callout/callout.h"
 #include "check/check.h"
 
 namespace {
@@ -67,19 +68,15 @@ int light_exist(int zone)
 
 int light_lsot_start()
 {
-    HVT_CHECK(light_cmd_co != nullptr);
-    return light_cmd_co->lsot_start != nullptr ? light_cmd_co->lsot_start() : 0;
+    return callout(light_cmd_co, &light_co::lsot_start, 0);
 }
 
 int light_lsot_check_status(int n)
 {
-    HVT_CHECK(light_cmd_co != nullptr);
-    return light_cmd_co->lsot_check_status != nullptr ? light_cmd_co->lsot_check_status(n)
-                                                      : LIGHT_LSOT_FAILED;
+    return callout(light_cmd_co, &light_co::lsot_check_status, LIGHT_LSOT_FAILED, n);
 }
 
 int light_lsot_finish()
 {
-    HVT_CHECK(light_cmd_co != nullptr);
-    return light_cmd_co->lsot_finish != nullptr ? light_cmd_co->lsot_finish() : 0;
+    return callout(light_cmd_co, &light_co::lsot_finish, 0);
 }

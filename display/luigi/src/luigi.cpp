@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "cfg/cfg.h"
+#include "input_linux/codes.h"
 #include "kbd/kbd.h"
 #include "luigi_report.h"
 #include "luigi_state.h"
@@ -20,9 +21,6 @@ constexpr int MOST_MESSAGES = 50;
 constexpr int MOST_EVENTS = MOST_MESSAGES - 1; // so that a stop finds room behind keys and touches
 constexpr std::uint32_t STALE_US = 5'000'000;
 constexpr std::uint32_t FULL_RETRY_MS = 1;
-
-constexpr int CODE_POWER = 116;
-constexpr std::uint32_t CODE_PRESSURE = 24;
 
 // The thread waits at the queue until the process has ended, so the queue outlives every destructor.
 union lasting_queue {
@@ -51,7 +49,7 @@ bool has_path(const luigi_message& msg)
 
 void luigi_keyboard_interface(int key, int action)
 {
-    if (key == CODE_POWER && action == KBD_PRESSED) {
+    if (key == INPUT_KEY_POWER && action == KBD_PRESSED) {
         luigi_toggle_default(-1);
         return;
     }
@@ -68,7 +66,7 @@ std::uint32_t touch_action(const touch_event& event)
         return LUIGI_TOUCH_PRESSED;
     if (event.value == 0)
         return LUIGI_TOUCH_RELEASED;
-    return event.code == CODE_PRESSURE ? LUIGI_TOUCH_MOVED : 0;
+    return event.code == INPUT_ABS_PRESSURE ? LUIGI_TOUCH_MOVED : 0;
 }
 
 void luigi_touch_interface(const touch_event* p_event)

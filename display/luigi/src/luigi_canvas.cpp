@@ -15,12 +15,12 @@ constexpr std::uint32_t WHITE = 0xFFFFFF;
 constexpr int MOST_LEVELS = 64;
 
 // The key in the registry of the table of all widgets, from address to userdata, with weak values.
-constexpr char live_widgets = 0;
+constexpr char LIVE_WIDGETS = 0;
 
 // Pushes that table.
 void push_live(lua_State* L)
 {
-    if (lua_rawgetp(L, LUA_REGISTRYINDEX, &live_widgets), !lua_isnil(L, -1))
+    if (lua_rawgetp(L, LUA_REGISTRYINDEX, &LIVE_WIDGETS), !lua_isnil(L, -1))
         return;
     lua_pop(L, 1);
     lua_newtable(L);
@@ -29,7 +29,7 @@ void push_live(lua_State* L)
     lua_setfield(L, -2, "__mode");
     lua_setmetatable(L, -2);
     lua_pushvalue(L, -1);
-    lua_rawsetp(L, LUA_REGISTRYINDEX, &live_widgets);
+    lua_rawsetp(L, LUA_REGISTRYINDEX, &LIVE_WIDGETS);
 }
 
 // A widget's width, or height, less its padding on both sides.
@@ -255,7 +255,7 @@ const luaL_Reg luigi_canvas_functions[] = {
     { "set_padding",      canvas_set<&luigi_canvas::padding> },
     { "set_back_color",   canvas_set<&luigi_canvas::back_color> },
     { "set_border_color", canvas_set<&luigi_canvas::border_color> },
-    { nullptr,            nullptr },
+    {},
 };
 // clang-format on
 

@@ -79,7 +79,7 @@ constexpr luaL_Reg custom_functions[] = {
     { "set_event_touch",        custom_set_event<&luigi_custom::touch_ref> },
     { "set_event_key",          custom_set_event<&luigi_custom::key_ref> },
     { "set_event_user_defined", custom_set_event<&luigi_custom::user_ref> },
-    { nullptr,                  nullptr },
+    {},
 };
 // clang-format on
 

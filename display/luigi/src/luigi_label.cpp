@@ -119,7 +119,7 @@ const luaL_Reg luigi_label_functions[] = {
     { "get_text",       label_get_text },
     { "set_text",       label_set_text },
     { "set_text_color", label_set_text_color },
-    { nullptr,          nullptr },
+    {},
 };
 // clang-format on
 

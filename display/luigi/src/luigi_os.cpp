@@ -246,20 +246,20 @@ constexpr luaL_Reg os_functions[] = {
     { "remove",  os_remove },
     { "rename",  os_rename },
     { "tmpname", os_tmpname },
-    { nullptr,   nullptr },
+    {},
 };
 
 constexpr luaL_Reg io_functions[] = {
     { "open",    io_open },
     { "popen",   io_popen },
     { "tmpfile", io_tmpfile },
-    { nullptr,   nullptr },
+    {},
 };
 
 constexpr luaL_Reg base_functions[] = {
     { "dofile",   base_dofile },
     { "loadfile", base_loadfile },
-    { nullptr,    nullptr },
+    {},
 };
 // clang-format on
 

@@ -3,12 +3,12 @@
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
-#include <memory>
 #include <mutex>
 #include <thread>
 #include <utility>
 
 #include "dcp/dcp.h"
+#include "heap/heap.h"
 #include "luigi_state.h"
 
 namespace {
@@ -18,15 +18,10 @@ constexpr const char* status_words[] = {"OK", "ERROR", "SYNTAX", "NOT FOUND", "B
 
 constexpr std::size_t SHORT_LINE = 512; // what is longer goes through the heap
 
-struct parcel_free {
-    void operator()(char* p) const { std::free(p); }
-};
-using heap_text = std::unique_ptr<char, parcel_free>;
-
 // The pieces of the response, one behind the other. Only what is printed by a command's own thread while it
 // runs counts: a late report of another thread would be taken for the answer of the next command.
 std::mutex chain_mutex; // guards all below
-heap_text chain;
+heap_ptr<char> chain;
 std::size_t chain_len;
 std::size_t chain_size;
 std::thread::id chain_thread;
@@ -87,10 +82,10 @@ void set_thread(std::thread::id id)
 int parse_copy(const char* line, std::size_t len)
 {
     char on_stack[SHORT_LINE];
-    heap_text on_heap;
+    heap_ptr<char> on_heap;
     char* p = on_stack;
     if (len >= sizeof on_stack) {
-        on_heap.reset(static_cast<char*>(std::malloc(len + 1)));
+        on_heap = heap_alloc<char>(len + 1);
         p = on_heap.get();
     }
     if (p == nullptr)
@@ -107,7 +102,7 @@ int parse_copy(const char* line, std::size_t len)
 void push_response(lua_State* L)
 {
     std::unique_lock lock(chain_mutex);
-    heap_text text(chain.release());
+    heap_ptr<char> text(chain.release());
     const std::size_t len = std::exchange(chain_len, 0);
     const std::size_t size = std::exchange(chain_size, 0);
     lock.unlock();

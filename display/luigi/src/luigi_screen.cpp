@@ -68,7 +68,7 @@ constexpr luaL_Reg screen_functions[] = {
     { "print",           print },
     { "line",            line },
     { "rectangle",       rectangle },
-    { nullptr,           nullptr },
+    {},
 };
 // clang-format on
 

@@ -123,7 +123,7 @@ constexpr luaL_Reg taboret_functions[] = {
     { "push",   taboret_push },
     { "pop",    taboret_pop },
     { "update", taboret_update },
-    { nullptr,  nullptr },
+    {},
 };
 // clang-format on
 

@@ -44,8 +44,8 @@ int parse_res(const char* path, uint8_t* p_bytes)
 
 const char* vendor(uint8_t b0)
 {
-    constexpr const char* VENDORS[] = {"UNKNOWN", "JDI", "SHARP", "UNKNOWN"};
-    return VENDORS[b0 >> 6];
+    constexpr const char* vendors[] = {"UNKNOWN", "JDI", "SHARP", "UNKNOWN"};
+    return vendors[b0 >> 6];
 }
 
 // One field of the identity. Bits 7 to 6 of the first byte are the vendor, bits 5 to 2 and bit 1 fields of

@@ -1,14 +1,13 @@
 #include "touch_linux_v2/touch_linux.h"
 
 #include <atomic>
-#include <cstdio>
-#include <cstring>
 #include <iterator>
 #include <mutex>
 #include <string>
 
 #include "core/core.h"
 #include "firmware.h"
+#include "input_linux/input_linux.h"
 #include "plat/plat.h"
 #include "tmr/tmr.h"
 #include "touch_v2/touch.h"
@@ -17,19 +16,8 @@ namespace {
 
 constexpr int CTRL_RETRIES = 5;
 constexpr std::uint32_t CTRL_RETRY_MS = 100;
-constexpr int MOST_NODES = 16;
 
-// Requests of the input layer.
-constexpr unsigned long EVIOCGBIT_TYPES = 0x80044520;
-constexpr unsigned long EVIOCGABS_X = 0x80144540;
-constexpr unsigned long EVIOCGABS_Y = 0x80144541;
-constexpr std::uint32_t HAS_KEYS_AND_AXES = 1u << 1 | 1u << 3;
-
-// Events.
-constexpr int EVENT_KEY = 1;
-constexpr int EVENT_ABS = 3;
-constexpr int CODE_TOUCH = 330;
-constexpr int CODE_PRESSURE = 24;
+constexpr std::uint32_t HAS_KEYS_AND_AXES = 1u << INPUT_KEY | 1u << INPUT_ABS;
 
 // Requests of the panel driver.
 constexpr unsigned long REQUEST_TEST_MODE = 0xC004740E;
@@ -38,21 +26,6 @@ constexpr unsigned long selftest_requests[] = {
 };
 constexpr std::uint32_t ACTION_DRIVER_TEST = 6;
 constexpr std::uint32_t DRIVER_TEST_MODES = 100; // where the driver counts them from
-
-// An event as the phone's kernel writes it, and the state of an axis.
-struct input_event16 {
-    std::uint32_t sec;
-    std::uint32_t usec;
-    std::uint16_t type;
-    std::uint16_t code;
-    std::int32_t value;
-};
-static_assert(sizeof(input_event16) == 16);
-struct axis_state {
-    std::int32_t value;
-    std::int32_t rest[4];
-};
-static_assert(sizeof(axis_state) == 20);
 
 // Commands come from the main loop and from a menu; the device is opened and closed by either.
 std::mutex touch_linux_mutex; // guards the two below
@@ -99,14 +72,12 @@ bool start_driver(touch_config* p_cfg)
 // The first input device with keys and axes, left open; -1 when there is none.
 int open_device()
 {
-    for (int i = 0; i < MOST_NODES; i++) {
-        char path[32];
-        std::snprintf(path, sizeof path, "/dev/input/event%d", i);
-        const int fd = plat_open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    for (unsigned i = 0; i < INPUT_MOST_NODES; i++) {
+        const int fd = input_open(i);
         if (fd < 0)
             return -1;
-        std::uint32_t types = 0;
-        const bool told = plat_ioctl(fd, EVIOCGBIT_TYPES, &types) >= 0;
+        std::uint32_t types;
+        const bool told = input_types(fd, &types);
         if (told && (types & HAS_KEYS_AND_AXES) == HAS_KEYS_AND_AXES)
             return fd;
         plat_close(fd);
@@ -148,11 +119,11 @@ bool fits(const input_event16& event, int mode)
 {
     switch (mode) {
     case TOUCH_POLL_TAP:
-        return event.type == EVENT_KEY && event.code == CODE_TOUCH && event.value == 1;
+        return event.type == INPUT_KEY && event.code == INPUT_BTN_TOUCH && event.value == 1;
     case TOUCH_POLL_TRACE:
-        return event.type == EVENT_ABS && event.code == CODE_PRESSURE;
+        return event.type == INPUT_ABS && event.code == INPUT_ABS_PRESSURE;
     case TOUCH_POLL_PRESS_RELEASE:
-        return event.type == EVENT_KEY && event.code == CODE_TOUCH;
+        return event.type == INPUT_KEY && event.code == INPUT_BTN_TOUCH;
     default:
         return false;
     }
@@ -160,12 +131,12 @@ bool fits(const input_event16& event, int mode)
 
 int fill_event(const input_event16& event, touch_event* p_event)
 {
-    axis_state x;
-    axis_state y;
-    if (plat_ioctl(device_fd, EVIOCGABS_X, &x) < 0 || plat_ioctl(device_fd, EVIOCGABS_Y, &y) < 0)
+    std::int32_t x;
+    std::int32_t y;
+    if (!input_axis(device_fd, INPUT_ABS_X, &x) || !input_axis(device_fd, INPUT_ABS_Y, &y))
         return 0;
-    const auto px = static_cast<std::uint32_t>(x.value);
-    const auto py = static_cast<std::uint32_t>(y.value);
+    const auto px = static_cast<std::uint32_t>(x);
+    const auto py = static_cast<std::uint32_t>(y);
     *p_event = {px, py, px, py, static_cast<std::uint32_t>(event.value), event.code};
     return 1;
 }
@@ -174,7 +145,7 @@ int touch_linux_poll(int mode, touch_event* p_event)
 {
     std::lock_guard lock(touch_linux_mutex);
     input_event16 event;
-    while (device_fd >= 0 && plat_read(device_fd, &event, sizeof event) == sizeof event)
+    while (device_fd >= 0 && input_read(device_fd, &event))
         if (fits(event, mode))
             return fill_event(event, p_event);
     return 0;

@@ -2,14 +2,32 @@
 
 #include <atomic>
 
+#include "callout/callout.h"
 #include "check/check.h"
 #include "core/core.h"
+#include "overlay/overlay.h"
 
 namespace {
 
 constexpr std::uint32_t POLL_PERIOD_US = 20'000;
 
 touch_co touch_tab;
+
+// clang-format off
+constexpr std::tuple touch_slots = {
+    &touch_co::start,
+    &touch_co::stop,
+    &touch_co::start_evt_hnd,
+    &touch_co::stop_evt_hnd,
+    &touch_co::poll,
+    &touch_co::selftest,
+    &touch_co::fmdn,
+    &touch_co::fmid,
+    &touch_co::test_mode,
+    &touch_co::test_mode_secondary,
+};
+// clang-format on
+
 std::uint32_t touch_flags;
 slnk touch_cfg_head;
 std::uint32_t touch_id = 1;
@@ -49,17 +67,7 @@ void touch_init()
 void touch_co_attach(const touch_co* p_co, std::uint32_t flags)
 {
     HVT_CHECK(p_co != nullptr);
-    const auto take = [](auto& slot, auto given) { slot = given != nullptr ? given : slot; };
-    take(touch_tab.start, p_co->start);
-    take(touch_tab.stop, p_co->stop);
-    take(touch_tab.start_evt_hnd, p_co->start_evt_hnd);
-    take(touch_tab.stop_evt_hnd, p_co->stop_evt_hnd);
-    take(touch_tab.poll, p_co->poll);
-    take(touch_tab.selftest, p_co->selftest);
-    take(touch_tab.fmdn, p_co->fmdn);
-    take(touch_tab.fmid, p_co->fmid);
-    take(touch_tab.test_mode, p_co->test_mode);
-    take(touch_tab.test_mode_secondary, p_co->test_mode_secondary);
+    overlay(touch_tab, *p_co, touch_slots);
     touch_flags = flags;
 }
 
@@ -76,12 +84,12 @@ void touch_select(std::uint32_t n)
 
 int touch_start()
 {
-    return touch_tab.start != nullptr ? touch_tab.start(&touch_cfg_head, touch_id) : 0;
+    return callout(touch_tab.start, 0, &touch_cfg_head, touch_id);
 }
 
 int touch_stop()
 {
-    return touch_tab.stop != nullptr ? touch_tab.stop() : 0;
+    return callout(touch_tab.stop, 0);
 }
 
 touch_evt_cb touch_evt_attach(touch_evt_cb cb)
@@ -101,7 +109,7 @@ int touch_start_evt_hnd(int mode)
     if (!is_polled()) {
         if (events_on.exchange(true))
             return 0;
-        events_on = touch_tab.start_evt_hnd != nullptr && touch_tab.start_evt_hnd(mode) != 0;
+        events_on = callout(touch_tab.start_evt_hnd, 0, mode) != 0;
         return events_on ? 1 : 0;
     }
     std::uintptr_t none = 0;
@@ -117,7 +125,7 @@ int touch_stop_evt_hnd()
 {
     if (!is_polled()) {
         events_on = false;
-        return touch_tab.stop_evt_hnd != nullptr ? touch_tab.stop_evt_hnd() : 0;
+        return callout(touch_tab.stop_evt_hnd, 0);
     }
     poll_run = 0;
     return 1;
@@ -125,30 +133,30 @@ int touch_stop_evt_hnd()
 
 int touch_poll(int mode, touch_event* p_event)
 {
-    return touch_tab.poll != nullptr ? touch_tab.poll(mode, p_event) : 0;
+    return callout(touch_tab.poll, 0, mode, p_event);
 }
 
 int touch_selftest(touch_selftest_rec* p_rec)
 {
-    return touch_tab.selftest != nullptr ? touch_tab.selftest(p_rec) : 0;
+    return callout(touch_tab.selftest, 0, p_rec);
 }
 
 int touch_fmdn(const char* path)
 {
-    return touch_tab.fmdn != nullptr ? touch_tab.fmdn(path) : 0;
+    return callout(touch_tab.fmdn, 0, path);
 }
 
 int touch_fmid(touch_hwinfo* p_info)
 {
-    return touch_tab.fmid != nullptr ? touch_tab.fmid(p_info) : 0;
+    return callout(touch_tab.fmid, 0, p_info);
 }
 
 int touch_test_mode(touch_test_mode_rec* p_rec)
 {
-    return touch_tab.test_mode != nullptr ? touch_tab.test_mode(p_rec) : 0;
+    return callout(touch_tab.test_mode, 0, p_rec);
 }
 
 int touch_test_mode_secondary(touch_test_mode_rec* p_rec)
 {
-    return touch_tab.test_mode_secondary != nullptr ? touch_tab.test_mode_secondary(p_rec) : 0;
+    return callout(touch_tab.test_mode_secondary, 0, p_rec);
 }

@@ -6,7 +6,7 @@
 
 #include "battery/battery.h"
 #include "core/core.h"
-#include "plat/plat.h"
+#include "powerdown/powerdown.h"
 #include "tmr/tmr.h"
 #include "usb/usb.h"
 
@@ -29,13 +29,6 @@ void reset_time()
     autopoff_time_left = settings[AUTOPOFF_TIMEOUT_S];
 }
 
-void power_off(const char* reason_line)
-{
-    plat_system(reason_line);
-    plat_system("sync");
-    plat_system("reboot -p");
-}
-
 // The time runs from the first check that finds the cable gone.
 void check_cable()
 {
@@ -50,7 +43,7 @@ void check_cable()
     } else {
         autopoff_time_left -= settings[AUTOPOFF_INTERVAL_S];
         if (autopoff_time_left < 1)
-            power_off("echo \"Powering off after long inactivity.\" > /dev/kmsg");
+            powerdown_off_because("Powering off after long inactivity.");
     }
 }
 
@@ -72,7 +65,7 @@ void check_battery()
             return;
         tmr_msleep(BATTERY_PAUSE_MS);
     }
-    power_off("echo \"Powering off, Battery low voltage.\" > /dev/kmsg");
+    powerdown_off_because("Powering off, Battery low voltage.");
 }
 
 void tmr_cb_autopoff_check(void* p1, void* p2);

@@ -1,5 +1,6 @@
 #include "backcap/backcap.h"
 
+#include "callout/callout.h"
 #include "check/check.h"
 
 namespace {
@@ -21,6 +22,5 @@ void backcap_co_attach(const backcap_co* p_co)
 
 int backcap_set_mode(int mode)
 {
-    HVT_CHECK(p_backcap_co != nullptr);
-    return p_backcap_co->set_mode != nullptr ? p_backcap_co->set_mode(mode) : 0;
+    return callout(p_backcap_co, &backcap_co::set_mode, 0, mode);
 }

@@ -1,163 +1,64 @@
 #include "battery/battery.h"
 
-#include <cstdlib>
 #include <mutex>
-#include <string_view>
-#include <strings.h>
 
-#include "adcr/adcr.h"
-#include "attr/attr.h"
-#include "battery_alg.h"
+#include "battery_default.h"
+#include "overlay/overlay.h"
 
 namespace {
 
-constexpr std::uint32_t CHANNEL_VOLTAGE = 10;
-constexpr std::uint32_t CHANNEL_TEMP = 11;
-constexpr int TYPE_UNKNOWN = 0;
-constexpr int TYPE_KNOWN = 1;
-constexpr int TEMP_OTHERWISE = 25;
-constexpr std::size_t ATTR_ROOM = 32; // 31 characters of an attribute
-
-constexpr battery_cfg default_cfg = {
-    .algorithm = 1, .model = 1, .ires = 200, .type_path = nullptr, .temp_path = nullptr};
+constexpr int TYPE_OTHERWISE = 1;
+constexpr int TEMP_OTHERWISE = 25; // degrees
 
 battery_co co;
 
 // A station may change the settings while the charging monitor reads.
 std::mutex cfg_mutex;
-battery_cfg cfg = default_cfg;
+battery_cfg cfg;
 
-battery_cfg cfg_now()
+// What takes part when settings or callouts are laid over those in force.
+// clang-format off
+constexpr std::tuple cfg_fields = {
+    &battery_cfg::algorithm,
+    &battery_cfg::model,
+    &battery_cfg::ires_mohm,
+    &battery_cfg::type_path,
+    &battery_cfg::temp_path,
+};
+constexpr std::tuple co_slots = {
+    &battery_co::read_voltage,
+    &battery_co::read_current,
+    &battery_co::read_capacity,
+    &battery_co::read_type,
+    &battery_co::read_temp,
+    &battery_co::read_temp_mv,
+};
+// clang-format on
+
+} // namespace
+
+battery_cfg battery_cfg_now()
 {
     const std::lock_guard lock(cfg_mutex);
     return cfg;
 }
 
-int read_channel(std::uint32_t channel, int* p_mv)
-{
-    int mv;
-    if (adcr_read(channel, ADCR_DIVIDED, &mv) != ADCR_OK)
-        return 0;
-    *p_mv = mv;
-    return 1;
-}
-
-int battery_voltage(int* p_mv)
-{
-    return read_channel(CHANNEL_VOLTAGE, p_mv);
-}
-
-// There is no reading of the current without a driver.
-int battery_current(int*)
-{
-    return 0;
-}
-
-int battery_type(int* p_type)
-{
-    char text[ATTR_ROOM];
-    if (attr_read(cfg_now().type_path, text, sizeof text) != ATTR_OK)
-        return 0;
-    constexpr std::string_view unknown = "Unknown";
-    const bool is_unknown = strncasecmp(text, unknown.data(), unknown.size()) == 0 &&
-                            (text[unknown.size()] == '\0' || text[unknown.size()] == '\n');
-    *p_type = is_unknown ? TYPE_UNKNOWN : TYPE_KNOWN;
-    return 1;
-}
-
-// The attribute is in tenths of a degree.
-int battery_temp(int* p_degrees)
-{
-    char text[ATTR_ROOM];
-    if (attr_read(cfg_now().temp_path, text, sizeof text) != ATTR_OK)
-        return 0;
-    *p_degrees = std::atoi(text) / 10;
-    return 1;
-}
-
-int battery_temp_mv(int* p_mv)
-{
-    return read_channel(CHANNEL_TEMP, p_mv);
-}
-
-// An in/out value: the measurement goes out through a 0, any other value comes in. True for the latter.
-bool given(int* p_value, int measured)
-{
-    if (p_value == nullptr)
-        return false;
-    if (*p_value != 0)
-        return true;
-    *p_value = measured;
-    return false;
-}
-
-int battery_capacity(int* p_percent, int* p_mv, int* p_ma)
-{
-    int mv;
-    int ma;
-    int type;
-    if (battery_read_voltage(&mv) == 0 || battery_read_current(&ma) == 0 || battery_read_type(&type) == 0)
-        return 0;
-    if (given(p_mv, mv))
-        mv = *p_mv;
-    if (given(p_ma, ma))
-        ma = static_cast<int>(0U - static_cast<unsigned>(*p_ma));
-    const battery_cfg now = cfg_now();
-    switch (now.algorithm) {
-    case 1:
-        return battery_alg1_calc_capacity(now, type, mv, ma, p_percent);
-    case 2:
-        return battery_alg2_calc_capacity(now, type, mv, ma, p_percent);
-    default:
-        return 0;
-    }
-}
-
-// clang-format off
-constexpr battery_co default_co = {
-    .read_voltage  = battery_voltage,
-    .read_current  = battery_current,
-    .read_capacity = battery_capacity,
-    .read_type     = battery_type,
-    .read_temp     = battery_temp,
-    .read_temp_mv  = battery_temp_mv,
-};
-// clang-format on
-
-template <typename T>
-void take_over(T& slot, T given_slot)
-{
-    if (given_slot != T{})
-        slot = given_slot;
-}
-
-} // namespace
-
 void battery_init()
 {
     const std::lock_guard lock(cfg_mutex);
-    cfg = default_cfg;
-    co = default_co;
+    cfg = battery_default_cfg;
+    co = battery_default_co;
 }
 
 void battery_set_cfg(const battery_cfg* p_cfg)
 {
     const std::lock_guard lock(cfg_mutex);
-    take_over(cfg.algorithm, p_cfg->algorithm);
-    take_over(cfg.model, p_cfg->model);
-    take_over(cfg.ires, p_cfg->ires);
-    take_over(cfg.type_path, p_cfg->type_path);
-    take_over(cfg.temp_path, p_cfg->temp_path);
+    overlay(cfg, *p_cfg, cfg_fields);
 }
 
 void battery_cmd_co_attach(const battery_co* p_co)
 {
-    take_over(co.read_voltage, p_co->read_voltage);
-    take_over(co.read_current, p_co->read_current);
-    take_over(co.read_capacity, p_co->read_capacity);
-    take_over(co.read_type, p_co->read_type);
-    take_over(co.read_temp, p_co->read_temp);
-    take_over(co.read_temp_mv, p_co->read_temp_mv);
+    overlay(co, *p_co, co_slots);
 }
 
 int battery_read_voltage(int* p_mv)
@@ -175,10 +76,12 @@ int battery_read_capacity(int* p_percent, int* p_mv, int* p_ma)
     return co.read_capacity(p_percent, p_mv, p_ma);
 }
 
+// The paths are gates: a product without one has its answer here, and no reading, not a driver's either, is
+// asked.
 int battery_read_type(int* p_type)
 {
-    if (cfg_now().type_path == nullptr) {
-        *p_type = TYPE_KNOWN;
+    if (battery_cfg_now().type_path == nullptr) {
+        *p_type = TYPE_OTHERWISE;
         return 1;
     }
     return co.read_type(p_type);
@@ -186,7 +89,7 @@ int battery_read_type(int* p_type)
 
 int battery_read_temp(int* p_degrees)
 {
-    if (cfg_now().temp_path == nullptr) {
+    if (battery_cfg_now().temp_path == nullptr) {
         *p_degrees = TEMP_OTHERWISE;
         return 1;
     }

@@ -69,7 +69,7 @@ static_assert(falls(ocv_voltage_tbl_co_3250[0]) && falls(ocv_voltage_tbl_co_3250
 // What the terminals would show without a current. In 64 bits: the values may come from a line.
 std::int64_t open_circuit_mv(const battery_cfg& cfg, int mv, int ma)
 {
-    return mv - static_cast<std::int64_t>(ma) * cfg.ires / 1000;
+    return mv - static_cast<std::int64_t>(ma) * cfg.ires_mohm / 1000;
 }
 
 int look_up(const ocv_pair* p_tbl, std::int64_t mv)

@@ -1,5 +1,6 @@
 #include "charge/charge.h"
 
+#include "callout/callout.h"
 #include "check/check.h"
 
 namespace {
@@ -21,30 +22,25 @@ void charge_co_attach(const charge_co* p_co)
 
 int charge_set_mode(int mode)
 {
-    HVT_CHECK(p_charge_co != nullptr);
-    return p_charge_co->set_mode != nullptr ? p_charge_co->set_mode(mode) : 0;
+    return callout(p_charge_co, &charge_co::set_mode, 0, mode);
 }
 
 int charge_get_mode(int query, int* p_out)
 {
-    HVT_CHECK(p_charge_co != nullptr);
-    return p_charge_co->get_mode != nullptr ? p_charge_co->get_mode(query, p_out) : 0;
+    return callout(p_charge_co, &charge_co::get_mode, 0, query, p_out);
 }
 
 int charge_set_current(std::uint32_t battery_ma, std::uint32_t input_ma)
 {
-    HVT_CHECK(p_charge_co != nullptr);
-    return p_charge_co->set_current != nullptr ? p_charge_co->set_current(battery_ma, input_ma) : 0;
+    return callout(p_charge_co, &charge_co::set_current, 0, battery_ma, input_ma);
 }
 
 int charge_get_range(char* p_text, int kind)
 {
-    HVT_CHECK(p_charge_co != nullptr);
-    return p_charge_co->get_range != nullptr ? p_charge_co->get_range(p_text, kind) : 0;
+    return callout(p_charge_co, &charge_co::get_range, 0, p_text, kind);
 }
 
 int charge_dump()
 {
-    HVT_CHECK(p_charge_co != nullptr);
-    return p_charge_co->dump != nullptr ? p_charge_co->dump() : 0;
+    return callout(p_charge_co, &charge_co::dump, 0);
 }

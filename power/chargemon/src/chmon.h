@@ -36,6 +36,7 @@ extern chmon chmon_fsm;
 extern chargemon_cfg cmcfg;
 
 void chmon_states_init();
+void chmon_settings_init();
 
 // One line of the log; dropped when the log can't be written.
 void chmon_log(const char* fmt, ...) __attribute__((format(printf, 1, 2)));

@@ -7,6 +7,7 @@
 #include "chmon.h"
 #include "light/light.h"
 #include "plat/plat.h"
+#include "powerdown/powerdown.h"
 #include "screen/screen.h"
 
 namespace {
@@ -85,9 +86,9 @@ std::uint32_t chmon_start_charger()
 {
     switch (chmon_fsm.charger) {
     case CHARGER_WALL:
-        return charge_with(CHARGE_USB, cmcfg.wall_current);
+        return charge_with(CHARGE_USB, cmcfg.wall_ma);
     case CHARGER_SIMPLE:
-        return charge_with(CHARGE_SIMPLE, cmcfg.simple_current);
+        return charge_with(CHARGE_SIMPLE, cmcfg.simple_ma);
     default:
         return 0; // it is gone, and the phone not yet off
     }
@@ -129,5 +130,5 @@ void chmon_shutdown()
 {
     chmon_log("Powering off.");
     plat_sync();
-    plat_system("reboot -p");
+    powerdown_off_synced();
 }

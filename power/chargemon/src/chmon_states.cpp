@@ -62,7 +62,7 @@ int charger_gone()
 
 int target_mah()
 {
-    return static_cast<int>(cmcfg.target_cap * cmcfg.capacity / 100);
+    return static_cast<int>(cmcfg.target_percent * cmcfg.capacity_mah / 100);
 }
 
 // ---- idle
@@ -86,7 +86,7 @@ bool battery_is_valid()
 int idle_by_voltage()
 {
     const int mv = chmon_read_voltage().mv;
-    if (mv <= static_cast<int>(cmcfg.max_voltage))
+    if (mv <= static_cast<int>(cmcfg.max_mv))
         return go(me.charging);
     chmon_log("Voltage (%d mV) too high for charging.", mv);
     me.message = "Start voltage not low enough";
@@ -96,12 +96,12 @@ int idle_by_voltage()
 int idle_by_capacity()
 {
     const int percent = chmon_read().percent;
-    if (cmcfg.allow_discharge != 0 && percent > cmcfg.target_cap + cmcfg.cap_margin_high) {
+    if (cmcfg.allow_discharge != 0 && percent > cmcfg.target_percent + cmcfg.margin_high_percent) {
         chmon_log("Capacity (%d) too high,need discharging.", percent);
         me.message = "discharging now";
         return go(me.discharging);
     }
-    if (percent > cmcfg.target_cap) {
+    if (percent > cmcfg.target_percent) {
         chmon_log("Capacity (%d) too high for charging.", percent);
         me.message = "Start capacity not low enough";
         return go(me.done);
@@ -132,7 +132,7 @@ int idle_change()
 int idle_hnd(fsm*, const fsm_event* p_evt)
 {
     switch (fsm_evt_get(p_evt)) {
-    case fsm_msg_entry:
+    case FSM_MSG_ENTRY:
         me.charger = CHARGER_UNKNOWN; // so that the first tick reports a change
         return 0;
     case CHMON_EVT_TICK:
@@ -152,7 +152,7 @@ int charging_entry()
         chmon_log("Starting voltage (%dmV).", chmon_read_voltage().mv);
     } else {
         const int percent = chmon_median_percent();
-        const std::uint32_t mah = static_cast<std::uint32_t>(percent) * cmcfg.capacity / 100;
+        const std::uint32_t mah = static_cast<std::uint32_t>(percent) * cmcfg.capacity_mah / 100;
         me.charge_uah = mah * 1000;
         chmon_log("Starting capacity (%d%%, %umAh).", percent, mah);
     }
@@ -174,13 +174,13 @@ int charging_exit()
 
 int charging_by_voltage()
 {
-    if (me.charge_ms >= cmcfg.charge_time_limit)
+    if (me.charge_ms >= cmcfg.charge_time_limit_ms)
         return fail("Charging time limit reached");
     const int mv = chmon_read_voltage().mv;
-    if (mv < static_cast<int>(cmcfg.max_voltage))
+    if (mv < static_cast<int>(cmcfg.max_mv))
         return 0;
     chmon_log("Voltage reached limit, charging done.");
-    chmon_log("Read voltage %dmV, Max voltage %dmV", mv, static_cast<int>(cmcfg.max_voltage));
+    chmon_log("Read voltage %dmV, Max voltage %dmV", mv, static_cast<int>(cmcfg.max_mv));
     return go(me.done);
 }
 
@@ -190,7 +190,8 @@ int count_charge(const chmon_reading& now, std::uint32_t dt)
     if (now.ma > 0)
         me.charge_uah += static_cast<std::uint32_t>(static_cast<std::uint64_t>(dt) *
                                                     static_cast<std::uint32_t>(now.ma) / MA_MS_PER_UAH);
-    const int percent = cmcfg.capacity != 0 ? static_cast<int>(me.charge_uah / cmcfg.capacity / 10) : 0;
+    const int percent =
+        cmcfg.capacity_mah != 0 ? static_cast<int>(me.charge_uah / cmcfg.capacity_mah / 10) : 0;
     chmon_log("%d%%, %dmV, %dmA, %umAh/%dmAh", percent, now.mv, now.ma, me.charge_uah / 1000, target_mah());
     return percent;
 }
@@ -219,13 +220,14 @@ int charging_by_capacity(std::uint32_t dt)
     const chmon_reading now = chmon_read();
     const int percent = count_charge(now, dt);
     if (cmcfg.allow_discharge != 0) {
-        if (me.charge_ms >= cmcfg.min_charge_time && percent >= cmcfg.target_cap - cmcfg.cap_margin_low)
+        if (me.charge_ms >= cmcfg.min_charge_time_ms &&
+            percent >= cmcfg.target_percent - cmcfg.margin_low_percent)
             return go(me.discharging);
-    } else if (percent >= cmcfg.target_cap) {
+    } else if (percent >= cmcfg.target_percent) {
         chmon_log("Charging done.");
         return go(me.done);
     }
-    if (me.charge_ms >= cmcfg.charge_time_limit)
+    if (me.charge_ms >= cmcfg.charge_time_limit_ms)
         return fail("Charging time limit reached");
     if (now.ma < 0)
         return retry();
@@ -240,7 +242,7 @@ int charging_tick()
 {
     chmon_toggle_led();
     int degrees;
-    if (battery_read_temp(&degrees) == 0 || degrees > cmcfg.max_temp)
+    if (battery_read_temp(&degrees) == 0 || degrees > cmcfg.max_celsius)
         return fail("Battery temperature too high");
     const std::uint32_t dt = advance(&me.charge_ms);
     return cmcfg.voltage_mode != 0 ? charging_by_voltage() : charging_by_capacity(dt);
@@ -257,9 +259,9 @@ int charging_change()
 int charging_hnd(fsm*, const fsm_event* p_evt)
 {
     switch (fsm_evt_get(p_evt)) {
-    case fsm_msg_entry:
+    case FSM_MSG_ENTRY:
         return charging_entry();
-    case fsm_msg_exit:
+    case FSM_MSG_EXIT:
         return charging_exit();
     case CHMON_EVT_TICK:
         return charging_tick();
@@ -309,15 +311,15 @@ int discharging_tick()
     advance(&me.state_ms);
     chmon_toggle_led();
     const chmon_reading now = read_and_log();
-    if (me.state_ms <= cmcfg.stable_time) {
+    if (me.state_ms <= cmcfg.stable_time_ms) {
         chmon_log("waiting for voltage and current stable.");
         return 0;
     }
     me.state_ms = 0;
     chmon_log("enough time have passed for stable voltage and current.");
-    if (!now.valid || now.percent > cmcfg.target_cap + cmcfg.cap_margin_high)
+    if (!now.valid || now.percent > cmcfg.target_percent + cmcfg.margin_high_percent)
         return 0;
-    if (now.percent < cmcfg.recharge_cap)
+    if (now.percent < cmcfg.recharge_percent)
         return go(me.charging);
     chmon_log("Discharging done.");
     return go(me.done);
@@ -326,9 +328,9 @@ int discharging_tick()
 int discharging_hnd(fsm*, const fsm_event* p_evt)
 {
     switch (fsm_evt_get(p_evt)) {
-    case fsm_msg_entry:
+    case FSM_MSG_ENTRY:
         return discharging_entry();
-    case fsm_msg_exit:
+    case FSM_MSG_EXIT:
         return discharging_exit();
     case CHMON_EVT_TICK:
         return discharging_tick();
@@ -346,11 +348,11 @@ bool read_and_judge()
 {
     if (cmcfg.voltage_mode == 0) {
         const chmon_reading now = read_and_log();
-        return now.valid && now.percent < cmcfg.recharge_cap;
+        return now.valid && now.percent < cmcfg.recharge_percent;
     }
     const chmon_reading now = chmon_read_voltage();
     chmon_log("%dmV", now.mv);
-    return now.valid && now.mv < static_cast<int>(cmcfg.recharge_voltage);
+    return now.valid && now.mv < static_cast<int>(cmcfg.recharge_mv);
 }
 
 int done_entry()
@@ -366,7 +368,7 @@ int done_tick()
 {
     advance(&me.state_ms);
     const bool low = read_and_judge();
-    if (me.state_ms < cmcfg.done_check_period)
+    if (me.state_ms < cmcfg.done_check_period_ms)
         return 0;
     chmon_log("check if capacity keeps higher than recharge_cap.");
     if (low)
@@ -378,9 +380,9 @@ int done_tick()
 int done_hnd(fsm*, const fsm_event* p_evt)
 {
     switch (fsm_evt_get(p_evt)) {
-    case fsm_msg_entry:
+    case FSM_MSG_ENTRY:
         return done_entry();
-    case fsm_msg_exit:
+    case FSM_MSG_EXIT:
         return display_exit();
     case CHMON_EVT_TICK:
         return done_tick();
@@ -409,9 +411,9 @@ int error_tick()
 int error_hnd(fsm*, const fsm_event* p_evt)
 {
     switch (fsm_evt_get(p_evt)) {
-    case fsm_msg_entry:
+    case FSM_MSG_ENTRY:
         return error_entry();
-    case fsm_msg_exit:
+    case FSM_MSG_EXIT:
         return display_exit();
     case CHMON_EVT_TICK:
         return error_tick();

@@ -23,7 +23,7 @@ int do_bact(int id, int action, int argc, const dcp_word* argv)
 // clang-format off
 constexpr dcp_cmd f_backcap_cmd_tab[] = {
     { "bact", "(0-1)", "%d", "bact(action)", do_bact, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

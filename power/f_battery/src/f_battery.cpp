@@ -70,7 +70,7 @@ int batc_config(int id, int argc, const dcp_word* argv)
     const battery_cfg cfg = {
         .algorithm = dcp_uint(value_at(1, argc, argv)),
         .model = dcp_uint(value_at(2, argc, argv)),
-        .ires = dcp_uint(value_at(3, argc, argv)),
+        .ires_mohm = dcp_uint(value_at(3, argc, argv)),
         .type_path = nullptr,
         .temp_path = nullptr,
     };
@@ -113,7 +113,7 @@ int do_batc(int id, int action, int argc, const dcp_word* argv)
 // clang-format off
 constexpr dcp_cmd f_battery_cmd_tab[] = {
     { "batc", "(1-6)", "%v,%v,%v,%v", "batc(function)", do_batc, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

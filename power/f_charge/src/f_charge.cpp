@@ -163,7 +163,7 @@ constexpr dcp_cmd f_charge_cmd_tab[] = {
     { "ebct",  "(0-3, 0-)",     "%d,%v",    "ebct(action[,current],[mode])",     do_ebct,  DCP_GRP_PRODUCTION },
     { "vbcct", "(0-1, W, W)",   "%v,%v,%v", "vbcct(action[,current[,current]])", do_vbcct, DCP_GRP_PRODUCTION },
     { "scct",  "(0-3, 0-)",     "%v,%v",    "scct(action[,current],[mode])",     do_scct,  DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

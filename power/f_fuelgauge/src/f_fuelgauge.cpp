@@ -136,7 +136,7 @@ int do_fgct(int id, int action, int argc, const dcp_word* argv)
 // clang-format off
 constexpr dcp_cmd f_fuelgauge_cmd_tab[] = {
     { "fgct", "(0-4)[,(0-1)[,(0x0000-0xFFFF)]]", "%v,%v,%v", "fgct()", do_fgct, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

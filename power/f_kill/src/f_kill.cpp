@@ -4,8 +4,7 @@
 #include <cstdint>
 
 #include "dcp/dcp.h"
-#include "plat/plat.h"
-#include "tmr/tmr.h"
+#include "powerdown/powerdown.h"
 #include "trim/items.h"
 #include "trim/trim.h"
 
@@ -14,14 +13,10 @@ namespace {
 constexpr std::uint8_t no_marker[] = {0};
 constexpr std::uint8_t marker[] = {0xC4, 0x7E, 0x19, 0xA2, 0x5D, 0x0B, 0xF3, 0x68};
 
-constexpr std::uint32_t GOING_DOWN_S = 60;
-
 // Doesn't come back, unless the phone refuses to restart: the station is told so then.
 int do_reboot(int id)
 {
-    if (plat_system("reboot") == 0)
-        for (std::uint32_t s = 0; s < GOING_DOWN_S; s++)
-            tmr_msleep(1000);
+    powerdown_wait(powerdown_restart());
     return dcp_answer(id, "kill", " ", DCP_ERROR);
 }
 

@@ -6,15 +6,13 @@
 
 #include "cfg/cfg.h"
 #include "dcp/dcp.h"
-#include "plat/plat.h"
+#include "powerdown/powerdown.h"
 #include "tmr/tmr.h"
 #include "usb/usb.h"
 
 namespace {
 
-constexpr std::uint32_t GOING_DOWN_S = 60;
-constexpr std::uint64_t EARLY_US =
-    500; // a timer comes early by fractions of a microsecond for each change of the list
+constexpr std::uint64_t EARLY_US = 1000; // a timer among others comes up to a microsecond early
 
 std::mutex poff_mutex;      // guards what follows: the timer comes on a thread of its own
 std::uint64_t poff_time_us; // of tmr_get64
@@ -22,56 +20,45 @@ tmr_link tmr_poff;
 
 usb_listener usb_poff = {{nullptr}, USB_EVT_DISCONNECTED, nullptr};
 
-// 0 when the phone is on its way down.
-int power_off()
-{
-    plat_system("sync");
-    return plat_system("reboot -p");
-}
-
 // Doesn't come back, unless the phone refuses to go: the station is told so then.
 int power_off_now(int id)
 {
-    if (power_off() == 0)
-        for (std::uint32_t s = 0; s < GOING_DOWN_S; s++)
-            tmr_msleep(1000);
+    powerdown_wait(powerdown_off());
     return dcp_answer(id, "poff", " ", DCP_ERROR);
 }
 
 void tmr_cb_poff(tmr_link*, std::uint32_t);
 
-// The timers can wait for 71 minutes: a longer time is waited for in several rounds. False when it has come.
-bool wait_on_locked()
+// The timers can wait for 71 minutes: a longer time is waited for in several rounds.
+void arm_locked(std::uint64_t left_us)
 {
-    const std::uint64_t now = tmr_get64();
-    if (now + EARLY_US >= poff_time_us)
-        return false;
-    const std::uint64_t left = std::min<std::uint64_t>(poff_time_us - now, UINT32_MAX);
     tmr_cb_rm(&tmr_poff);
-    tmr_cb_add(&tmr_poff, tmr_cb_poff, static_cast<std::uint32_t>(left));
-    return true;
+    tmr_cb_add(&tmr_poff, tmr_cb_poff,
+               static_cast<std::uint32_t>(std::min<std::uint64_t>(left_us, UINT32_MAX)));
 }
 
 void tmr_cb_poff(tmr_link*, std::uint32_t)
 {
     std::unique_lock lock(poff_mutex);
-    if (wait_on_locked())
-        return;
+    const std::uint64_t now = tmr_get64();
+    if (now + EARLY_US < poff_time_us)
+        return arm_locked(poff_time_us - now);
     lock.unlock();
-    power_off();
+    powerdown_off();
 }
 
 void usb_cb_poff(unsigned)
 {
-    power_off();
+    powerdown_off();
 }
 
 // The newest time counts.
 void power_off_after(std::uint32_t ms)
 {
     const std::lock_guard lock(poff_mutex);
-    poff_time_us = tmr_get64() + std::uint64_t{ms} * 1000;
-    wait_on_locked();
+    const std::uint64_t us = std::uint64_t{ms} * 1000;
+    poff_time_us = tmr_get64() + us;
+    arm_locked(us);
 }
 
 void power_off_without_cable()

@@ -20,7 +20,7 @@ int do_smps(int id, int action, int argc, const dcp_word* argv)
 // clang-format off
 constexpr dcp_cmd f_smps_cmd_tab[] = {
     { "smps", "(0-9),(0-1)", "%v,%v", "smps(reg,op)", do_smps, DCP_GRP_STANDARD },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

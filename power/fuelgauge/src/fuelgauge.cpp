@@ -1,21 +1,25 @@
 #include "fuelgauge/fuelgauge.h"
 
+#include "callout/callout.h"
+#include "overlay/overlay.h"
+
 namespace {
 
 fg_co co;
 
-template <typename T>
-void take_over(T& slot, T given)
-{
-    if (given != nullptr)
-        slot = given;
-}
-
-template <typename... P, typename... A>
-int call(int (*slot)(P...), A... args)
-{
-    return slot != nullptr ? slot(args...) : FUELGAUGE_MISSING;
-}
+// clang-format off
+constexpr std::tuple slots = {
+    &fg_co::read_voltage,
+    &fg_co::read_current,
+    &fg_co::flash_cal,
+    &fg_co::flash_firmware,
+    &fg_co::write_custom,
+    &fg_co::read_custom,
+    &fg_co::init_capacity,
+    &fg_co::read_capacity,
+    &fg_co::calibrate,
+};
+// clang-format on
 
 } // namespace
 
@@ -26,58 +30,50 @@ void fuelgauge_init()
 
 void fuelgauge_cmd_co_attach(const fg_co* p_co)
 {
-    take_over(co.read_voltage, p_co->read_voltage);
-    take_over(co.read_current, p_co->read_current);
-    take_over(co.flash_cal, p_co->flash_cal);
-    take_over(co.flash_firmware, p_co->flash_firmware);
-    take_over(co.write_custom, p_co->write_custom);
-    take_over(co.read_custom, p_co->read_custom);
-    take_over(co.init_capacity, p_co->init_capacity);
-    take_over(co.read_capacity, p_co->read_capacity);
-    take_over(co.calibrate, p_co->calibrate);
+    overlay(co, *p_co, slots);
 }
 
 int fuelgauge_read_voltage(int* p_mv)
 {
-    return call(co.read_voltage, p_mv);
+    return callout(co.read_voltage, FUELGAUGE_MISSING, p_mv);
 }
 
 int fuelgauge_read_current(int* p_ma)
 {
-    return call(co.read_current, p_ma);
+    return callout(co.read_current, FUELGAUGE_MISSING, p_ma);
 }
 
 int fuelgauge_flash_cal(std::uintptr_t path)
 {
-    return call(co.flash_cal, path);
+    return callout(co.flash_cal, FUELGAUGE_MISSING, path);
 }
 
 int fuelgauge_flash_firmware(std::uintptr_t path)
 {
-    return call(co.flash_firmware, path);
+    return callout(co.flash_firmware, FUELGAUGE_MISSING, path);
 }
 
 int fuelgauge_write_custom(std::uint32_t reg, std::uint32_t data)
 {
-    return call(co.write_custom, reg, data);
+    return callout(co.write_custom, FUELGAUGE_MISSING, reg, data);
 }
 
 int fuelgauge_read_custom(std::uint32_t reg, int* p_val)
 {
-    return call(co.read_custom, reg, p_val);
+    return callout(co.read_custom, FUELGAUGE_MISSING, reg, p_val);
 }
 
 int fuelgauge_init_capacity()
 {
-    return call(co.init_capacity);
+    return callout(co.init_capacity, FUELGAUGE_MISSING);
 }
 
 int fuelgauge_read_capacity(int* p_percent)
 {
-    return call(co.read_capacity, p_percent);
+    return callout(co.read_capacity, FUELGAUGE_MISSING, p_percent);
 }
 
 int fuelgauge_calibrate()
 {
-    return call(co.calibrate);
+    return callout(co.calibrate, FUELGAUGE_MISSING);
 }

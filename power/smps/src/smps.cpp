@@ -1,6 +1,6 @@
 #include "smps/smps.h"
 
-#include "check/check.h"
+#include "callout/callout.h"
 
 namespace {
 
@@ -20,6 +20,5 @@ void smps_co_attach(const smps_co* p_co)
 
 int smps_regulator_switch(std::uint32_t rail, std::uint32_t on)
 {
-    HVT_CHECK(p_smps_co != nullptr);
-    return p_smps_co->regulator_switch != nullptr ? p_smps_co->regulator_switch(rail, on) : 0;
+    return callout(p_smps_co, &smps_co::regulator_switch, 0, rail, on);
 }

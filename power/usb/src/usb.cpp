@@ -1,6 +1,6 @@
 #include "usb/usb.h"
 
-#include "check/check.h"
+#include "callout/callout.h"
 
 namespace {
 
@@ -22,20 +22,17 @@ void usb_co_attach(const usb_co* p_co)
 
 int usb_start()
 {
-    HVT_CHECK(p_usb_co != nullptr);
-    return p_usb_co->start ? p_usb_co->start() : 0;
+    return callout(p_usb_co, &usb_co::start, 0);
 }
 
 int usb_set(int item, int val)
 {
-    HVT_CHECK(p_usb_co != nullptr);
-    return p_usb_co->set ? p_usb_co->set(item, val) : 0;
+    return callout(p_usb_co, &usb_co::set, 0, item, val);
 }
 
 int usb_get(int item, int* p_val)
 {
-    HVT_CHECK(p_usb_co != nullptr);
-    return p_usb_co->get ? p_usb_co->get(item, p_val) : 0;
+    return callout(p_usb_co, &usb_co::get, 0, item, p_val);
 }
 
 void usb_evt_attach(usb_listener* p_rec, void (*cb)(unsigned event))

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr const char* detect_path = "/sys/devices/platform/msm_hsusb/gadget/detect";
+constexpr const char* DETECT_PATH = "/sys/devices/platform/msm_hsusb/gadget/detect";
 constexpr std::size_t PARAM_ROOM = 65; // 64 characters
 constexpr int STATE_FIELD = 3;         // of the gadget's uevent
 constexpr std::uint32_t RECHECK_MS = 5;
@@ -49,7 +49,7 @@ tmr_link tmr_vbus_check;
 int get_charger_type(int* p_val)
 {
     char text[PARAM_ROOM];
-    if (attr_read(detect_path, text, sizeof text) == ATTR_OK && std::sscanf(text, "%d", p_val) == 1)
+    if (attr_read(DETECT_PATH, text, sizeof text) == ATTR_OK && std::sscanf(text, "%d", p_val) == 1)
         return 1;
     const char* path = cfg_get_str("chg_type", "chg_type_path", nullptr);
     if (!path || attr_read(path, text, sizeof text) != ATTR_OK)

@@ -19,7 +19,7 @@ constexpr touch_modid touch_modid_info[] = {
     { 0x750010, "touch_chip_id_0x75_config_id_0x0010.bin" },
     { 0x740011, "touch_chip_id_0x74_config_id_0x0011.bin" },
     { 0x750012, "touch_chip_id_0x75_config_id_0x0012.bin" },
-    { 0,        nullptr },
+    {},
 };
 // clang-format on
 
@@ -33,7 +33,7 @@ const light_map_row light_map_tab[] = {
     { LIGHT_ZONE_MMI,     3,        21 },   // blue
     { LIGHT_ZONE_DISPLAY, 1,         1 },   // LCD backlight
     { LIGHT_ZONE_DISPLAY, 2,         7 },   // WLED backlight
-    { 0,                  0,         0 },
+    {},
 };
 
 touch_config touch_config_data = {
@@ -60,22 +60,23 @@ const i2c_cfg_row i2c_cfg_tab[] = {
     { "apds_9930-als",   5,   0x39 },
     { "apds_9930-prox",  5,   0x39 },
     { "isdb",            4,   0x69 },
-    { "",                0,   0x00 },
+    {},
 };
 // clang-format on
 
 const battery_cfg board_battery_cfg = {
     .algorithm = 1,
     .model = 3,
-    .ires = 135,
-    .type_path = "/sys/class/power_supply/battery/technology",
+    .ires_mohm = 135,
+    .type_path =
+        "/sys/class/power_supply/battery/technology", // a gate: the driver that it opens reads "type"
     .temp_path = "/sys/class/power_supply/battery/temp",
 };
 
 const chargemon_cfg chmon_cfg = [] {
     chargemon_cfg cfg{};
     cfg.preset = 6;
-    cfg.capacity = 2380;
+    cfg.capacity_mah = 2380;
     return cfg;
 }();
 

@@ -34,10 +34,10 @@
 
 namespace {
 
-constexpr const char* start_line = "echo \"Korvat HVT is starting up...\" > /dev/kmsg";
-constexpr const char* vmrk_rev = "@(#) s_qat_korvat_1_32_2_5_b";
+constexpr const char* START_LINE = "echo \"Korvat HVT is starting up...\" > /dev/kmsg";
+constexpr const char* VMRK_REV = "@(#) s_qat_korvat_1_32_2_5_b";
 
-constexpr int light_green = 2; // subzone: the program is alive
+constexpr int LIGHT_GREEN = 2; // subzone: the program is alive
 
 constexpr hwp board_hwp = {0, 0, 1};
 
@@ -46,7 +46,7 @@ cio cio_clnt;
 char cmd_ln[32768];
 cio_tty_config cio_tty_cfg = {nullptr, 115200};
 
-constexpr std::string_view greeting_ok = "TP,OK\r\n";
+constexpr std::string_view GREETING_OK = "TP,OK\r\n";
 constexpr usb_linux_config usb_linux_cfg = {"/sys/devices/virtual/android_usb/android0/state", "CONFIGURED",
                                             "DISCONNECTED", nullptr};
 usb_listener usb_tpok_con = {{nullptr}, USB_EVT_CONNECTED, nullptr};
@@ -67,7 +67,7 @@ bool s_dev_exist(const char* path)
 void s_rev_init()
 {
     rev_init();
-    rev_add(&rev_vmrk, "vmrk_rev", vmrk_rev);
+    rev_add(&rev_vmrk, "vmrk_rev", VMRK_REV);
     rev_add(&rev_date, "bld_date", __DATE__);
     rev_add(&rev_time, "bld_time", __TIME__);
 }
@@ -136,7 +136,7 @@ void usb_cb_tpok_discon(unsigned)
 void usb_cb_tpok_con(unsigned)
 {
     usb_evt_detach(&usb_tpok_con);
-    cio_wr(&cio_clnt, greeting_ok.data(), greeting_ok.size());
+    cio_wr(&cio_clnt, GREETING_OK.data(), GREETING_OK.size());
     usb_evt_attach(&usb_tpok_discon, usb_cb_tpok_discon);
 }
 
@@ -144,7 +144,7 @@ void usb_cb_tpok_con(unsigned)
 // over, since a phone with a dead part must still be testable.
 int s_entry(int, char**)
 {
-    plat_system(start_line);
+    plat_system(START_LINE);
     s_rev_init();
     core_init();
     autoinit(tier_initcompif, tier_initcomp, tier_initcompcmd);
@@ -159,7 +159,7 @@ int s_entry(int, char**)
     ftm_start();
     cio_init(&cio_clnt, cmd_ln, sizeof cmd_ln, "console", "tty", &cio_tty_cfg, nullptr);
     cio_start(&cio_clnt);
-    light_set(LIGHT_ZONE_MMI, light_green, 255);
+    light_set(LIGHT_ZONE_MMI, LIGHT_GREEN, 255);
     usb_linux_set_cfg(&usb_linux_cfg);
     usb_evt_attach(&usb_tpok_con, usb_cb_tpok_con);
     autopoff_start();

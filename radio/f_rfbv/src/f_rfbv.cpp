@@ -22,7 +22,7 @@ int do_rfbv_read(int id, int action, int argc, const dcp_word*)
 // clang-format off
 constexpr dcp_cmd f_rfbv_cmd_tab[] = {
     { "rfbv", "", "", "rfbv", do_rfbv_read, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

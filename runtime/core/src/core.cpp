@@ -4,21 +4,17 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdlib>
-#include <memory>
 #include <mutex>
 
 #include "check/check.h"
+#include "heap/heap.h"
 #include "plat/plat.h"
 #include "tmr/tmr.h"
 
 namespace {
 
-constexpr int select_failures_in_a_row = 16;
-constexpr std::uint32_t select_failed_pause_us = 10000;
-
-struct core_free {
-    void operator()(void* p) const { std::free(p); }
-};
+constexpr int SELECT_FAILURES_IN_A_ROW = 16;
+constexpr std::uint32_t SELECT_FAILED_PAUSE_US = 10000;
 
 // A deferred call: at a timer first if it has a delay, then in the list.
 struct dfc_rec {
@@ -76,7 +72,7 @@ dfc_rec* pop_deferred()
 void run_deferred()
 {
     while (dfc_rec* p_rec = pop_deferred()) {
-        const std::unique_ptr<dfc_rec, core_free> owner(p_rec);
+        const heap_ptr<dfc_rec> owner(p_rec);
         p_rec->fn(p_rec->p1, p_rec->p2);
     }
 }
@@ -173,8 +169,8 @@ void start_watching()
     for (int failures = 0;;) {
         fd_set ready;
         if (!wait_readable(&ready)) {
-            if (++failures >= select_failures_in_a_row)
-                tmr_usleep(select_failed_pause_us);
+            if (++failures >= SELECT_FAILURES_IN_A_ROW)
+                tmr_usleep(SELECT_FAILED_PAUSE_US);
             continue;
         }
         failures = 0;

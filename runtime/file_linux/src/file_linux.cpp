@@ -8,6 +8,7 @@
 #include <string>
 
 #include "check/check.h"
+#include "heap/heap.h"
 #include "plat/plat.h"
 
 constexpr std::size_t PATH_BYTES = 255; // a path of 254 characters
@@ -119,9 +120,9 @@ int file_fnd_next(file_find* p_hnd, file_item* p_item)
 
 int file_fnd_close(file_find* p_hnd)
 {
+    const heap_ptr<file_find> owner(p_hnd);
     const bool failed = p_hnd->failed;
     plat_closedir(p_hnd->dir);
-    std::free(p_hnd);
     return !failed;
 }
 
@@ -140,9 +141,9 @@ file_hnd* file_open(const char* path, const char* mode)
 
 int file_close(file_hnd* p_hnd)
 {
+    const heap_ptr<file_hnd> owner(p_hnd);
     const bool bad = std::ferror(p_hnd->stream) != 0;
     const bool closed = std::fclose(p_hnd->stream) == 0;
-    std::free(p_hnd);
     return closed && !bad;
 }
 

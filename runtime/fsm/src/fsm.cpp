@@ -3,8 +3,8 @@
 #include "check/check.h"
 
 namespace {
-constexpr fsm_event entry_msg{fsm_msg_entry};
-constexpr fsm_event exit_msg{fsm_msg_exit};
+constexpr fsm_event entry_msg{FSM_MSG_ENTRY};
+constexpr fsm_event exit_msg{FSM_MSG_EXIT};
 } // namespace
 
 void fsm_init() {}

@@ -27,7 +27,7 @@ int queue_start(queue* p_q, int n, int size)
     const std::size_t bytes = static_cast<std::size_t>(size);
     if (cap > SIZE_MAX / bytes)
         return -1;
-    p_q->buf.reset(static_cast<unsigned char*>(std::malloc(cap * bytes)));
+    p_q->buf = heap_alloc<unsigned char>(cap * bytes);
     if (p_q->buf == nullptr)
         return -1;
     p_q->cap = cap;

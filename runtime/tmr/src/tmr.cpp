@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr std::uint64_t us_per_s = 1000000;
-constexpr long ns_per_us = 1000;
+constexpr std::uint64_t US_PER_S = 1000000;
+constexpr long NS_PER_US = 1000;
 
 std::uint64_t tmr_clk_base; // microseconds of the wall clock
 
@@ -18,13 +18,13 @@ std::uint64_t wall_clock_us()
 {
     timespec now{};
     plat_clock_gettime(CLOCK_REALTIME, &now);
-    return static_cast<std::uint64_t>(now.tv_sec) * us_per_s +
-           static_cast<std::uint64_t>(now.tv_nsec / ns_per_us);
+    return static_cast<std::uint64_t>(now.tv_sec) * US_PER_S +
+           static_cast<std::uint64_t>(now.tv_nsec / NS_PER_US);
 }
 
 void sleep_us(std::uint64_t us)
 {
-    timespec left{static_cast<time_t>(us / us_per_s), static_cast<long>(us % us_per_s) * ns_per_us};
+    timespec left{static_cast<time_t>(us / US_PER_S), static_cast<long>(us % US_PER_S) * NS_PER_US};
     // A sleep that fails for another reason than a signal is tried again a few times, not for ever.
     for (int retries = 3; plat_nanosleep(&left, &left) == -1;)
         if (errno != EINTR && retries-- == 0)

@@ -16,9 +16,9 @@
 
 namespace {
 
-constexpr int sig_id = 0x544D52;
-constexpr std::uint32_t us_per_s = 1000000;
-constexpr std::uint32_t ns_per_us = 1000;
+constexpr int SIG_ID = 0x544D52;
+constexpr std::uint32_t US_PER_S = 1000000;
+constexpr std::uint32_t NS_PER_US = 1000;
 
 std::mutex tmr_mutex; // guards all that follows
 rlnk tmr_cb_head;
@@ -53,8 +53,8 @@ tmr_link* link_of(rlnk* p_lnk)
 bool tmr_cb_set(std::uint32_t time_us)
 {
     itimerspec its{};
-    its.it_value.tv_sec = time_us / us_per_s;
-    its.it_value.tv_nsec = static_cast<long>(time_us % us_per_s) * ns_per_us;
+    its.it_value.tv_sec = time_us / US_PER_S;
+    its.it_value.tv_nsec = static_cast<long>(time_us % US_PER_S) * NS_PER_US;
     tm = time_us;
     set_failed = !tid_valid || plat_timer_settime(tid, 0, &its, nullptr) != 0;
     return !set_failed;
@@ -101,7 +101,7 @@ void tmr_cb(std::uint32_t period)
 
 void tmr_internal_timeout_evt(sigval value)
 {
-    if (value.sival_int != sig_id) {
+    if (value.sival_int != SIG_ID) {
         kmsg_unknown_signal();
         return;
     }
@@ -116,7 +116,7 @@ bool tmr_sub_create()
     se = {};
     se.sigev_notify = SIGEV_THREAD;
     se.sigev_notify_function = tmr_internal_timeout_evt;
-    se.sigev_value.sival_int = sig_id;
+    se.sigev_value.sival_int = SIG_ID;
     return plat_timer_create(CLOCK_REALTIME, &se, &tid) == 0;
 }
 
@@ -172,6 +172,6 @@ std::uint32_t tmr_cb_left()
     itimerspec its{};
     if (!tid_valid || plat_timer_gettime(tid, &its) != 0)
         return 0;
-    return static_cast<std::uint32_t>(its.it_value.tv_sec) * us_per_s +
-           (static_cast<std::uint32_t>(its.it_value.tv_nsec) + ns_per_us - 1) / ns_per_us;
+    return static_cast<std::uint32_t>(its.it_value.tv_sec) * US_PER_S +
+           (static_cast<std::uint32_t>(its.it_value.tv_nsec) + NS_PER_US - 1) / NS_PER_US;
 }

@@ -90,6 +90,47 @@ bool get_string(nav_values* p_dst, int i, char** pp, int level)
     return true;
 }
 
+// The usual value of a line, one that begins with a digit: true when such a one stands at the position.
+// Otherwise nothing is done.
+inline bool get_plain_number(std::uintptr_t* p_word, char** pp)
+{
+    const auto digit_at = [](const char* s) { return static_cast<unsigned>(*s - '0'); };
+    char* s = *pp;
+    unsigned digit = digit_at(s);
+    if (digit > 9)
+        return false;
+    std::uint32_t value = 0;
+    do {
+        value = value * 10 + digit;
+        digit = digit_at(++s);
+    } while (digit <= 9);
+    if (*s == 'x' || *s == 'X') {
+        *p_word = get_number(pp, 16);
+        return true;
+    }
+    *p_word = value;
+    *pp = s;
+    return true;
+}
+
+// Most of a long line: a used-up ",%v" is read again and again. Takes plain numbers with `sep` between them,
+// as values from `*p_n` on. True when that has brought the text to something else than `sep`; false when it
+// stands where a value is due that isn't plain, or for which there is no room.
+bool get_plain_run(nav_values* p_dst, int* p_n, char** pp, char sep)
+{
+    char* s = *pp;
+    int n = *p_n;
+    bool done = false;
+    while (!done && n < NAV_MAX_VALUES && get_plain_number(&p_dst->word[n], &s)) {
+        n++;
+        done = *s != sep;
+        s += done ? 0 : 1;
+    }
+    *pp = s;
+    *p_n = n;
+    return done;
+}
+
 // Converts value `i` by its directive; false for a syntax error.
 bool get_directive(nav_values* p_dst, int i, char** pp, char directive)
 {
@@ -122,6 +163,14 @@ bool get_directive(nav_values* p_dst, int i, char** pp, char directive)
         HVT_CHECK(!"directive");
         return false;
     }
+}
+
+inline bool get_item(nav_values* p_dst, int i, char** pp, char directive)
+{
+    if (i == NAV_MAX_VALUES)
+        return false;
+    return (directive == 'v' && get_plain_number(&p_dst->word[i], pp)) ||
+           get_directive(p_dst, i, pp, directive);
 }
 
 // Characters before the first `=`, `?` or the end, for long texts. Kept out of the way of the short ones.
@@ -175,7 +224,7 @@ int nav_get_val(nav_values* p_dst, char** pp, const char* p_fmt)
         return 0;
     while (*f || *s) {
         if (*f == '%') {
-            if (n == NAV_MAX_VALUES || !get_directive(p_dst, n, &s, f[1])) {
+            if (!get_item(p_dst, n, &s, f[1])) {
                 n = -1;
                 break;
             }
@@ -189,6 +238,8 @@ int nav_get_val(nav_values* p_dst, char** pp, const char* p_fmt)
         } else if (!*f && static_cast<std::size_t>(f - p_fmt) >= REPEAT_BACK && *(f - REPEAT_BACK) == *s) {
             f -= REPEAT_BACK - 1;
             s++;
+            if (f[0] == '%' && f[1] == 'v' && get_plain_run(p_dst, &n, &s, f[-1]))
+                f += 2;
         } else {
             n = -1;
             break;

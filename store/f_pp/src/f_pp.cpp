@@ -123,7 +123,7 @@ int do_ppwr(int id, int action, int argc, const dcp_word* argv)
 constexpr dcp_cmd f_pp_cmd_tab[] = {
     { "ppre", "(0,1,3,5-10)[,(0,1)]", "%v,%v", "ppre()", do_ppre, DCP_GRP_PRODUCTION },
     { "ppwr", "(0,3),S",              "%v,%t", "ppwr()", do_ppwr, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

@@ -265,7 +265,7 @@ int do_ta_tact(int id, int action, int argc, const dcp_word* argv)
 // clang-format off
 constexpr dcp_cmd f_ta_cmd_tab[] = {
     { "tact", "[(0-10)[,<unit nr>][,<unit nr>][,...]]", "%t", "ctrl(act,unit,unit)", do_ta_tact, DCP_GRP_PRODUCTION },
-    { nullptr, nullptr, nullptr, nullptr, nullptr, 0 },
+    {},
 };
 // clang-format on
 

@@ -1,19 +1,10 @@
 #include "sdcard/sdcard.h"
 
-#include "check/check.h"
+#include "callout/callout.h"
 
 namespace {
 
 const sdcard_co_functions* sdcard_co;
-
-// Calls a slot of the driver's table; an empty one does nothing.
-template <class... Args>
-int call(int (*sdcard_co_functions::*slot)(Args...), Args... args)
-{
-    HVT_CHECK(sdcard_co != nullptr);
-    const auto fn = sdcard_co->*slot;
-    return fn != nullptr ? fn(args...) : 0;
-}
 
 } // namespace
 
@@ -31,50 +22,50 @@ const sdcard_co_functions* sdcard_cmd_co_attach(const sdcard_co_functions* p_co)
 
 int sdcard_detect_sd()
 {
-    return call(&sdcard_co_functions::detect);
+    return callout(sdcard_co, &sdcard_co_functions::detect, 0);
 }
 
 int sdcard_get_size()
 {
-    return call(&sdcard_co_functions::get_size);
+    return callout(sdcard_co, &sdcard_co_functions::get_size, 0);
 }
 
 int sdcard_list_folder_inf(const char* path, char* p_buf, std::size_t size)
 {
-    return call(&sdcard_co_functions::list, path, p_buf, size);
+    return callout(sdcard_co, &sdcard_co_functions::list, 0, path, p_buf, size);
 }
 
 int sdcard_read_file(const char* path, char* p_buf, std::size_t size)
 {
-    return call(&sdcard_co_functions::read, path, p_buf, size);
+    return callout(sdcard_co, &sdcard_co_functions::read, 0, path, p_buf, size);
 }
 
 int sdcard_write_file(const char* path, const char* p_data, std::size_t size)
 {
-    return call(&sdcard_co_functions::write, path, p_data, size);
+    return callout(sdcard_co, &sdcard_co_functions::write, 0, path, p_data, size);
 }
 
 int sdcard_delete_file(const char* path)
 {
-    return call(&sdcard_co_functions::delete_file, path);
+    return callout(sdcard_co, &sdcard_co_functions::delete_file, 0, path);
 }
 
 int sdcard_erase()
 {
-    return call(&sdcard_co_functions::erase);
+    return callout(sdcard_co, &sdcard_co_functions::erase, 0);
 }
 
 int sdcard_mount()
 {
-    return call(&sdcard_co_functions::mount);
+    return callout(sdcard_co, &sdcard_co_functions::mount, 0);
 }
 
 int sdcard_unmount()
 {
-    return call(&sdcard_co_functions::unmount);
+    return callout(sdcard_co, &sdcard_co_functions::unmount, 0);
 }
 
 int sdcard_format()
 {
-    return call(&sdcard_co_functions::format);
+    return callout(sdcard_co, &sdcard_co_functions::format, 0);
 }

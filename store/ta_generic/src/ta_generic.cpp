@@ -56,7 +56,7 @@ const ta_symbol nvq_tab[] = {
     { &nvq.getversion, "ta_getversion" },
     { &nvq.getmode,    "ta_getmode"    },
     { &nvq.getnextid,  "ta_getnextid"  },
-    { nullptr, nullptr },
+    {},
 };
 
 const ta_symbol auxnvq_tab[] = {
@@ -65,7 +65,7 @@ const ta_symbol auxnvq_tab[] = {
     { &auxnvq.write_unit,          "auxnvq_write_unit"          },
     { &auxnvq.write_unit_critical, "auxnvq_write_unit_critical" },
     { &auxnvq.write_flush,         "auxnvq_write_flush"         },
-    { nullptr, nullptr },
+    {},
 };
 // clang-format on
 
@@ -231,7 +231,7 @@ int ta_generic_xfer_nv_to_ta()
 
 int ta_generic_xfer(std::uint32_t, std::uint32_t, int dir, int, int blocking)
 {
-    constexpr timespec STEP{0, 50'000'000};
+    constexpr timespec step{0, 50'000'000};
     constexpr int MOST_STEPS = 72000; // an hour: a modem that is busy for longer has died on the way
     if (dir != 1 || (blocking != 0 && blocking != 1))
         return TA_XFER_FAILED;
@@ -239,7 +239,7 @@ int ta_generic_xfer(std::uint32_t, std::uint32_t, int dir, int, int blocking)
     for (int i = 0; blocking == 1 && result == TA_XFER_BUSY; i++) {
         if (i == MOST_STEPS)
             return TA_XFER_FAILED;
-        plat_nanosleep(&STEP, nullptr);
+        plat_nanosleep(&step, nullptr);
         result = ta_generic_xfer_nv_to_ta();
     }
     return result;

@@ -7,14 +7,14 @@
 
 namespace {
 
-constexpr trim_map_row NO_ITEM = {39, 0}; // no board has an item 39
+constexpr trim_map_row no_item = {39, 0}; // no board has an item 39
 
 trim_map_sel trim_sel;
 std::array<trim_map_row, TRIM_LAST> trim_tab;
 
 void trim_map_init(const trim_map_co* p_co)
 {
-    trim_tab.fill(NO_ITEM);
+    trim_tab.fill(no_item);
     for (const trim_map_row* p_row = p_co->map(); p_row->id != TRIM_LAST; p_row++) {
         HVT_CHECK(p_row->id >= 0 && p_row->id < TRIM_LAST);
         trim_tab[static_cast<std::size_t>(p_row->id)] = *p_row;
@@ -25,7 +25,7 @@ void trim_map_init(const trim_map_co* p_co)
 const trim_map_row* find(int id)
 {
     HVT_CHECK(trim_sel.get != nullptr);
-    if (id < 0 || id >= TRIM_LAST || id == NO_ITEM.id)
+    if (id < 0 || id >= TRIM_LAST || id == no_item.id)
         return nullptr;
     const trim_map_row& row = trim_tab[static_cast<std::size_t>(id)];
     return row.id == id ? &row : nullptr;

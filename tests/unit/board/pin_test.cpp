@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr int LOW = 0;
-constexpr int HIGH = 1;
+constexpr int level_low = 0;
+constexpr int level_high = 1;
 
 struct drive {
     unsigned pin;
@@ -25,7 +25,7 @@ std::uint8_t users[8];
 
 int fake_chg(pin_driver*, unsigned pin, int op, unsigned attr)
 {
-    if (op > HIGH)
+    if (op > level_high)
         return pin == 21 && attr == 9 ? line : PIN_LEVEL_FAILED;
     drives.push_back({pin, op, attr});
     return op;
@@ -47,26 +47,26 @@ pin_driver fake_hnd;
 
 // clang-format off
 constexpr pin_sub_row on_list[] = {
-    { 0, 5, PIN_DIRECT, LOW,  50, 20 },
-    { 0, 6, PIN_DIRECT, HIGH, 60, 0  },
+    { 0, 5, PIN_DIRECT, level_low,  50, 20 },
+    { 0, 6, PIN_DIRECT, level_high, 60, 0  },
     { PIN_GRP_LAST, 0, 0, 0, 0, 0 },
 };
 constexpr pin_sub_row off_list[] = {
-    { 0, 6, PIN_DIRECT, HIGH, 60, 0 },
+    { 0, 6, PIN_DIRECT, level_high, 60, 0 },
     { PIN_GRP_LAST, 0, 0, 0, 0, 0 },
 };
 constexpr pin_out_row out_map[] = {
-    {  12, 0, 3, PIN_CNT_HIGH, HIGH, 7, nullptr, nullptr },
-    {  13, 0, 3, PIN_CNT_HIGH, HIGH, 7, nullptr, nullptr }, // shares the rail of 12
-    {  14, 0, 4, PIN_CNT_LOW,  LOW,  7, nullptr, nullptr },
-    {  15, 0, 1, PIN_DIRECT,   HIGH, 7, on_list, off_list },
-    { 166, PIN_GRP_NONE, 0, PIN_DIRECT, HIGH, 7, on_list, nullptr },
+    {  12, 0, 3, PIN_CNT_HIGH, level_high, 7, nullptr, nullptr },
+    {  13, 0, 3, PIN_CNT_HIGH, level_high, 7, nullptr, nullptr }, // shares the rail of 12
+    {  14, 0, 4, PIN_CNT_LOW,  level_low,  7, nullptr, nullptr },
+    {  15, 0, 1, PIN_DIRECT,   level_high, 7, on_list, off_list },
+    { 166, PIN_GRP_NONE, 0, PIN_DIRECT, level_high, 7, on_list, nullptr },
     { PIN_OUT_LAST, 0, 0, 0, 0, 0, nullptr, nullptr },
 };
 constexpr pin_in_row in_map[] = {
-    {  0, 0, 21, LOW,  9 },
-    { 70, 0, 21, HIGH, 9 },
-    { 40, 3, 21, HIGH, 9 }, // a group without a driver
+    {  0, 0, 21, level_low,  9 },
+    { 70, 0, 21, level_high, 9 },
+    { 40, 3, 21, level_high, 9 }, // a group without a driver
     { PIN_IN_LAST, 0, 0, 0, 0 },
 };
 // clang-format on
@@ -138,7 +138,7 @@ TEST_F(Pin, AnInputIsReadByItsPolarity)
         EXPECT_EQ(pin_in_get(70), r.active_high) << r.level;
         EXPECT_EQ(pin_in_get_lev(70), r.level);
     }
-    line = HIGH;
+    line = level_high;
     EXPECT_EQ(pin_in_get(1), PIN_UNREADABLE) << "the board lacks it";
     EXPECT_EQ(pin_in_get(40), PIN_UNREADABLE) << "nobody drives it";
     EXPECT_EQ(pin_in_active(70), 1);
@@ -155,13 +155,13 @@ TEST_F(Pin, AReportReachesEachInputOfItsPinByItsPolarity)
     EXPECT_EQ(pin_evt_req(0, PIN_ACTIVE, low), nullptr);
     EXPECT_EQ(pin_evt_req(70, PIN_ACTIVE, high), nullptr);
     EXPECT_EQ(pin_evt_req(40, PIN_ACTIVE, high), nullptr);
-    pin_evt_disp(&fake_hnd, 21, LOW);
-    pin_evt_disp(&fake_hnd, 22, LOW);
+    pin_evt_disp(&fake_hnd, 21, level_low);
+    pin_evt_disp(&fake_hnd, 22, level_low);
     EXPECT_EQ(told, (std::vector<int>{PIN_ACTIVE, 10 + PIN_INACTIVE}));
     EXPECT_EQ(pin_evt_req(0, PIN_ACTIVE, nullptr), low);
-    pin_evt_disp(&fake_hnd, 21, HIGH);
+    pin_evt_disp(&fake_hnd, 21, level_high);
     EXPECT_EQ(told, (std::vector<int>{PIN_ACTIVE, 10 + PIN_INACTIVE, 10 + PIN_ACTIVE}));
-    EXPECT_EQ(events, (std::vector<drive>{{21, LOW, 9}, {21, HIGH, 9}, {21, LOW + 10, 9}}));
+    EXPECT_EQ(events, (std::vector<drive>{{21, level_low, 9}, {21, level_high, 9}, {21, level_low + 10, 9}}));
 }
 
 } // namespace

@@ -24,9 +24,9 @@ struct bmp_fields {
     const char* magic = "BM";
 };
 
-constexpr uint32_t PIXELS[2][3] = {{0xFF0000, 0x00FF00, 0x0000FF}, {0x102030, 0x405060, 0x708090}};
+constexpr uint32_t some_pixels[2][3] = {{0xFF0000, 0x00FF00, 0x0000FF}, {0x102030, 0x405060, 0x708090}};
 
-// A file with these header fields and the rows of PIXELS bottom-up, padded to 12 bytes; `cut` bytes are
+// A file with these header fields and the rows of some_pixels bottom-up, padded to 12 bytes; `cut` bytes are
 // missing at its end.
 std::string file_of(const bmp_fields& f, std::size_t cut = 0)
 {
@@ -37,7 +37,7 @@ std::string file_of(const bmp_fields& f, std::size_t cut = 0)
     for (std::size_t y = 0; y < 2; y++)
         for (std::size_t x = 0; x < 3; x++)
             for (std::size_t byte = 0; byte < 3; byte++)
-                file[54 + (1 - y) * 12 + x * 3 + byte] = static_cast<uint8_t>(PIXELS[y][x] >> 8 * byte);
+                file[54 + (1 - y) * 12 + x * 3 + byte] = static_cast<uint8_t>(some_pixels[y][x] >> 8 * byte);
     file.resize(file.size() - cut);
     return std::string(file.begin(), file.end());
 }
@@ -59,7 +59,7 @@ struct Bmp : testing::Test {
 TEST_F(Bmp, TheLastRowMayLackItsPadding)
 {
     EXPECT_EQ(draw(file_of({}, 3)), 1);
-    EXPECT_EQ(panel_fake_pixel(2, 0), PIXELS[0][2]);
+    EXPECT_EQ(panel_fake_pixel(2, 0), some_pixels[0][2]);
 }
 
 TEST_F(Bmp, WhatIsMalformedIsRefusedAndThePictureStays)
@@ -106,7 +106,7 @@ TEST_F(Bmp, AReadThatComesInPiecesIsContinuedAndAFailedOneLeavesThePicture)
     };
     left = 1000;
     ASSERT_EQ(draw(file_of({})), 1);
-    EXPECT_EQ(panel_fake_pixel(2, 1), PIXELS[1][2]);
+    EXPECT_EQ(panel_fake_pixel(2, 1), some_pixels[1][2]);
     const int reads = 1000 - left;
     for (int i = 0; i < reads; i++) {
         left = i;

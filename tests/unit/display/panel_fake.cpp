@@ -14,8 +14,8 @@ std::vector<fb_var_screeninfo> panel_fake_modes;
 
 namespace {
 
-constexpr int PANEL_FD = 1000000;
-constexpr std::uint8_t FRESH = 0xA5; // what the memory holds before anything is drawn
+constexpr int panel_fd = 1000000;
+constexpr std::uint8_t fresh = 0xA5; // what the memory holds before anything is drawn
 
 panel_shape shape;
 std::vector<std::uint8_t> memory;
@@ -28,12 +28,12 @@ unsigned line_length()
 
 int panel_open(const char* path, int flags, mode_t bits)
 {
-    return std::strcmp(path, "/dev/graphics/fb0") == 0 ? PANEL_FD : plat_linux_co.open(path, flags, bits);
+    return std::strcmp(path, "/dev/graphics/fb0") == 0 ? panel_fd : plat_linux_co.open(path, flags, bits);
 }
 
 int panel_close(int fd)
 {
-    return fd == PANEL_FD ? 0 : plat_linux_co.close(fd);
+    return fd == panel_fd ? 0 : plat_linux_co.close(fd);
 }
 
 int panel_access(const char* path, int how)
@@ -46,7 +46,7 @@ int panel_access(const char* path, int how)
 
 void* panel_mmap(void* addr, std::size_t size, int prot, int flags, int fd, off_t offset)
 {
-    return fd == PANEL_FD ? memory.data() : plat_linux_co.mmap(addr, size, prot, flags, fd, offset);
+    return fd == panel_fd ? memory.data() : plat_linux_co.mmap(addr, size, prot, flags, fd, offset);
 }
 
 void get_var(fb_var_screeninfo* p)
@@ -64,7 +64,7 @@ void get_var(fb_var_screeninfo* p)
 
 int panel_ioctl(int fd, unsigned long request, void* arg)
 {
-    if (fd != PANEL_FD)
+    if (fd != panel_fd)
         return plat_linux_co.ioctl(fd, request, arg);
     auto* p_var = static_cast<fb_var_screeninfo*>(arg);
     auto* p_fix = static_cast<fb_fix_screeninfo*>(arg);
@@ -103,7 +103,7 @@ void panel_fake_start(const panel_shape& new_shape)
 {
     shape = new_shape;
     panel_fake_modes.clear();
-    memory.assign(std::size_t{line_length()} * shape.height * shape.pages, FRESH);
+    memory.assign(std::size_t{line_length()} * shape.height * shape.pages, fresh);
     plat_fake_reset();
     plat_fake_co.open = panel_open;
     plat_fake_co.close = panel_close;
@@ -137,7 +137,7 @@ bool panel_fake_rest_untouched()
 {
     const std::size_t page = std::size_t{line_length()} * shape.height;
     for (std::size_t i = 0; i < memory.size(); i++)
-        if ((i >= page || i % line_length() >= line_length() - shape.line_padding) && memory[i] != FRESH)
+        if ((i >= page || i % line_length() >= line_length() - shape.line_padding) && memory[i] != fresh)
             return false;
     return true;
 }

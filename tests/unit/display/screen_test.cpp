@@ -19,7 +19,7 @@ namespace {
 
 using std::uint32_t;
 
-constexpr panel_shape SHAPES[] = {
+constexpr panel_shape shapes[] = {
     {.width = 1, .height = 1},
     {.width = 3, .height = 40},
     {.width = 240, .height = 20, .line_padding = 36},
@@ -36,10 +36,10 @@ uint32_t any(uint32_t limit)
 // A coordinate or size near a screen of that many pixels, or any value at all.
 uint32_t near_screen(uint32_t pixels)
 {
-    constexpr uint32_t EDGES[] = {0, 1, 2, 3, 0x7FFFFFFF, 0x80000000, 0xFFFFFFF0, 0xFFFFFFFE, 0xFFFFFFFF};
+    constexpr uint32_t edges[] = {0, 1, 2, 3, 0x7FFFFFFF, 0x80000000, 0xFFFFFFF0, 0xFFFFFFFE, 0xFFFFFFFF};
     switch (any(4)) {
     case 0:
-        return EDGES[any(std::size(EDGES))];
+        return edges[any(std::size(edges))];
     case 1:
         return pixels - 2 + any(5);
     default:
@@ -51,7 +51,7 @@ uint32_t near_screen(uint32_t pixels)
 template <class Draw>
 void compare_everywhere(int times, Draw draw)
 {
-    for (const panel_shape& shape : SHAPES) {
+    for (const panel_shape& shape : shapes) {
         panel_fake_start(shape);
         screen_clear(0x102030);
         plain_canvas plain(shape.width, shape.height, 0x102030);

@@ -131,3 +131,17 @@ TEST_F(Battery, ValuesThatAreGivenTakeThePlaceOfTheMeasurement)
 }
 
 } // namespace
+
+TEST_F(Battery, WithoutAPathTypeAndTemperatureAreGivenAndNoDriverIsAsked)
+{
+    known_type = 2;
+    int type = 0;
+    EXPECT_EQ(battery_read_type(&type), 1);
+    EXPECT_EQ(type, 1);
+    int degrees = 0;
+    EXPECT_EQ(battery_read_temp(&degrees), 1);
+    EXPECT_EQ(degrees, 25);
+    set(1, 1, 200);
+    EXPECT_EQ(battery_read_type(&type), 1);
+    EXPECT_EQ(type, 2);
+}

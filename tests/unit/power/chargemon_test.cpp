@@ -117,14 +117,14 @@ struct Chargemon : testing::Test {
         percents = {30};
         charger = CHARGER_WALL;
         settings.clear();
-        cfg.tick_period = second_us;
-        cfg.target_cap = 60;
-        cfg.recharge_cap = 58;
-        cfg.max_temp = 80;
-        cfg.wall_current = 1500;
-        cfg.capacity = 1000;
-        cfg.charge_time_limit = 3'600'000;
-        cfg.done_check_period = 10'000;
+        cfg.tick_period_us = second_us;
+        cfg.target_percent = 60;
+        cfg.recharge_percent = 58;
+        cfg.max_celsius = 80;
+        cfg.wall_ma = 1500;
+        cfg.capacity_mah = 1000;
+        cfg.charge_time_limit_ms = 3'600'000;
+        cfg.done_check_period_ms = 10'000;
     }
     ~Chargemon() override
     {
@@ -142,7 +142,7 @@ struct Chargemon : testing::Test {
     {
         cfg = {};
         cfg.preset = 6;
-        cfg.tick_period = second_us;
+        cfg.tick_period_us = second_us;
     }
 
     static void ticks(unsigned count) { plat_fake_advance_us(std::uint64_t{count} * second_us); }
@@ -163,8 +163,8 @@ struct Chargemon : testing::Test {
 TEST_F(Chargemon, ByVoltageUntilItIsReachedAndAgainWhenItHasSunk)
 {
     cfg.voltage_mode = 1;
-    cfg.max_voltage = 4100;
-    cfg.recharge_voltage = 4000;
+    cfg.max_mv = 4100;
+    cfg.recharge_mv = 4000;
     start();
     ticks(2);
     mv = 4100;
@@ -192,12 +192,12 @@ TEST_F(Chargemon, ByVoltageUntilItIsReachedAndAgainWhenItHasSunk)
 TEST_F(Chargemon, ByVoltageNotFromAboveAndNotForTooLong)
 {
     cfg.voltage_mode = 1;
-    cfg.max_voltage = 4100;
+    cfg.max_mv = 4100;
     mv = 4101;
     start();
     ticks(1);
     EXPECT_EQ(log(3), "Voltage (4101 mV) too high for charging.\nEntering done state\n");
-    cfg.charge_time_limit = 5'000;
+    cfg.charge_time_limit_ms = 5'000;
     mv = 4099;
     chargemon_stop();
     start();
@@ -208,8 +208,8 @@ TEST_F(Chargemon, ByVoltageNotFromAboveAndNotForTooLong)
 // 30 percent of 1000 mAh are 300; a tick of 1 s at 1000 mA adds 277 uAh, so that the 37th passes 310.
 TEST_F(Chargemon, WithoutDischargeTheTargetItselfEndsCharging)
 {
-    cfg.target_cap = 31;
-    cfg.charge_time_limit = 37'000; // the target comes first
+    cfg.target_percent = 31;
+    cfg.charge_time_limit_ms = 37'000; // the target comes first
     start();
     ticks(37);
     EXPECT_EQ(log(76), "30%, 3700mV, 1000mA, 309mAh/310mAh\nEstimated time left 0h:0m:3s\n");
@@ -247,7 +247,7 @@ TEST_F(Chargemon, TheBordersOfThePercents)
 TEST_F(Chargemon, OnlyFourBadTicksInARowAreTooMany)
 {
     use_preset();
-    cfg.simple_current = 800;
+    cfg.simple_ma = 800;
     charger = CHARGER_SIMPLE;
     percents = {40, 30, 35, 30};
     ma = -100;
@@ -277,8 +277,8 @@ TEST_F(Chargemon, OnlyFourBadTicksInARowAreTooMany)
 TEST_F(Chargemon, ATargetThatIsReachedWaitsForTheLeastTime)
 {
     use_preset();
-    cfg.target_cap = 30;
-    cfg.min_charge_time = 5'000;
+    cfg.target_percent = 30;
+    cfg.min_charge_time_ms = 5'000;
     start();
     ticks(5);
     EXPECT_TRUE(log().find("discharge") == std::string::npos);
@@ -301,13 +301,13 @@ TEST_F(Chargemon, ThePresetStandsUnderWhatIsGiven)
 {
     chargemon_cfg given{};
     given.preset = 6;
-    given.target_cap = 70;
-    given.recharge_voltage = 4000; // which no preset takes
+    given.target_percent = 70;
+    given.recharge_mv = 4000; // which no preset takes
     chargemon_set_cfg(&given);
-    EXPECT_EQ(chargemon_get_cfg()->target_cap, 70);
-    EXPECT_EQ(chargemon_get_cfg()->recharge_cap, 58);
-    EXPECT_EQ(chargemon_get_cfg()->capacity, 2380U);
-    EXPECT_EQ(chargemon_get_cfg()->recharge_voltage, 0U);
+    EXPECT_EQ(chargemon_get_cfg()->target_percent, 70);
+    EXPECT_EQ(chargemon_get_cfg()->recharge_percent, 58);
+    EXPECT_EQ(chargemon_get_cfg()->capacity_mah, 2380U);
+    EXPECT_EQ(chargemon_get_cfg()->recharge_mv, 0U);
 }
 
 } // namespace

@@ -18,7 +18,7 @@ enum { evt_go = 1, evt_refuse, evt_go_bare };
 
 std::string code_name(int code)
 {
-    return code == fsm_msg_entry ? "entry" : code == fsm_msg_exit ? "exit" : std::to_string(code);
+    return code == FSM_MSG_ENTRY ? "entry" : code == FSM_MSG_EXIT ? "exit" : std::to_string(code);
 }
 
 int toggle(fsm* p_me, const fsm_event* p_evt, const fsm_state* p_other, const char* name)

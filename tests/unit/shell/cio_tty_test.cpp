@@ -16,8 +16,8 @@
 
 namespace {
 
-constexpr tcflag_t IN_OFF = ICRNL | IXON | IXOFF;
-constexpr tcflag_t LOCAL_OFF = ICANON | ECHO | ISIG;
+constexpr tcflag_t in_off = ICRNL | IXON | IXOFF;
+constexpr tcflag_t local_off = ICANON | ECHO | ISIG;
 
 // A terminal whose program's end lies at `path`: the station's end.
 int cooked_port(const std::string& path, termios* p_before)
@@ -28,9 +28,9 @@ int cooked_port(const std::string& path, termios* p_before)
     unlink(path.c_str());
     EXPECT_EQ(symlink(ptsname(station), path.c_str()), 0);
     EXPECT_EQ(ioctl(station, TCGETS, p_before), 0);
-    p_before->c_iflag |= IN_OFF | BRKINT;
+    p_before->c_iflag |= in_off | BRKINT;
     EXPECT_EQ(ioctl(station, TCSETS, p_before), 0);
-    EXPECT_TRUE((p_before->c_oflag & OPOST) != 0 && (p_before->c_lflag & LOCAL_OFF) == LOCAL_OFF);
+    EXPECT_TRUE((p_before->c_oflag & OPOST) != 0 && (p_before->c_lflag & local_off) == local_off);
     return station;
 }
 
@@ -65,9 +65,9 @@ TEST(CioTty, APortThatStartsCookedIsMadeRawAlsoWhenItComesBack)
     cio_init(&console, nullptr, 64, "test", "tty", &config, nullptr);
     cio_start(&console);
     ASSERT_EQ(ioctl(first, TCGETS, &raw), 0);
-    EXPECT_EQ(raw.c_iflag, before.c_iflag & ~IN_OFF);
+    EXPECT_EQ(raw.c_iflag, before.c_iflag & ~in_off);
     EXPECT_EQ(raw.c_oflag, before.c_oflag & ~static_cast<tcflag_t>(OPOST));
-    EXPECT_EQ(raw.c_lflag, before.c_lflag & ~LOCAL_OFF);
+    EXPECT_EQ(raw.c_lflag, before.c_lflag & ~local_off);
     EXPECT_EQ(raw.c_cflag & 0x100F, 0x100Du);
     expect_raw(&console, first);
     const int second = cooked_port(path, &before);

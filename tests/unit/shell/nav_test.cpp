@@ -77,6 +77,11 @@ constexpr value_row value_rows[] = {
     { "sixteen values",  "%v,%v", "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16", "",
                          "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16"                           },
     { "seventeen",       "%v,%v", "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17", "", "syntax" },
+    { "a used-up format reads all that it can say", "%v,%v",
+                         "1,2,0x3,R0,-5,,7,12x8,4294967305,08", "", "1 2 3 0 -5 0 7 8 9 8"           },
+    { "a letter behind a number in it", "%v,%v", "1,2,3a,4",      "",   "syntax"      },
+    { "another separator in it",        "%v,%v", "1,2,3;4",       "",   "syntax"      },
+    { "another directive in it",        "%d,%v,%x", "1,2,a,b,c",  "",   "1 2 10 11 12" },
 };
 // clang-format on
 

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::string_view vmrk_mark = "@(#) ";
+constexpr std::string_view VMRK_MARK = "@(#) ";
 
 std::string_view rev_text(const char* id)
 {
@@ -20,7 +20,7 @@ int do_qat_qatv(int id, int action, int, const dcp_word*)
     if (action == DCP_ACTION_TEST)
         return dcp_answer(id, "qatv", "QAT version", DCP_OK);
     std::string_view vmrk = rev_text("vmrk_rev");
-    vmrk.remove_prefix(vmrk.size() < vmrk_mark.size() ? vmrk.size() : vmrk_mark.size());
+    vmrk.remove_prefix(vmrk.size() < VMRK_MARK.size() ? vmrk.size() : VMRK_MARK.size());
     dcp_printf(id, "qatv", "%s, %s", rev_text("space_num").data(), vmrk.data());
     return DCP_OK;
 }

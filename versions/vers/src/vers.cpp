@@ -4,12 +4,13 @@
 #include <cstdio>
 #include <iterator>
 
+#include "callout/callout.h"
 #include "check/check.h"
 #include "rev/rev.h"
 
 namespace {
 
-constexpr const char* no_vers = "No version info available";
+constexpr const char* NO_VERS = "No version info available";
 
 vers_fn vers_co_lst[VERS_TYPE_LAST];
 char vers_qat[256];
@@ -43,7 +44,7 @@ void vers_init()
 const char* vers_get(int type, void* arg)
 {
     HVT_CHECK(is_type(type));
-    return vers_co_lst[type] != nullptr ? vers_co_lst[type](arg) : no_vers;
+    return callout(vers_co_lst[type], NO_VERS, arg);
 }
 
 void vers_co_attach(int type, vers_fn fn)

@@ -2,26 +2,21 @@
 
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
 
 #include "ftm_linux/ftm_linux.h"
+#include "heap/heap.h"
 #include "vers/vers.h"
 
 namespace {
 
-constexpr std::uint8_t build_id_request = 0x7C;
-constexpr std::uint32_t build_id_at_text = 12;
-constexpr std::size_t build_id_room = 100;
+constexpr std::uint8_t BUILD_ID_REQUEST = 0x7C;
+constexpr std::uint32_t BUILD_ID_AT_TEXT = 12;
+constexpr std::size_t BUILD_ID_ROOM = 100;
 
-constexpr std::uint8_t version_request = 0x00;
-constexpr std::uint32_t version_at_text = 1;
-constexpr std::size_t version_room = 20;
-
-struct reply_free {
-    void operator()(char* p) const { std::free(p); }
-};
+constexpr std::uint8_t VERSION_REQUEST = 0x00;
+constexpr std::uint32_t VERSION_AT_TEXT = 1;
+constexpr std::size_t VERSION_ROOM = 20;
 
 char amss_rev[256];
 
@@ -38,16 +33,16 @@ const char* ask(std::uint8_t request, char* reply, std::uint32_t offset)
 const char* vers_amss_get(void*)
 {
     amss_rev[0] = '\0';
-    const std::unique_ptr<char, reply_free> reply(static_cast<char*>(std::malloc(FTM_MAX_RESP_LEN)));
+    const auto reply = heap_alloc<char>(FTM_MAX_RESP_LEN);
     if (reply == nullptr || ftm_active() == 0)
         return amss_rev;
-    const char* text = ask(build_id_request, reply.get(), build_id_at_text);
+    const char* text = ask(BUILD_ID_REQUEST, reply.get(), BUILD_ID_AT_TEXT);
     if (text == nullptr)
         return amss_rev;
-    std::snprintf(amss_rev, build_id_room, "%s,", text);
-    text = ask(version_request, reply.get(), version_at_text);
+    std::snprintf(amss_rev, BUILD_ID_ROOM, "%s,", text);
+    text = ask(VERSION_REQUEST, reply.get(), VERSION_AT_TEXT);
     if (text != nullptr)
-        std::snprintf(amss_rev + std::strlen(amss_rev), version_room, "%s", text);
+        std::snprintf(amss_rev + std::strlen(amss_rev), VERSION_ROOM, "%s", text);
     return amss_rev;
 }
 
