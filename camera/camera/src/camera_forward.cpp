@@ -2,6 +2,7 @@
 #include "camera/camera.h"
 
 #include "camera/camera_tests.h"
+#include "callout/callout.h"
 #include "camera_inner.h"
 
 namespace {
@@ -9,13 +10,6 @@ namespace {
 constexpr int NOT_SUPPORTED = -1;
 
 int flash_on;
-
-// Calls an entry of the table, or gives `otherwise` when the driver has none.
-template <typename Result, typename... Args, typename... Values>
-Result call(Result (*fn)(Args...), Result otherwise, Values... values)
-{
-    return fn != nullptr ? fn(values...) : otherwise;
-}
 
 // The driver's result as 1 or 0.
 int done(int result)
@@ -27,77 +21,77 @@ int done(int result)
 
 int camera_start_autofocus()
 {
-    return done(call(camera_me.co.start_autofocus, 0));
+    return done(callout(camera_me.co.start_autofocus, 0));
 }
 
 int camera_stop_autofocus()
 {
-    return done(call(camera_me.co.stop_autofocus, 0));
+    return done(callout(camera_me.co.stop_autofocus, 0));
 }
 
 int camera_get_autofocus_status()
 {
-    return call(camera_me.co.get_autofocus_status, CAMERA_FOCUS_NONE);
+    return callout(camera_me.co.get_autofocus_status, CAMERA_FOCUS_NONE);
 }
 
 int camera_test_pattern(std::int32_t pattern)
 {
-    return call(camera_me.co.test_pattern, NOT_SUPPORTED, pattern);
+    return callout(camera_me.co.test_pattern, NOT_SUPPORTED, pattern);
 }
 
 int camera_load_firmware(const char* path)
 {
-    return done(call(camera_me.co.load_firmware, 0, path));
+    return done(callout(camera_me.co.load_firmware, 0, path));
 }
 
 std::uint32_t camera_get_firmware_version()
 {
-    return call(camera_me.co.get_firmware_version, 0u);
+    return callout(camera_me.co.get_firmware_version, 0);
 }
 
 std::uint32_t camera_get_isp_version()
 {
-    return call(camera_me.co.get_isp_version, 0u);
+    return callout(camera_me.co.get_isp_version, 0);
 }
 
 int camera_get_calibration_settings(void* p_settings)
 {
-    return call(camera_me.co.get_calibration_settings, NOT_SUPPORTED, p_settings);
+    return callout(camera_me.co.get_calibration_settings, NOT_SUPPORTED, p_settings);
 }
 
 int camera_set_calibration_settings(const void* p_settings)
 {
-    return call(camera_me.co.set_calibration_settings, NOT_SUPPORTED, p_settings);
+    return callout(camera_me.co.set_calibration_settings, NOT_SUPPORTED, p_settings);
 }
 
 int camera_get_current_shutter_speed()
 {
-    return call(camera_me.co.get_current_shutter_speed, NOT_SUPPORTED);
+    return callout(camera_me.co.get_current_shutter_speed, NOT_SUPPORTED);
 }
 
 int camera_read_luminance(std::uint8_t channel, std::uint32_t* p_value)
 {
-    return camera_me.current == 0 ? 0 : call(camera_me.co.read_luminance, NOT_SUPPORTED, channel, p_value);
+    return camera_me.current == 0 ? 0 : callout(camera_me.co.read_luminance, NOT_SUPPORTED, channel, p_value);
 }
 
 int camera_read_rgby(std::uint32_t* p_four)
 {
-    return camera_me.current == 0 ? 0 : done(call(camera_me.co.read_rgby, 0, p_four));
+    return camera_me.current == 0 ? 0 : done(callout(camera_me.co.read_rgby, 0, p_four));
 }
 
 std::uint32_t camera_get_eeprom_size()
 {
-    return call(camera_me.co.get_eeprom_size, 0u);
+    return callout(camera_me.co.get_eeprom_size, 0);
 }
 
 int camera_read_eeprom(std::uint32_t* p_length, std::uint8_t* buf)
 {
-    return done(call(camera_me.co.read_eeprom, 0, p_length, buf));
+    return done(callout(camera_me.co.read_eeprom, 0, p_length, buf));
 }
 
 int camera_check_eeprom()
 {
-    return call(camera_me.co.check_eeprom, NOT_SUPPORTED);
+    return callout(camera_me.co.check_eeprom, NOT_SUPPORTED);
 }
 
 void camera_set_ae_wb_window(std::uint32_t x, std::uint32_t y, std::uint32_t width, std::uint32_t height)

@@ -1,21 +1,18 @@
 // What the files of this module share: the state of the life cycle, and memory of the C heap with its owner.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 
 #include "camera/camera.h"
+#include "heap/heap.h"
 
-struct camera_free {
-    void operator()(void* p) const { std::free(p); }
-};
-using camera_bytes = std::unique_ptr<std::uint8_t[], camera_free>;
+using camera_bytes = heap_ptr<std::uint8_t>;
 
-// Null when there is no memory; never null for 0 bytes otherwise.
+// `size` bytes, null when there is no memory; never null for 0 bytes otherwise.
 inline camera_bytes camera_alloc(std::size_t size)
 {
-    return camera_bytes(static_cast<std::uint8_t*>(std::malloc(size > 0 ? size : 1)));
+    return heap_alloc<std::uint8_t>(size > 0 ? size : 1);
 }
 
 struct camera_state {
