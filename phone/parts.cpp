@@ -9,8 +9,10 @@
 #include "board/spmi.h"
 #include "core/clock.h"
 #include "core/conf.h"
+#include "core/control.h"
 #include "core/files.h"
 #include "core/log.h"
+#include "core/toolbox.h"
 #include "core/uevents.h"
 #include "core/watch.h"
 #include "diag/diag.h"
@@ -24,6 +26,11 @@
 #include "runtime/insmod.h"
 #include "runtime/kmsg.h"
 #include "runtime/tools.h"
+#include "sensors/ak8963.h"
+#include "sensors/apds9930.h"
+#include "sensors/bmi055.h"
+#include "sensors/motor.h"
+#include "sensors/surroundings.h"
 #include "shell/port.h"
 #include "shell/usb_state.h"
 #include "store/card.h"
@@ -38,10 +45,12 @@ namespace {
 constexpr phone_part parts[] = {
     // name     attach           seed              start
     { "log",    log_attach,      nullptr,          nullptr },
+    { "control", control_attach, nullptr,          nullptr },
     { "files",  files_attach,    nullptr,          nullptr },
     { "clock",  clock_words_attach, nullptr,       nullptr },
     { "watch",  watch_attach,    nullptr,          nullptr },
     { "conf",   conf_attach,     nullptr,          nullptr },
+    { "shell",  toolbox_attach,  nullptr,          nullptr },
     { "tools",  tools_attach,    nullptr,          nullptr },
     { "uevent", uevents_attach,  nullptr,          nullptr },
     { "kmsg",   kmsg_attach,     nullptr,          nullptr },
@@ -65,6 +74,11 @@ constexpr phone_part parts[] = {
     { "fb",     framebuffer_attach, nullptr,       framebuffer_start },
     { "panel",  panel_attach,    panel_seed,       nullptr },
     { "card",   card_attach,     nullptr,          card_start },
+    { "truth",  surroundings_attach, nullptr,      surroundings_start },
+    { "motor",  motor_attach,    motor_seed,       motor_start },
+    { "bmi055", bmi055_attach,   nullptr,          nullptr },
+    { "ak8963", ak8963_attach,   nullptr,          nullptr },
+    { "apds",   apds9930_attach, nullptr,          nullptr },
 };
 // clang-format on
 

@@ -48,6 +48,38 @@ local battery = menu.page("Battery", {
     { "No charge", "scct=0" },
 })
 
+-- Starts a sensor and shows what it reads.
+local function sensor(start, command)
+    return function()
+        qat(start)
+        menu.run(command)
+    end
+end
+
+-- A self test ends with the chip reset: it is started anew behind it.
+local function self_test(name)
+    return function()
+        qat(name .. "=1")
+        menu.run(name .. "=5")
+        qat(name .. "=0")
+        qat(name .. "=1")
+    end
+end
+
+local sensors = menu.page("Sensors", {
+    { "Accel", sensor("acct=1", "acct=2") },
+    { "Samples", sensor("acct=1", "acct=10,8,0,5") },
+    { "Acc. test", self_test("acct") },
+    { "Gyro", sensor("gspt=1", "gspt=2") },
+    { "Gyro test", self_test("gspt") },
+    { "Compass", sensor("ecmt=1", "ecmt=2") },
+    { "Coil test", sensor("ecmt=1", "ecmt=5") },
+    { "Light", sensor("lsen=0", "lsen=3") },
+    { "Near", sensor("proxs=0", "proxs=3") },
+    { "Shake", "vibc=1" },
+    { "Be still", "vibc=0" },
+})
+
 local board = menu.page("Board", {
     { "Temp", "temp=0" },
     { "USB volts", "adcr=0x8" },
@@ -78,6 +110,7 @@ menu.start(menu.page("Hardware test", {
     { "Keys", function() menu.live() end },
     { "Lights", lights },
     { "Battery", battery },
+    { "Sensors", sensors },
     { "Board", board },
     { "System", system },
 }))

@@ -91,7 +91,8 @@ std::uint8_t chip_read(chip& c, std::uint8_t addr)
         unknown(c, "read", addr);
         return 0;
     }
-    const std::uint8_t value = chip_look(c, addr);
+    const bool hidden = p_row->hidden != nullptr && p_row->hidden(c);
+    const std::uint8_t value = hidden ? 0 : chip_look(c, addr);
     if (p_row->after_read != nullptr)
         p_row->after_read(c);
     return value;

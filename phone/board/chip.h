@@ -25,6 +25,7 @@ struct reg_row {
     void (*before_read)(chip& c) = nullptr;                       // brings the register up to date
     void (*after_write)(chip& c, std::uint8_t written) = nullptr; // acts on a write
     void (*after_read)(chip& c) = nullptr;                        // a reading that clears or takes something
+    bool (*hidden)(const chip& c) = nullptr;                      // the bus reads 0; what is kept stays
 };
 
 // A line that has to have its level for the chip to have its supply.

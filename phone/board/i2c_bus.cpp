@@ -151,7 +151,25 @@ int i2c_ioctl(open_file& file, unsigned long request, void* arg)
     }
 }
 
-constexpr node i2c_node = {.ioctl = i2c_ioctl};
+// Of a transfer the address and the register with which it begins.
+std::string i2c_about(unsigned long request, const void* arg)
+{
+    if (request != I2C_RDWR)
+        return request == I2C_TIMEOUT ? "timeout" : "retries";
+    const auto* const p_data = static_cast<const i2c_rdwr_ioctl_data*>(arg);
+    if (p_data == nullptr || p_data->nmsgs == 0)
+        return "nothing";
+    const i2c_msg& first = p_data->msgs[0];
+    std::string text;
+    put_hex(text, first.addr);
+    if ((first.flags & I2C_M_RD) == 0 && first.len > 0) {
+        text += ' ';
+        put_hex(text, first.buf[0]);
+    }
+    return text;
+}
+
+constexpr node i2c_node = {.ioctl = i2c_ioctl, .about = i2c_about};
 
 std::string word_i2c(request& rq)
 {
@@ -208,6 +226,7 @@ void i2c_attach()
         i2c_put(p_model);
     for (const char* path : {"/dev/i2c-2", "/dev/i2c-4", "/dev/i2c-5", "/dev/i2c-10"})
         node_add(path, &i2c_node);
+    watch_target_add("i2c", {target_number::decimal, target_number::hex2, target_number::hex2});
     word_add("i2c", "BUS ADDR REG [VAL]",
              "reads or sets a register of a chip, past the bus: a look changes nothing, and what shows a "
              "truth can't be set",

@@ -126,6 +126,7 @@ std::string word_spmi(request& rq)
 void spmi_attach()
 {
     node_add(data_path, &data_node);
+    watch_target_add("spmi", {target_number::hex5});
     word_add("spmi", "ADDR [VAL]", "reads or sets a register of the power management chips", word_spmi);
 }
 

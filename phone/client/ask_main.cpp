@@ -1,22 +1,21 @@
 // hvt-ask: sends one request to a phone's control port and prints the answer.
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <string>
+#include <system_error>
 
 #include "client/control_client.h"
 
 namespace {
 
-// A word of the request. The phone may have another working folder, so a picture's path goes as a whole.
-std::string word(char** argv, int i)
+// Files that a request names lie on this desk, and the phone may have another working folder.
+bool tell_folder(int fd)
 {
-    const std::string text = argv[i];
-    const bool is_picture = i == 3 && std::strcmp(argv[2], "screen") == 0 && text.ends_with(".png");
     std::error_code error;
-    const std::string whole = is_picture ? std::filesystem::absolute(text, error).string() : text;
-    return error ? text : whole;
+    const std::string folder = std::filesystem::current_path(error).string();
+    std::string answer;
+    return error || folder.find('\n') != folder.npos || control_ask(fd, "from " + folder, answer);
 }
 
 } // namespace
@@ -34,9 +33,9 @@ int main(int argc, char** argv)
     }
     std::string line;
     for (int i = 2; i < argc; i++)
-        line += (i > 2 ? " " : "") + word(argv, i);
+        line += (i > 2 ? " " : "") + std::string(argv[i]);
     std::string answer;
-    const bool done = control_ask(fd, line, answer);
+    const bool done = tell_folder(fd) && control_ask(fd, line, answer);
     if (!done)
         std::fprintf(stderr, "error: %s\n", answer.c_str());
     else if (!answer.empty())

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <ctime>
 #include <functional>
+#include <mutex>
 #include <poll.h>
 #include <sys/select.h>
 
@@ -25,6 +26,17 @@ void clock_sleep_until(nanoseconds deadline);
 int clock_poll(pollfd* fds, nfds_t count, nanoseconds timeout);
 int clock_select(int nfds, fd_set* rd, fd_set* wr, fd_set* ex, nanoseconds timeout);
 
+// Blocks, with the mutex of `lock` free, until somebody wakes `p_cond` (true) or the monotonic clock reaches
+// `deadline` (false). Who is woken counts as at work from then on.
+bool clock_cond_wait(const void* p_cond, std::unique_lock<std::mutex>& lock, nanoseconds deadline);
+void clock_cond_wake(const void* p_cond);
+
+// For a thread that waits inside a library, where the clock doesn't see it: from the first call to the second
+// it is at rest while none of the descriptors is ready, and at work once one is. What a wait lasts is up to
+// who makes a descriptor ready, by a timer of this clock. Any other wait of the thread ends it too.
+void clock_library_waits(const pollfd* fds, nfds_t count);
+void clock_library_goes_on();
+
 // Wakes every blocked thread, so that it looks at its descriptors and at the time again.
 void clock_kick();
 
@@ -41,6 +53,9 @@ bool clock_timer_delete(int timer);
 // A thread of the phone's own whose work counts as the phone's work: `body` runs with the thread known to the
 // clock, and blocks only through the calls above.
 void clock_thread(std::function<void()> body);
+
+// Whether the calling thread runs an expiry.
+bool clock_in_expiry();
 
 // True once the program's main loop has waited for input for the first time.
 bool clock_loop_runs();

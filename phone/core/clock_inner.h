@@ -3,7 +3,9 @@
 // clock_mutex.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <set>
 #include <sys/types.h>
@@ -23,11 +25,15 @@ nanoseconds now_locked();
 // How long the host waits for `deadline`; forever while the clock stands before it.
 nanoseconds host_time_to_locked(nanoseconds deadline);
 
-// A thread that is blocked: until when, and the eventfd that wakes it before.
+// A thread that is blocked: until when, the eventfd that wakes it before, and what it waits for.
 struct waiter {
     nanoseconds deadline;
-    int kick_fd;
-    bool counted; // a step has already counted it as at work again
+    std::function<bool()> ready = {}; // whether its input is there; may be empty
+    const void* p_cond = nullptr;     // the condition that it waits for
+    std::atomic<bool> woken = false;  // by that
+    int kick_fd = -1;
+    pid_t tid = 0;
+    bool counted = false; // it has been counted as at work again, before it has noticed
 };
 extern std::vector<waiter*> waiters;
 
@@ -36,8 +42,13 @@ struct thread_mark {
     int kick_fd;
     pid_t tid;
     bool is_main = false;
-    bool known = false;   // its work is counted
-    bool blocked = false; // in one of the waits
+    bool is_worker = false;  // runs expiries
+    bool known = false;      // its work is counted
+    bool blocked = false;    // in one of the waits
+    int overruns = 0;        // how often a step has gone on without it since its last wait
+    bool given_up = false;   // so often that its work doesn't count until its next wait
+    waiter library{forever}; // while it waits inside a library
+    bool in_library = false;
 
     thread_mark();
     ~thread_mark();
@@ -45,8 +56,16 @@ struct thread_mark {
     // Counts the thread's work, if that isn't done yet; `counted`: the number has it already.
     void enter_locked(bool counted);
     void leave_locked();
+
+    // A step has gone on without it; and it has reached a wait.
+    void overrun_locked();
+    void take_back_locked();
 };
 thread_mark& own_mark();
+
+// A thread begins or ends a wait.
+void begin_wait_locked(thread_mark& mark, waiter& w);
+void end_wait_locked(thread_mark& mark, waiter& w);
 
 extern int at_work; // threads that aren't blocked, and expiries that are counted and wait for a thread
 
@@ -54,12 +73,16 @@ extern int at_work; // threads that aren't blocked, and expiries that are counte
 void work_changed_locked();
 
 // Waits until no other thread is at work and the loop has nothing to read. Threads that wait for something
-// the clock can't see don't count, nor one that has worked for 200 ms without a wait; but it may have to wait
-// for a busy processor as long as it likes, up to a minute.
+// the clock can't see don't count, nor one that has worked for 200 ms without a wait, and after five times
+// that it isn't waited for at all; but it may have to wait for a busy processor as long as it likes, up to a
+// minute.
 void come_to_rest(std::unique_lock<std::mutex>& lock);
 
 // Makes every blocked thread look again.
 void kick_locked();
+
+// The threads beside the loop that wait for what is there already: they are about to work.
+std::set<pid_t> ready_locked();
 
 // The loop waits, and what it waits for is there, or isn't there.
 bool loop_has_input_locked();

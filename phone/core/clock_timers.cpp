@@ -101,6 +101,7 @@ void worker_loop()
 {
     std::unique_lock lock(clock_mutex);
     workers.insert(gettid());
+    own_mark().is_worker = true;
     idle_workers--;
     for (;;) {
         const expiry fire = take_due_locked();
@@ -176,6 +177,11 @@ void clock_inner::start_workers()
     }
     const std::lock_guard lock(clock_mutex);
     add_worker_locked();
+}
+
+bool clock_in_expiry()
+{
+    return own_mark().is_worker;
 }
 
 int clock_timer_create(std::function<void()> fire)

@@ -23,6 +23,12 @@ struct {
 
 std::atomic<unsigned> descriptor_changes;
 
+void kick(const waiter& w)
+{
+    const std::uint64_t one = 1;
+    [[maybe_unused]] const ssize_t n = ::write(w.kick_fd, &one, sizeof one);
+}
+
 // What select is asked for, and what it has found; the descriptors to read, to write, and exceptions.
 struct select_sets {
     int nfds;
@@ -36,37 +42,50 @@ void take_kick()
     [[maybe_unused]] const ssize_t n = ::read(own_mark().kick_fd, &kicks, sizeof kicks);
 }
 
-// Blocks with `wait_host(timeout)` until it gives a result other than 0, or the deadline comes. wait_host
-// waits for the thread's kick_fd too, takes a kick, and gives 0 when only that, or its time-out, ended it.
-// `p_loop`: what the main loop waits for, if it is that.
+// Blocks with `wait_host(timeout)` until it gives a result other than 0, or the waiter's deadline comes.
+// wait_host waits for the thread's kick_fd too, takes a kick, and gives 0 when only that, or its time-out,
+// ended it. `p_loop`: what the main loop waits for, if it is that.
 template <typename Wait>
-int block(nanoseconds deadline, const select_sets* p_loop, Wait wait_host)
+int block(waiter& w, const select_sets* p_loop, Wait wait_host)
 {
-    thread_mark& mark = own_mark();
-    waiter w{deadline, mark.kick_fd, false};
+    clock_library_goes_on();
     std::unique_lock lock(clock_mutex);
     if (p_loop != nullptr)
         loop = {true, true, p_loop->nfds, p_loop->wanted[0]};
-    mark.enter_locked(false); // perhaps a thread of the program that the clock meets for the first time
-    waiters.push_back(&w);
-    mark.blocked = true;
-    at_work--;
-    work_changed_locked();
+    begin_wait_locked(own_mark(), w);
     int result;
     do {
-        const nanoseconds timeout = host_time_to_locked(deadline);
+        const nanoseconds timeout = host_time_to_locked(w.deadline);
         lock.unlock();
         result = wait_host(timeout);
         lock.lock();
-    } while (result == 0 && (deadline == forever || now_locked() < deadline));
-    if (!w.counted)
-        at_work++;
-    mark.blocked = false;
+    } while (result == 0 && (w.deadline == forever || now_locked() < w.deadline));
     if (p_loop != nullptr)
         loop.waits = false;
-    work_changed_locked();
-    std::erase(waiters, &w);
+    end_wait_locked(own_mark(), w);
     return result;
+}
+
+// Waits for a kick alone.
+void wait_for_kick(nanoseconds timeout)
+{
+    pollfd fd{own_mark().kick_fd, POLLIN, 0};
+    const timespec t = to_timespec(timeout);
+    if (::ppoll(&fd, 1, timeout == forever ? nullptr : &t, nullptr) > 0)
+        take_kick();
+}
+
+bool any_ready(std::vector<pollfd> fds)
+{
+    return ::poll(fds.data(), fds.size(), 0) > 0;
+}
+
+bool any_ready(const select_sets& sets)
+{
+    fd_set found[3];
+    std::copy(std::begin(sets.wanted), std::end(sets.wanted), std::begin(found));
+    timeval none{};
+    return ::select(sets.nfds, &found[0], &found[1], &found[2], &none) > 0;
 }
 
 // select with the thread's kick_fd beside the descriptors that are wanted.
@@ -111,10 +130,8 @@ std::vector<waiter*> clock_inner::waiters;
 
 void clock_inner::kick_locked()
 {
-    for (const waiter* w : waiters) {
-        const std::uint64_t one = 1;
-        [[maybe_unused]] const ssize_t n = ::write(w->kick_fd, &one, sizeof one);
-    }
+    for (const waiter* w : waiters)
+        kick(*w);
 }
 
 bool clock_inner::loop_idle_locked()
@@ -131,15 +148,93 @@ bool clock_inner::loop_has_input_locked()
     return loop.waits && !loop_idle_locked();
 }
 
+std::set<pid_t> clock_inner::ready_locked()
+{
+    std::set<pid_t> tids;
+    for (const waiter* w : waiters)
+        if (!w->counted && w->ready && w->ready())
+            tids.insert(w->tid);
+    return tids;
+}
+
+void clock_inner::begin_wait_locked(thread_mark& mark, waiter& w)
+{
+    mark.take_back_locked();
+    mark.enter_locked(false); // perhaps a thread of the program that the clock meets for the first time
+    w.kick_fd = mark.kick_fd;
+    w.tid = mark.tid;
+    w.counted = false;
+    waiters.push_back(&w);
+    mark.blocked = true;
+    at_work--;
+    work_changed_locked();
+}
+
+void clock_inner::end_wait_locked(thread_mark& mark, waiter& w)
+{
+    if (!w.counted)
+        at_work++;
+    mark.blocked = false;
+    std::erase(waiters, &w);
+    work_changed_locked();
+}
+
 void clock_sleep_until(nanoseconds deadline)
 {
-    block(deadline, nullptr, [](nanoseconds timeout) {
-        pollfd fd{own_mark().kick_fd, POLLIN, 0};
-        const timespec t = to_timespec(timeout);
-        if (::ppoll(&fd, 1, timeout == forever ? nullptr : &t, nullptr) > 0)
-            take_kick();
+    waiter w{deadline};
+    block(w, nullptr, [](nanoseconds timeout) {
+        wait_for_kick(timeout);
         return 0;
     });
+}
+
+bool clock_cond_wait(const void* p_cond, std::unique_lock<std::mutex>& lock, nanoseconds deadline)
+{
+    waiter w{deadline};
+    w.p_cond = p_cond;
+    // The clock knows of the wait before the mutex is free: no wake is lost.
+    block(w, nullptr, [&](nanoseconds timeout) {
+        if (lock.owns_lock())
+            lock.unlock();
+        wait_for_kick(timeout);
+        return w.woken ? 1 : 0;
+    });
+    lock.lock();
+    return w.woken;
+}
+
+void clock_cond_wake(const void* p_cond)
+{
+    const std::lock_guard lock(clock_mutex);
+    for (waiter* w : waiters) {
+        if (w->p_cond != p_cond || w->woken)
+            continue;
+        w->woken = true;
+        if (!w->counted)
+            at_work++;
+        w->counted = true;
+        kick(*w);
+    }
+}
+
+void clock_library_waits(const pollfd* fds, nfds_t count)
+{
+    clock_library_goes_on();
+    thread_mark& mark = own_mark();
+    const std::lock_guard lock(clock_mutex);
+    mark.in_library = true;
+    mark.library.ready = [all = std::vector<pollfd>(fds, fds + count)] { return any_ready(all); };
+    begin_wait_locked(mark, mark.library);
+}
+
+void clock_library_goes_on()
+{
+    thread_mark& mark = own_mark();
+    if (!mark.in_library)
+        return;
+    const std::lock_guard lock(clock_mutex);
+    mark.in_library = false;
+    end_wait_locked(mark, mark.library);
 }
 
 int clock_poll(pollfd* fds, nfds_t count, nanoseconds timeout)
@@ -148,8 +243,9 @@ int clock_poll(pollfd* fds, nfds_t count, nanoseconds timeout)
         return ::poll(fds, count, 0);
     std::vector<pollfd> all(fds, fds + count);
     all.push_back({own_mark().kick_fd, POLLIN, 0});
-    const nanoseconds deadline = timeout == forever ? forever : clock_now(CLOCK_MONOTONIC) + timeout;
-    return block(deadline, nullptr, [&](nanoseconds host) {
+    waiter w{timeout == forever ? forever : clock_now(CLOCK_MONOTONIC) + timeout};
+    w.ready = [asked = std::vector<pollfd>(fds, fds + count)] { return any_ready(asked); };
+    return block(w, nullptr, [&](nanoseconds host) {
         const timespec t = to_timespec(host);
         int n = ::ppoll(all.data(), all.size(), host == forever ? nullptr : &t, nullptr);
         if (n > 0 && all.back().revents != 0) {
@@ -172,8 +268,10 @@ int clock_select(int nfds, fd_set* rd, fd_set* wr, fd_set* ex, nanoseconds timeo
             sets.wanted[i] = *given[i];
     const bool is_loop = timeout == forever && own_mark().is_main;
     const bool keep = is_loop && wr == nullptr && ex == nullptr;
-    const nanoseconds deadline = timeout == forever ? forever : clock_now(CLOCK_MONOTONIC) + timeout;
-    const int result = block(deadline, is_loop ? &sets : nullptr, [&](nanoseconds host) {
+    waiter w{timeout == forever ? forever : clock_now(CLOCK_MONOTONIC) + timeout};
+    if (!is_loop)
+        w.ready = [&sets] { return any_ready(sets); };
+    const int result = block(w, is_loop ? &sets : nullptr, [&](nanoseconds host) {
         return without_kick(sets, keep ? loop_select_or_kick(sets) : select_or_kick(sets, host));
     });
     for (int i = 0; i < 3 && result >= 0; i++) {

@@ -18,7 +18,7 @@ namespace {
 std::condition_variable work_changed;
 int watchers;           // threads that wait for work_changed
 std::uint64_t activity; // grows with every block and wake, so that a stuck worker can be told from a busy one
-std::vector<const thread_mark*> known_threads;
+std::vector<thread_mark*> known_threads;
 
 std::cv_status wait_for_change(std::unique_lock<std::mutex>& lock, std::chrono::microseconds limit)
 {
@@ -33,9 +33,16 @@ std::set<pid_t> working_locked()
 {
     std::set<pid_t> tids;
     for (const thread_mark* p : known_threads)
-        if (!p->blocked && p != &own_mark())
+        if (!p->blocked && !p->given_up && p != &own_mark())
             tids.insert(p->tid);
     return tids;
+}
+
+void go_on_without_locked(const std::set<pid_t>& tids)
+{
+    for (thread_mark* p : known_threads)
+        if (tids.contains(p->tid) && !p->blocked && !p->given_up)
+            p->overrun_locked();
 }
 
 // The threads that the clock doesn't know, or that wait for something that it can't see: those of the program
@@ -63,6 +70,8 @@ thread_mark::~thread_mark()
 {
     if (known) {
         const std::lock_guard lock(clock_mutex);
+        if (in_library)
+            end_wait_locked(*this, library);
         leave_locked();
     }
     close(kick_fd);
@@ -77,8 +86,23 @@ void thread_mark::enter_locked(bool counted)
     at_work += counted ? 0 : 1;
 }
 
+void thread_mark::overrun_locked()
+{
+    constexpr int most = 5;
+    given_up = ++overruns == most;
+    at_work -= given_up ? 1 : 0;
+}
+
+void thread_mark::take_back_locked()
+{
+    at_work += given_up ? 1 : 0;
+    given_up = false;
+    overruns = 0;
+}
+
 void thread_mark::leave_locked()
 {
+    take_back_locked();
     known = false;
     std::erase(known_threads, this);
     at_work--;
@@ -104,20 +128,28 @@ void clock_inner::come_to_rest(std::unique_lock<std::mutex>& lock)
     const auto bound = std::chrono::steady_clock::now() + std::chrono::seconds(60);
     threads_look look;
     std::uint64_t seen = activity;
-    const int own = own_mark().known ? 1 : 0;
-    while (at_work > own || loop_has_input_locked()) {
-        const auto woken = wait_for_change(lock, std::chrono::microseconds(at_work > own ? 500 : 50));
-        if (woken != std::cv_status::timeout || at_work <= own)
+    const int own = own_mark().known && !own_mark().given_up ? 1 : 0;
+    for (;;) {
+        const bool works = at_work > own || !ready_locked().empty();
+        if (!works && !loop_has_input_locked())
+            return;
+        const auto woken = wait_for_change(lock, std::chrono::microseconds(works ? 500 : 50));
+        if (woken != std::cv_status::timeout || !works)
             continue;
         if (activity != seen)
             look.first.clear();
         seen = activity;
-        const std::set<pid_t> tids = working_locked();
-        const bool asleep = look.asleep(tids) && static_cast<int>(tids.size()) == at_work - own;
+        // Who sleeps on although his input is there waits for something else.
+        std::set<pid_t> tids = ready_locked();
+        const int expected = at_work - own + static_cast<int>(tids.size());
+        tids.merge(working_locked());
+        const bool asleep = look.asleep(tids) && static_cast<int>(tids.size()) == expected;
         if (asleep && !loop_has_input_locked())
             return;
-        if (look.run_ns > most_run_ns || std::chrono::steady_clock::now() > bound)
+        if (look.run_ns > most_run_ns || std::chrono::steady_clock::now() > bound) {
+            go_on_without_locked(tids);
             return;
+        }
     }
 }
 
@@ -143,7 +175,7 @@ bool clock_settle()
     threads_look look;
     std::unique_lock lock(clock_mutex);
     for (;;) {
-        if (loop_idle_locked()) {
+        if (loop_idle_locked() && ready_locked().empty()) {
             if (look.asleep(others_locked()) || look.run_ns > most_run_ns)
                 return true;
         }

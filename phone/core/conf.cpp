@@ -10,6 +10,7 @@
 #include "core/control.h"
 #include "core/files.h"
 #include "core/home.h"
+#include "core/libraries.h"
 #include "core/text.h"
 
 namespace phone {
@@ -52,8 +53,10 @@ std::string read_line(int line, std::string_view text)
 
 std::string conf_without(const std::vector<std::string>& args)
 {
-    if (args.size() != 1 || args[0][0] != '/')
-        return "without wants one path";
+    if (args.size() != 1 || (args[0][0] != '/' && !args[0].ends_with(".so")))
+        return "without wants one path, or the bare name of a closed library";
+    if (args[0][0] != '/' && !libraries_has(args[0]))
+        return "no closed library has the name " + args[0];
     path_without(args[0]);
     return {};
 }

@@ -48,13 +48,14 @@ bool send_all(int fd, std::string_view text)
 void serve(int fd)
 {
     std::string pending;
+    std::string from;
     char part[4096];
     ssize_t n;
     while ((n = recv(fd, part, sizeof part, 0)) > 0) {
         pending.append(part, static_cast<std::size_t>(n));
         std::size_t end;
         while ((end = pending.find('\n')) != pending.npos) {
-            const std::string answer = control_request(std::string_view(pending).substr(0, end));
+            const std::string answer = control_request(std::string_view(pending).substr(0, end), &from);
             pending.erase(0, end + 1);
             if (!send_all(fd, answer))
                 break;
@@ -107,6 +108,16 @@ std::string list_words(request& rq)
     return rq.answer.empty() ? no_word(rq.args[0]) : "";
 }
 
+std::string word_from(request& rq)
+{
+    if (!rq.rest.starts_with('/'))
+        return "the whole path of a folder is wanted";
+    if (rq.p_from == nullptr)
+        return "only a connection has a folder";
+    *rq.p_from = rq.rest;
+    return {};
+}
+
 } // namespace
 
 void word_add(std::string_view name, std::string_view usage, std::string_view help, word_fn fn)
@@ -114,7 +125,15 @@ void word_add(std::string_view name, std::string_view usage, std::string_view he
     control_words.emplace(name, word{std::string(usage), std::string(help), fn});
 }
 
-std::string control_request(std::string_view line)
+std::string request_file(const request& rq, std::string_view file)
+{
+    if (file.starts_with('/'))
+        return std::string(file);
+    const bool named = rq.p_from != nullptr && !rq.p_from->empty();
+    return (named ? *rq.p_from + "/" : home_path("")) + std::string(file);
+}
+
+std::string control_request(std::string_view line, std::string* p_from)
 {
     line = trimmed(line);
     const std::string_view name = line.substr(0, line.find_first_of(" \t"));
@@ -122,6 +141,8 @@ std::string control_request(std::string_view line)
     if (found == control_words.end())
         return "error: " + no_word(name) + "\n";
     request rq;
+    rq.word = name;
+    rq.p_from = p_from;
     rq.rest = std::string(trimmed(line.substr(name.size())));
     rq.args = words(rq.rest);
     const std::string wrong = found->second.usage.empty() && !rq.args.empty()
@@ -132,9 +153,15 @@ std::string control_request(std::string_view line)
     return (rq.answer.empty() ? "" : rq.answer + "\n") + "ok\n";
 }
 
-std::string control_start()
+void control_attach()
 {
     word_add("help", "[WORD]", "lists the words of this build, or tells of one", list_words);
+    word_add("from", "FOLDER", "relative files of this connection's requests count from here, not from DIR",
+             word_from);
+}
+
+std::string control_start()
+{
     const std::string path = home_path("control");
     const int dir = open(home_path("").c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
     const int listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);

@@ -9,10 +9,16 @@
 namespace phone {
 
 struct request {
+    std::string word;              // the first
     std::vector<std::string> args; // the words behind the first
     std::string rest;              // the same as one text, blanks as given
     std::string answer;            // lines joined by line ends; an empty answer is "ok" alone
+    std::string* p_from = nullptr; // the folder that the connection's files count from (the word `from`)
 };
+
+// Where a file of the host lies that a request names: a relative one counts from the folder that the asker
+// has named, else from DIR.
+std::string request_file(const request& rq, std::string_view file);
 
 // Carries out a request; the result is empty, or why it can't be done.
 using word_fn = std::string (*)(request& rq);
@@ -22,7 +28,11 @@ using word_fn = std::string (*)(request& rq);
 void word_add(std::string_view name, std::string_view usage, std::string_view help, word_fn fn);
 
 // Carries out one request line; the result is what goes back, final line included.
-std::string control_request(std::string_view line);
+// `p_from`: the connection's folder for relative files, empty until it has named one.
+std::string control_request(std::string_view line, std::string* p_from = nullptr);
+
+// The words `help` and `from`.
+void control_attach();
 
 // Opens the port and serves it. The result is empty, or what is wrong.
 std::string control_start();

@@ -103,7 +103,7 @@ std::string word_files(request& rq)
 {
     const std::lock_guard lock(table_mutex);
     for (const auto& file : table)
-        if (file != nullptr)
+        if (file != nullptr && file->path.find(rq.rest) != std::string::npos)
             rq.answer += (rq.answer.empty() ? "" : "\n") + file->path;
     return {};
 }
@@ -241,9 +241,25 @@ ssize_t files_write(open_file* p_file, int fd, const void* buf, std::size_t size
     return ::write(fd, buf, size);
 }
 
+int files_enter(const std::shared_ptr<open_file>& file)
+{
+    enter(file);
+    return file->fd;
+}
+
+int files_enter(int fd, std::string_view name)
+{
+    auto file = std::make_shared<open_file>();
+    file->fd = fd;
+    file->path = name;
+    file->p_node = nullptr;
+    file->attribute = false;
+    return files_enter(file);
+}
+
 void files_attach()
 {
-    word_add("files", "", "what the program has open", word_files);
+    word_add("files", "[TEXT]", "what the program has open, or what of it has TEXT in its path", word_files);
 }
 
 bool node_exists(std::string_view path)

@@ -13,14 +13,16 @@
 namespace phone {
 
 struct node;
+struct socket_family;
 
 // An open descriptor of the program.
 struct open_file {
     int fd;
-    std::string path;           // as it was opened
-    const node* p_node;         // NULL for a plain file
+    std::string path;           // as it was opened; the name of what was opened in another way: "pipe"
+    const node* p_node;         // NULL for a plain file, or what is the host's
     bool attribute;             // under /sys, /proc or /dev: a write replaces the content
     std::shared_ptr<void> data; // the device's own, for this descriptor
+    const socket_family* p_family = nullptr; // of a socket that a device has (core/sockets.h)
 };
 
 // What stands behind a path. Calls may come from any thread, several at a time. An empty slot: read and write
@@ -33,6 +35,9 @@ struct node {
     ssize_t (*read)(open_file& file, void* buf, std::size_t size) = nullptr;
     ssize_t (*write)(open_file& file, const void* buf, std::size_t size) = nullptr;
     int (*ioctl)(open_file& file, unsigned long request, void* arg) = nullptr;
+    // What a request is about, for the text of the call ("ioctl /dev/i2c-5 18 02"); without this slot,
+    // nothing.
+    std::string (*about)(unsigned long request, const void* arg) = nullptr;
     off_t (*lseek)(open_file& file, off_t offset, int whence) = nullptr;
     void (*close)(open_file& file) = nullptr;
     // Whether there is something to read: for devices that know it without asking the host.

@@ -95,6 +95,11 @@ bool write_whole(const std::string& path, std::string_view text)
 void lay_locked(const std::string& path, const std::string& text)
 {
     const std::string file = home_path("root") + path;
+    if (file.ends_with('/')) {
+        if (!make_dirs(file.substr(0, file.size() - 1)))
+            seed_trouble = trouble(file, "be made");
+        return;
+    }
     const std::string half = file + ".seed";
     bool done = write_whole(half, text);
     if (!done && errno == ENOENT && make_dirs(file.substr(0, file.rfind('/'))))

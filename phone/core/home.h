@@ -15,7 +15,8 @@ std::string home_take(const std::string& dir);
 bool home_is_first_start();
 
 // At a first start, gives the phone's file `path` ("/sys/...") the content `text`, unless it is there
-// already. The file is laid by home_lay_seeds, or before that when somebody asks for it.
+// already. A path that ends in a slash is an empty folder. The file is laid by home_lay_seeds, or before that
+// when somebody asks for it.
 void home_seed(std::string_view path, std::string_view text);
 
 // Lays the seeds of `path` and of all below it, if they aren't yet: to be called before a path is used.

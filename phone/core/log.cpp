@@ -1,8 +1,9 @@
 #include "core/log.h"
 
-#include <array>
+#include <algorithm>
 #include <cerrno>
 #include <condition_variable>
+#include <deque>
 #include <fcntl.h>
 #include <fstream>
 #include <mutex>
@@ -19,7 +20,6 @@ namespace phone {
 
 namespace {
 
-constexpr std::array log_files = {"log/kmsg", "log/shell", "log/port"};
 constexpr std::size_t log_limit = 1 << 20;
 constexpr std::size_t log_keep = log_limit / 2;
 constexpr std::size_t gather_limit = 64 << 10; // so much is written at once, before its time
@@ -27,9 +27,13 @@ constexpr std::size_t gather_limit = 64 << 10; // so much is written at once, be
 std::mutex gather_mutex; // guards what is gathered
 std::mutex file_mutex;   // one writer at a time
 std::condition_variable gathered;
-std::array<std::string, log_files.size()> pending;
-std::array<std::string, log_files.size()>
-    writing; // guarded by file_mutex; keeps its room from flush to flush
+
+struct one_log {
+    std::string name;
+    std::string pending = {}; // guarded by gather_mutex
+    std::string writing = {}; // guarded by file_mutex; keeps its room from flush to flush
+};
+std::deque<one_log> logs = {{"kmsg"}, {"shell"}, {"port"}}; // grows with both mutexes taken
 
 std::string content(const std::string& path)
 {
@@ -66,9 +70,9 @@ void cut(const std::string& path, std::size_t size)
         unlink(shorter.c_str());
 }
 
-void append(std::size_t log, const std::string& text)
+void append(const one_log& log, const std::string& text)
 {
-    const std::string path = home_path(log_files[log]);
+    const std::string path = home_path("log/" + log.name);
     const int fd = open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
     if (fd < 0)
         return;
@@ -94,23 +98,18 @@ void writer()
         {
             std::unique_lock lock(gather_mutex);
             gathered.wait(lock, [] {
-                for (const std::string& text : pending)
-                    if (!text.empty())
-                        return true;
-                return false;
+                return std::ranges::any_of(logs, [](const one_log& log) { return !log.pending.empty(); });
             });
             gathered.wait_for(lock, std::chrono::milliseconds(20), [] {
-                for (const std::string& text : pending)
-                    if (text.size() > gather_limit)
-                        return true;
-                return false;
+                return std::ranges::any_of(
+                    logs, [](const one_log& log) { return log.pending.size() > gather_limit; });
             });
         }
         log_flush();
     }
 }
 
-std::string show(log_name log, request& rq)
+std::string word_log(request& rq)
 {
     std::int64_t count = 20;
     if (!rq.args.empty()) {
@@ -119,20 +118,43 @@ std::string show(log_name log, request& rq)
             return "a count of lines from 1 to 100000 is wanted";
         count = *given;
     }
-    rq.answer = log_tail(log, static_cast<std::size_t>(count));
+    rq.answer = log_tail(log_named(rq.word), static_cast<std::size_t>(count));
     return {};
+}
+
+// An entry is one line, whatever it holds.
+void append_entry(std::string& text, std::string_view line)
+{
+    for (std::size_t end; (end = line.find_first_of("\r\n")) != line.npos; line.remove_prefix(end + 1))
+        text.append(line.substr(0, end)).append(line[end] == '\n' ? "\\n" : "\\r");
+    text.append(line).push_back('\n');
 }
 
 } // namespace
 
-void log_line(log_name log, std::string_view line)
+log_id log_add(std::string_view name, std::string_view help)
+{
+    word_add(name, "[COUNT]", help, word_log);
+    const std::scoped_lock lock(file_mutex, gather_mutex);
+    logs.push_back({std::string(name)});
+    return logs.size() - 1;
+}
+
+log_id log_named(std::string_view name)
 {
     const std::lock_guard lock(gather_mutex);
-    std::string& text = pending[log];
+    const auto found = std::ranges::find(logs, name, &one_log::name);
+    return found != logs.end() ? static_cast<log_id>(found - logs.begin()) : log_kmsg;
+}
+
+void log_line(log_id log, std::string_view line)
+{
+    const std::lock_guard lock(gather_mutex);
+    std::string& text = logs[log].pending;
     const bool was_small = text.size() <= gather_limit;
     const bool was_empty = text.empty();
     if (text.size() < log_limit) // a writer that can't keep up must not eat the memory
-        text.append(line).push_back('\n');
+        append_entry(text, line);
     if (was_empty || (was_small && text.size() > gather_limit))
         gathered.notify_one();
 }
@@ -142,21 +164,21 @@ void log_flush()
     if (home_is_first_start())
         return; // there is no folder for it yet
     const std::lock_guard files(file_mutex);
-    for (std::size_t log = 0; log < log_files.size(); log++) {
+    for (one_log& log : logs) {
         {
             const std::lock_guard lock(gather_mutex);
-            writing[log].swap(pending[log]);
+            log.writing.swap(log.pending);
         }
-        if (!writing[log].empty())
-            append(log, writing[log]);
-        writing[log].clear();
+        if (!log.writing.empty())
+            append(log, log.writing);
+        log.writing.clear();
     }
 }
 
-std::string log_tail(log_name log, std::size_t count)
+std::string log_tail(log_id log, std::size_t count)
 {
     log_flush();
-    std::string all = content(home_path(log_files[log]));
+    std::string all = content(home_path("log/" + logs[log].name));
     if (all.ends_with('\n'))
         all.pop_back();
     std::size_t at = all.size();
@@ -167,12 +189,10 @@ std::string log_tail(log_name log, std::size_t count)
 
 void log_attach()
 {
-    word_add("kmsg", "[COUNT]", "the last lines of the kernel log",
-             [](request& rq) { return show(log_kmsg, rq); });
-    word_add("shell", "[COUNT]", "the last shell lines, each behind its exit status",
-             [](request& rq) { return show(log_shell, rq); });
+    word_add("kmsg", "[COUNT]", "the last lines of the kernel log", word_log);
+    word_add("shell", "[COUNT]", "the last shell lines, each behind its exit status", word_log);
     word_add("port", "[COUNT]", "what crossed the station's port last: < from the station, > to it",
-             [](request& rq) { return show(log_port, rq); });
+             word_log);
     std::thread(writer).detach();
 }
 

@@ -1,24 +1,35 @@
-// The three logs of a phone, DIR/log/kmsg, shell and port: one line an entry, kept over restarts, cut at
-// 1 MiB each. Entries are gathered and written every 20 ms, so that logging costs the program no time.
+// The logs of a phone, DIR/log/kmsg, shell, port and those of its devices: one line an entry, kept over
+// restarts, cut at 1 MiB each. Entries are gathered and written every 20 ms, so that logging costs the
+// program no time.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace phone {
 
-enum log_name { log_kmsg, log_shell, log_port };
+using log_id = std::size_t;
+constexpr log_id log_kmsg = 0;
+constexpr log_id log_shell = 1;
+constexpr log_id log_port = 2;
 
-// One line (without its line end), from any thread.
-void log_line(log_name log, std::string_view line);
+// One more log, with its word of the control port. Only while devices attach.
+log_id log_add(std::string_view name, std::string_view help);
+
+// The log of that name; the kernel's when there is none.
+log_id log_named(std::string_view name);
+
+// One line (without its line end), from any thread. Line ends in it are written as \r and \n.
+void log_line(log_id log, std::string_view line);
 
 // What is still gathered goes to the files now.
 void log_flush();
 
 // The last `count` lines of a log, joined by line ends.
-std::string log_tail(log_name log, std::size_t count);
+std::string log_tail(log_id log, std::size_t count);
 
-// The words `shell`, `kmsg`, `port` of the control port.
+// The logs `kmsg`, `shell` and `port`.
 void log_attach();
 
 } // namespace phone

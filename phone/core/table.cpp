@@ -1,6 +1,9 @@
 #include "core/table.h"
 
 #include <algorithm>
+#include <bluetooth/bluetooth.h>
+#include <bluetooth/hci.h>
+#include <bluetooth/hci_lib.h>
 #include <cerrno>
 #include <dlfcn.h>
 #include <map>
@@ -13,6 +16,7 @@
 #include "core/files_table.h"
 #include "core/libraries.h"
 #include "core/mounts.h"
+#include "core/sockets.h"
 #include "core/toolbox.h"
 #include "core/uevents.h"
 #include "core/watch.h"
@@ -128,7 +132,10 @@ off_t co_lseek(int fd, off_t offset, int whence)
 int co_ioctl(int fd, unsigned long request, void* arg)
 {
     const auto file = file_of(fd);
-    return watched("ioctl", path_of(fd), -1, [&] {
+    std::string text = path_of(fd);
+    if (watch_active() && file != nullptr && file->p_node != nullptr && file->p_node->about != nullptr)
+        text += " " + file->p_node->about(request, arg);
+    return watched("ioctl", text, -1, [&] {
         if (file != nullptr && file->p_node != nullptr && file->p_node->ioctl != nullptr)
             return file->p_node->ioctl(*file, request, arg);
         strange("ioctl " + path_of(fd) + " request " + std::to_string(request));
@@ -264,9 +271,28 @@ void* co_dlsym(void* library, const char* name)
     return watched("dlsym", name, static_cast<void*>(nullptr), [&] { return ::dlsym(library, name); });
 }
 
+int co_pipe(int fds[2])
+{
+    return watched("pipe", "", -1, [&] {
+        if (::pipe2(fds, O_CLOEXEC) != 0)
+            return -1;
+        files_enter(fds[0], "pipe");
+        files_enter(fds[1], "pipe");
+        return 0;
+    });
+}
+
+int co_uevent_open()
+{
+    return watched("uevent_open", "", -1, [] {
+        const int fd = uevents_open();
+        return fd >= 0 ? files_enter(fd, "uevent") : -1;
+    });
+}
+
 ssize_t co_uevent_recv(int fd, void* buf, std::size_t size, std::uint32_t* p_sender, ucred* p_cred)
 {
-    return watched("uevent_recv", "", ssize_t{-1},
+    return watched("uevent_recv", path_of(fd), ssize_t{-1},
                    [&] { return uevents_receive(fd, buf, size, p_sender, p_cred); });
 }
 
@@ -275,6 +301,40 @@ int co_getaddrinfo(const char* host, const char* service, const addrinfo* p_hint
 {
     return watched("getaddrinfo", host, EAI_FAIL,
                    [&] { return ::getaddrinfo(host, service, p_hints, pp_found); });
+}
+
+int co_socket(int family, int type, int protocol)
+{
+    return watched("socket", sockets_name(family), -1, [&] { return sockets_open(family, type, protocol); });
+}
+
+int co_connect(int fd, const sockaddr* p_addr, socklen_t size)
+{
+    return watched("connect", path_of(fd), -1, [&] { return ::connect(fd, p_addr, size); });
+}
+
+ssize_t co_send(int fd, const void* buf, std::size_t size)
+{
+    return watched("send", path_of(fd), ssize_t{-1}, [&] { return ::send(fd, buf, size, MSG_NOSIGNAL); });
+}
+
+int co_setsockopt(int fd, int level, int option, const void* p_value, socklen_t size)
+{
+    return watched("setsockopt", path_of(fd), -1,
+                   [&] { return sockets_setsockopt(fd, level, option, p_value, size); });
+}
+
+int co_hci_open_dev(int device)
+{
+    return watched("hci_open_dev", sockets_name(AF_BLUETOOTH), -1,
+                   [&] { return sockets_hci_open_dev(device); });
+}
+
+// The packet is made by the real library: it goes into the real descriptor that a device has given.
+int co_hci_send_cmd(int fd, std::uint16_t ogf, std::uint16_t ocf, std::uint8_t size, const void* p_param)
+{
+    return watched("hci_send_cmd", path_of(fd), -1,
+                   [&] { return ::hci_send_cmd(fd, ogf, ocf, size, const_cast<void*>(p_param)); });
 }
 
 int co_clock_gettime(clockid_t clock, timespec* p_out)
@@ -364,6 +424,13 @@ int co_timer_delete(timer_t timer)
     });
 }
 
+// Not watched: what threads of the program tell one another is none of the phone's business.
+int co_cond_wait(std::condition_variable* p_cond, std::unique_lock<std::mutex>* p_lock,
+                 const timespec* p_until)
+{
+    return clock_cond_wait(p_cond, *p_lock, p_until != nullptr ? to_ns(*p_until) : forever) ? 0 : ETIMEDOUT;
+}
+
 } // namespace
 
 // clang-format off
@@ -379,7 +446,7 @@ const plat_callouts phone_co = {
     .fcntl         = [](int fd, int cmd, long arg) { return watched("fcntl", path_of(fd), -1, [&] { return ::fcntl(fd, cmd, arg); }); },
     .mmap          = co_mmap,
     .munmap        = [](void* addr, std::size_t size) { return watched("munmap", "", -1, [&] { return ::munmap(addr, size); }); },
-    .pipe          = [](int fds[2]) { return watched("pipe", "", -1, [&] { return ::pipe2(fds, O_CLOEXEC); }); },
+    .pipe          = co_pipe,
     .poll          = co_poll,
     .select        = co_select,
     .stat          = co_stat,
@@ -402,18 +469,23 @@ const plat_callouts phone_co = {
     .dlopen        = co_dlopen,
     .dlsym         = co_dlsym,
     .dlclose       = [](void* library) { return watched("dlclose", "", -1, [&] { return ::dlclose(library); }); },
-    .uevent_open   = [] { return watched("uevent_open", "", -1, [] { return uevents_open(); }); },
+    .uevent_open   = co_uevent_open,
     .uevent_recv   = co_uevent_recv,
     .getaddrinfo   = co_getaddrinfo,
-    .socket        = [](int domain, int type, int protocol) { return watched("socket", "", -1, [&] { return ::socket(domain, type | SOCK_CLOEXEC, protocol); }); },
-    .connect       = [](int fd, const sockaddr* p_addr, socklen_t size) { return watched("connect", "", -1, [&] { return ::connect(fd, p_addr, size); }); },
-    .send          = [](int fd, const void* buf, std::size_t size) { return watched("send", "", ssize_t{-1}, [&] { return ::send(fd, buf, size, MSG_NOSIGNAL); }); },
+    .socket        = co_socket,
+    .connect       = co_connect,
+    .send          = co_send,
+    .setsockopt    = co_setsockopt,
+    .hci_open_dev  = co_hci_open_dev,
+    .hci_send_cmd  = co_hci_send_cmd,
     .clock_gettime = co_clock_gettime,
     .nanosleep     = co_nanosleep,
     .timer_create  = co_timer_create,
     .timer_settime = co_timer_settime,
     .timer_gettime = [](timer_t timer, itimerspec* p_out) { return watched("timer_gettime", "", -1, [&] { return gettime(timer, p_out); }); },
     .timer_delete  = co_timer_delete,
+    .cond_wait     = co_cond_wait,
+    .cond_wake     = [](std::condition_variable* p_cond) { clock_cond_wake(p_cond); },
     .host_path     = [](const char* path) { return path_is_lacking(path) ? std::string() : host_path(path); },
 };
 // clang-format on

@@ -6,9 +6,13 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <unistd.h>
 
+#include "core/conf.h"
+#include "core/control.h"
 #include "core/files.h"
 #include "core/log.h"
+#include "core/text.h"
 #include "core/watch.h"
 
 namespace phone {
@@ -18,7 +22,22 @@ namespace {
 constexpr int exit_unknown = 127;
 constexpr int exit_syntax = 2;
 
-std::map<std::string, tool_fn, std::less<>> tools; // written before the program runs
+constexpr std::string_view tool_folder = "/system/bin/";
+
+struct tool {
+    tool_fn fn;
+    std::string result_file;
+};
+std::map<std::string, tool, std::less<>> tools; // written before the program runs
+
+// What the bench has a tool give when its first argument is this one.
+struct tool_answer {
+    std::string name;
+    std::string argument;
+    std::optional<std::string> text; // nothing at all
+};
+std::mutex answers_mutex;
+std::vector<tool_answer> answers;
 
 // A word of a line, or an operator: one of ; && || | & > >> < 2> 2>> 2>&1 >&2
 struct token {
@@ -128,20 +147,62 @@ int deliver(const command& c, tool_call& call)
     return 0;
 }
 
+// The tool that is called so, by name or by path.
+const tool* find_tool(std::string_view called)
+{
+    if (called.starts_with(tool_folder))
+        called.remove_prefix(tool_folder.size());
+    const auto found = tools.find(called);
+    return found != tools.end() ? &found->second : nullptr;
+}
+
+std::string_view bare_name(std::string_view called)
+{
+    return called.starts_with(tool_folder) ? called.substr(tool_folder.size()) : called;
+}
+
+std::optional<tool_answer> find_answer(const tool_call& call)
+{
+    const std::lock_guard lock(answers_mutex);
+    for (const tool_answer& a : answers)
+        if (call.args.size() > 1 && a.name == bare_name(call.args[0]) && a.argument == call.args[1])
+            return a;
+    return std::nullopt;
+}
+
+// Gives what the bench wants; the tool itself doesn't run.
+int give_answer(const tool& t, const tool_answer& answer, tool_call& call)
+{
+    if (t.result_file.empty())
+        call.out = answer.text.value_or("");
+    else if (answer.text)
+        file_write(t.result_file, *answer.text);
+    else
+        unlink(host_path(t.result_file).c_str());
+    return 0;
+}
+
+int run_tool(tool_call& call)
+{
+    const tool* const p_tool = find_tool(call.args[0]);
+    if (path_is_lacking(std::string(tool_folder) + std::string(bare_name(call.args[0]))))
+        return exit_unknown;
+    if (p_tool == nullptr) {
+        strange("tool " + call.args[0]);
+        return exit_unknown;
+    }
+    const auto answer = find_answer(call);
+    return answer ? give_answer(*p_tool, *answer, call) : p_tool->fn(call);
+}
+
 int run_command(const command& c, const std::string& in, std::string& out)
 {
     tool_call call{c.args, in, {}, {}};
     if (!prepare(c, call.in))
         return exit_syntax;
     int status = 0;
-    if (!c.args.empty()) {
-        const auto found = tools.find(c.args[0]);
-        if (found == tools.end()) {
-            strange("tool " + c.args[0]);
-            return exit_unknown;
-        }
-        status = found->second(call);
-    }
+    if (!c.args.empty())
+        status = run_tool(call);
     const int delivered = deliver(c, call);
     out = std::move(call.out);
     return delivered != 0 ? delivered : status;
@@ -224,11 +285,68 @@ ssize_t piped_write(void* cookie, const char* buf, std::size_t size)
     return static_cast<ssize_t>(size);
 }
 
+// TEXT as the word takes it: \n and \t stand for line end and tab.
+std::string tool_text(std::string_view text)
+{
+    std::string made;
+    for (std::size_t i = 0; i < text.size(); i++) {
+        const char next = text[i] == '\\' && i + 1 < text.size() ? text[i + 1] : '\0';
+        if (next == 'n' || next == 't')
+            i++;
+        made += next == 'n' ? '\n' : next == 't' ? '\t' : text[i];
+    }
+    return made;
+}
+
+std::string told_answers()
+{
+    const std::lock_guard lock(answers_mutex);
+    std::string told;
+    for (const tool_answer& a : answers)
+        told += (told.empty() ? "" : "\n") + a.name + " " + a.argument + " " +
+                (a.text ? escaped(*a.text) : "none");
+    return told;
+}
+
+std::string word_tool(request& rq)
+{
+    if (rq.args.empty()) {
+        rq.answer = told_answers();
+        return {};
+    }
+    const std::lock_guard lock(answers_mutex);
+    if (rq.args.size() == 1 && rq.args[0] == "off") {
+        answers.clear();
+        return {};
+    }
+    if (rq.args.size() < 3)
+        return "NAME ARG TEXT, NAME ARG none, or off is wanted";
+    if (!tools.contains(rq.args[0]))
+        return "no tool has the name " + rq.args[0];
+    std::erase_if(answers,
+                  [&](const tool_answer& a) { return a.name == rq.args[0] && a.argument == rq.args[1]; });
+    const std::string_view behind_name = trimmed(std::string_view(rq.rest).substr(rq.args[0].size()));
+    const std::string_view text = trimmed(behind_name.substr(rq.args[1].size()));
+    const bool none = text == "none";
+    answers.push_back({rq.args[0], rq.args[1], none ? std::nullopt : std::optional(tool_text(text))});
+    return {};
+}
+
 } // namespace
 
-void tool_add(std::string_view name, tool_fn fn)
+void tool_add(std::string_view name, tool_fn fn, std::string_view result_file)
 {
-    tools.emplace(name, fn);
+    tools.emplace(name, tool{fn, std::string(result_file)});
+}
+
+void toolbox_attach()
+{
+    word_add(
+        "tool", "[NAME ARG TEXT|none | off]",
+        "what a tool gives from now on when ARG is its first argument, \\n and \\t for line end and tab; it "
+        "then ends well and does nothing else; off gives all tools their own answers back",
+        word_tool);
+    conf_add_word("tool");
 }
 
 int toolbox_run(std::string_view line)

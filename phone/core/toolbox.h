@@ -1,5 +1,7 @@
 // The phone's shell: runs command lines with quotes, redirections, ;, && and ||, and pipes, by a table of
-// tool stand-ins. Nothing ever reaches the host's shell or its programs. An unknown tool exits with 127.
+// tool stand-ins. Nothing ever reaches the host's shell or its programs. A tool goes by its name, or by its
+// path in /system/bin; an unknown one exits with 127, as one does that the phone lacks ("without
+// /system/bin/iw").
 #pragma once
 
 #include <cstdio>
@@ -19,8 +21,12 @@ struct tool_call {
 // A tool: the result is its exit status. Any thread.
 using tool_fn = int (*)(tool_call& call);
 
-// Only before the program runs.
-void tool_add(std::string_view name, tool_fn fn);
+// Only before the program runs. `name` is the bare one. What the bench has a tool give (the word `tool`) is
+// what it prints, or, with a `result_file`, the whole content of that.
+void tool_add(std::string_view name, tool_fn fn, std::string_view result_file = "");
+
+// Adds the word `tool`.
+void toolbox_attach();
 
 // Runs a line; the result is a wait status, as of system. What the line prints goes nowhere.
 int toolbox_run(std::string_view line);

@@ -8,18 +8,24 @@
 #include <cstring>
 #include <map>
 #include <mutex>
+#include <set>
+#include <unistd.h>
 #include <vector>
 
 #include "core/clock.h"
 #include "core/control.h"
 #include "core/log.h"
 #include "core/text.h"
+#include "core/thread_look.h"
 
 namespace phone {
 
 namespace {
 
 enum class fault_kind { eio, shortened, eof, slow };
+
+// How much of a call's or target's text a pattern has to be.
+enum class match { part, whole, words };
 
 struct rule {
     std::string pattern; // empty: any call
@@ -28,6 +34,8 @@ struct rule {
     fault_kind kind;
     std::int64_t slow_ms;
     bool reached;
+    match how = match::part;
+    bool counted_only = false; // calls that `calls` lists
 };
 
 constexpr std::size_t calls_limit = 100'000;
@@ -42,6 +50,11 @@ std::vector<rule> rules;
 bool recording;
 std::vector<std::string> calls;
 std::map<std::string, std::int64_t, std::less<>> strange_things;
+std::map<std::string, std::vector<target_number>, std::less<>> target_grammars; // before the program runs
+
+// Threads that were there when `calls line` was said last. Those that came since are a command line's.
+std::set<pid_t> old_threads;
+std::atomic<unsigned> line_turn; // counts these moments
 
 void update_watching_locked()
 {
@@ -52,7 +65,30 @@ bool fits(const rule& r, std::string_view text, bool transfer)
 {
     if ((r.kind == fault_kind::shortened || r.kind == fault_kind::eof) && !transfer)
         return false;
-    return r.left != 0 && text.find(r.pattern) != text.npos;
+    if (r.left == 0)
+        return false;
+    switch (r.how) {
+    case match::whole:
+        return trimmed(text) == r.pattern; // a call without a path ends in a blank
+    case match::words:
+        return text == r.pattern || text.starts_with(r.pattern + " ");
+    case match::part:
+        break;
+    }
+    return text.find(r.pattern) != text.npos;
+}
+
+// Whether the calling thread was started by a command line: told once a turn.
+bool is_of_a_line_locked()
+{
+    struct verdict {
+        unsigned turn = 0;
+        bool of_a_line = false;
+    };
+    thread_local verdict own;
+    if (own.turn != line_turn)
+        own = {line_turn, !old_threads.contains(gettid()) && !clock_in_expiry()};
+    return own.of_a_line;
 }
 
 // Waits, clocks and the loop's select are the program's rhythm; a campaign that counts calls leaves them out.
@@ -61,16 +97,16 @@ bool is_rhythm(std::string_view operation)
     return operation == "select" || operation == "clock_gettime" || operation == "nanosleep";
 }
 
-bool counts(std::string_view operation)
+bool counts_locked(std::string_view operation)
 {
-    return !is_rhythm(operation) && (!lines_only || in_line);
+    return !is_rhythm(operation) && (!lines_only || in_line || is_of_a_line_locked());
 }
 
 // The first rule that fits is used up; a rule that still lets pass counts down.
 const rule* take_locked(std::string_view text, bool transfer, bool counted)
 {
     for (rule& r : rules) {
-        if (!fits(r, text, transfer) || (r.pattern.empty() && !counted))
+        if (!fits(r, text, transfer) || (r.counted_only && !counted))
             continue;
         if (r.skip > 0) {
             r.skip--;
@@ -134,17 +170,56 @@ std::string read_count_and_kind(const std::vector<std::string>& args, std::size_
     return at == args.size() ? "" : "\"" + args[at] + "\" is too much";
 }
 
-// How many words belong to a pattern at least: the numbers of a chip's register aren't counts.
-std::size_t words_of_target(const std::string& first)
+std::string target_text(const std::string& word, target_number kind)
 {
-    return first == "i2c" ? 4 : first == "spmi" ? 2 : 1;
+    const auto value =
+        kind == target_number::decimal
+            ? number(word).value_or(-1)
+            : static_cast<std::int64_t>(hex_number(word).value_or(static_cast<std::uint64_t>(-1)));
+    if (value < 0)
+        return {};
+    char text[32];
+    switch (kind) {
+    case target_number::decimal:
+        return std::to_string(value);
+    case target_number::hex:
+        std::snprintf(text, sizeof text, "%llX", static_cast<unsigned long long>(value));
+        break;
+    case target_number::hex2:
+        std::snprintf(text, sizeof text, "%02llX", static_cast<unsigned long long>(value));
+        break;
+    case target_number::hex5:
+        std::snprintf(text, sizeof text, "%05llX", static_cast<unsigned long long>(value));
+        break;
+    case target_number::hex_0x:
+        std::snprintf(text, sizeof text, "0x%llX", static_cast<unsigned long long>(value));
+        break;
+    }
+    return text;
+}
+
+// Writes the numbers of a target as its texts have them. The result is how many words belong to the pattern
+// at least: those numbers aren't counts.
+std::size_t take_target(std::vector<std::string>& args)
+{
+    const auto grammar = args.empty() ? target_grammars.end() : target_grammars.find(args[0]);
+    if (grammar == target_grammars.end())
+        return 1;
+    std::size_t words = 1;
+    for (const target_number kind : grammar->second) {
+        const std::string text = words < args.size() ? target_text(args[words], kind) : "";
+        if (text.empty())
+            break;
+        args[words++] = text;
+    }
+    return words;
 }
 
 // What is wrong with a count or a kind at the end, which is no part of the pattern whatever its value.
-std::string wrong_end(const std::vector<std::string>& args)
+std::string wrong_end(const std::vector<std::string>& args, std::size_t least)
 {
     const std::size_t words = args.size();
-    if (words == 0 || words <= words_of_target(args[0]))
+    if (words <= least)
         return {};
     rule ignored{};
     if (args[words - 2] == "slow")
@@ -154,24 +229,39 @@ std::string wrong_end(const std::vector<std::string>& args)
                : "";
 }
 
+// `call N [COUNT|all] [KIND]`: the Nth of all recorded calls; `nth N TEXT`: the Nth of those with this text.
+std::string fail_nth(const request& rq)
+{
+    rule r{"", 0, 1, fault_kind::eio, 0, false, match::part, true};
+    const auto nth = rq.args.size() >= 2 ? number(rq.args[1]) : std::nullopt;
+    if (!nth || *nth < 1)
+        return "the number of a call, from 1, is wanted";
+    r.skip = *nth - 1;
+    if (rq.args[0] == "call") {
+        const std::string wrong = read_count_and_kind(rq.args, 2, r);
+        return wrong.empty() ? add_rule(r) : wrong;
+    }
+    const std::string_view behind = trimmed(std::string_view(rq.rest).substr(rq.args[0].size()));
+    r.pattern = trimmed(behind.substr(rq.args[1].size()));
+    r.how = match::whole;
+    return r.pattern.empty() ? "the text of a call is wanted" : add_rule(r);
+}
+
 // The pattern may hold blanks: it ends before a count or a kind.
 std::string word_fail(request& rq)
 {
     if (rq.args.size() == 1 && rq.args[0] == "off")
         return fail_off(rq);
+    if (rq.args.size() >= 2 && (rq.args[0] == "call" || rq.args[0] == "nth"))
+        return fail_nth(rq);
     rule r{"", 0, 1, fault_kind::eio, 0, false};
-    if (rq.args.size() >= 2 && rq.args[0] == "call") {
-        const auto nth = number(rq.args[1]);
-        if (!nth || *nth < 1)
-            return "the number of a call, from 1, is wanted";
-        r.skip = *nth - 1;
-        const std::string wrong = read_count_and_kind(rq.args, 2, r);
-        return wrong.empty() ? add_rule(r) : wrong;
-    }
-    if (std::string wrong = wrong_end(rq.args); !wrong.empty())
+    const std::size_t least = take_target(rq.args);
+    if (least > 1)
+        r.how = match::words;
+    if (std::string wrong = wrong_end(rq.args, least); !wrong.empty())
         return wrong;
     std::size_t end = rq.args.size();
-    for (std::size_t i = end > 0 ? words_of_target(rq.args[0]) : 0; i < end; i++) {
+    for (std::size_t i = least; i < end; i++) {
         rule probe = r;
         if (read_count_and_kind(rq.args, i, probe).empty()) {
             end = i;
@@ -180,8 +270,9 @@ std::string word_fail(request& rq)
     }
     for (std::size_t i = 0; i < end; i++)
         r.pattern += (i > 0 ? " " : "") + rq.args[i];
-    return r.pattern.empty() ? "PATTERN [COUNT|all] [eio|short|eof|slow MS], call N ..., or off is wanted"
-                             : add_rule(r);
+    return r.pattern.empty()
+               ? "PATTERN [COUNT|all] [eio|short|eof|slow MS], call N ..., nth N TEXT, or off is wanted"
+               : add_rule(r);
 }
 
 std::string word_log(request& rq)
@@ -202,6 +293,10 @@ std::string word_calls(request& rq)
         lines_only = rq.args[0] == "line" || (lines_only && !recording);
         if (recording)
             calls.clear();
+        if (rq.args[0] == "line") {
+            old_threads = thread_ids();
+            line_turn++;
+        }
         update_watching_locked();
         return {};
     }
@@ -237,7 +332,7 @@ fault watch_call(const char* operation, std::string_view path)
     rule hit{};
     {
         const std::lock_guard lock(watch_mutex);
-        const bool counted = counts(operation);
+        const bool counted = counts_locked(operation);
         if (recording && counted && calls.size() < calls_limit)
             calls.push_back(text);
         // A rule without a pattern counts calls, and those are the recorded ones.
@@ -272,7 +367,7 @@ bool watch_target(std::string_view target)
         return false;
     const std::lock_guard lock(watch_mutex);
     for (rule& r : rules) {
-        if (r.pattern.empty() || r.kind == fault_kind::slow || !fits(r, target, true))
+        if (r.counted_only || r.kind == fault_kind::slow || !fits(r, target, true))
             continue;
         r.reached = true;
         if (r.left > 0)
@@ -310,19 +405,27 @@ void strange(std::string_view what)
     errno = error;
 }
 
+void watch_target_add(std::string_view name, std::initializer_list<target_number> numbers)
+{
+    target_grammars[std::string(name)] = numbers;
+}
+
 void watch_attach()
 {
-    word_add("fail", "PATTERN|call N [COUNT|all] [KIND] | off",
-             "makes the next platform calls that contain PATTERN fail, or the Nth recorded one; KIND is eio, "
-             "short, eof or slow MS; off tells how many faults were never reached",
-             word_fail);
+    word_add(
+        "fail", "PATTERN|call N [COUNT|all] [KIND] | nth N TEXT | off",
+        "makes the next platform calls that contain PATTERN fail, the Nth recorded one, or the Nth of those "
+        "with exactly TEXT; KIND is eio, short, eof or slow MS; a target such as i2c 5 18 0f is met by its "
+        "numbers; off tells how many faults were never reached",
+        word_fail);
     word_add("log", "on|off",
              "shows every platform call on the phone's standard error, in the background in DIR/log/output",
              word_log);
-    word_add("calls", "[on|line|off]",
-             "records the platform calls from now on, or those of command lines alone; without a word, lists "
-             "them",
-             word_calls);
+    word_add(
+        "calls", "[on|line|off]",
+        "records the platform calls from now on, or those of command lines and of threads that they start; "
+        "without a word, lists them",
+        word_calls);
     word_add("strange", "[off]", "what the program asked of the phone that no model knows; off forgets it",
              word_strange);
 }

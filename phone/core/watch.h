@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -20,6 +21,21 @@ void watch_command(bool begins);
 
 // The same for the register of a chip or another inner target ("i2c 5 18 02"): true when it has to fail.
 bool watch_target(std::string_view target);
+
+// How the numbers of an inner target, or of a library's call, stand in its text. They are taken in either
+// case, hexadecimal ones with and without 0x.
+enum class target_number {
+    decimal, // 36
+    hex,     // CC0B
+    hex2,    // 0F
+    hex5,    // 0D840
+    hex_0x,  // 0x28
+};
+
+// Tells `fail` the grammar of targets "NAME NUMBER ...": their numbers aren't counts, and a target is met as
+// a whole, "mixer 3" not by "mixer 36". Fewer numbers are a target for all that begin with them. Only while
+// devices attach.
+void watch_target_add(std::string_view name, std::initializer_list<target_number> numbers);
 
 // Whether anybody watches at all: for callers to whom forming the text of a call is dear.
 bool watch_active();

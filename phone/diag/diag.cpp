@@ -344,6 +344,7 @@ void diag_attach()
     node_add("/dev/diag", &diag_node);
     answer_timer = clock_timer_create(answer_request);
     measure_timer = clock_timer_create(end_measurement);
+    watch_target_add("diag", {target_number::decimal});
     word_add("diag", "PREFIX RESPONSE|silent|empty [COUNT]|off|last|recent|log HEX|log2 HEX|filter|up|down",
              "what the modem answers and logs, and what it was asked", word_diag);
 }

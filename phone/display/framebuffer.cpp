@@ -228,7 +228,7 @@ std::string word_screen(request& rq)
         return "[FILE.png] [SLOT] is wanted";
     const std::lock_guard lock(fb_mutex);
     if (!args.empty())
-        return write_png(*p_fb, args[0]);
+        return write_png(*p_fb, request_file(rq, args[0]));
     rq.answer = about(*p_fb);
     return {};
 }

@@ -87,7 +87,7 @@ struct test_state {
 };
 std::array<test_state, kinds> test_states;
 
-void load_module()
+void load_module(const std::vector<std::string>&)
 {
     {
         const std::lock_guard lock(panel_mutex);

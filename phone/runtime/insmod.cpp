@@ -1,5 +1,6 @@
 #include "runtime/insmod.h"
 
+#include <algorithm>
 #include <map>
 #include <mutex>
 #include <string>
@@ -13,8 +14,9 @@ namespace phone {
 namespace {
 
 struct kernel_module {
-    void (*load)();
-    bool loaded;
+    module_load_fn load;
+    bool loaded = false;
+    std::vector<std::string> params = {};
 };
 
 std::mutex modules_mutex; // guards the table
@@ -43,16 +45,27 @@ int tool_insmod(tool_call& call)
     if (found->second.loaded)
         return refuse(call, "init_module '" + path + "' failed (File exists)");
     found->second.loaded = true;
+    found->second.params.assign(call.args.begin() + 2, call.args.end());
     if (found->second.load != nullptr)
-        found->second.load();
+        found->second.load(found->second.params);
     return 0;
 }
 
 } // namespace
 
-void module_add(std::string_view file, void (*load)())
+void module_add(std::string_view file, module_load_fn load)
 {
-    modules[std::string(file)] = {load, false};
+    modules[std::string(file)] = {load};
+}
+
+bool module_loaded(std::string_view file, std::string_view param)
+{
+    const std::lock_guard lock(modules_mutex);
+    const auto found = modules.find(file);
+    if (found == modules.end() || !found->second.loaded)
+        return false;
+    const std::vector<std::string>& params = found->second.params;
+    return param.empty() || std::ranges::find(params, param) != params.end();
 }
 
 void insmod_attach()

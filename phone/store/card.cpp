@@ -220,10 +220,8 @@ std::string word_card(request& rq)
 void card_attach()
 {
     mounts_add(device_path, &card_device);
-    for (const char* dir : {"", "/system/bin/"}) {
-        tool_add(std::string(dir) + "dd", tool_dd);
-        tool_add(std::string(dir) + "rm", tool_rm);
-    }
+    tool_add("dd", tool_dd);
+    tool_add("rm", tool_rm);
     tool_add("newfs_msdos", tool_newfs_msdos);
     tool_add("fsck_msdos", tool_fsck_msdos);
     word_add("card", "in|out|size MIB", "puts the memory card in, pulls it, or takes one of a size",

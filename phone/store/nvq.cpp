@@ -10,6 +10,7 @@
 
 #include "core/library_host.h"
 #include "store/units.h"
+#include "store/units_host.h"
 
 namespace {
 
@@ -20,6 +21,7 @@ constexpr int mode_write = 2;
 
 std::mutex mutex; // guards all below
 const phone_library_host* p_host;
+const phone_units_host* p_units;
 std::string dir;
 int open_partition; // 0: closed
 int open_mode;
@@ -34,7 +36,7 @@ std::uint32_t part_bit(int partition)
 
 void look_again()
 {
-    seen_changes = p_host->p_units_changed->load();
+    seen_changes = p_units->p_changed->load();
     numbers = units::list(dir);
     const std::uint32_t bit = part_bit(open_partition);
     std::erase_if(numbers, [bit](std::uint32_t n) { return (n & units::aux) != bit; });
@@ -45,7 +47,7 @@ bool find(std::uint32_t unit, std::uint32_t* p_number)
 {
     if (open_partition == 0 || (unit & units::aux) != 0)
         return false;
-    if (p_host->p_units_changed->load(std::memory_order_relaxed) != seen_changes)
+    if (p_units->p_changed->load(std::memory_order_relaxed) != seen_changes)
         look_again();
     *p_number = unit | part_bit(open_partition);
     return std::binary_search(numbers.begin(), numbers.end(), *p_number);
@@ -63,7 +65,8 @@ extern "C" {
 void phone_library_attach(const phone_library_host* p)
 {
     p_host = p;
-    dir = p->units_dir;
+    p_units = static_cast<const phone_units_host*>(p->offered("units"));
+    dir = p_units->dir;
 }
 
 int ta_open(int partition, int mode, int)

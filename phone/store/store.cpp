@@ -1,16 +1,14 @@
 #include "store/store.h"
 
 #include <atomic>
-#include <cstdio>
 #include <string>
 
 #include "core/control.h"
 #include "core/home.h"
 #include "core/libraries.h"
-#include "core/library_host.h"
 #include "core/text.h"
-#include "core/watch.h"
 #include "store/units.h"
+#include "store/units_host.h"
 
 namespace phone {
 
@@ -40,16 +38,7 @@ constexpr seed_row seeds[] = {
 
 std::string units_dir;
 std::atomic<std::uint32_t> units_changed;
-phone_library_host host;
-
-bool watched(const char* operation, std::uint32_t number)
-{
-    if (!watch_active())
-        return false;
-    char text[16];
-    std::snprintf(text, sizeof text, "0x%X", number);
-    return watch_call(operation, text) == fault::eio;
-}
+phone_units_host units_host;
 
 std::string unit_set(std::uint32_t unit, const std::string& text)
 {
@@ -87,8 +76,8 @@ void store_attach()
 {
     units_dir = home_path("units");
     units::sweep(units_dir);
-    host = {units_dir.c_str(), &units_changed, watched};
-    libraries_host(&host);
+    units_host = {units_dir.c_str(), &units_changed};
+    libraries_offer("units", &units_host);
     word_add("unit", "NUMBER [HEX|-]", "reads, sets or removes a persistent unit", word_unit);
 }
 

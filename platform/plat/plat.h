@@ -2,9 +2,11 @@
 // through these functions and through nothing else, so that the same modules run on the phone (plat_linux)
 // and on the virtual phone (a table of its own). Every function has the shape, the results and the errno of
 // the POSIX or Linux function whose name it carries. Threads, mutexes, zlib, Lua and libasound aren't here:
-// they are called directly. plat_attach comes before everything else in main.
+// they are called directly; but what a thread waits for with a limit goes through plat_wait_for, since the
+// limit is the phone's time. plat_attach comes before everything else in main.
 #pragma once
 
+#include <condition_variable>
 #include <csignal>
 #include <cstddef>
 #include <cstdint>
@@ -12,6 +14,7 @@
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
+#include <mutex>
 #include <netdb.h>
 #include <poll.h>
 #include <string>
@@ -69,6 +72,10 @@ struct plat_callouts {
     int (*socket)(int domain, int type, int protocol);
     int (*connect)(int fd, const sockaddr* p_addr, socklen_t size);
     ssize_t (*send)(int fd, const void* buf, std::size_t size);
+    int (*setsockopt)(int fd, int level, int option, const void* p_value, socklen_t size);
+    // Bluetooth
+    int (*hci_open_dev)(int device);
+    int (*hci_send_cmd)(int fd, std::uint16_t ogf, std::uint16_t ocf, std::uint8_t size, const void* p_param);
     // time
     int (*clock_gettime)(clockid_t clock, timespec* p_out);
     int (*nanosleep)(const timespec* p_time, timespec* p_left);
@@ -76,6 +83,10 @@ struct plat_callouts {
     int (*timer_settime)(timer_t timer, int flags, const itimerspec* p_new, itimerspec* p_old);
     int (*timer_gettime)(timer_t timer, itimerspec* p_out);
     int (*timer_delete)(timer_t timer);
+    // threads that wait for one another
+    int (*cond_wait)(std::condition_variable* p_cond, std::unique_lock<std::mutex>* p_lock,
+                     const timespec* p_until);
+    void (*cond_wake)(std::condition_variable* p_cond);
     // where a library must open a file by itself
     std::string (*host_path)(const char* path);
 };
@@ -140,6 +151,13 @@ int plat_getaddrinfo(const char* host, const char* service, const addrinfo* p_hi
 int plat_socket(int domain, int type, int protocol);
 int plat_connect(int fd, const sockaddr* p_addr, socklen_t size);
 ssize_t plat_send(int fd, const void* buf, std::size_t size);
+int plat_setsockopt(int fd, int level, int option, const void* p_value, socklen_t size);
+
+// A raw HCI socket, tied to Bluetooth device `device`; it is read, polled and closed as any other descriptor.
+// And a command through it: opcode group and command, `size` bytes of parameters. Both as the functions of
+// that name in libbluetooth: -1 and errno when they fail.
+int plat_hci_open_dev(int device);
+int plat_hci_send_cmd(int fd, std::uint16_t ogf, std::uint16_t ocf, std::uint8_t size, const void* p_param);
 
 int plat_clock_gettime(clockid_t clock, timespec* p_out);
 int plat_nanosleep(const timespec* p_time, timespec* p_left);
@@ -147,6 +165,38 @@ int plat_timer_create(clockid_t clock, sigevent* p_event, timer_t* p_timer);
 int plat_timer_settime(timer_t timer, int flags, const itimerspec* p_new, itimerspec* p_old);
 int plat_timer_gettime(timer_t timer, itimerspec* p_out);
 int plat_timer_delete(timer_t timer);
+
+// As pthread_cond_timedwait: `*p_until` is a moment of CLOCK_MONOTONIC, NULL for no limit; 0, or ETIMEDOUT.
+// It may return early: plat_wait_for and plat_wait look again. What waits here is woken by plat_cond_wake
+// alone, never by the condition's own notify_one; the wake goes to all who wait.
+int plat_cond_wait(std::condition_variable& cond, std::unique_lock<std::mutex>& lock,
+                   const timespec* p_until = nullptr);
+void plat_cond_wake(std::condition_variable& cond);
+
+// The moment of CLOCK_MONOTONIC in `us` microseconds; negative ones count as 0.
+timespec plat_time_in(std::int64_t us);
+
+// Waits with the mutex of `lock` free until `is_so()`, for at most `us` microseconds of the phone's time. The
+// result is that of `is_so()`, which is called with the mutex taken. Who makes it so does it with the mutex
+// taken, and calls plat_cond_wake.
+template <typename Test>
+bool plat_wait_for(std::condition_variable& cond, std::unique_lock<std::mutex>& lock, std::int64_t us,
+                   Test is_so)
+{
+    const timespec until = plat_time_in(us);
+    while (!is_so())
+        if (plat_cond_wait(cond, lock, &until) != 0)
+            return is_so();
+    return true;
+}
+
+// The same without a limit.
+template <typename Test>
+void plat_wait(std::condition_variable& cond, std::unique_lock<std::mutex>& lock, Test is_so)
+{
+    while (!is_so())
+        plat_cond_wait(cond, lock);
+}
 
 // Where `path` of the phone lies for a library that opens files by itself (Lua's loader, gzopen): the path
 // itself on the phone. An empty text when the path can't be resolved.

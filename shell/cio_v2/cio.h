@@ -49,6 +49,16 @@ void cio_init(cio* p_me, char* p_ln, std::uint32_t size, const char* nm, const c
 // Opens the device and prints the greeting. A device that can't be opened leaves the console silent.
 void cio_start(cio* p_me);
 
+// While one lives, other threads' output waits: for an answer of several pieces, or with terminators of its
+// own. A line with its term, a status word with its final sequence and each single text stay whole without
+// it. Holds may nest. Who has one waits for no other thread.
+struct cio_hold {
+    cio_hold();
+    ~cio_hold();
+    cio_hold(const cio_hold&) = delete;
+    cio_hold& operator=(const cio_hold&) = delete;
+};
+
 // Bytes as they are; the number taken. cio_print writes a whole text, nothing for null.
 int cio_wr(cio* p_me, const void* buf, std::size_t len);
 void cio_print(cio* p_me, const char* text);
@@ -71,7 +81,8 @@ unsigned cio_s3_set(int term0, int final0);
 unsigned cio_s4_set(int term1, int final1, int final2);
 
 // Borrows the line ends for as long as it lives, for a report that comes beside the command flow: each line
-// of response is a line of its own, ended by CR LF. Whatever was set is put back behind it.
+// of response is a line of its own, ended by CR LF. Whatever was set is put back behind it. A cio_hold as
+// well.
 class cio_report_lines {
 public:
     cio_report_lines();
@@ -80,6 +91,7 @@ public:
     cio_report_lines& operator=(const cio_report_lines&) = delete;
 
 private:
+    cio_hold hold;
     unsigned s3;
     unsigned s4;
 };

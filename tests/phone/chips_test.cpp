@@ -48,7 +48,8 @@ struct Chips : testing::Test {
 // A register that nothing brings to life: it holds what the table says.
 bool is_plain(const reg_row& row)
 {
-    return row.before_read == nullptr && row.after_write == nullptr && row.after_read == nullptr;
+    return row.before_read == nullptr && row.after_write == nullptr && row.after_read == nullptr &&
+           row.hidden == nullptr;
 }
 
 // The chip's own registers and, counted from 1, those that keys lay over them.

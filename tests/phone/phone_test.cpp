@@ -24,11 +24,14 @@
 #include "core/watch.h"
 #include "phone/clock_once.h"
 #include "runner/file_text.h"
+#include "runtime/insmod.h"
 #include "runtime/tools.h"
 
 using namespace phone;
 
 namespace {
+
+std::string params_of_lamp;
 
 // One phone without program for all tests of the process; CTest runs each test in a process of its own.
 struct Phone : testing::Test {
@@ -43,9 +46,19 @@ struct Phone : testing::Test {
         clock_attach_once();
         log_attach();
         watch_attach();
+        toolbox_attach();
         tools_attach();
+        insmod_attach();
+        module_add("lamp.ko", [](const std::vector<std::string>& params) {
+            for (const std::string& param : params)
+                params_of_lamp += param + " ";
+        });
+        tool_add(
+            "measure", [](tool_call&) { return file_write("/data/result", "own") ? 0 : 1; }, "/data/result");
+        home_seed("/system/modules/lamp.ko", "");
         home_seed("/sys/class/lamp/level", "7\n");
         home_seed("/data/text", "abc");
+        home_seed("/data/empty/folder/", "");
         ASSERT_EQ(home_lay_seeds(), "");
     }
     static void TearDownTestSuite() { std::filesystem::remove_all(dir); }
@@ -75,6 +88,28 @@ TEST_F(Phone, NothingOutsideItsTreeCanBeReached)
     EXPECT_EQ(errno, ENOENT);
     EXPECT_EQ(phone_co.open("/data/round", O_RDONLY, 0), -1);
     EXPECT_EQ(errno, ELOOP);
+}
+
+TEST_F(Phone, ASeedMayBeAnEmptyFolder)
+{
+    EXPECT_TRUE(std::filesystem::is_directory(dir + "/root/data/empty/folder"));
+    EXPECT_TRUE(std::filesystem::is_empty(dir + "/root/data/empty/folder"));
+}
+
+TEST_F(Phone, FilesOfARequestCountFromTheAskersFolder)
+{
+    word_add("where", "FILE", "", [](request& rq) {
+        rq.answer = request_file(rq, rq.args[0]);
+        return std::string();
+    });
+    control_attach();
+    EXPECT_EQ(ask("where a.png"), dir + "/a.png\nok\n");
+    std::string from;
+    EXPECT_EQ(control_request("where b/a.raw", &from), dir + "/b/a.raw\nok\n");
+    EXPECT_EQ(control_request("from /some where", &from), "ok\n");
+    EXPECT_EQ(control_request("where b/a.raw", &from), "/some where/b/a.raw\nok\n");
+    EXPECT_EQ(control_request("where /b/a.raw", &from), "/b/a.raw\nok\n");
+    EXPECT_EQ(control_request("from some", &from), "error: the whole path of a folder is wanted\n");
 }
 
 TEST_F(Phone, AttributesBehaveAsTheKernels)
@@ -112,6 +147,13 @@ TEST_F(Phone, ShellLines)
         {"echo 3 > /sys/class/lamp/level", 0, "z\n"},
         {"echo 3 > /sys/class/lamp/none", 2, "z\n"},
         {"reboot --now", 1, "z\n"},
+        {"/system/bin/echo by path > /data/out", 0, "by path\n"},
+        {"/sbin/echo by path > /data/out", 127, ""},
+        {"echo \"two\nlines\" > /data/out", 0, "two\nlines\n"},
+        {"insmod", 1, "two\nlines\n"},
+        {"insmod /system/modules/lamp.ko colour=5 level=2", 0, "two\nlines\n"},
+        {"/system/bin/insmod /system/modules/lamp.ko 2> /data/out", 1,
+         "insmod: init_module '/system/modules/lamp.ko' failed (File exists)\n"},
         {"echo $HOME `id` $(id) * > /data/out", 0, "$HOME `id` $(id) *\n"},
     };
     for (const row& r : rows) {
@@ -120,6 +162,13 @@ TEST_F(Phone, ShellLines)
         EXPECT_EQ(content("/data/out"), r.text) << r.line;
     }
     EXPECT_EQ(content("/sys/class/lamp/level"), "3\n");
+    EXPECT_NE(ask("shell 8").find("\n127 /sbin/echo by path > /data/out\n"), std::string::npos);
+    EXPECT_NE(ask("shell 8").find("\n0 echo \"two\\nlines\" > /data/out\n"), std::string::npos)
+        << "one entry, whatever line ends it has";
+    EXPECT_EQ(params_of_lamp, "colour=5 level=2 ");
+    EXPECT_TRUE(module_loaded("lamp.ko", "colour=5"));
+    EXPECT_FALSE(module_loaded("lamp.ko", "colour=6"));
+    EXPECT_FALSE(module_loaded("nosuch.ko"));
     EXPECT_EQ(ask("shell 1"), "0 echo $HOME `id` $(id) * > /data/out\nok\n");
     FILE* stream = phone_co.popen("echo one; echo two", "r");
     char text[32] = {};
@@ -127,6 +176,38 @@ TEST_F(Phone, ShellLines)
     EXPECT_EQ(std::fread(text, 1, sizeof text, stream), 8u);
     EXPECT_STREQ(text, "one\ntwo\n");
     EXPECT_EQ(phone_co.pclose(stream), 0);
+}
+
+TEST_F(Phone, TheBenchSaysWhatAToolGives)
+{
+    const auto printed = [](const char* line) {
+        FILE* stream = phone_co.popen(line, "r");
+        char text[64] = {};
+        const std::size_t n = std::fread(text, 1, sizeof text, stream);
+        EXPECT_EQ(phone_co.pclose(stream), 0) << line;
+        return std::string(text, n);
+    };
+    EXPECT_EQ(ask("tool echo -v one\\ttwo  three\\n"), "ok\n");
+    EXPECT_EQ(ask("tool echo -q none"), "ok\n");
+    EXPECT_EQ(ask("tool measure -f 61"), "ok\n");
+    EXPECT_EQ(printed("echo -v"), "one\ttwo  three\n");
+    EXPECT_EQ(printed("/system/bin/echo -v more"), "one\ttwo  three\n");
+    EXPECT_EQ(printed("echo -q"), "");
+    EXPECT_EQ(printed("echo more -v"), "more -v\n") << "its first argument alone counts";
+    EXPECT_EQ(printed("measure -f"), "");
+    EXPECT_EQ(content("/data/result"), "61");
+    EXPECT_EQ(ask("tool measure -f none"), "ok\n");
+    printed("measure -f");
+    EXPECT_FALSE(std::filesystem::exists(dir + "/root/data/result"));
+    EXPECT_EQ(ask("tool"), "echo -v one\\ttwo  three\\n\necho -q none\nmeasure -f none\nok\n");
+    EXPECT_EQ(ask("tool off"), "ok\n");
+    printed("measure -f");
+    EXPECT_EQ(content("/data/result"), "own");
+    EXPECT_EQ(printed("echo -q"), "-q\n");
+    EXPECT_EQ(ask("tool nosuch -f 1"), "error: no tool has the name nosuch\n");
+    EXPECT_EQ(ask("tool echo -f"), "error: NAME ARG TEXT, NAME ARG none, or off is wanted\n");
+    path_without("/system/bin/measure");
+    EXPECT_EQ(WEXITSTATUS(phone_co.system("measure -f")), 127);
 }
 
 TEST_F(Phone, ALogIsCutAtAMebibyteBetweenLines)
@@ -179,6 +260,62 @@ TEST_F(Phone, Faults)
     ask("calls on");
     read_first();
     EXPECT_EQ(ask("calls"), "lseek /data/text\nread /data/text\nok\n");
+}
+
+TEST_F(Phone, FaultsOfTargetsGoByTheirNumbers)
+{
+    watch_target_add("mixer", {target_number::decimal});
+    watch_target_add("codec", {target_number::hex});
+    watch_target_add("bus", {target_number::decimal, target_number::hex2});
+    EXPECT_EQ(ask("fail mixer 3"), "ok\n");
+    EXPECT_FALSE(watch_target("mixer 36")) << "another number that begins alike";
+    EXPECT_TRUE(watch_target("mixer 3"));
+    EXPECT_FALSE(watch_target("mixer 3"));
+    EXPECT_EQ(ask("fail codec 0x1b4 2 eio"), "ok\n");
+    EXPECT_TRUE(watch_target("codec 1B4"));
+    EXPECT_TRUE(watch_target("codec 1B4"));
+    EXPECT_FALSE(watch_target("codec 1B4"));
+    EXPECT_EQ(ask("fail bus 5 f all"), "ok\n");
+    EXPECT_TRUE(watch_target("bus 5 0F"));
+    EXPECT_FALSE(watch_target("bus 5 F0"));
+    EXPECT_TRUE(watch_target("bus 5 0F"));
+    EXPECT_EQ(ask("fail off"), "0\nok\n");
+    EXPECT_EQ(ask("fail bus 5 all"), "ok\n");
+    EXPECT_TRUE(watch_target("bus 5 F0")) << "all of bus 5";
+    EXPECT_FALSE(watch_target("bus 51 F0"));
+    EXPECT_EQ(ask("fail off"), "0\nok\n");
+}
+
+TEST_F(Phone, CallsOfALineAreThoseOfItsThreadsToo)
+{
+    std::atomic<int> stage = 0;
+    std::thread old_thread([&] {
+        while (stage == 0)
+            std::this_thread::yield();
+        phone_co.access("/data/old", F_OK);
+        stage = 2;
+    });
+    EXPECT_EQ(ask("calls line"), "ok\n");
+    stage = 1;
+    while (stage != 2)
+        std::this_thread::yield();
+    EXPECT_EQ(ask("fail nth 2 access /data/text"), "ok\n");
+    int results[3];
+    std::thread([&] {
+        for (int& result : results)
+            result = phone_co.access("/data/text", F_OK);
+        phone_co.access("/data/text2", F_OK);
+    }).join();
+    phone_co.access("/data/text", F_OK); // outside of a line
+    EXPECT_EQ(ask("calls"),
+              "access /data/text\naccess /data/text\naccess /data/text\naccess /data/text2\nok\n");
+    EXPECT_EQ(results[0], 0);
+    EXPECT_EQ(results[1], -1);
+    EXPECT_EQ(results[2], 0);
+    EXPECT_EQ(ask("fail off"), "0\nok\n");
+    ask("calls on");
+    ask("calls off");
+    old_thread.join();
 }
 
 TEST_F(Phone, WordsRefuseWhatTheyDoNotTake)

@@ -1,6 +1,8 @@
 #include "unit/plat_fake.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <list>
 #include <mutex>
@@ -85,6 +87,21 @@ int fake_nanosleep(const timespec* p_time, timespec*)
     return 0;
 }
 
+// A wait that nobody ends takes its time of the fake clock, and as much of the host's.
+int fake_cond_wait(std::condition_variable* p_cond, std::unique_lock<std::mutex>* p_lock,
+                   const timespec* p_until)
+{
+    if (p_until == nullptr)
+        return plat_linux_co.cond_wait(p_cond, p_lock, nullptr);
+    timespec now;
+    fake_clock_gettime(CLOCK_MONOTONIC, &now);
+    const std::uint64_t left = ns_of(*p_until) - std::min(ns_of(*p_until), ns_of(now));
+    if (p_cond->wait_for(*p_lock, std::chrono::nanoseconds(left)) == std::cv_status::no_timeout)
+        return 0;
+    advance_ns(left);
+    return ETIMEDOUT;
+}
+
 int fake_timer_create(clockid_t, sigevent* p_event, timer_t* p_timer)
 {
     locked lock(fake_mutex);
@@ -120,6 +137,7 @@ void plat_fake_reset()
     plat_fake_co = plat_linux_co;
     plat_fake_co.clock_gettime = fake_clock_gettime;
     plat_fake_co.nanosleep = fake_nanosleep;
+    plat_fake_co.cond_wait = fake_cond_wait;
     plat_fake_co.timer_create = fake_timer_create;
     plat_fake_co.timer_settime = fake_timer_settime;
     plat_fake_co.timer_gettime = fake_timer_gettime;

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <iterator>
 
+#include "cio_v2/cio.h"
 #include "touch_v2/touch.h"
 
 namespace {
@@ -36,6 +37,7 @@ struct dtst_values {
 // The text is of any length, so it goes out as it is.
 int answer_text(int id, const matrix_text& matrix)
 {
+    const cio_hold hold;
     dcp_bin_tx(id, "DTST:", 5, nullptr, nullptr);
     dcp_bin_tx(id, matrix.data(), strnlen(matrix.data(), matrix.size()), nullptr, nullptr);
     return DCP_OK;

@@ -213,11 +213,28 @@ bool is_plain_rgb(const fb_var_screeninfo& var)
     return is_byte_at(var.red, 16) && is_byte_at(var.green, 8) && is_byte_at(var.blue, 0);
 }
 
+// A slot can be made the active one without a framebuffer behind it: what is drawn there is lost.
+void draw_nowhere(screen_callouts* p_co)
+{
+    p_co->put_pixel = [](uint32_t, uint32_t, uint32_t) {};
+    p_co->hline = [](uint32_t, uint32_t, uint32_t, uint32_t) {};
+    p_co->vline = [](uint32_t, uint32_t, uint32_t, uint32_t) {};
+    p_co->clear = [](uint32_t) {};
+    p_co->fill = nullptr;
+    p_co->mask = nullptr;
+    p_co->rows = nullptr;
+    p_co->bgr = nullptr;
+}
+
 } // namespace
 
 void draw_select(screen_callouts* p_co)
 {
-    const bool words = p_si != nullptr && p_si->var.bits_per_pixel == 32;
+    if (p_si == nullptr) {
+        draw_nowhere(p_co);
+        return;
+    }
+    const bool words = p_si->var.bits_per_pixel == 32;
     const bool plain = words && is_plain_rgb(p_si->var);
     loops = &pixel_loops_get();
     last_rgb = color = 0; // black is 0 in every layout

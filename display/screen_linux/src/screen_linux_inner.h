@@ -9,7 +9,8 @@ extern screen_linux_info* p_si; // the selected slot's record; it is open, or nu
 // The video mode now set, -1 for none.
 extern int mCurrentID;
 
-// Puts the drawing operations that fit the layout of the selected record into `*p_co`.
+// Puts the drawing operations that fit the layout of the selected record into `*p_co`; without a record they
+// do nothing.
 void draw_select(screen_callouts* p_co);
 
 // True if two pages of the record's frame size fit its memory.

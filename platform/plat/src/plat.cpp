@@ -1,5 +1,7 @@
 #include "plat/plat.h"
 
+#include <algorithm>
+
 #include "check/check.h"
 
 namespace {
@@ -212,6 +214,21 @@ ssize_t plat_send(int fd, const void* buf, std::size_t size)
     return p_plat_co->send(fd, buf, size);
 }
 
+int plat_setsockopt(int fd, int level, int option, const void* p_value, socklen_t size)
+{
+    return p_plat_co->setsockopt(fd, level, option, p_value, size);
+}
+
+int plat_hci_open_dev(int device)
+{
+    return p_plat_co->hci_open_dev(device);
+}
+
+int plat_hci_send_cmd(int fd, std::uint16_t ogf, std::uint16_t ocf, std::uint8_t size, const void* p_param)
+{
+    return p_plat_co->hci_send_cmd(fd, ogf, ocf, size, p_param);
+}
+
 int plat_clock_gettime(clockid_t clock, timespec* p_out)
 {
     return p_plat_co->clock_gettime(clock, p_out);
@@ -240,6 +257,27 @@ int plat_timer_gettime(timer_t timer, itimerspec* p_out)
 int plat_timer_delete(timer_t timer)
 {
     return p_plat_co->timer_delete(timer);
+}
+
+int plat_cond_wait(std::condition_variable& cond, std::unique_lock<std::mutex>& lock, const timespec* p_until)
+{
+    return p_plat_co->cond_wait(&cond, &lock, p_until);
+}
+
+void plat_cond_wake(std::condition_variable& cond)
+{
+    p_plat_co->cond_wake(&cond);
+}
+
+timespec plat_time_in(std::int64_t us)
+{
+    constexpr std::int64_t us_per_s = 1'000'000;
+    constexpr std::int64_t ns_per_s = 1'000'000'000;
+    timespec t{};
+    plat_clock_gettime(CLOCK_MONOTONIC, &t);
+    us = std::max<std::int64_t>(us, 0);
+    const std::int64_t ns = t.tv_nsec + us % us_per_s * 1000;
+    return {t.tv_sec + us / us_per_s + ns / ns_per_s, ns % ns_per_s};
 }
 
 std::string plat_host_path(const char* path)

@@ -1,10 +1,14 @@
 #include "plat_linux/plat_linux.h"
 
+#include <bluetooth/bluetooth.h>
+#include <bluetooth/hci.h>
+#include <bluetooth/hci_lib.h>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
 #include <linux/netlink.h>
+#include <pthread.h>
 #include <sys/ioctl.h>
 #include <sys/mount.h>
 
@@ -57,6 +61,20 @@ ssize_t linux_uevent_recv(int fd, void* buf, std::size_t size, std::uint32_t* p_
     return n;
 }
 
+int linux_hci_send_cmd(int fd, std::uint16_t ogf, std::uint16_t ocf, std::uint8_t size, const void* p_param)
+{
+    return hci_send_cmd(fd, ogf, ocf, size, const_cast<void*>(p_param)); // which it only reads
+}
+
+int linux_cond_wait(std::condition_variable* p_cond, std::unique_lock<std::mutex>* p_lock,
+                    const timespec* p_until)
+{
+    if (p_until == nullptr)
+        return pthread_cond_wait(p_cond->native_handle(), p_lock->mutex()->native_handle());
+    return pthread_cond_clockwait(p_cond->native_handle(), p_lock->mutex()->native_handle(), CLOCK_MONOTONIC,
+                                  p_until);
+}
+
 } // namespace
 
 // clang-format off
@@ -101,12 +119,17 @@ const plat_callouts plat_linux_co = {
     .socket        = socket,
     .connect       = connect,
     .send          = [](int fd, const void* buf, std::size_t size) { return send(fd, buf, size, MSG_NOSIGNAL); },
+    .setsockopt    = setsockopt,
+    .hci_open_dev  = hci_open_dev,
+    .hci_send_cmd  = linux_hci_send_cmd,
     .clock_gettime = clock_gettime,
     .nanosleep     = nanosleep,
     .timer_create  = timer_create,
     .timer_settime = timer_settime,
     .timer_gettime = timer_gettime,
     .timer_delete  = timer_delete,
+    .cond_wait     = linux_cond_wait,
+    .cond_wake     = [](std::condition_variable* p_cond) { p_cond->notify_all(); },
     .host_path     = [](const char* path) { return std::string(path); },
 };
 // clang-format on

@@ -11,7 +11,7 @@ constexpr std::uint32_t STOP_TURN_MS = 50;
 
 tmr_link tick_link;
 
-void send(int code)
+void post(int code)
 {
     const fsm_event evt = {code};
     fsm_evt(&chmon_fsm.machine, &evt);
@@ -23,13 +23,13 @@ void report_charger()
     if (charge_get_mode(CHARGE_GET_TYPE, &type) == 0 || type == chmon_fsm.charger)
         return;
     chmon_fsm.charger = type;
-    send(CHMON_EVT_CHANGE);
+    post(CHMON_EVT_CHANGE);
 }
 
 void tmr_cb_chargemon(tmr_link* p_link, std::uint32_t)
 {
     chmon_fsm.in_tick = true;
-    send(CHMON_EVT_TICK);
+    post(CHMON_EVT_TICK);
     if (chmon_fsm.running) {
         report_charger();
         tmr_cb_add(p_link, tmr_cb_chargemon, cmcfg.tick_period_us);

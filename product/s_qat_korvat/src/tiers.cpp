@@ -2,9 +2,13 @@
 // drivers rely on what stands before them. A module that isn't built yet has no line.
 #include "tiers.h"
 
+#include "aclmr/aclmr.h"
+#include "aclmr_bmi055/aclmr_bmi055.h"
 #include "adc/adc.h"
 #include "adcr/adcr.h"
 #include "adcr_brenk/adcr_brenk.h"
+#include "als/als.h"
+#include "als_apds_9930/als_apds_9930.h"
 #include "autopoff/autopoff.h"
 #include "backcap/backcap.h"
 #include "backcap_qpnp/backcap_qpnp.h"
@@ -17,14 +21,20 @@
 #include "cio_stdio/cio_stdio.h"
 #include "cio_tty/cio_tty.h"
 #include "cio_v2/cio.h"
+#include "compass/compass.h"
+#include "compass_ak8963/compass_ak8963.h"
+#include "f_aclmr_v2/f_aclmr.h"
 #include "f_adcr/f_adcr.h"
+#include "f_als/f_als.h"
 #include "f_backcap/f_backcap.h"
 #include "f_battery/f_battery.h"
 #include "f_card/f_card.h"
 #include "f_charge/f_charge.h"
+#include "f_compass/f_compass.h"
 #include "f_ftm/f_ftm.h"
 #include "f_ftm_gps_gen8/f_ftm_gps_gen8.h"
 #include "f_fuelgauge/f_fuelgauge.h"
+#include "f_gyro_v2/f_gyro.h"
 #include "f_i2c/f_i2c.h"
 #include "f_kbd/f_kbd.h"
 #include "f_kill/f_kill.h"
@@ -32,6 +42,7 @@
 #include "f_msm/f_msm.h"
 #include "f_poff/f_poff.h"
 #include "f_pp/f_pp.h"
+#include "f_prox/f_prox.h"
 #include "f_qat/f_qat.h"
 #include "f_rfbv/f_rfbv.h"
 #include "f_rtc/f_rtc.h"
@@ -43,11 +54,14 @@
 #include "f_temp/f_temp.h"
 #include "f_touch_v2/f_touch.h"
 #include "f_usb/f_usb.h"
+#include "f_vibrator/f_vibrator.h"
 #include "file_linux/file_linux.h"
 #include "fsm/fsm.h"
 #include "ftm_linux/ftm_linux.h"
 #include "fuelgauge/fuelgauge.h"
 #include "fuelgauge_pm8941/fuelgauge_pm8941.h"
+#include "gyro/gyro.h"
+#include "gyro_bmi055/gyro_bmi055.h"
 #include "i2c/i2c.h"
 #include "kbd/kbd.h"
 #include "kbd_qpnp/kbd_qpnp.h"
@@ -58,6 +72,8 @@
 #include "msm/msm.h"
 #include "msm_linux/msm_linux.h"
 #include "pin/pin.h"
+#include "prx/prx.h"
+#include "prx_apds_9930/prx_apds_9930.h"
 #include "pwrsupply_linux/pwrsupply_linux.h"
 #include "queue/queue.h"
 #include "rfbv/rfbv.h"
@@ -88,6 +104,8 @@
 #include "vers/vers.h"
 #include "vers_amss/vers_amss.h"
 #include "vers_linux/vers_linux.h"
+#include "vibrator/vibrator.h"
+#include "vibrator_generic/vibrator_generic.h"
 #include "vreg/vreg.h"
 #include "vreg_linux/vreg_linux.h"
 
@@ -96,18 +114,23 @@ namespace {
 // clang-format off
 // Interfaces: clear their state, set up their lists, open what they alone own.
 constexpr autoinit_entry initcompif[] = {
+    aclmr_init,
     adc_init,
     adcr_init,
+    als_init,
     backcap_init,
     battery_init,
     charge_init,
     cio_dev_init,
+    compass_init,
     fuelgauge_init,
     file_init,
     fsm_init,
+    gyro_init,
     kbd_init,
     light_init,
     pin_init,
+    prx_init,
     msm_init,
     rfbv_init,
     rtc_init,
@@ -123,12 +146,15 @@ constexpr autoinit_entry initcompif[] = {
     uevent_init,
     usb_init,
     vers_init,
+    vibrator_init,
     vreg_init,
 };
 
 // Drivers, which attach a callout table to their interface, and modules that need no driver.
 constexpr autoinit_entry initcomp[] = {
+    aclmr_bmi055_init,
     adcr_brenk_init,
+    als_apds_9930_init,
     autopoff_init,
     backcap_qpnp_init,
     bmp_init,
@@ -137,13 +163,16 @@ constexpr autoinit_entry initcomp[] = {
     chargemon_init,
     cio_stdio_init,
     cio_tty_init,
+    compass_ak8963_init,
     fuelgauge_pm8941_init,
     ftm_init,
+    gyro_bmi055_init,
     i2c_init,
     kbd_qpnp_init,
     light_linux_init,
     light_pm8941_init,
     luigi_init,
+    prx_apds_9930_init,
     msm_linux_init,
     pwrsupply_linux_init,
     queue_init,
@@ -158,27 +187,33 @@ constexpr autoinit_entry initcomp[] = {
     usb_linux_init,
     vers_amss_init,
     vers_linux_init,
+    vibrator_generic_init,
     vreg_linux_init,
 };
 
 // Commands: add a command table.
 constexpr autoinit_entry initcompcmd[] = {
     cio_cmd_init,
+    f_aclmr_init,
     f_adcr_init,
+    f_als_init,
     f_qat_init,
     f_backcap_init,
     f_battery_init,
     f_card_init,
     f_charge_init,
+    f_compass_init,
     f_fuelgauge_init,
     f_ftm_init,
     f_ftm_gps_init,
+    f_gyro_init,
     f_i2c_init,
     f_kbd_init,
     f_kill_init,
     f_light_init,
     f_poff_init,
     f_pp_init,
+    f_prox_init,
     f_msm_init,
     f_rfbv_init,
     f_rtc_init,
@@ -190,6 +225,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_temp_init,
     f_touch_init,
     f_usb_init,
+    f_vibrator_init,
     rfbv_brenk_init,
     t_vers_init,
     t_vreg_init,

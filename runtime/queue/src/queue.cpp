@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "plat/plat.h"
+
 namespace {
 
 bool usable(const queue* p_q, const void* p_rec, int size)
@@ -42,10 +44,10 @@ int queue_put(queue* p_q, const void* p_rec, int size)
     if (!usable(p_q, p_rec, size))
         return -1;
     std::unique_lock lock(p_q->mutex);
-    p_q->not_full.wait(lock, [&] { return (p_q->wr + 1) % p_q->cap != p_q->rd; });
+    plat_wait(p_q->not_full, lock, [&] { return (p_q->wr + 1) % p_q->cap != p_q->rd; });
     std::memcpy(slot(p_q, p_q->wr), p_rec, p_q->size);
     p_q->wr = (p_q->wr + 1) % p_q->cap;
-    p_q->not_empty.notify_one();
+    plat_cond_wake(p_q->not_empty);
     return 1;
 }
 
@@ -54,9 +56,9 @@ int queue_get(queue* p_q, void* p_rec, int size)
     if (!usable(p_q, p_rec, size))
         return -1;
     std::unique_lock lock(p_q->mutex);
-    p_q->not_empty.wait(lock, [&] { return p_q->wr != p_q->rd; });
+    plat_wait(p_q->not_empty, lock, [&] { return p_q->wr != p_q->rd; });
     std::memcpy(p_rec, slot(p_q, p_q->rd), p_q->size);
     p_q->rd = (p_q->rd + 1) % p_q->cap;
-    p_q->not_full.notify_one();
+    plat_cond_wake(p_q->not_full);
     return 1;
 }

@@ -8,6 +8,7 @@
 #include <asm/ioctls.h>
 #include <asm/termbits.h>
 #include <memory>
+#include <mutex>
 
 namespace {
 
@@ -18,7 +19,8 @@ constexpr std::uint32_t REOPEN_PAUSE_US = 1000;
 struct cio_tty {
     cio_dev_obj obj;
     const cio_tty_config* p_cfg;
-    int fd; // -1 when closed
+    std::mutex fd_mutex; // the loop's thread alone changes fd; other threads write
+    int fd;              // -1 when closed
     termios tio;
     core_rd_cb_client rd_client;
 };
@@ -26,6 +28,12 @@ struct cio_tty {
 cio_tty* self(cio_dev_obj* p_obj)
 {
     return reinterpret_cast<cio_tty*>(p_obj);
+}
+
+void set_fd(cio_tty* p_me, int fd)
+{
+    const std::lock_guard lock(p_me->fd_mutex);
+    p_me->fd = fd;
 }
 
 int set_up(cio_tty* p_me)
@@ -68,17 +76,23 @@ int tty_open(cio_dev_obj* p_obj)
 
 int tty_wr(cio_dev_obj* p_obj, const void* buf, std::size_t len)
 {
-    const ssize_t taken = plat_write(self(p_obj)->fd, buf, len);
+    cio_tty* p_me = self(p_obj);
+    const std::lock_guard lock(p_me->fd_mutex);
+    const ssize_t taken = plat_write(p_me->fd, buf, len);
     return taken < 0 ? 0 : static_cast<int>(taken);
 }
 
 // The cable is out. Nothing else can reach the console, so the loop waits here until the port is back.
 void reopen(cio_tty* p_me)
 {
-    plat_close(p_me->fd);
+    const int closed = p_me->fd;
+    set_fd(p_me, -1);
+    plat_close(closed);
     core_rm_rd_cb_client(&p_me->rd_client);
-    while ((p_me->fd = plat_open(p_me->p_cfg->path, OPEN_FLAGS)) <= 0)
+    int fd;
+    while ((fd = plat_open(p_me->p_cfg->path, OPEN_FLAGS)) <= 0)
         tmr_usleep(REOPEN_PAUSE_US);
+    set_fd(p_me, fd);
     listen(p_me);
     plat_ioctl(p_me->fd, TCSETSW, &p_me->tio);
 }

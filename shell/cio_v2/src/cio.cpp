@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <mutex>
 #include <utility>
 
 namespace {
@@ -17,6 +18,8 @@ constexpr const char* cio_dcp_resp[STATUS_WORDS] = {"OK",      "ERROR", "SYNTAX"
 constexpr int BIN_TX_DONE = 2;
 constexpr int DEFAULT_TERM0 = '\r';
 constexpr int DEFAULT_TERM1 = '\n';
+
+std::recursive_mutex cio_mutex; // guards the terminators, and keeps what belongs together in one piece
 
 char cio_term[3] = "\r\n";
 char cio_final[4] = "\r\n>";
@@ -82,6 +85,7 @@ void run_line(cio* p_me)
         if (status == DCP_NOT_FOUND)
             status = p_me->parse_fn(p_me->cmd.ln, p_me->cmd.size);
     }
+    const cio_hold hold;
     if (status >= DCP_OK && status < STATUS_WORDS)
         cio_print(p_me, cio_dcp_resp[status]);
     if (status != DCP_LATER)
@@ -134,8 +138,19 @@ void cio_start(cio* p_me)
     cio_print(p_me, cio_final);
 }
 
+cio_hold::cio_hold()
+{
+    cio_mutex.lock();
+}
+
+cio_hold::~cio_hold()
+{
+    cio_mutex.unlock();
+}
+
 int cio_wr(cio* p_me, const void* buf, std::size_t len)
 {
+    const cio_hold hold;
     return p_me->p_dev_obj->wr(p_me->p_dev_obj, buf, len);
 }
 
@@ -158,6 +173,7 @@ int cio_parse(char*, std::size_t)
 void cio_dspl(dcp_client* p_clnt, int type, int, const char* text)
 {
     auto* p_me = reinterpret_cast<cio*>(p_clnt);
+    const cio_hold hold;
     cio_print(p_me, text);
     if (type >= 0 && type <= 2)
         cio_print(p_me, cio_dcp_resp[type]);
@@ -178,6 +194,7 @@ void cio_bin_rx(dcp_client*, void*, std::size_t, dcp_bin_cb, void*) {}
 
 unsigned cio_s3_set(int term0, int final0)
 {
+    const cio_hold hold;
     const int old_term = set_byte(&cio_term[0], term0);
     const int old_final = set_byte(&cio_final[0], final0);
     return static_cast<unsigned>(old_term | old_final << 8);
@@ -185,6 +202,7 @@ unsigned cio_s3_set(int term0, int final0)
 
 unsigned cio_s4_set(int term1, int final1, int final2)
 {
+    const cio_hold hold;
     const int old_term = set_byte(&cio_term[1], term1);
     const int old_final = set_byte(&cio_final[1], final1);
     const int old_prompt = set_byte(&cio_final[2], final2);

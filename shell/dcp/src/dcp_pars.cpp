@@ -4,12 +4,14 @@
 #include "check/check.h"
 #include "nav/nav.h"
 
+#include <atomic>
+
 static_assert(DCP_MAX_VALUES == NAV_MAX_VALUES);
 static_assert(DCP_ACTION_SET == NAV_SET && DCP_ACTION_READ == NAV_READ && DCP_ACTION_TEST == NAV_TEST);
 
 namespace {
 
-int dcp_case_en = 1;
+std::atomic<int> dcp_case_en = 1; // a late report of another thread asks for it
 int dcp_parser_blocked;
 dcp_line_fn dcp_cmd_line_cb; // null: lines pass as they are
 dcp_parse_fn dcp_parse_ext;

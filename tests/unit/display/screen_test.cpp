@@ -14,6 +14,7 @@
 #include "screenconf/screenconf.h"
 #include "unit/display/panel_fake.h"
 #include "unit/display/plain_canvas.h"
+#include "unit/plat_fake.h"
 
 namespace {
 
@@ -229,6 +230,27 @@ TEST(ScreenLinux, TheOtherDepthsGetTheSameFiguresInTheirLayout)
         // a clear of words goes over what lies between the rows
         EXPECT_TRUE(shape.bits == 32 || panel_fake_rest_untouched()) << shape.bits;
     }
+}
+
+TEST(ScreenLinux, WithoutAFramebufferBehindTheActiveSlotDrawingDoesNothing)
+{
+    plat_fake_reset();
+    screen_init();
+    screen_linux_init();
+    screen_set_active(SCREEN_HDMI, 0);
+    EXPECT_EQ(screen_get_active(), SCREEN_HDMI);
+    EXPECT_EQ(screen_width(), 0u);
+    screen_clear(0xFFFFFF);
+    screen_put_pixel(0, 0, 0xFF0000);
+    screen_line(0, 0, 5, 0, 0xFF00);
+    screen_line(0, 0, 0, 5, 0xFF00);
+    screen_line(0, 0, 5, 7, 0xFF00);
+    screen_rectangle(0, 0, 4, 4, 0xFF, 0xFF0000, 1);
+    screen_print("text", 0, 0, 0xFFFFFF);
+    screen_set_active(SCREEN_LAST, 0);
+    screen_put_pixel(0, 0, 0xFF0000);
+    EXPECT_EQ(screen_invalidate(), 0);
+    EXPECT_EQ(screen_control(SCREEN_CONTROL_UNBLANK, 0), -1);
 }
 
 TEST(ScreenLinux, AModeLargerThanTheMemoryIsDrawnAsFarAsThatGoes)

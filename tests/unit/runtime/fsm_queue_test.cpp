@@ -8,6 +8,7 @@
 
 #include "fsm/fsm.h"
 #include "queue/queue.h"
+#include "unit/plat_fake.h"
 
 namespace {
 
@@ -88,6 +89,7 @@ TEST(Queue, ManyProducersLoseNothing)
         char filler[20];
     };
     constexpr int each = 2000, producers = 4, consumers = 2;
+    plat_fake_reset();
     queue q{};
     ASSERT_EQ(queue_start(&q, 3, sizeof(record)), 1);
     std::vector<std::thread> threads;

@@ -1,0 +1,4 @@
+// The accelerometer's command, acct.
+#pragma once
+
+void f_aclmr_init();

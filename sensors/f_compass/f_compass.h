@@ -1,0 +1,4 @@
+// The compass's command, ecmt.
+#pragma once
+
+void f_compass_init();

@@ -1,0 +1,4 @@
+// The gyroscope's command, gspt.
+#pragma once
+
+void f_gyro_init();
