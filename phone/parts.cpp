@@ -7,6 +7,7 @@
 #include "board/regulators.h"
 #include "board/rtc.h"
 #include "board/spmi.h"
+#include "camera/service.h"
 #include "core/clock.h"
 #include "core/conf.h"
 #include "core/control.h"
@@ -72,6 +73,7 @@ constexpr phone_part parts[] = {
     { "menu",   nullptr,         scripts_seed,     nullptr },
     { "leds",   leds_attach,     leds_seed,        nullptr },
     { "fb",     framebuffer_attach, nullptr,       framebuffer_start },
+    { "camera", camera_attach,   camera_seed,      camera_start },
     { "panel",  panel_attach,    panel_seed,       nullptr },
     { "card",   card_attach,     nullptr,          card_start },
     { "truth",  surroundings_attach, nullptr,      surroundings_start },

@@ -1,7 +1,7 @@
 // The cameras of this phone as data: which there are and how each is mounted, the sizes of picture that each
-// offers, the focus window, the memory mode, the defaults of the blemish test. The board installs the tables at
-// start-up and keeps them; nothing here touches a camera. Sizes are looked up in the table that was selected
-// last, and in none before that.
+// offers, the focus window, the memory mode, the defaults of the blemish test. The board installs the tables
+// at start-up and keeps them; nothing here touches a camera. Sizes are looked up in the table that was
+// selected last, and in none before that.
 #pragma once
 
 #include <cstddef>
@@ -106,7 +106,7 @@ camconf_prd_spec* camconf_cam_prd_spec_get_first(std::uint32_t camera, std::uint
 // camera whose module has been loaded only: -1 without a record or with an impossible one.
 int camconf_adjust_rotation(std::uint32_t camera, std::int32_t rotation);
 int camconf_get_snapshot_rotation(std::uint32_t camera);
-int camconf_get_snapshot_yuv_format(std::uint32_t camera); // 4 without a record
+int camconf_get_snapshot_yuv_format(std::uint32_t camera);        // 4 without a record
 const char* camconf_get_i2c_user_interface(std::uint32_t camera); // null without a record
 std::uint8_t camconf_get_i2c_address(std::uint32_t camera);       // 0 without a record
 std::int32_t camconf_get_device_number(std::uint32_t camera);     // 0 without a record

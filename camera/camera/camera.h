@@ -1,7 +1,7 @@
-// The one active camera and the one picture in memory: start and stop, viewfinder, snapshots, focus and what else
-// a camera module does, and the image tests, which all judge the picture in memory. Drivers fill the table of
-// callouts; without a driver an operation does nothing and gives what its comment says. Holds no image logic of
-// its own but the layout of a picture. From the main loop only.
+// The one active camera and the one picture in memory: start and stop, viewfinder, snapshots, focus and what
+// else a camera module does, and the image tests, which all judge the picture in memory. Drivers fill the
+// table of callouts; without a driver an operation does nothing and gives what its comment says. Holds no
+// image logic of its own but the layout of a picture. From the main loop only.
 //
 // Results are 1 for success and 0 for failure unless told otherwise.
 #pragma once
@@ -10,8 +10,8 @@
 
 #include "camconf/camconf.h"
 
-// The picture in memory; `buffer` is null when there is none. The driver owns the bytes of one that was taken,
-// the camera module those of one that was loaded.
+// The picture in memory; `buffer` is null when there is none. The driver owns the bytes of one that was
+// taken, the camera module those of one that was loaded.
 struct camera_snapshot {
     std::uint32_t format;
     std::uint32_t width;
@@ -98,8 +98,8 @@ int camera_release_snapshot(const camconf_sizeconfig& size, std::int32_t rotatio
 // Writes the picture's bytes to a file; one of that name is removed first, picture or not.
 int camera_save_snapshot(const char* path);
 
-// Reads a file of at most CAMERA_LARGEST_FILE bytes as the picture, whose size stays as it is told. Not on top of
-// a picture in memory.
+// Reads a file of at most CAMERA_LARGEST_FILE bytes as the picture, whose size stays as it is told. Not on
+// top of a picture in memory.
 constexpr std::uint32_t CAMERA_LARGEST_FILE = 64u << 20;
 int camera_load_snapshot(const char* path);
 
@@ -109,7 +109,7 @@ int camera_get_sizeconf(camconf_sizeconfig* p_size);
 
 int camera_start_autofocus(); // returns when the run has ended
 int camera_stop_autofocus();
-int camera_get_autofocus_status(); // CAMERA_FOCUS_...
+int camera_get_autofocus_status();             // CAMERA_FOCUS_...
 int camera_test_pattern(std::int32_t pattern); // -1 without a driver
 int camera_load_firmware(const char* path);
 std::uint32_t camera_get_firmware_version(); // 0: not known
@@ -138,8 +138,8 @@ int camera_get_yuv_uinfo(std::uint32_t plane_size, std::uint32_t* p_step, std::u
 int camera_get_yuv_vinfo(std::uint32_t plane_size, std::uint32_t* p_step, std::uint32_t* p_offset,
                          std::uint32_t* p_rows);
 
-// The luminance of a picture, packed, into `dst` of height x width bytes. 1, or -1 when an argument is null, the
-// layout isn't known, or a size has bit value 2. `src` must hold the whole picture.
+// The luminance of a picture, packed, into `dst` of height x width bytes. 1, or -1 when an argument is null,
+// the layout isn't known, or a size has bit value 2. `src` must hold the whole picture.
 int camera_extract_y_image(const std::uint8_t* src, std::uint8_t* dst, std::uint32_t height,
                            std::uint32_t width);
 

@@ -1,6 +1,7 @@
-// The general image test: judges a picture of the test chart. Finds the frame by its four red corners, then looks
-// at colour patches, bright bars near the edges (flare), fine lines (resolution) and a grey ramp (solarization).
-// Each part gives a word, 0 for a pass. Limits are parameters with numbers of their own, in memory only.
+// The general image test: judges a picture of the test chart. Finds the frame by its four red corners, then
+// looks at colour patches, bright bars near the edges (flare), fine lines (resolution) and a grey ramp
+// (solarization). Each part gives a word, 0 for a pass. Limits are parameters with numbers of their own, in
+// memory only.
 #pragma once
 
 #include <cstddef>
@@ -44,7 +45,7 @@ struct cam_gen_rgb {
 };
 
 struct cam_gen_hsv {
-    std::uint16_t hue; // degrees
+    std::uint16_t hue;              // degrees
     std::uint8_t saturation, value; // percent
 };
 
@@ -67,7 +68,8 @@ struct cam_gen_line {
 
 void camera_general_init(); // all parameters at their defaults
 
-// 1 when the tests ran; 0 with no picture, an odd size, a layout that isn't known, too few bytes or no memory.
+// 1 when the tests ran; 0 with no picture, an odd size, a layout that isn't known, too few bytes or no
+// memory.
 int camera_general_do_test(const camera_general_request* p_request, camera_general_result* p_result);
 
 // 1, or 0 for an id without a parameter. A set stores as many bits as the parameter has.

@@ -1,6 +1,6 @@
 // The small image tests, which look at one picture: contrast in a window, tilt of a bright cross, mean of a
-// channel; and those of the sensor's data lines, which take a picture of a test pattern of their own. Results are
-// 1 and 0; 0 also for a picture of another format than 0 or 5 or whose bytes don't reach far enough.
+// channel; and those of the sensor's data lines, which take a picture of a test pattern of their own. Results
+// are 1 and 0; 0 also for a picture of another format than 0 or 5 or whose bytes don't reach far enough.
 #pragma once
 
 #include <cstdint>
@@ -14,8 +14,8 @@ struct camera_focus_result {
     std::uint32_t measure;
 };
 
-// `kind` 5: the smallest in percent of the largest; 6: contrast in per mille. Width or height 0: the window of
-// camconf in the middle.
+// `kind` 5: the smallest in percent of the largest; 6: contrast in per mille. Width or height 0: the window
+// of camconf in the middle.
 int camera_focus_do_test(std::uint32_t kind, camera_focus_result* p_result, const camera_snapshot* p_picture,
                          std::uint32_t x, std::uint32_t y, std::uint32_t width, std::uint32_t height);
 

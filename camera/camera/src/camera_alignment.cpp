@@ -48,8 +48,7 @@ bool find_all(const y_image& image, const camera_alignment_config& config, camer
         !camera_alignment_find_hline(image, config, config.x_margin, &left_y) ||
         !camera_alignment_find_hline(image, config, right, &right_y))
         return false;
-    const float quotient =
-        (top_x - bottom_x) / static_cast<float>(image.height - 2 * config.y_margin);
+    const float quotient = (top_x - bottom_x) / static_cast<float>(image.height - 2 * config.y_margin);
     result = {.angle = std::atan(static_cast<double>(quotient)) * 180.0 / PI,
               .top_x = static_cast<std::uint32_t>(top_x),
               .top_y = config.y_margin,

@@ -54,8 +54,8 @@ void run(const camera_blemish_image& image, const camera_blemish_config& config,
         result.spot_col = p->col * config.block_size;
         result.spot_row = p->row * config.block_size;
     }
-    const std::span found_specks(
-        specks.data(), camera_blemish_focused_spot_detect(image, config.focused_threshold, specks));
+    const std::span found_specks(specks.data(),
+                                 camera_blemish_focused_spot_detect(image, config.focused_threshold, specks));
     result.specks = static_cast<std::uint32_t>(found_specks.size());
     if (const camera_blemish_spot* p = darkest(found_specks)) {
         result.speck_col = p->col * config.block_size;

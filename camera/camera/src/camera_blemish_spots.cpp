@@ -1,5 +1,5 @@
-// The two passes of the blemish test. The kernels look at whole rows of cells at once, which the compiler turns
-// into vector code, and at single cells only where a row has something dark.
+// The two passes of the blemish test. The kernels look at whole rows of cells at once, which the compiler
+// turns into vector code, and at single cells only where a row has something dark.
 #include "camera/camera_blemish.h"
 
 #include <algorithm>
@@ -10,8 +10,8 @@
 namespace {
 
 constexpr double PER_MILLE = 1000.0;
-constexpr std::uint32_t CHUNK = 512;  // cells of a row that are looked at together
-constexpr std::uint32_t PIECE = 2560; // pixels of a row that are looked at together
+constexpr std::uint32_t CHUNK = 512;          // cells of a row that are looked at together
+constexpr std::uint32_t PIECE = 2560;         // pixels of a row that are looked at together
 constexpr std::uint32_t LARGEST_SUMMED = 256; // rows of pixels whose sum 16 bits hold
 
 // A list that a pass fills; a full one ends the pass.
@@ -38,8 +38,8 @@ struct unfocused {
     std::uint32_t at(std::uint32_t r, std::uint32_t c) const { return row(r)[c]; }
 };
 
-// Cells between two ends `reach` apart, each held against the straight line between them. `lag` is how many cells
-// the line lies behind: one on the far sides of the picture.
+// Cells between two ends `reach` apart, each held against the straight line between them. `lag` is how many
+// cells the line lies behind: one on the far sides of the picture.
 struct segment {
     std::uint32_t row, col; // the end that is the line's base
     std::uint32_t down, right;
@@ -110,7 +110,8 @@ bool edges_fill_list(unfocused& u)
 
 double darkness(std::uint32_t cell, std::uint32_t times, std::uint32_t sum)
 {
-    return 1.0 - static_cast<std::int32_t>(cell * times) / static_cast<double>(static_cast<std::int32_t>(sum));
+    return 1.0 -
+           static_cast<std::int32_t>(cell * times) / static_cast<double>(static_cast<std::int32_t>(sum));
 }
 
 double threshold_at(const unfocused& u, std::uint32_t r, std::uint32_t c)
@@ -122,8 +123,8 @@ double threshold_at(const unfocused& u, std::uint32_t r, std::uint32_t c)
     return (outer ? u.config.outer_threshold : u.config.inner_threshold) / PER_MILLE;
 }
 
-// Cells from `first` to before `last` of row `r`, each with the sums of what lies `by` cells before and behind it
-// in memory: 1 for a horizontal kernel, a row's length for a vertical one.
+// Cells from `first` to before `last` of row `r`, each with the sums of what lies `by` cells before and
+// behind it in memory: 1 for a horizontal kernel, a row's length for a vertical one.
 bool kernel_fills_list(unfocused& u, std::uint32_t r, std::uint32_t first, std::uint32_t last, std::size_t by)
 {
     const std::uint32_t length = u.config.kernel_length;
@@ -188,8 +189,8 @@ float border_mean(const camera_blemish_image& image, std::uint32_t r, std::uint3
 }
 
 // The means round cells `first` to before `last` of row `r`.
-void neighbour_means(const camera_blemish_image& image, std::uint32_t r, std::uint32_t first, std::uint32_t last,
-                     std::uint32_t sampled, float* means)
+void neighbour_means(const camera_blemish_image& image, std::uint32_t r, std::uint32_t first,
+                     std::uint32_t last, std::uint32_t sampled, float* means)
 {
     const auto inner_from = std::max(first, 1u), inner_to = std::min(last, image.cols - 1);
     const bool border_row = r == 0 || r == image.rows - 1;
@@ -203,14 +204,14 @@ void neighbour_means(const camera_blemish_image& image, std::uint32_t r, std::ui
     const std::uint32_t* down = mid + image.cols;
     const auto divisor = static_cast<float>(sampled * 8);
     for (std::uint32_t c = inner_from; c < inner_to; c++) {
-        const std::uint32_t sum = up[c - 1] + up[c] + up[c + 1] + mid[c - 1] + mid[c + 1] + down[c - 1] +
-                                  down[c] + down[c + 1];
+        const std::uint32_t sum =
+            up[c - 1] + up[c] + up[c + 1] + mid[c - 1] + mid[c + 1] + down[c - 1] + down[c] + down[c + 1];
         means[c - first] = static_cast<float>(static_cast<std::int32_t>(sum)) / divisor;
     }
 }
 
-// The least pixel of each block from `first` to before `last` of row `r`: first down the columns, many blocks at
-// once, then along them. A block too large for that goes alone.
+// The least pixel of each block from `first` to before `last` of row `r`: first down the columns, many blocks
+// at once, then along them. A block too large for that goes alone.
 void least_pixels(const camera_blemish_image& image, std::uint32_t r, std::uint32_t first, std::uint32_t last,
                   std::uint8_t* least)
 {
@@ -250,8 +251,7 @@ bool block_fills_list(const camera_blemish_image& image, std::uint32_t r, std::u
     const std::uint8_t* p = image.y + r * size * length + std::size_t{c} * size;
     for (std::uint32_t i = 0; i < size; i++, p += length)
         for (std::uint32_t j = 0; j < size; j++)
-            if (is_speck(p[j], mean, threshold) &&
-                list.add(r, c, 1.0f - static_cast<float>(p[j]) / mean))
+            if (is_speck(p[j], mean, threshold) && list.add(r, c, 1.0f - static_cast<float>(p[j]) / mean))
                 return true;
     return false;
 }

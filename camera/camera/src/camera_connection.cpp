@@ -97,7 +97,8 @@ int camera_anypictest_start(std::uint32_t limit, std::uint32_t* p_first, const c
     std::uint32_t step, offset;
     if (!camera_holds_luminance(picture) || camera_get_yuv_yinfo(&step, &offset) != 1)
         return 0;
-    const std::uint64_t samples = std::min<std::uint64_t>(limit, std::uint64_t{picture.width} * picture.height);
+    const std::uint64_t samples =
+        std::min<std::uint64_t>(limit, std::uint64_t{picture.width} * picture.height);
     std::uint32_t count = 0;
     for (std::uint64_t i = 0; i < samples; i++)
         count += picture.buffer[offset + i * step] == FREE_PATTERN;

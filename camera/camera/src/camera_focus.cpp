@@ -10,8 +10,8 @@ struct window {
     std::uint64_t x, y, width, height;
 };
 
-// The window that is asked for, or that of the product in the picture's middle; where it doesn't fit, it leaves
-// the picture.
+// The window that is asked for, or that of the product in the picture's middle; where it doesn't fit, it
+// leaves the picture.
 window choose(const camera_snapshot& picture, const window& wanted)
 {
     if (wanted.width != 0 && wanted.height != 0)
@@ -36,8 +36,8 @@ bool measure(std::uint32_t kind, camera_focus_result& result)
     if (kind == 5)
         result.measure = mn * 100 / mx;
     else
-        result.measure = static_cast<std::uint32_t>(static_cast<float>(mx - mn) /
-                                                    static_cast<float>(mx + mn) * 1000.0f);
+        result.measure =
+            static_cast<std::uint32_t>(static_cast<float>(mx - mn) / static_cast<float>(mx + mn) * 1000.0f);
     return true;
 }
 

@@ -1,8 +1,8 @@
 // The operations that go straight on to the driver, and the image tests on the picture in memory.
 #include "camera/camera.h"
 
-#include "camera/camera_tests.h"
 #include "callout/callout.h"
+#include "camera/camera_tests.h"
 #include "camera_inner.h"
 
 namespace {

@@ -59,8 +59,9 @@ void extract_chroma(const camera_general_request& request, const chroma& from, s
 // The last sample of a plane that is read.
 std::uint64_t last_of(const camera_general_request& request, const chroma& from)
 {
-    return from.offset + (std::uint64_t{request.width} * ((request.height - 1) / from.rows) + request.width - 2) *
-                             from.step;
+    return from.offset +
+           (std::uint64_t{request.width} * ((request.height - 1) / from.rows) + request.width - 2) *
+               from.step;
 }
 
 } // namespace

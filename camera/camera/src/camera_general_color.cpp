@@ -142,9 +142,8 @@ std::uint32_t cam_gen_color_do_test(const cam_gen_data& data)
     for (std::uint32_t i = 0; i < std::size(patch_y); i++) {
         const std::int64_t x0 = data.corners[0].x + PATCH_X * frame.width / 1000;
         const std::int64_t y0 = data.corners[0].y + patch_y[i] * frame.height / 1000;
-        const cam_gen_hsv hsv = camera_general_get_hsv(
-            cam_gen_get_avgrgb(data, x0, y0, x0 + PATCH_WIDTH * frame.width / 1000,
-                               y0 + PATCH_HEIGHT * frame.height / 1000));
+        const cam_gen_hsv hsv = camera_general_get_hsv(cam_gen_get_avgrgb(
+            data, x0, y0, x0 + PATCH_WIDTH * frame.width / 1000, y0 + PATCH_HEIGHT * frame.height / 1000));
         bits |= i == 0 ? judge_white(hsv) : judge_hued(hsv, i);
     }
     return bits;

@@ -1,6 +1,6 @@
-// The edge test: finds the four red corners of the chart's frame. The red pixels of a rectangle are marked once,
-// row by row; most rows are dismissed by their chroma alone. The runs along rows and columns are then those of
-// the marks.
+// The edge test: finds the four red corners of the chart's frame. The red pixels of a rectangle are marked
+// once, row by row; most rows are dismissed by their chroma alone. The runs along rows and columns are then
+// those of the marks.
 #include "camera/camera_general.h"
 
 #include <algorithm>
@@ -59,8 +59,8 @@ void take(red_run& line, bool red, std::int32_t at, std::uint32_t length, centre
     }
 }
 
-// Whether any pair of pixels from `first` on can be red by its chroma: a difference of colours can't grow when
-// they are limited to a byte.
+// Whether any pair of pixels from `first` on can be red by its chroma: a difference of colours can't grow
+// when they are limited to a byte.
 bool may_be_red(const std::uint8_t* u, const std::uint8_t* v, std::int32_t count, std::int32_t excess)
 {
     const std::int32_t least = (excess - 1) * 1024;
@@ -141,7 +141,8 @@ rectangle search_area(const cam_gen_size& size, std::uint32_t i)
 {
     const auto percent = static_cast<std::int64_t>(e_prm[SEARCH_AREA].value);
     const auto w = static_cast<std::int32_t>(std::min<std::int64_t>(percent * size.width / 100, size.width));
-    const auto h = static_cast<std::int32_t>(std::min<std::int64_t>(percent * size.height / 100, size.height));
+    const auto h =
+        static_cast<std::int32_t>(std::min<std::int64_t>(percent * size.height / 100, size.height));
     const bool right = i % 2 == 1, bottom = i >= 2;
     return {right ? size.width - w : 0, bottom ? size.height - h : 0, right ? size.width : w,
             bottom ? size.height : h};

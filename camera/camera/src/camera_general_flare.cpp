@@ -19,8 +19,8 @@ constexpr std::uint32_t BARS = 3;
 std::array<cam_gen_param, 2> f_prm;
 
 // A line from a point on; one that leaves the picture has no samples.
-cam_gen_line line_from(const cam_gen_data& data, std::int32_t x, std::int32_t y, bool down, std::int32_t count,
-                       std::uint8_t least)
+cam_gen_line line_from(const cam_gen_data& data, std::int32_t x, std::int32_t y, bool down,
+                       std::int32_t count, std::uint8_t least)
 {
     const std::int64_t last_x = std::int64_t{x} + (down ? 0 : count - 1);
     const std::int64_t last_y = std::int64_t{y} + (down ? count - 1 : 0);

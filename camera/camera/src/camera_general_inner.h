@@ -1,4 +1,5 @@
-// What the parts of the general image test share: parameters by id, geometry of the frame, one luminance sample.
+// What the parts of the general image test share: parameters by id, geometry of the frame, one luminance
+// sample.
 #pragma once
 
 #include <cstdint>

@@ -57,8 +57,8 @@ struct smooth_row {
 
 using contrast_list = std::array<std::uint8_t, CONTRASTS>;
 
-// Where the lines begin: the first bright sample behind a dark stretch that is long enough, which `*p_dark` counts
-// from row to row. The row's width when there is none.
+// Where the lines begin: the first bright sample behind a dark stretch that is long enough, which `*p_dark`
+// counts from row to row. The row's width when there is none.
 std::int32_t find_start(const smooth_row& row, std::int32_t long_enough, std::int32_t* p_dark)
 {
     for (std::int32_t c = 0; c < row.size.width; c++) {
@@ -97,8 +97,8 @@ void measure(const smooth_row& row, std::int32_t c, std::int32_t longest, contra
     }
 }
 
-// How many contrasts from the first on are greater than `least`. What has been looked at is cleared; what lies
-// behind stays for the next row.
+// How many contrasts from the first on are greater than `least`. What has been looked at is cleared; what
+// lies behind stays for the next row.
 std::uint32_t leading(contrast_list& list, std::uint8_t least)
 {
     std::uint32_t count = 0;
@@ -151,7 +151,8 @@ std::uint32_t cam_gen_resolution_do_test(const cam_gen_data& data)
     const cam_gen_size frame = cam_gen_frame(data);
     const cam_gen_size size = {std::max(BLOCK_WIDTH * frame.width / 100, 0),
                                std::max(BLOCK_HEIGHT * frame.height / 100, 0)};
-    const camera_bytes block = camera_alloc(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height));
+    const camera_bytes block =
+        camera_alloc(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height));
     if (block == nullptr)
         return NO_MEMORY;
     const cam_gen_point* c = data.corners;

@@ -37,7 +37,8 @@ cam_gen_point between(const cam_gen_point& a, const cam_gen_point& b, float t)
 }
 
 // The ramp's samples from start to end, each the mean of five rows; `d` + 1 of them.
-void read_ramp(const cam_gen_data& data, const cam_gen_point& start, const cam_gen_point& end, std::uint8_t* ramp)
+void read_ramp(const cam_gen_data& data, const cam_gen_point& start, const cam_gen_point& end,
+               std::uint8_t* ramp)
 {
     const std::int32_t d = end.y - start.y;
     for (std::int32_t i = 0; i <= d; i++) {
@@ -114,6 +115,7 @@ std::uint32_t cam_gen_solarization_do_test(const cam_gen_data& data)
         return NO_MEMORY;
     read_ramp(data, start, end, ramp.get());
     for (std::int32_t i = 0; i <= d - 2; i++)
-        smooth.get()[i] = static_cast<std::uint8_t>((ramp.get()[i] + ramp.get()[i + 1] + ramp.get()[i + 2]) / 3);
+        smooth.get()[i] =
+            static_cast<std::uint8_t>((ramp.get()[i] + ramp.get()[i + 1] + ramp.get()[i + 2]) / 3);
     return stays_near(ramp.get(), fit(ramp.get(), smooth.get(), d)) ? 0 : LEAVES_CURVE;
 }

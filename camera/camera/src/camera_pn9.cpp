@@ -1,5 +1,5 @@
-// The sensor's pseudo-random sequence: its table, and the walk that holds a picture against it and finds its place
-// again behind a pixel that is wrong, dropped or doubled.
+// The sensor's pseudo-random sequence: its table, and the walk that holds a picture against it and finds its
+// place again behind a pixel that is wrong, dropped or doubled.
 #include "camera/camera_judge.h"
 
 #include <algorithm>
@@ -117,7 +117,7 @@ bool resync(walk& w, std::uint16_t pixel)
 
 void take(walk& w, std::uint16_t pixel)
 {
-    using state_fn = bool (*)(walk& w, std::uint16_t pixel);
+    using state_fn = bool (*)(walk & w, std::uint16_t pixel);
     constexpr state_fn by_state[] = {search, check, locked, resync};
     if (!by_state[static_cast<int>(w.at)](w, pixel))
         w.position = after(w.position);
@@ -151,8 +151,7 @@ int pn9_checkTestPattern(const camera_snapshot& picture, std::uint32_t limit, st
     walk w;
     const std::uint64_t first = std::uint64_t{FIRST_ROW} * picture.width;
     const std::uint64_t held = std::uint64_t{picture.nbr_of_bytes} / 3 * 2; // pixels
-    const std::uint64_t end =
-        std::min({std::uint64_t{picture.width} * picture.height, held, first + limit});
+    const std::uint64_t end = std::min({std::uint64_t{picture.width} * picture.height, held, first + limit});
     for (std::uint64_t p = first; p < end; p++)
         take(w, getBufPN9(picture, static_cast<std::uint32_t>(p % picture.width),
                           static_cast<std::uint32_t>(p / picture.width)));

@@ -1,7 +1,6 @@
 // The picture in memory: taken by the driver, grabbed from the viewfinder, written to a file, read from one.
 #include "camera/camera.h"
 
-
 #include "camera_inner.h"
 #include "check/check.h"
 #include "plat/plat.h"

@@ -1,5 +1,6 @@
 // The camera module itself: its firmware, white balance, its memory.
 #include <cstdint>
+#include <iterator>
 
 #include "camera/camera.h"
 #include "cio_v2/cio.h"

@@ -1,6 +1,7 @@
 // Life cycle, viewfinder, snapshot and focus.
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 
 #include "camera/camera.h"
 #include "f_camera_inner.h"
@@ -39,7 +40,8 @@ int cams_take(int id, const char* text)
         config = static_cast<std::uint32_t>(scf_ascii_to_bin(&text, radix)) & 0xFF;
     }
     camconf_sizeconfig size;
-    const bool known = camconf_sizeconfig_exist(config) == 1 && camconf_sizeconfig_resolve(config, &size) == 1;
+    const bool known =
+        camconf_sizeconfig_exist(config) == 1 && camconf_sizeconfig_resolve(config, &size) == 1;
     return f_camera_answer(id, "cams", known ? camera_take_snapshot(size) : 0);
 }
 

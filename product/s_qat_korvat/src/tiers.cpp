@@ -14,6 +14,10 @@
 #include "backcap_qpnp/backcap_qpnp.h"
 #include "battery/battery.h"
 #include "bmp/bmp.h"
+#include "camconf/camconf.h"
+#include "camera/camera.h"
+#include "camera_durnspire/camera_durnspire.h"
+#include "camera_durnspire_qualcomm/camera_durnspire_qualcomm.h"
 #include "cfg/cfg.h"
 #include "charge/charge.h"
 #include "charge_qpnp/charge_qpnp.h"
@@ -28,6 +32,7 @@
 #include "f_als/f_als.h"
 #include "f_backcap/f_backcap.h"
 #include "f_battery/f_battery.h"
+#include "f_camera/f_camera.h"
 #include "f_card/f_card.h"
 #include "f_charge/f_charge.h"
 #include "f_compass/f_compass.h"
@@ -120,6 +125,8 @@ constexpr autoinit_entry initcompif[] = {
     als_init,
     backcap_init,
     battery_init,
+    camconf_init,
+    camera_init,
     charge_init,
     cio_dev_init,
     compass_init,
@@ -159,6 +166,8 @@ constexpr autoinit_entry initcomp[] = {
     backcap_qpnp_init,
     bmp_init,
     cfg_init,
+    camera_durnspire_init,
+    camera_durnspire_qualcomm_init,
     charge_qpnp_init,
     chargemon_init,
     cio_stdio_init,
@@ -200,6 +209,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_qat_init,
     f_backcap_init,
     f_battery_init,
+    f_camera_init,
     f_card_init,
     f_charge_init,
     f_compass_init,
