@@ -17,6 +17,7 @@ constexpr std::uint8_t bright = 210; // bars and lines
 
 constexpr double frame_width = 40, frame_height = 30, block = 2; // the block's middle is the frame's corner
 constexpr double inner_width = 38, inner_height = 28;
+constexpr double surplus = 0.5; // of the black, since the frame is found to a pixel or two
 constexpr std::uint32_t border = 4; // a block that touches the picture's edge isn't whole
 
 struct patch {
@@ -138,7 +139,7 @@ void chart_draw(canvas& c, const std::vector<std::string>& without)
 {
     canvas_paint(c, {0, 0, c.width, c.height, paper.y, paper.u, paper.v});
     const chart k = place(c);
-    k.box(0, 0, inner_width, inner_height, black);
+    k.box(-surplus, -surplus, inner_width + 2 * surplus, inner_height + 2 * surplus, black);
     const auto wanted = [&](const char* part, int i) {
         return !is_left_out(without, part + std::to_string(i));
     };

@@ -73,7 +73,8 @@ std::uint32_t camera_parameter_word(unsigned camera, std::uint32_t id)
 {
     const std::vector<std::uint8_t> value = camera_parameter_get(camera, id);
     std::uint32_t word = 0;
-    std::memcpy(&word, value.data(), std::min(sizeof word, value.size()));
+    if (!value.empty())
+        std::memcpy(&word, value.data(), std::min(sizeof word, value.size()));
     return word;
 }
 
