@@ -87,9 +87,11 @@ void frame(std::unique_lock<std::mutex>& lock)
         return; // freed under the preview
     draw(memory, address, cameras.width, cameras.height);
     buffer.held = true;
-    cameras.frames[cameras.open]++;
-    if (hand_over(lock, place_preview, address, memory))
+    const unsigned camera = cameras.open;
+    if (hand_over(lock, place_preview, address, memory)) {
+        cameras.frames[camera]++;
         return;
+    }
     for (preview_buffer& b : cameras.buffers)
         if (b.address == address)
             b.held = false; // of a lost frame
