@@ -24,6 +24,11 @@
 #include "display/scripts.h"
 #include "display/touch_panel.h"
 #include "power/battery.h"
+#include "radio/hci.h"
+#include "radio/hci_tools.h"
+#include "radio/irda.h"
+#include "radio/sim.h"
+#include "radio/wlan.h"
 #include "runtime/insmod.h"
 #include "runtime/kmsg.h"
 #include "runtime/tools.h"
@@ -76,6 +81,11 @@ constexpr phone_part parts[] = {
     { "camera", camera_attach,   camera_seed,      camera_start },
     { "panel",  panel_attach,    panel_seed,       nullptr },
     { "card",   card_attach,     nullptr,          card_start },
+    { "sim",    sim_attach,      nullptr,          nullptr },
+    { "wlan",   wlan_attach,     wlan_seed,        nullptr },
+    { "hci",    hci_attach,      hci_seed,         nullptr },
+    { "hcitool", hci_tools_attach, nullptr,        nullptr },
+    { "irda",   irda_attach,     nullptr,          nullptr },
     { "truth",  surroundings_attach, nullptr,      surroundings_start },
     { "motor",  motor_attach,    motor_seed,       motor_start },
     { "bmi055", bmi055_attach,   nullptr,          nullptr },
