@@ -14,6 +14,7 @@
 #include "contactless/cards.h"
 #include "contactless/pn65.h"
 #include "contactless/qxr5170jvk.h"
+#include "camera/service.h"
 #include "core/clock.h"
 #include "core/conf.h"
 #include "core/control.h"
@@ -92,6 +93,7 @@ constexpr phone_part parts[] = {
     { "menu",   nullptr,         scripts_seed,     nullptr },
     { "leds",   leds_attach,     leds_seed,        nullptr },
     { "fb",     framebuffer_attach, nullptr,       framebuffer_start },
+    { "camera", camera_attach,   camera_seed,      camera_start },
     { "panel",  panel_attach,    panel_seed,       nullptr },
     { "hdmi",   hdmi_attach,     hdmi_seed,        nullptr },
     { "sink",   sink_attach,     sink_seed,        sink_start },

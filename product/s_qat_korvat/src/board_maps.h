@@ -1,5 +1,5 @@
-// What differs from board to board: where the pins, the calibration items, the lights, the chips and the
-// screens are.
+// What differs from board to board: where the pins, the calibration items, the lights, the chips, the screens
+// and the cameras are.
 #pragma once
 
 #include "battery/battery.h"
@@ -30,3 +30,6 @@ extern screenconf screenconf_hdmi;
 
 // The row whose maps fit a board: the one of its revision, or the last of its family.
 const cfg_map_row& s_cfg_map(const hwp& board);
+
+// Hands the camera's tables to camconf.
+void s_cfg_camera();

@@ -8,6 +8,7 @@
 #include "autopoff/autopoff.h"
 #include "battery/battery.h"
 #include "board_maps.h"
+#include "camconf/camconf.h"
 #include "cfg/cfg.h"
 #include "chargemon/chargemon.h"
 #include "cio_tty/cio_tty.h"
@@ -126,6 +127,7 @@ void s_cfg_init()
     cfg_set_int("f_poff", "param1_delay", 1);
     screenconf_set(SCREEN_MAIN, &screenconf_main);
     screenconf_set(SCREEN_HDMI, &screenconf_hdmi);
+    s_cfg_camera();
     touch_add_cfg(&touch_config_data);
     battery_set_cfg(&board_battery_cfg);
     chargemon_set_cfg(&chmon_cfg);

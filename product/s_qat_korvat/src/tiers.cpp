@@ -16,6 +16,10 @@
 #include "backcap_qpnp/backcap_qpnp.h"
 #include "battery/battery.h"
 #include "bmp/bmp.h"
+#include "camconf/camconf.h"
+#include "camera/camera.h"
+#include "camera_durnspire/camera_durnspire.h"
+#include "camera_durnspire_qualcomm/camera_durnspire_qualcomm.h"
 #include "bt/bt.h"
 #include "cfg/cfg.h"
 #include "charge/charge.h"
@@ -32,6 +36,7 @@
 #include "f_audio_v2/f_audio.h"
 #include "f_backcap/f_backcap.h"
 #include "f_battery/f_battery.h"
+#include "f_camera/f_camera.h"
 #include "f_bt/f_bt.h"
 #include "f_card/f_card.h"
 #include "f_charge/f_charge.h"
@@ -162,6 +167,8 @@ constexpr autoinit_entry initcompif[] = {
     backcap_init,
     battery_init,
     bt_init,
+    camconf_init,
+    camera_init,
     charge_init,
     cio_dev_init,
     compass_init,
@@ -212,6 +219,8 @@ constexpr autoinit_entry initcomp[] = {
     backcap_qpnp_init,
     bmp_init,
     cfg_init,
+    camera_durnspire_init,
+    camera_durnspire_qualcomm_init,
     charge_qpnp_init,
     chargemon_init,
     cio_stdio_init,
@@ -266,6 +275,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_backcap_init,
     f_battery_init,
     f_bt_init,
+    f_camera_init,
     f_card_init,
     f_charge_init,
     f_compass_init,
