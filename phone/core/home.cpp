@@ -167,6 +167,16 @@ void home_lay(std::string_view path)
     }
 }
 
+bool home_seed_waits(std::string_view path, bool beginning)
+{
+    const std::lock_guard lock(seeds_mutex);
+    if (seeds.contains(path))
+        return true;
+    const std::string part = std::string(path) + (beginning || path.ends_with('/') ? "" : "/");
+    const auto next = seeds.lower_bound(part);
+    return next != seeds.end() && next->first.starts_with(part);
+}
+
 std::string home_lay_seeds()
 {
     for (;;) {

@@ -22,6 +22,10 @@ void home_seed(std::string_view path, std::string_view text);
 // Lays the seeds of `path` and of all below it, if they aren't yet: to be called before a path is used.
 void home_lay(std::string_view path);
 
+// Whether a seed of `path`, or of something below it, isn't laid yet. With `beginning` a path that begins so
+// is enough.
+bool home_seed_waits(std::string_view path, bool beginning);
+
 // Lays all seeds and so ends the first start. The result is empty, or what is wrong. Takes its time: it runs
 // beside the start of the program.
 std::string home_lay_seeds();

@@ -131,7 +131,9 @@ TEST(Start, ABatteryThatCantBeWrittenSaysSoAndFollowsLater)
 TEST(Start, AWrongLineOfPhoneConfIsNamed)
 {
     const char* const lines[][2] = {
-        {"\n# fine\ncolour red\n", "line 3: \"colour\" isn't understood"},
+        {"\n# fine\ncolour red\n", "line 3: \"colour\" isn't understood; the keys are battery, "},
+        {"without /dev/i2c-5\nwithout /sys/class\nwithout /dev/i2c-6\n",
+         "line 3: no phone has /dev/i2c-6, so none can be without it"},
         {"with /dev/nonsense\n", "line 1: no phone has /dev/nonsense"},
         {"without\n", "line 1: without wants one path, or the bare name of a closed library"},
         {"without libnvqq.so\n", "line 1: no closed library has the name libnvqq.so"},
@@ -160,7 +162,8 @@ TEST(Start, TheConsoleIsOnTheSecondPortWhereThereIsOne)
         ASSERT_GT(write(phone.port, "case?\r", 6), 0);
         ASSERT_TRUE(phone.ask("idle", answer));
         ASSERT_TRUE(phone.ask("calls", answer));
-        EXPECT_EQ(answer.substr(0, answer.find('\n')), second ? "write /dev/ttyGS1" : "write /dev/ttyGS0");
+        EXPECT_EQ(answer.substr(0, answer.find('\n')),
+                  second ? "write /dev/ttyGS1 = 15" : "write /dev/ttyGS0 = 15");
     }
 }
 
