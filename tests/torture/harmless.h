@@ -91,5 +91,17 @@ constexpr harmless_row harmless[] = {
     { "auxnvq_",                                      "acct=32", "likewise" },
     { "ioctl /dev/i2c-5 68",                          "gspt=32", "a byte that can't be read is 0; the station compares the unit" },
     { "auxnvq_write_unit",                            "gspt=32", "the answer is about the reading" },
+    { "mixer 36",                                      "aloop=1,1,1", "the short step is there against a click; the volume itself is told" },
+    { "open /system/samples",                          "aloop=1,0,440 aloop=2,1,0", "the dump is for who wants to look at it" },
+    { "write /system/samples",                         "aloop=1,0,440 aloop=2,1,0", "likewise" },
+    { "open /data/",                                   "aloop=2,1,0", "likewise" },
+    { "write /data/",                                  "aloop=2,1,0", "likewise" },
+    { "mixer ",                                        "aloop=2,1,0", "the answer is about the block that was measured; the next start sets what it needs" },
+    { "open /sys/kernel/debug/wcd9xxx_plug_detect",    "ajdt=0", "a jack that can't be asked is an empty one" },
+    { "read /sys/kernel/debug/wcd9xxx_plug_detect",    "ajdt=0", "likewise" },
+    { "system echo \"0x",                              "mpvc=1 aurst=3", "the register is read back, and written a second time" },
+    { "open /sys/kernel/debug/asoc/",                  "mpvc=1 aurst=3 adump=1", "likewise; in a dump the shell line tells it" },
+    { "read /sys/kernel/debug/asoc/",                  "mpvc=1 aurst=3 adump=1", "likewise" },
+    { "system ",                                       "adump=1", "the kernel log is for the record" },
 };
 // clang-format on
