@@ -27,6 +27,11 @@
 #include "display/scripts.h"
 #include "display/touch_panel.h"
 #include "power/battery.h"
+#include "radio/hci.h"
+#include "radio/hci_tools.h"
+#include "radio/irda.h"
+#include "radio/sim.h"
+#include "radio/wlan.h"
 #include "runtime/insmod.h"
 #include "runtime/kmsg.h"
 #include "runtime/tools.h"
@@ -82,6 +87,11 @@ constexpr phone_part parts[] = {
     { "codec",  codec_attach,    codec_seed,       nullptr },
     { "jack",   jack_attach,     jack_seed,        jack_start },
     { "arec",   sound_tools_attach, nullptr,       nullptr },
+    { "sim",    sim_attach,      nullptr,          nullptr },
+    { "wlan",   wlan_attach,     wlan_seed,        nullptr },
+    { "hci",    hci_attach,      hci_seed,         nullptr },
+    { "hcitool", hci_tools_attach, nullptr,        nullptr },
+    { "irda",   irda_attach,     nullptr,          nullptr },
     { "truth",  surroundings_attach, nullptr,      surroundings_start },
     { "motor",  motor_attach,    motor_seed,       motor_start },
     { "bmi055", bmi055_attach,   nullptr,          nullptr },
