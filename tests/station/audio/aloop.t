@@ -268,7 +268,7 @@ a capture is refused while one runs, and the one that runs isn't touched
   send     aloop=3,1,1
   expect   ALOOP:,ERROR
   # no tone was started for it
-  phone    sound 1 -> capture start
+  phone    mixer 337 -> 0
   phone    clock +80
   send     aloop=2,1,0
   phone    clock +90

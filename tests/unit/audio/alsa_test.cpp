@@ -295,6 +295,17 @@ TEST_F(alsa, a_short_read_is_overlapped)
         EXPECT_EQ(input.buffer[i], wanted[i]) << i;
 }
 
+TEST_F(alsa, a_hundred_starts_and_stops)
+{
+    for (int i = 0; i < 100; i++) {
+        input.buffer.reset(static_cast<std::int16_t*>(std::calloc(7680, sizeof(std::int16_t))));
+        ASSERT_EQ(alsa_tgen_start(&output, route, gains), 0);
+        ASSERT_EQ(alsa_auan_start(&input, route, gains), 0);
+        ASSERT_EQ(i % 2 == 0 ? alsa_tgen_stop() : alsa_auan_stop(), 0);
+        ASSERT_EQ(i % 2 == 0 ? alsa_auan_stop() : alsa_tgen_stop(), 0);
+    }
+}
+
 TEST_F(alsa, a_capture_that_can_not_be_prepared_again_gives_its_block_up)
 {
     input.buffer.reset(static_cast<std::int16_t*>(std::calloc(7680, sizeof(std::int16_t))));
