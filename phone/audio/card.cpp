@@ -124,9 +124,8 @@ int start(card_stream stream)
     if (!any_runs())
         begin_time(); // not when the lock was taken: the mixer may have had much to catch up with
     s.now = phase::running;
-    s.awaited = stream == card_playback;
-    s.starter = std::this_thread::get_id();
     s.awaited_until = std::chrono::steady_clock::now() + thread_comes_within;
+    set_awaited(s, stream == card_playback);
     note(stream, "start");
     return 0;
 }
@@ -380,7 +379,6 @@ void card_sleep(card_stream stream, std::uint64_t frame)
     nanoseconds until;
     {
         const card_lock lock(stream);
-        state_of(stream).awaited = false;
         const std::uint64_t done = state_of(stream).done;
         until = moment_after(frame - std::min(frame, done));
     }

@@ -6,7 +6,6 @@
 #include <chrono>
 #include <cstdint>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "audio/card.h"
@@ -23,10 +22,9 @@ struct stream_state {
     std::uint64_t given = 0; // frames that the program has transferred since the last prepare
     std::uint64_t done = 0;  // frames that the card has taken or made
     int timer_fd = -1;       // what a waiting thread polls
-    // A playback's thread comes after its start: until then, or for a while of the host's time, it counts as
-    // at work.
+    // A playback's thread comes after its start: until its first call, or for a while of the host's time, the
+    // card stands.
     bool awaited = false;
-    std::thread::id starter;
     std::chrono::steady_clock::time_point awaited_until;
 };
 
@@ -58,6 +56,9 @@ void note(card_stream stream, const std::string& what);
 // A running stream ends, for the reason that the log tells; the second does nothing for another.
 void end_stream(card_stream stream, phase now, const char* what);
 void stop_running(card_stream stream, phase now);
+
+// The stream's thread is on its way, or has come, or isn't waited for any longer.
+void set_awaited(stream_state& s, bool awaited);
 
 // Who waits for the stream looks again.
 void ring_timer(const stream_state& s);

@@ -109,7 +109,8 @@ nanoseconds bearable()
 
 bool is_awaited(stream_state& s)
 {
-    s.awaited = s.awaited && runs(s) && std::chrono::steady_clock::now() < s.awaited_until;
+    if (s.awaited && std::chrono::steady_clock::now() > s.awaited_until)
+        set_awaited(s, false);
     return s.awaited;
 }
 
@@ -118,8 +119,10 @@ void advance()
     constexpr nanoseconds most_lag = 200 * ns_per_ms;
     const clock_followed t = clock_follow_time();
     const nanoseconds passed = t.now - seen.now;
-    const nanoseconds rested = is_awaited(streams[card_playback]) ? 0 : t.at_rest - seen.at_rest;
+    const nanoseconds rested = t.at_rest - seen.at_rest;
     seen = t;
+    if (is_awaited(streams[card_playback]))
+        return; // as if it had been started later
     if (!any_runs()) {
         lag = 0;
         pass_time(passed);
@@ -155,9 +158,17 @@ void card_inner::ring_timer(const stream_state& s)
     timerfd_settime(s.timer_fd, 0, &now, nullptr);
 }
 
+void card_inner::set_awaited(stream_state& s, bool awaited)
+{
+    if (s.awaited != awaited)
+        clock_expect_thread(awaited);
+    s.awaited = awaited;
+}
+
 void card_inner::end_stream(card_stream stream, phase now, const char* what)
 {
     state_of(stream).now = now;
+    set_awaited(state_of(stream), false);
     note(stream, what);
     clock_unfollow(stream);
     ring_timer(state_of(stream));
@@ -221,8 +232,7 @@ card_lock::card_lock(card_stream served) : lock(card_mutex)
     if (runs(s))
         clock_follow(served);
     advance();
-    if (std::this_thread::get_id() != s.starter)
-        s.awaited = false;
+    set_awaited(s, false);
 }
 
 } // namespace phone

@@ -12,7 +12,6 @@
 #include "audio/wav.h"
 #include "core/conf.h"
 #include "core/control.h"
-#include "core/home.h"
 #include "core/text.h"
 
 namespace phone {
@@ -42,12 +41,6 @@ std::string shown(double value)
     char text[32];
     std::snprintf(text, sizeof text, "%g", value);
     return text;
-}
-
-// A path from the control port is the desk's; one in phone.conf counts from DIR.
-std::string desk_path(const std::string& path)
-{
-    return path.starts_with('/') ? path : home_path(path);
 }
 
 std::string word_mixer(request& rq)
@@ -134,7 +127,7 @@ std::string word_listen(request& rq)
         moves = captured ? card_runs(card_capture) : card_runs(card_playback) || mixer_has_sidetone();
     }
     if (rq.args.size() > 1)
-        return write_wav(desk_path(rq.args[1]), rate, samples);
+        return write_wav(request_file(rq, rq.args[1]), rate, samples);
     const heard h = analyse(samples, rate);
     rq.answer = moves && h.peak > 0 ? std::to_string(std::lround(h.frequency)) + " " + std::to_string(h.peak)
                                     : "silent";
@@ -143,7 +136,7 @@ std::string word_listen(request& rq)
 
 std::string feed_file(const std::string& path, mixer_feed& feed)
 {
-    std::ifstream file(desk_path(path), std::ios::binary);
+    std::ifstream file(path, std::ios::binary);
     std::ostringstream bytes;
     bytes << file.rdbuf();
     if (!file)
@@ -173,14 +166,15 @@ std::string show_sources()
 }
 
 // What stands behind the input: off, a file, or a sine.
-std::string read_feed(const std::vector<std::string>& args, std::optional<mixer_feed>& feed)
+std::string read_feed(const request& rq, std::optional<mixer_feed>& feed)
 {
+    const std::vector<std::string>& args = rq.args;
     feed.reset();
     if (args.size() == 2 && args[1] == "off")
         return {};
     mixer_feed made;
     if (args.size() == 2 && args[1].ends_with(".wav")) {
-        if (std::string wrong = feed_file(args[1], made); !wrong.empty())
+        if (std::string wrong = feed_file(request_file(rq, args[1]), made); !wrong.empty())
             return wrong;
     } else {
         const auto frequency = args.size() == 3 ? real(args[1], 0.001, 24'000) : std::nullopt;
@@ -213,7 +207,7 @@ std::string word_source(request& rq)
         return {};
     }
     std::optional<mixer_feed> feed;
-    if (std::string wrong = read_feed(rq.args, feed); !wrong.empty())
+    if (std::string wrong = read_feed(rq, feed); !wrong.empty())
         return wrong;
     const card_lock lock;
     if (input)

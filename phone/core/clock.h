@@ -51,6 +51,10 @@ struct clock_followed {
 };
 clock_followed clock_follow_time();
 
+// A thread of the program is on its way that the clock doesn't know yet: a step waits for it until it has
+// come.
+void clock_expect_thread(bool on_its_way);
+
 // The calling thread is followed from now on, as the one in place `place`; or nobody is there any more.
 constexpr int clock_follow_places = 2;
 void clock_follow(int place);

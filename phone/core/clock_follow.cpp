@@ -73,6 +73,13 @@ void clock_follow(int place)
     followed[static_cast<std::size_t>(place)] = &mark;
 }
 
+void clock_expect_thread(bool on_its_way)
+{
+    const std::lock_guard lock(clock_mutex);
+    at_work += on_its_way ? 1 : -1;
+    work_changed_locked();
+}
+
 void clock_unfollow(int place)
 {
     const std::lock_guard lock(clock_mutex);
