@@ -80,6 +80,20 @@ local sensors = menu.page("Sensors", {
     { "Be still", "vibc=0" },
 })
 
+local contactless = menu.page("Contactless", {
+    { "Power up", "nfpu" },
+    { "Power down", "nfpd" },
+    { "Identity", "nfid=1" },
+    { "Card", "nfdt" },
+    { "Single wire", "nfcst" },
+    { "Self test", "nfst" },
+    { "First chip", "nfsl=1" },
+    { "Second chip", "nfsl=2" },
+    { "Chip power", "nfpc=1,1" },
+    { "Download", "nffd" },
+    { "Progress", "nffd=0" },
+})
+
 local board = menu.page("Board", {
     { "Temp", "temp=0" },
     { "USB volts", "adcr=0x8" },
@@ -174,6 +188,7 @@ menu.start(menu.page("Hardware test", {
     { "Lights", lights },
     { "Battery", battery },
     { "Sensors", sensors },
+    { "Contactless", contactless },
     { "Board", board },
     { "Radio", radio },
     { "Sound", sound },

@@ -186,7 +186,8 @@ bytes_of take_piece(frame_bytes payload)
         return with_header({});
     const bytes_of whole = std::move(pieces);
     pieces.clear();
-    return write_memory(frame_bytes(whole).subspan(header_size));
+    write_memory(frame_bytes(whole).subspan(header_size));
+    return with_header({});
 }
 
 bytes_of answer(std::uint8_t command, frame_bytes payload)

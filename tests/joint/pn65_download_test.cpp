@@ -24,6 +24,12 @@ const bytes CHECK_FRAME = frame(11, {});
 
 using frames = std::vector<bytes>;
 
+// Entries of a folder of /proc/self.
+std::ptrdiff_t entries(const char* path)
+{
+    return std::distance(std::filesystem::directory_iterator(path), {});
+}
+
 struct Pn65Download : Joint {
     void SetUp() override
     {
@@ -57,15 +63,26 @@ struct Pn65Download : Joint {
         return word;
     }
 
-    // The clock knows a thread from its first wait on; a new one gets there within moments.
-    static void let_threads_begin() { std::this_thread::sleep_for(std::chrono::milliseconds(10)); }
+    // Starts a download. The clock knows a thread from its first wait on, so the three of a download get the
+    // time to come there.
+    static void start(std::uint32_t gap_us)
+    {
+        constexpr std::ptrdiff_t threads = 3;
+        const std::ptrdiff_t before = entries("/proc/self/task");
+        std::uint32_t word = 0;
+        ASSERT_EQ(nfc_pn65_fw_dnld(gap_us, &word), 0);
+        for (int turn = 0; turn < 500 && (state() & 7) == NFC_DNLD_RUNNING; turn++) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+            if (entries("/proc/self/task") >= before + threads)
+                break;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
 
     // Runs a download to its end: its state, attempt times 8 and what became of it.
     static std::uint32_t run(std::uint32_t gap_us = 500)
     {
-        std::uint32_t word = 0;
-        EXPECT_EQ(nfc_pn65_fw_dnld(gap_us, &word), 0);
-        let_threads_begin();
+        start(gap_us);
         for (int turn = 0; turn < 5000 && (state() & 7) == NFC_DNLD_RUNNING; turn++)
             ask("clock +100");
         return state();
@@ -350,8 +367,7 @@ TEST_F(Pn65Download, TheGapComesBeforeEachFrameAndTheGuardBehindIt)
     put(image({{0, 0x30000, {1}}}));
     std::uint32_t word = 0;
     // Signals take 125 ms, a reset 100 ms before it: the first frame is sent behind that and the gap.
-    ASSERT_EQ(nfc_pn65_fw_dnld(3'000'000, &word), 0);
-    let_threads_begin();
+    start(3'000'000);
     const std::string before = recent(256);
     ask("clock +3200");
     EXPECT_EQ(recent(256), before);
@@ -375,12 +391,6 @@ TEST_F(Pn65Download, WithoutAFirmwareItFailsAtOnce)
     cfg_set_str("nfc_pn65_fw_dnld", "nfc_pn65_fw_dnld_path", "libnvq.so"); // lacks the symbols
     EXPECT_EQ(run(), AT_ONCE);
     ask("strange off");
-}
-
-// Entries of a folder of /proc/self.
-std::ptrdiff_t entries(const char* path)
-{
-    return std::distance(std::filesystem::directory_iterator(path), {});
 }
 
 TEST_F(Pn65Download, AHundredDownloadsLeaveThreadsAndDescriptorsFlat)
