@@ -2,12 +2,15 @@
 // looked at past the bus, by the letters of its three addresses.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "board/i2c_bus.h"
+#include "core/clock.h"
 #include "i2c/i2c.h"
 #include "joint/joint.h"
 #include "tmr/tmr.h"
@@ -41,15 +44,46 @@ struct TunerBench : Joint {
             reg('C', number) = value;
     }
 
-    static void let_run() { ask("clock run"), ask("speed 100"); }
+    // From now on the phone's time goes on by itself: in steps, each as soon as all work is done.
+    void let_run()
+    {
+        if (stepper.joinable())
+            return;
+        stepping = true;
+        stepper = std::thread([this] {
+            while (stepping)
+                phone::clock_step(1'000'000);
+        });
+    }
+
+    // For work that spins instead of sleeping: time runs on, twenty times as fast as outside.
+    void let_spin()
+    {
+        stand_still();
+        ask("speed 20");
+        ask("clock run");
+    }
+
+    void stand_still()
+    {
+        stepping = false;
+        if (stepper.joinable())
+            stepper.join();
+    }
+
+    void TearDown() override { stand_still(); }
 
     // A chip that was brought up from the healthy phone's files.
-    static void bring_up()
+    void bring_up()
     {
         let_run();
         tunXParams.state = TUNER_BOOTED;
         ASSERT_EQ(tunerx_initialize(), 0);
     }
+
+private:
+    std::atomic<bool> stepping = false;
+    std::thread stepper;
 };
 
 // A bit of a record and the bit of a register that goes with it.

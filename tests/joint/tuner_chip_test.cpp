@@ -381,6 +381,7 @@ TEST_F(Tuner, TheVariantChangesWithoutATuning)
 TEST_F(Tuner, ListsOfChannelsAreTriedInTheirOrder)
 {
     bring_up();
+    let_spin();
     const auto head = tunerx_create_tdc();
     EXPECT_EQ(head->ch, 13);
     EXPECT_EQ(head->record, -1);
