@@ -32,5 +32,6 @@ bool report_queue_claim();
 void report_queue_reader_ready(); // it hears what comes from now on
 void report_queue_reader_ended(); // its last act
 
-// Waits at most `us` microseconds for the reader to be ready; false when it isn't, or has ended.
-bool report_queue_wait_ready(std::uint32_t us);
+// Waits until the reader is ready; false when it has ended instead. A reader that was claimed soon does
+// either.
+bool report_queue_wait_ready();

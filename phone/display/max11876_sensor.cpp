@@ -1,7 +1,6 @@
 #include "display/max11876_sensor.h"
 
 #include <iterator>
-#include <optional>
 
 #include "core/text.h"
 
@@ -50,15 +49,20 @@ const matrix& signal_of(frame_kind kind)
     }
 }
 
-// First and last index that a word means: a number, or all.
-std::optional<std::pair<std::size_t, std::size_t>> indices(const std::string& word, int count)
+struct span_of_indices {
+    std::size_t first = 1;
+    std::size_t last = 0; // below the first: none
+};
+
+// What a word means: a number, or all.
+span_of_indices indices(const std::string& word, int count)
 {
     if (word == "all")
-        return std::pair{std::size_t{0}, static_cast<std::size_t>(count - 1)};
-    const auto n = number(word);
-    if (!n || *n < 0 || *n >= count)
-        return std::nullopt;
-    return std::pair{static_cast<std::size_t>(*n), static_cast<std::size_t>(*n)};
+        return {0, static_cast<std::size_t>(count - 1)};
+    const std::int64_t n = number(word).value_or(-1);
+    if (n < 0 || n >= count)
+        return {};
+    return {static_cast<std::size_t>(n), static_cast<std::size_t>(n)};
 }
 
 } // namespace
@@ -79,16 +83,18 @@ std::vector<std::uint16_t> sensor_frame(frame_kind kind, unsigned number, bool o
 
 std::string sensor_set(const std::vector<std::string>& args)
 {
-    const auto rows = args.size() == 4 ? indices(args[1], sensor_rows) : std::nullopt;
-    const auto columns = args.size() == 4 ? indices(args[2], sensor_columns) : std::nullopt;
-    const auto value = args.size() == 4 ? number(args[3]) : std::nullopt;
-    if (!rows || !columns || !value || *value < INT16_MIN || *value > INT16_MAX)
+    constexpr std::int64_t none = INT64_MAX;
+    const bool whole = args.size() == 4;
+    const span_of_indices rows = whole ? indices(args[1], sensor_rows) : span_of_indices{};
+    const span_of_indices columns = whole ? indices(args[2], sensor_columns) : span_of_indices{};
+    const std::int64_t value = whole ? number(args[3]).value_or(none) : none;
+    if (rows.last < rows.first || columns.last < columns.first || value < INT16_MIN || value > INT16_MAX)
         return "a row from 0 to 39 or all, a column from 0 to 23 or all, and a value of 16 bits are wanted";
     for (const layer& l : layers)
         if (args[0] == l.name) {
-            for (std::size_t row = rows->first; row <= rows->second; row++)
-                for (std::size_t column = columns->first; column <= columns->second; column++)
-                    (*l.p_nodes)[row][column] = static_cast<std::int16_t>(*value);
+            for (std::size_t row = rows.first; row <= rows.last; row++)
+                for (std::size_t column = columns.first; column <= columns.last; column++)
+                    (*l.p_nodes)[row][column] = static_cast<std::int16_t>(value);
             return {};
         }
     return "offset, pixel, drive, sense or noise is wanted, not \"" + args[0] + "\"";

@@ -10,7 +10,6 @@ namespace {
 
 constexpr const char* REPORT_PATH = "/sys/bus/i2c/devices/0-0048/report";
 constexpr int SILENCE_MS = 2000;
-constexpr std::uint32_t START_LIMIT_US = 1'000'000;
 constexpr std::uint32_t START_US = 800; // from its start to the first command
 
 // Waits for a piece of a report and takes it in. Broken, too, when nothing comes.
@@ -43,6 +42,8 @@ void get_report_thread()
 {
     const int fd = plat_open(REPORT_PATH, O_RDONLY | O_CLOEXEC);
     if (fd >= 0) {
+        pollfd nothing = {fd, POLLIN, 0};
+        plat_poll(&nothing, 1, 0); // a first look, so that the clock knows of this thread
         report_queue_reader_ready();
         read_reports(fd);
         plat_close(fd);
@@ -59,7 +60,7 @@ bool reader_start()
         const bool is_new = report_queue_claim();
         if (is_new)
             std::thread(get_report_thread).detach();
-        if (report_queue_wait_ready(START_LIMIT_US)) {
+        if (report_queue_wait_ready()) {
             if (is_new)
                 tmr_usleep(START_US);
             return true;

@@ -2,6 +2,7 @@
 
 #include <condition_variable>
 #include <mutex>
+#include <thread>
 
 #include "plat/plat.h"
 
@@ -126,9 +127,12 @@ void report_queue_reader_ended()
     set_reader(reader_state::ended);
 }
 
-bool report_queue_wait_ready(std::uint32_t us)
+// The phone's time mustn't run on while a thread begins, so this thread stays at work meanwhile.
+bool report_queue_wait_ready()
 {
-    locked lock(queue_mutex);
-    plat_wait_for(queue_cond, lock, us, [] { return reader != reader_state::starting; });
-    return reader == reader_state::ready;
+    for (;; std::this_thread::yield()) {
+        const locked lock(queue_mutex);
+        if (reader != reader_state::starting)
+            return reader == reader_state::ready;
+    }
 }
