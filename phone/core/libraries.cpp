@@ -26,9 +26,7 @@ bool host_call(const char* operation, std::uint32_t number)
         return false;
     char text[16];
     std::snprintf(text, sizeof text, "0x%X", number);
-    const bool fails = watch_call(operation, text) == fault::eio;
-    watch_no_result(operation, text);
-    return fails;
+    return watch_call(operation, text) == fault::eio;
 }
 
 phone_call_fate host_call_on(const char* operation, const char* what)

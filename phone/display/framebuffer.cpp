@@ -219,14 +219,9 @@ std::string write_png(const framebuffer& fb, const std::string& path)
     image.width = fb.var.xres;
     image.height = fb.var.yres;
     image.format = PNG_FORMAT_RGB;
-    errno = 0;
-    if (png_image_write_to_file(&image, path.c_str(), 0, rgb.data(), 0, nullptr) != 0)
-        return {};
-    const int error = errno;
-    const std::string folder = path.substr(0, path.rfind('/'));
-    if (error == ENOENT && access(folder.c_str(), F_OK) != 0)
-        return path + ": can't be written: there is no folder " + folder;
-    return path + ": can't be written: " + (error != 0 ? std::strerror(error) : image.message);
+    if (png_image_write_to_file(&image, path.c_str(), 0, rgb.data(), 0, nullptr) == 0)
+        return path + ": can't be written: " + image.message;
+    return {};
 }
 
 framebuffer* buffer_in_slot(const std::string& text)
@@ -246,18 +241,19 @@ std::string about(const framebuffer& fb)
 
 std::string word_screen(request& rq)
 {
+    std::vector<std::string> args = rq.args;
     framebuffer* p_fb = &buffers[0];
-    const bool slot = !rq.args.empty() && number(rq.args.back());
-    if (slot)
-        p_fb = buffer_in_slot(rq.args.back());
-    const std::string file = request_text(rq, 0, slot ? 1 : 0);
+    if (!args.empty() && number(args.back())) {
+        p_fb = buffer_in_slot(args.back());
+        args.pop_back();
+    }
     if (p_fb == nullptr)
         return "the slots are 0, the panel, and 2, the HDMI output";
-    if (!file.empty() && !file.ends_with(".png"))
+    if (args.size() > 1 || (!args.empty() && !args[0].ends_with(".png")))
         return "[FILE.png] [SLOT] is wanted";
     const std::lock_guard lock(fb_mutex);
-    if (!file.empty())
-        return write_png(*p_fb, request_file(rq, file));
+    if (!args.empty())
+        return write_png(*p_fb, request_file(rq, args[0]));
     rq.answer = about(*p_fb);
     return {};
 }
