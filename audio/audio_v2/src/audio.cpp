@@ -108,7 +108,7 @@ int tgen_init(audio_path path)
     }
     const auto wave = alsa_wave_get(output);
     if (audio_dumps(output) && wave != nullptr)
-        pcm_write_samples(path_samples_out, output.transfer_frames, wave->samples.get());
+        pcm_write_samples(PATH_SAMPLES_OUT, output.transfer_frames, wave->samples.get());
     return AUDIO_OK;
 }
 
@@ -196,7 +196,7 @@ int stop_and_analyze(audio_path path, audio_result* p_result)
     if (input.buffer == nullptr)
         return AUDIO_FAILED;
     if (audio_dumps(input))
-        pcm_write_samples(path_samples_in, input.transfer_frames, input.buffer.get());
+        pcm_write_samples(PATH_SAMPLES_IN, input.transfer_frames, input.buffer.get());
     const int measured = audio_analyze(input, p_result);
     input.buffer.reset();
     return measured != 0 ? AUDIO_OK : AUDIO_FAILED;

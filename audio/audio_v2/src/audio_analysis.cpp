@@ -9,8 +9,8 @@
 namespace {
 
 constexpr int HALF_WIDTH = 8; // of a peak, in bins
-constexpr const char* path_hanning = "/data/hanning.txt";
-constexpr const char* path_fft = "/data/fft.txt";
+constexpr const char* PATH_HANNING = "/data/hanning.txt";
+constexpr const char* PATH_FFT = "/data/fft.txt";
 
 template <typename Value>
 using memory = std::unique_ptr<Value[], alsa_free>;
@@ -32,7 +32,10 @@ struct workplace {
 bool make_workplace(int n, workplace& w)
 {
     const auto count = static_cast<std::size_t>(n);
-    w = {0, allocate<double>(count), allocate<double>(count), allocate<transform_value>(2 * count)};
+    w.n = 0;
+    w.window = allocate<double>(count);
+    w.values = allocate<double>(count);
+    w.x = allocate<transform_value>(2 * count);
     if (w.window == nullptr || w.values == nullptr || w.x == nullptr)
         return false;
     for (int i = 0; i < n; i++)
@@ -52,7 +55,7 @@ void dump_real_parts(int n, const transform_value* p_x, double* p_values)
 {
     for (int i = 0; i < n; i++)
         p_values[i] = p_x[i].re;
-    pcm_write_samples_fft(path_fft, static_cast<unsigned long>(n), p_values);
+    pcm_write_samples_fft(PATH_FFT, static_cast<unsigned long>(n), p_values);
 }
 
 double square(const transform_value& x)
@@ -137,7 +140,7 @@ int audio_analyze(const alsa_pcm_config& config, audio_result* p_result)
     const bool dumps = audio_dumps(config);
     audio_hanning(n, config.buffer.get(), work.window.get(), work.values.get());
     if (dumps)
-        pcm_write_samples_fft(path_hanning, config.transfer_frames, work.values.get());
+        pcm_write_samples_fft(PATH_HANNING, config.transfer_frames, work.values.get());
     transform_reals(n, work.values.get(), work.x.get(), dumps);
     if (dumps)
         dump_real_parts(n, work.x.get(), work.values.get());

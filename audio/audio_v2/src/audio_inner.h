@@ -32,8 +32,8 @@ inline bool audio_dumps(const alsa_pcm_config& config)
     return (config.dump_samples & 0xFF) != 0;
 }
 
-constexpr const char* path_samples_out = "/system/samples_out.txt";
-constexpr const char* path_samples_in = "/system/samples_in.txt";
+constexpr const char* PATH_SAMPLES_OUT = "/system/samples_out.txt";
+constexpr const char* PATH_SAMPLES_IN = "/system/samples_in.txt";
 
 // Make a capture's buffer from its rate and frequency, cleared. 1, or 0.
 int pcm_allocate_input_buf(alsa_pcm_config* p_config);

@@ -19,8 +19,8 @@ constexpr unsigned BIAS_ON = 39;
 constexpr unsigned REQUEST_STREAMS = 0;
 constexpr unsigned REQUEST_LOOPBACKS = 3;
 
-constexpr const char* record_line = "arec -D hw:0,0 -C 1 -R 48000 -T 5 /system/testfile.wav";
-constexpr const char* play_line = "aplay /system/testfile.wav";
+constexpr const char* RECORD_LINE = "arec -D hw:0,0 -C 1 -R 48000 -T 5 /system/testfile.wav";
+constexpr const char* PLAY_LINE = "aplay /system/testfile.wav";
 
 // "01b4: 27": where the value stands behind the beginning of the number.
 constexpr std::size_t VALUE_AT = 6;
@@ -128,7 +128,7 @@ int wcd9320_record(unsigned source)
 {
     if (source != 1 && source != 2)
         return AUDIO_FAILED;
-    return run_over(record_line, routes_cfg.p_route[ALSA_MIC],
+    return run_over(RECORD_LINE, routes_cfg.p_route[ALSA_MIC],
                     {routes_cfg.p_route[source == 1 ? ALSA_AMIC1_GAIN : ALSA_AMIC2_GAIN]});
 }
 
@@ -137,9 +137,9 @@ int wcd9320_play(unsigned sink)
     alsa_ctl_entry* const* const p = routes_cfg.p_route;
     switch (sink) {
     case 0:
-        return run_over(play_line, p[ALSA_SPEAKER], {p[ALSA_SPEAKER_GAIN], p[ALSA_SPEAKER2_GAIN]});
+        return run_over(PLAY_LINE, p[ALSA_SPEAKER], {p[ALSA_SPEAKER_GAIN], p[ALSA_SPEAKER2_GAIN]});
     case 1:
-        return run_over(play_line, p[ALSA_PLUG], {p[ALSA_PLUG_LEFT_GAIN], p[ALSA_PLUG_RIGHT_GAIN]});
+        return run_over(PLAY_LINE, p[ALSA_PLUG], {p[ALSA_PLUG_LEFT_GAIN], p[ALSA_PLUG_RIGHT_GAIN]});
     default:
         return AUDIO_FAILED;
     }
@@ -194,7 +194,9 @@ void audio_wcd9320_set_hac_amp()
 
 int audio_wcd9320_write(unsigned reg, unsigned value)
 {
-    return write_once(reg, value, 0) || write_once(reg, value, 0) ? 0 : -1;
+    if (write_once(reg, value, 0))
+        return 0;
+    return write_once(reg, value, 0) ? 0 : -1;
 }
 
 int audio_wcd9320_write_with_delay(unsigned reg, unsigned value)
