@@ -83,7 +83,7 @@ constexpr phone_part parts[] = {
     { "fb",     framebuffer_attach, nullptr,       framebuffer_start },
     { "panel",  panel_attach,    panel_seed,       nullptr },
     { "card",   card_attach,     nullptr,          card_start },
-    { "sound",  sound_attach,    nullptr,          nullptr },
+    { "sound",  sound_attach,    nullptr,          sound_start },
     { "codec",  codec_attach,    codec_seed,       nullptr },
     { "jack",   jack_attach,     jack_seed,        jack_start },
     { "arec",   sound_tools_attach, nullptr,       nullptr },
