@@ -3,17 +3,11 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <fftw3.h>
-#include <filesystem>
 #include <numbers>
-#include <string>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 #include <vector>
 
 #include "audio_inner.h"
@@ -100,56 +94,22 @@ int analysis()
     return bench_row("tone analysis of 3840 samples", own, other, 2);
 }
 
-double processor_ns(pid_t pid)
-{
-    clockid_t clock;
-    timespec t;
-    if (clock_getcpuclockid(pid, &clock) != 0 || clock_gettime(clock, &t) != 0)
-        std::exit(1);
-    return static_cast<double>(t.tv_sec) * 1e9 + static_cast<double>(t.tv_nsec);
-}
-
-pid_t start_bare()
-{
-    const std::string program = std::filesystem::read_symlink("/proc/self/exe").parent_path() / "bare_audio";
-    const pid_t pid = fork();
-    if (pid != 0)
-        return pid;
-    execl(program.c_str(), program.c_str(), nullptr);
-    _exit(127);
-}
-
-void stop(pid_t pid)
-{
-    kill(pid, SIGKILL);
-    int status;
-    waitpid(pid, &status, 0);
-}
-
-double line(const bench_phone& p, const char* text)
-{
-    const double ns = p.trip(text, "\r\n", 5000);
-    if (ns < 0)
-        std::exit(1);
-    return ns;
-}
-
 double processor_over_span(pid_t pid)
 {
-    const double from = processor_ns(pid);
+    const double from = bench_processor_ns(pid);
     std::this_thread::sleep_for(span);
-    return processor_ns(pid) - from;
+    return bench_processor_ns(pid) - from;
 }
 
 int both_streams()
 {
     const bench_phone p;
-    line(p, "aloop=1,1,1\r");
-    line(p, "aloop=2,1,1\r");
-    const pid_t bare = start_bare();
+    p.trip("aloop=1,1,1\r");
+    p.trip("aloop=2,1,1\r");
+    const pid_t bare = bench_start(bench_beside("bare_audio"));
     std::this_thread::sleep_for(200ms);
     const double other = processor_over_span(bare);
-    stop(bare);
+    bench_stop(bare);
     const double own = processor_over_span(p.pid);
     return bench_row("tone and capture for 5 s, processor time", own, other, 2);
 }
@@ -159,10 +119,10 @@ int stop_of_a_capture()
     const bench_phone p;
     double worst = 0;
     for (int i = 0; i < stops; i++) {
-        line(p, "aloop=1,1,1\r");
-        line(p, "aloop=2,1,1\r");
+        p.trip("aloop=1,1,1\r");
+        p.trip("aloop=2,1,1\r");
         std::this_thread::sleep_for(milliseconds(100 + 7 * i)); // each time elsewhere in a block
-        worst = std::max(worst, line(p, "aloop=2,1,0\r") / 1e6);
+        worst = std::max(worst, time_of([&] { p.trip("aloop=2,1,0\r"); }) / 1e6);
     }
     return bench_figure("a capture's stop to its answer, at the worst", worst, block_ms + beside_block_ms,
                         "ms");

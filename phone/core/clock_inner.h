@@ -98,6 +98,10 @@ bool loop_idle_locked();
 void start_workers();
 nanoseconds next_timer_locked();
 
+// Whether an expiry that is due until `deadline` waits for a thread, or any is at work.
+bool expiries_under_way_locked(nanoseconds deadline);
+bool expiry_at_work_locked();
+
 // Counts the expiries that are due as work, before a thread has taken them.
 void count_due_timers_locked();
 

@@ -138,6 +138,23 @@ int without_kick(select_sets& sets, int count)
     return count - 1;
 }
 
+// What an expiry brings that was due before the time was over comes before the time-out, however late a busy
+// host is with it.
+int poll_behind_expiries(pollfd* fds, nfds_t count, nanoseconds deadline)
+{
+    constexpr int most_looks = 200;
+    for (int i = 0; i < most_looks; i++) {
+        {
+            const std::lock_guard lock(clock_mutex);
+            if (!expiries_under_way_locked(deadline))
+                break;
+        }
+        if (const int n = ::poll(fds, count, 1); n != 0)
+            return n;
+    }
+    return ::poll(fds, count, 0);
+}
+
 } // namespace
 
 std::vector<waiter*> clock_inner::waiters;
@@ -279,7 +296,7 @@ int clock_poll(pollfd* fds, nfds_t count, nanoseconds timeout)
     all.push_back({own_mark().kick_fd, POLLIN, 0});
     waiter w{timeout == forever ? forever : clock_now(CLOCK_MONOTONIC) + timeout};
     w.ready = [asked = std::vector<pollfd>(fds, fds + count)] { return any_ready(asked); };
-    return block(w, nullptr, [&](nanoseconds host) {
+    const int result = block(w, nullptr, [&](nanoseconds host) {
         const timespec t = to_timespec(host);
         int n = ::ppoll(all.data(), all.size(), host == forever ? nullptr : &t, nullptr);
         if (n > 0 && all.back().revents != 0) {
@@ -290,6 +307,7 @@ int clock_poll(pollfd* fds, nfds_t count, nanoseconds timeout)
             fds[i].revents = all[i].revents;
         return n;
     });
+    return result == 0 ? poll_behind_expiries(fds, count, w.deadline) : result;
 }
 
 int clock_select(int nfds, fd_set* rd, fd_set* wr, fd_set* ex, nanoseconds timeout)
