@@ -14,11 +14,11 @@
 #include "backcap_qpnp/backcap_qpnp.h"
 #include "battery/battery.h"
 #include "bmp/bmp.h"
+#include "bt/bt.h"
 #include "camconf/camconf.h"
 #include "camera/camera.h"
 #include "camera_durnspire/camera_durnspire.h"
 #include "camera_durnspire_qualcomm/camera_durnspire_qualcomm.h"
-#include "bt/bt.h"
 #include "cfg/cfg.h"
 #include "charge/charge.h"
 #include "charge_qpnp/charge_qpnp.h"
@@ -33,8 +33,8 @@
 #include "f_als/f_als.h"
 #include "f_backcap/f_backcap.h"
 #include "f_battery/f_battery.h"
-#include "f_camera/f_camera.h"
 #include "f_bt/f_bt.h"
+#include "f_camera/f_camera.h"
 #include "f_card/f_card.h"
 #include "f_charge/f_charge.h"
 #include "f_compass/f_compass.h"
@@ -143,9 +143,9 @@ constexpr autoinit_entry initcompif[] = {
     als_init,
     backcap_init,
     battery_init,
+    bt_init,
     camconf_init,
     camera_init,
-    bt_init,
     charge_init,
     cio_dev_init,
     compass_init,
@@ -237,8 +237,8 @@ constexpr autoinit_entry initcompcmd[] = {
     f_qat_init,
     f_backcap_init,
     f_battery_init,
-    f_camera_init,
     f_bt_init,
+    f_camera_init,
     f_card_init,
     f_charge_init,
     f_compass_init,
