@@ -145,23 +145,28 @@ a stop behind caml=0 is still answered
   expect   CAMV:,ERROR
 
 the menu's page shows the viewfinder between its buttons and its answer, and closes the camera when it is left
-  phone    scene 1 flat 235
+  phone    scene 1 flat 16
   phone    key 116 tap
+  phone    clock +140
   phone    idle
   phone    touch 250 1165 tap
+  phone    clock +140
   phone    idle
   phone    touch 100 180 tap
+  phone    clock +140
   phone    idle
-  phone    clock hold
   phone    clock +200
   # The picture from 640 to 1279; white paper lies above and below it
-  phone    pixel 540 640 -> FFFFFF
-  phone    pixel 540 1279 -> FFFFFF
+  phone    pixel 540 640 -> 000000
+  phone    pixel 540 1279 -> 000000
   phone    pixel 540 630 -> F1F4F8
   phone    pixel 540 1285 -> F1F4F8
   phone    touch 500 1850 tap
+  phone    clock +140
   phone    idle
-  phone    files -> /dev/input/event0\n/dev/input/event1\nuevent\n/dev/diag\n/dev/ttyGS0\npipe\npipe\n/dev/graphics/fb0
+  # "Sensors" and "Camera" again, and no memory left
+  phone    pixel 540 960 -> FFFFFF
+  phone    camera 2 -> closed frames 0 held 0 heaps 0
 
 it needs a camera, one to three values and at most three turns
   send     camv=1,0

@@ -22,7 +22,7 @@ the shipped menu: a page, a command that is well and one that fails, back, and a
   phone    touch 500 1834 tap
   phone    clock +140
   phone    idle
-  # here the first page has its seventh button, "Board"
+  # here the first page has its seventh button, "Camera"
   phone    pixel 45 1110          -> FFFFFF
   phone    key 116 tap
   phone    clock +140
