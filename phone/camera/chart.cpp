@@ -17,7 +17,7 @@ constexpr std::uint8_t bright = 210; // bars and lines
 
 constexpr double frame_width = 40, frame_height = 30, block = 2; // the block's middle is the frame's corner
 constexpr double inner_width = 38, inner_height = 28;
-constexpr double surplus = 0.5; // of the black, since the frame is found to a pixel or two
+constexpr double surplus = 0.5;     // of the black, since the frame is found to a pixel or two
 constexpr std::uint32_t border = 4; // a block that touches the picture's edge isn't whole
 
 struct patch {

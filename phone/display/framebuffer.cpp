@@ -24,6 +24,7 @@ namespace phone {
 namespace {
 
 constexpr unsigned console_set_mode = 0x4B3A;
+constexpr unsigned long request_output_off = 0x40046DFF; // of the HDMI driver alone
 
 struct framebuffer {
     const char* path;
@@ -123,10 +124,22 @@ int blank(framebuffer& fb, std::uintptr_t level)
     return 0;
 }
 
+int hdmi_off(const framebuffer& fb, const void* arg)
+{
+    std::uint32_t value;
+    std::memcpy(&value, arg, sizeof value);
+    if (value == 0)
+        return 0;
+    strange(std::string("ioctl ") + fb.path + " output " + std::to_string(value));
+    return refuse(EINVAL);
+}
+
 int fb_ioctl(open_file& file, unsigned long request, void* arg)
 {
     framebuffer& fb = buffer_of(file);
     const std::lock_guard lock(fb_mutex);
+    if (request == request_output_off && &fb == &buffers[1])
+        return hdmi_off(fb, arg);
     if (const auto done = overlay_ioctl(fb.overlays, file.fd, fb.var.xres, fb.var.yres, request, arg))
         return *done;
     switch (request) {

@@ -7,6 +7,7 @@
 #include "hwp/hwp.h"
 #include "i2c/i2c.h"
 #include "light/light.h"
+#include "nfc_pn65/nfc_pn65.h"
 #include "pin/pin.h"
 #include "screenconf/screenconf.h"
 #include "touch_v2/touch.h"
@@ -23,6 +24,7 @@ extern touch_config touch_config_data;
 extern const i2c_cfg_row i2c_cfg_tab[];
 extern const battery_cfg board_battery_cfg;
 extern const chargemon_cfg chmon_cfg;
+extern const nfc_pn65_cfg nfc_cfg;
 extern screenconf screenconf_main;
 extern screenconf screenconf_hdmi;
 
