@@ -149,7 +149,7 @@ the menu's page shows the viewfinder between its buttons and its answer, and clo
   phone    key 116 tap
   phone    clock +140
   phone    idle
-  phone    touch 250 1165 tap
+  phone    touch 250 1328 tap
   phone    clock +140
   phone    idle
   phone    touch 100 180 tap
