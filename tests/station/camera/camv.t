@@ -94,7 +94,6 @@ a second start keeps memory and size
   expect   CAMV:,OK
 
 without a screen the viewfinder runs all the same, and a frame that can't be shown is given back
-  phone    speed 20
   send     caml=2
   expect   CAML:,OK
   phone    clock hold
