@@ -154,8 +154,42 @@ local board = menu.page("Board", {
     { "Card size", "mstt=1" },
     { "Chip", "msmv" },
     { "Settings", "syscfg=?" },
-    { "Camera", "camds" },
+    { "Cover", "camds" },
 })
+
+-- The viewfinder of camera 1 or 2; one that is there already goes on.
+local function viewfinder(camera)
+    return function()
+        local status = qat("caml=" .. camera)
+        if status == "OK" then menu.run("camv=1,0") else menu.show("caml=" .. camera .. "  " .. status, false, "") end
+    end
+end
+
+local camera = menu.page("Camera", {
+    { "Main", viewfinder(1) },
+    { "Sub", viewfinder(2) },
+    { "Stop", "camv=0" },
+    { "Focus", function()
+        if qat("caaf=1") == "OK" then menu.run("caaf") else menu.show("caaf=1  ERROR", false, "") end
+    end },
+    { "Shot", "cams=1,0" },
+    { "Go on", "cams=0" },
+    { "Chart", "camg" },
+    { "Marks", "camb=8" },
+    { "Sharp", "camf=6" },
+    { "Tilt", "cama=10,10,100" },
+    { "Mean", "caii" },
+    { "Lines", "camc=0" },
+})
+
+local VIEWFINDER_HEIGHT = 640
+
+local function open_camera()
+    menu.open_around(camera, VIEWFINDER_HEIGHT, function()
+        qat("camv=0")
+        qat("caml=0")
+    end)
+end
 
 -- WLAN is powered up for the one command, as a station (1) or in test mode (0).
 local function wlan(mode, command)
@@ -239,6 +273,7 @@ menu.start(menu.page("Hardware test", {
     { "Lights", lights },
     { "Battery", battery },
     { "Sensors", sensors },
+    { "Camera", open_camera },
     { "Contactless", contactless },
     { "Board", board },
     { "Radio", radio },

@@ -116,5 +116,17 @@ constexpr harmless_row harmless[] = {
     { "open /sys/hvt/hvt-vib/vib",                    "vibt=1", "each measurement of this product is told as one that failed" },
     { "write /sys/hvt/hvt-vib/vib",                   "vibt=1", "likewise" },
     { "write pipe",                                   "vibt=1", "the loop finds what is queued at its next pass" },
+    { "system insmod ",                               "caml", "a module that is loaded is refused too; the open that follows tells what is lacking" },
+    { "system start ",                                "caml", "likewise" },
+    { "open /dev/graphics/",                          "caml", "a camera works without a screen" },
+    { "ioctl /dev/graphics/",                         "caml camv", "likewise; what is left on the screen goes when the framebuffer is closed" },
+    { "drns_cancel_auto_lock ",                       "caml camv=0 camc", "there may be no focus run to stop" },
+    { "drns_stop_preview ",                           "caml", "closing the camera stops it too" },
+    { "drns_free ",                                   "caml", "tried once more behind the close" },
+    { "drns_callback 0x1",                            "camc", "a frame that is lost is followed by the next" },
+    { "drns_release_frame ",                          "camc", "the frames of the other buffers go on" },
+    { "drns_get_status ",                             "crom=1", "a status that can't be read is told as bad" },
+    { "drns_get_parameter 0x1C",                      "cwbc=8", "the window has no result; the reading that needs it tells" },
+    { "drns_set_parameter ",                          "cwbc=8", "likewise" },
 };
 // clang-format on
