@@ -117,6 +117,24 @@ local radio = menu.page("Radio", {
     { "IR close", "irtx=0" },
 })
 
+local tuner = menu.page("TV", {
+    { "Power on", "isdb=0,1" },
+    { "Power off", "isdb=0,0" },
+    { "Circuit 2", "issl=2,0" },
+    { "Circuit 5", "issl=5,0" },
+    { "Narrow 5", "issl=5,1" },
+    { "Chan. 13", "isdb=1,13" },
+    { "Chan. 27", "isdb=1,27" },
+    { "Lock", "isdb=8" },
+    { "Level", "isdb=2,0" },
+    { "Bit err.", "isdb=11,0,2" },
+    { "Pack err.", "isdb=11,1,2" },
+    { "Stream", "isdb=6,0" },
+    { "Pattern", "isdb=6,2" },
+    { "Antenna A", "isdb=10,0" },
+    { "Antenna B", "isdb=10,1" },
+})
+
 local system = menu.page("System", {
     { "Versions", "vers" },
     { "Modem", "vers=3" },
@@ -137,5 +155,6 @@ menu.start(menu.page("Hardware test", {
     { "Sensors", sensors },
     { "Board", board },
     { "Radio", radio },
+    { "TV", tuner },
     { "System", system },
 }))
