@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int THE_FD = 1000;
+constexpr int the_fd = 1000;
 
 const std::uint8_t* input;
 std::size_t input_size;
@@ -70,7 +70,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
     static plat_callouts co = plat_linux_co;
     co.open = [](const char*, int, mode_t) {
         position = 0;
-        return THE_FD;
+        return the_fd;
     };
     co.close = [](int) { return 0; };
     co.read = fuzz_read;

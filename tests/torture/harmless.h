@@ -111,7 +111,6 @@ constexpr harmless_row harmless[] = {
     { "write /dev/gpio14",                            "isdb=0", "likewise" },
     { "open /dev/gpio561",                            "isdb=0", "likewise" },
     { "write /dev/gpio561",                           "isdb=0", "likewise" },
-    { "open /dev/mmtuner",                            "isdb=0,1", "no step of a power-on needs it" },
     { "open /dev/i2c-4",                              "isdb=0,1", "a bring-up that fails says OK; isdb=9 tells" },
     { "ioctl /dev/i2c-4",                             "isdb=0,1", "likewise" },
     { "open /system/etc/isdbtmm/",                    "isdb=0,1", "the chip runs without a file" },

@@ -35,7 +35,7 @@ struct pes_filter {
 };
 static_assert(sizeof(pes_filter) == 28);
 
-constexpr std::uint32_t EVENT_KINDS_OF_DATA[] = { 4, 16 };
+constexpr std::uint32_t event_kinds_of_data[] = { 4, 16 };
 // clang-format on
 
 struct event_record {
@@ -94,7 +94,7 @@ bool demux_guard::wait_for_data(int timeout_ms) const
     event_record event = {};
     if (plat_poll(&wanted, 1, timeout_ms) < 0 || plat_ioctl(fd, DMX_GET_EVENT, &event) < 0)
         return false;
-    for (const std::uint32_t kind : EVENT_KINDS_OF_DATA)
+    for (const std::uint32_t kind : event_kinds_of_data)
         if (event.kind == kind)
             return true;
     return false;

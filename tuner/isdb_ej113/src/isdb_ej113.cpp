@@ -19,8 +19,8 @@ constexpr std::uint64_t BUS_LIMIT_US = 3000000;
 constexpr std::uint32_t BUS_PAUSE_US = 100000;
 
 // clang-format off
-constexpr int BAND_OF_UHF[2] = { 0, 1 }; // by mode: wide, narrow
-constexpr int BAND_OF_VHF[2] = { 3, 4 };
+constexpr int band_of_uhf[2] = { 0, 1 }; // by mode: wide, narrow
+constexpr int band_of_vhf[2] = { 3, 4 };
 // clang-format on
 
 int isdb_ej113_pon()
@@ -49,13 +49,13 @@ int isdb_ej113_poff()
 
 int isdb_ej113_tuning(std::uint32_t ch, int mode)
 {
-    tunerx_tuning(BAND_OF_UHF[mode == 1 ? 1 : 0], ch);
+    tunerx_tuning(band_of_uhf[mode == 1 ? 1 : 0], ch);
     return 1;
 }
 
 int isdb_ej113_select_mode_ch(int, int mode, std::uint32_t ch)
 {
-    tunerx_tuning(BAND_OF_VHF[mode == 1 ? 1 : 0], ch);
+    tunerx_tuning(band_of_vhf[mode == 1 ? 1 : 0], ch);
     return 1;
 }
 
