@@ -225,7 +225,6 @@ local tuner = menu.page("TV", {
     { "Power off", "isdb=0,0" },
     { "Circuit 2", "issl=2,0" },
     { "Circuit 5", "issl=5,0" },
-    { "Narrow 5", "issl=5,1" },
     { "Chan. 13", "isdb=1,13" },
     { "Chan. 27", "isdb=1,27" },
     { "Lock", "isdb=8" },
