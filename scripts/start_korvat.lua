@@ -254,6 +254,23 @@ local sound = menu.page("Sound", {
     { "Bias off", "mpvc=0" },
 })
 
+local tuner = menu.page("TV", {
+    { "Power on", "isdb=0,1" },
+    { "Power off", "isdb=0,0" },
+    { "Circuit 2", "issl=2,0" },
+    { "Circuit 5", "issl=5,0" },
+    { "Chan. 13", "isdb=1,13" },
+    { "Chan. 27", "isdb=1,27" },
+    { "Lock", "isdb=8" },
+    { "Level", "isdb=2,0" },
+    { "Bit err.", "isdb=11,0,2" },
+    { "Pack err.", "isdb=11,1,2" },
+    { "Stream", "isdb=6,0" },
+    { "Pattern", "isdb=6,2" },
+    { "Antenna A", "isdb=10,0" },
+    { "Antenna B", "isdb=10,1" },
+})
+
 local system = menu.page("System", {
     { "Versions", "vers" },
     { "Modem", "vers=3" },
@@ -278,5 +295,6 @@ menu.start(menu.page("Hardware test", {
     { "Board", board },
     { "Radio", radio },
     { "Sound", sound },
+    { "TV", tuner },
     { "System", system },
 }))

@@ -33,6 +33,7 @@ struct torture_line {
     bool fresh;                      // what it does once it doesn't do again: each run has a new start
     bool polled;                     // how often it asks depends on time: its calls fail for good only
     bool stores;                     // what it reads it stores in a unit, right or wrong
+    std::string speed;               // of the phone's time; slower where the chip has limits of its own
     long late_ms;                    // so much of the phone's time is given to what it says behind its answer
     std::vector<std::string> words;  // control words before it
     std::vector<std::string> before; // command lines before it
@@ -62,7 +63,7 @@ std::vector<torture_line> read_lines(const std::string& path)
     for (std::string text; std::getline(file, text);) {
         if (text.empty() || text[0] == '#')
             continue;
-        torture_line line{text.starts_with("* "), false, false, false, 0, {}, {}, ""};
+        torture_line line{text.starts_with("* "), false, false, false, "1000", 0, {}, {}, ""};
         if (line.fixed_part)
             text.erase(0, 2);
         std::size_t at;
@@ -78,6 +79,8 @@ std::vector<torture_line> read_lines(const std::string& path)
                 line.polled = true;
             else if (part == "stores")
                 line.stores = true;
+            else if (part.starts_with("speed "))
+                line.speed = part.substr(6);
             else if (part.starts_with("late "))
                 line.late_ms = std::atol(part.c_str() + 5);
             text.erase(0, at + 4);
@@ -261,7 +264,7 @@ std::string start(campaign& c)
     for (const std::string& word : c.line.words)
         if (!c.phone.ask(word, answer))
             return word + ": " + answer;
-    if (!c.phone.ask("speed 1000", answer) || !c.phone.ask("idle", answer))
+    if (!c.phone.ask("speed " + c.line.speed, answer) || !c.phone.ask("idle", answer))
         return answer;
     std::string reply;
     port_take(c.phone.port, reply);
