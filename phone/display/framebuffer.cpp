@@ -157,7 +157,21 @@ int fb_ioctl(open_file& file, unsigned long request, void* arg)
     }
 }
 
-constexpr node fb_node = {.open = fb_open, .ioctl = fb_ioctl};
+std::string fb_about(unsigned long request, const void*)
+{
+    switch (request) {
+    case FBIOPAN_DISPLAY:
+        return "pan";
+    case FBIOBLANK:
+        return "blank";
+    case request_output_off:
+        return "off";
+    default:
+        return {};
+    }
+}
+
+constexpr node fb_node = {.open = fb_open, .ioctl = fb_ioctl, .about = fb_about};
 
 int console_ioctl(open_file& file, unsigned long request, void* arg)
 {
