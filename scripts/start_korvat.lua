@@ -130,6 +130,20 @@ local sensors = menu.page("Sensors", {
     { "Be still", "vibc=0" },
 })
 
+local contactless = menu.page("Contactless", {
+    { "Power up", "nfpu" },
+    { "Power down", "nfpd" },
+    { "Identity", "nfid=1" },
+    { "Card", "nfdt" },
+    { "Single wire", "nfcst" },
+    { "Self test", "nfst" },
+    { "First chip", "nfsl=1" },
+    { "Second chip", "nfsl=2" },
+    { "Chip power", "nfpc=1,1" },
+    { "Download", "nffd" },
+    { "Progress", "nffd=0" },
+})
+
 local board = menu.page("Board", {
     { "Temp", "temp=0" },
     { "USB volts", "adcr=0x8" },
@@ -167,6 +181,45 @@ local radio = menu.page("Radio", {
     { "IR close", "irtx=0" },
 })
 
+-- A tone on an output, instead of the one that runs; with a step of gain, that first.
+local function tone(output, step)
+    return function()
+        qat("aloop=1,1,0")
+        if step then qat(("gain=1,%d,%d"):format(output, step)) end
+        menu.run(("aloop=1,%d,1"):format(output))
+    end
+end
+
+-- What an input hears of a tone: of the speaker's, or of that which the capture brings along.
+local function hear(capture, speaker)
+    return function()
+        qat("aloop=1,1,0")
+        if speaker then qat("aloop=1,1,1") end
+        local status = qat("aloop=" .. capture .. ",1")
+        if status == "OK" then return menu.run("aloop=" .. capture .. ",0") end
+        qat("aloop=1,1,0")
+        menu.show("aloop=" .. capture .. ",1  " .. (status or "no answer"), false, "No capture could be started.")
+    end
+end
+
+local sound = menu.page("Sound", {
+    { "Speaker", tone(1) },
+    { "Ear", tone(3, 3) },
+    { "Left", tone(5) },
+    { "Right", tone(4) },
+    { "Quiet", "aurst=0" },
+    { "Jack", "ajdt=0" },
+    { "Mic 1", hear("2,1", true) },
+    { "Mic 2", hear("2,2", true) },
+    { "Plug L", hear("3,1") },
+    { "Plug R", hear("3,2") },
+    { "Line L", hear("3,3") },
+    { "Line R", hear("3,4") },
+    { "Contact", "vadet=1,1" },
+    { "Bias on", "mpvc=1" },
+    { "Bias off", "mpvc=0" },
+})
+
 local system = menu.page("System", {
     { "Versions", "vers" },
     { "Modem", "vers=3" },
@@ -186,7 +239,9 @@ menu.start(menu.page("Hardware test", {
     { "Lights", lights },
     { "Battery", battery },
     { "Sensors", sensors },
+    { "Contactless", contactless },
     { "Board", board },
     { "Radio", radio },
+    { "Sound", sound },
     { "System", system },
 }))

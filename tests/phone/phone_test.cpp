@@ -11,7 +11,10 @@
 #include <filesystem>
 #include <fstream>
 #include <mutex>
+#include <poll.h>
+#include <sys/eventfd.h>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 #include "core/clock.h"
@@ -421,6 +424,24 @@ TEST_F(Phone, ATimerFiresWhileTheExpiryOfAnotherWaits)
     clock_timer_set(near, 10'000'000, 0);
     std::unique_lock lock(mutex);
     EXPECT_TRUE(changed.wait_for(lock, std::chrono::seconds(60), [&] { return near_saw_it; }));
+}
+
+TEST_F(Phone, ATimeOutComesBehindTheExpiriesThatWereDueBeforeIt)
+{
+    const int fd = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    const int slow = clock_timer_create([fd] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20)); // a busy host
+        const std::uint64_t one = 1;
+        [[maybe_unused]] const ssize_t n = write(fd, &one, sizeof one);
+    });
+    clock_set_speed(1000);
+    clock_timer_set(slow, 1'000'000, 0);
+    pollfd p{fd, POLLIN, 0};
+    EXPECT_EQ(clock_poll(&p, 1, 2'000'000'000), 1); // 2 ms of the host
+    EXPECT_EQ(p.revents, POLLIN);
+    clock_set_speed(1);
+    clock_timer_delete(slow);
+    close(fd);
 }
 
 TEST_F(Phone, TheLoopsWaitKnowsWhichDescriptorsAreOpen)

@@ -16,7 +16,7 @@ constexpr uint8_t ftm_audio_tone_play[] = {0x4B, 0x0B, 0x0E, 0x00, 0x04, 0x00, 0
 constexpr uint8_t ftm_audio_tone_stop[] = {0x4B, 0x0B, 0x0E, 0x00, 0x05, 0x00, 0x00, 0x00, 0x0C, 0x00};
 // clang-format on
 
-bool send(std::span<const uint8_t> packet)
+bool post(std::span<const uint8_t> packet)
 {
     std::array<uint8_t, FTM_MAX_RESP_LEN> reply;
     std::uint32_t size;
@@ -31,6 +31,6 @@ int hdmi_msm_set_output_sine_tone(std::uint32_t on)
     if (!hdmi_msm_started || on > 1)
         return -1;
     const bool done =
-        on == 1 ? send(ftm_hdmi_set_path) && send(ftm_audio_tone_play) : send(ftm_audio_tone_stop);
+        on == 1 ? post(ftm_hdmi_set_path) && post(ftm_audio_tone_play) : post(ftm_audio_tone_stop);
     return done ? 0 : -1;
 }

@@ -71,21 +71,21 @@ constexpr std::uint32_t BIST_PERIOD_MS = 100;
 // The chip is opened for each access: tests are rare, and another may want the bus between.
 class chip {
 public:
-    explicit chip(uint8_t dev) : open(i2c_open(&hnd, BUS_NAME, 0, dev) == 0) {}
+    explicit chip(uint8_t dev) : opened(i2c_open(&hnd, BUS_NAME, 0, dev) == 0) {}
     ~chip()
     {
-        if (open)
+        if (opened)
             i2c_close(&hnd);
     }
     chip(const chip&) = delete;
     chip& operator=(const chip&) = delete;
 
-    bool write(uint8_t reg, uint8_t val) const { return open && i2c_write_reg8(&hnd, reg, val) >= 0; }
-    bool read(uint8_t reg, uint8_t* p_val) const { return open && i2c_read_reg8(&hnd, reg, p_val) >= 0; }
+    bool write(uint8_t reg, uint8_t val) const { return opened && i2c_write_reg8(&hnd, reg, val) >= 0; }
+    bool read(uint8_t reg, uint8_t* p_val) const { return opened && i2c_read_reg8(&hnd, reg, p_val) >= 0; }
 
 private:
     i2c_handle hnd{};
-    bool open;
+    bool opened;
 };
 
 bool mhl_sii8334_reg_wr(uint8_t dev, uint8_t reg, uint8_t val)

@@ -9,12 +9,18 @@
 #include "adcr_brenk/adcr_brenk.h"
 #include "als/als.h"
 #include "als_apds_9930/als_apds_9930.h"
+#include "alsa/alsa.h"
+#include "audio_v2/audio.h"
 #include "autopoff/autopoff.h"
 #include "backcap/backcap.h"
 #include "backcap_qpnp/backcap_qpnp.h"
 #include "battery/battery.h"
 #include "bmp/bmp.h"
 #include "bt/bt.h"
+#include "camconf/camconf.h"
+#include "camera/camera.h"
+#include "camera_durnspire/camera_durnspire.h"
+#include "camera_durnspire_qualcomm/camera_durnspire_qualcomm.h"
 #include "cfg/cfg.h"
 #include "charge/charge.h"
 #include "charge_qpnp/charge_qpnp.h"
@@ -27,9 +33,11 @@
 #include "f_aclmr_v2/f_aclmr.h"
 #include "f_adcr/f_adcr.h"
 #include "f_als/f_als.h"
+#include "f_audio_v2/f_audio.h"
 #include "f_backcap/f_backcap.h"
 #include "f_battery/f_battery.h"
 #include "f_bt/f_bt.h"
+#include "f_camera/f_camera.h"
 #include "f_card/f_card.h"
 #include "f_charge/f_charge.h"
 #include "f_compass/f_compass.h"
@@ -41,13 +49,16 @@
 #include "f_hdmi/f_hdmi.h"
 #include "f_i2c/f_i2c.h"
 #include "f_irda/f_irda.h"
+#include "f_isdb/f_isdb.h"
 #include "f_kbd/f_kbd.h"
 #include "f_kill/f_kill.h"
 #include "f_light/f_light.h"
 #include "f_mdml/f_mdml.h"
 #include "f_mhl/f_mhl.h"
 #include "f_modem/f_modem.h"
+#include "f_mpvc/f_mpvc.h"
 #include "f_msm/f_msm.h"
+#include "f_nfc/f_nfc.h"
 #include "f_poff/f_poff.h"
 #include "f_pp/f_pp.h"
 #include "f_prox/f_prox.h"
@@ -78,6 +89,8 @@
 #include "i2c/i2c.h"
 #include "irda/irda.h"
 #include "irda_rpm841/irda_rpm841.h"
+#include "isdb/isdb.h"
+#include "isdb_ej113/isdb_ej113.h"
 #include "kbd/kbd.h"
 #include "kbd_qpnp/kbd_qpnp.h"
 #include "light/light.h"
@@ -89,8 +102,14 @@
 #include "mhl_sii8334/mhl_sii8334.h"
 #include "modem/modem.h"
 #include "modem_brenk/modem_brenk.h"
+#include "mpvc/mpvc.h"
+#include "mpvc_brenk/mpvc_brenk.h"
 #include "msm/msm.h"
 #include "msm_linux/msm_linux.h"
+#include "nfc/nfc.h"
+#include "nfc_pn65/nfc_pn65.h"
+#include "nfc_pn65_fw_dnld/nfc_pn65_fw_dnld.h"
+#include "nfc_tamiro_qxr5170jvk_brenk/nfc_tamiro_qxr5170jvk_brenk.h"
 #include "pin/pin.h"
 #include "prx/prx.h"
 #include "prx_apds_9930/prx_apds_9930.h"
@@ -143,9 +162,13 @@ constexpr autoinit_entry initcompif[] = {
     adc_init,
     adcr_init,
     als_init,
+    alsa_init,
+    audio_init,
     backcap_init,
     battery_init,
     bt_init,
+    camconf_init,
+    camera_init,
     charge_init,
     cio_dev_init,
     compass_init,
@@ -156,11 +179,14 @@ constexpr autoinit_entry initcompif[] = {
     gyro_init,
     hdmi_init,
     irda_init,
+    isdb_init,
     kbd_init,
     light_init,
     mdml_init,
     mhl_init,
+    mpvc_init,
     modem_init,
+    nfc_init,
     pin_init,
     prx_init,
     msm_init,
@@ -193,6 +219,8 @@ constexpr autoinit_entry initcomp[] = {
     backcap_qpnp_init,
     bmp_init,
     cfg_init,
+    camera_durnspire_init,
+    camera_durnspire_qualcomm_init,
     charge_qpnp_init,
     chargemon_init,
     cio_stdio_init,
@@ -203,12 +231,17 @@ constexpr autoinit_entry initcomp[] = {
     gyro_bmi055_init,
     hdmi_msm_init,
     i2c_init,
+    isdb_ej113_init,
     kbd_qpnp_init,
     light_linux_init,
     light_pm8941_init,
     luigi_init,
     mhl_sii8334_init,
+    mpvc_brenk_init,
     modem_brenk_init,
+    nfc_tamiro_qxr5170jvk_brenk_init,
+    nfc_pn65_init,
+    nfc_pn65_fw_dnld_init,
     prx_apds_9930_init,
     msm_linux_init,
     pwrsupply_linux_init,
@@ -237,10 +270,12 @@ constexpr autoinit_entry initcompcmd[] = {
     f_aclmr_init,
     f_adcr_init,
     f_als_init,
+    f_audio_init,
     f_qat_init,
     f_backcap_init,
     f_battery_init,
     f_bt_init,
+    f_camera_init,
     f_card_init,
     f_charge_init,
     f_compass_init,
@@ -252,12 +287,15 @@ constexpr autoinit_entry initcompcmd[] = {
     f_hdmi_init,
     f_i2c_init,
     f_irda_init,
+    f_isdb_init,
     f_kbd_init,
     f_kill_init,
     f_light_init,
     f_mdml_init,
     f_mhl_init,
+    f_mpvc_init,
     f_modem_init,
+    f_nfc_init,
     f_poff_init,
     f_pp_init,
     f_prox_init,
