@@ -33,7 +33,6 @@ struct torture_line {
     bool fresh;                      // what it does once it doesn't do again: each run has a new start
     bool polled;                     // how often it asks depends on time: its calls fail for good only
     bool stores;                     // what it reads it stores in a unit, right or wrong
-    std::string speed;               // of the phone's time; slower where the chip has limits of its own
     long late_ms;                    // so much of the phone's time is given to what it says behind its answer
     std::vector<std::string> words;  // control words before it
     std::vector<std::string> before; // command lines before it
@@ -63,7 +62,7 @@ std::vector<torture_line> read_lines(const std::string& path)
     for (std::string text; std::getline(file, text);) {
         if (text.empty() || text[0] == '#')
             continue;
-        torture_line line{text.starts_with("* "), false, false, false, "1000", 0, {}, {}, ""};
+        torture_line line{text.starts_with("* "), false, false, false, 0, {}, {}, ""};
         if (line.fixed_part)
             text.erase(0, 2);
         std::size_t at;
@@ -79,8 +78,6 @@ std::vector<torture_line> read_lines(const std::string& path)
                 line.polled = true;
             else if (part == "stores")
                 line.stores = true;
-            else if (part.starts_with("speed "))
-                line.speed = part.substr(6);
             else if (part.starts_with("late "))
                 line.late_ms = std::atol(part.c_str() + 5);
             text.erase(0, at + 4);
@@ -259,12 +256,12 @@ std::string start(campaign& c)
     if (!wrong.empty())
         return wrong;
     // A campaign takes hours of the phone's time, which its battery wouldn't last.
-    if (!c.phone.ask("battery 3900 -200", answer))
+    if (!c.phone.ask("battery 3900 -200", answer) || !c.phone.ask("speed 1000", answer))
         return answer;
     for (const std::string& word : c.line.words)
         if (!c.phone.ask(word, answer))
             return word + ": " + answer;
-    if (!c.phone.ask("speed " + c.line.speed, answer) || !c.phone.ask("idle", answer))
+    if (!c.phone.ask("idle", answer))
         return answer;
     std::string reply;
     port_take(c.phone.port, reply);
@@ -335,12 +332,13 @@ void run_line(const torture_line& line, const options& o, tally& t)
         return;
     }
     std::printf("%s: %zu calls\n", line.text.c_str(), c.calls.size());
+    std::set<std::string> for_good_done; // a text that fails for good is the same run each time
     for (std::size_t i = 0; i < c.calls.size(); i++) {
         const std::string& call = c.calls[i];
         if (call.find(port_call) != call.npos || (o.call != 0 && o.call != i + 1))
             continue;
         for (const bool for_good : {false, true}) {
-            if (!for_good && (o.for_good_only || line.polled))
+            if (for_good ? !for_good_done.insert(call).second : o.for_good_only || line.polled)
                 continue;
             verdict.clear();
             const std::string arm = arming(c.calls, i, for_good);

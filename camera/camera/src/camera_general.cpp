@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr std::uint32_t FIRST_ID = 16;
 constexpr std::uint32_t IDS_OF_A_TEST = 16;
 constexpr int TESTS = 5;
 
