@@ -1,6 +1,6 @@
 // The driver of the PN65, the first contactless chip (chip number 1 of nfc.h): fixed sequences of frames over
-// I2C, each sent and answered in the caller's thread. It is no stack: it judges of an answer what a test needs
-// and nothing else. The download of the chip's firmware goes another way (nfc_pn65_fw_dnld.h).
+// I2C, each sent and answered in the caller's thread. It is no stack: it judges of an answer what a test
+// needs and nothing else. The download of the chip's firmware goes another way (nfc_pn65_fw_dnld.h).
 #pragma once
 
 #include <array>

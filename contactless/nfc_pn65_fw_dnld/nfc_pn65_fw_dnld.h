@@ -1,7 +1,7 @@
-// Loads new firmware into the PN65, in a thread of its own beside the console. The firmware comes from a closed
-// library that the setting nfc_pn65_fw_dnld_path of module nfc_pn65_fw_dnld names; without it a download fails
-// at once. Has its own way to the chip and shares nothing with the driver of its normal operation: who uses
-// the chip during a download breaks the attempt.
+// Loads new firmware into the PN65, in a thread of its own beside the console. The firmware comes from a
+// closed library that the setting nfc_pn65_fw_dnld_path of module nfc_pn65_fw_dnld names; without it a
+// download fails at once. Has its own way to the chip and shares nothing with the driver of its normal
+// operation: who uses the chip during a download breaks the attempt.
 #pragma once
 
 #include <cstdint>

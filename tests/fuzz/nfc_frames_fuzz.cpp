@@ -22,7 +22,7 @@
 
 namespace {
 
-constexpr int THE_FD = 1000;
+constexpr int the_fd = 1000;
 constexpr i2c_cfg_row chips[] = {{"pn65", 2, 0x28}, {"", 0, 0}};
 
 const std::uint8_t* input;
@@ -64,7 +64,7 @@ ssize_t fuzz_read(int, void* buf, std::size_t size)
 void attach()
 {
     static plat_callouts co = plat_linux_co;
-    co.open = [](const char*, int, mode_t) { return THE_FD; };
+    co.open = [](const char*, int, mode_t) { return the_fd; };
     co.close = [](int) { return 0; };
     co.read = fuzz_read;
     co.write = [](int, const void*, std::size_t size) { return static_cast<ssize_t>(size); };

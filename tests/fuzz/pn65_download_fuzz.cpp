@@ -15,7 +15,7 @@ namespace {
 
 using namespace pn65_dnld;
 
-constexpr int MOST_EXCHANGES = 2000;
+constexpr int most_exchanges = 2000;
 
 // The program's reading asks for so many bytes.
 std::size_t wanted;
@@ -66,7 +66,7 @@ void walk(bytes_view bytes, bytes_view replies)
     d.guard = guard;
     d.firmware = std::move(*firmware);
     d.raw.at = d.firmware.raw_at;
-    for (int i = 0; i < MOST_EXCHANGES; i++) {
+    for (int i = 0; i < most_exchanges; i++) {
         const int result = d.firmware.raw ? phDnldNfc_Raw_Write(d) : phDnldNfc_Resume_Write(d);
         if (result != NFCSTATUS_PENDING)
             return;

@@ -110,5 +110,7 @@ constexpr harmless_row harmless[] = {
     { "open /dev/gpio78",                              "nfrf=7",                "likewise" },
     { "read /dev/gpio78",                              "nfrf=7",                "likewise" },
     { "write /sys/class/leds/",                        "nfrf",                  "the LEDs are for who looks on" },
+    { "timer_delete ",                                 "nffd",                  "the timer is disarmed; what stays is the kernel's" },
+    { "dlclose ",                                      "nffd",                  "the library stays loaded, and the next attempt opens it again" },
 };
 // clang-format on
