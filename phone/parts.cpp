@@ -26,6 +26,11 @@
 #include "display/scripts.h"
 #include "display/touch_panel.h"
 #include "power/battery.h"
+#include "radio/hci.h"
+#include "radio/hci_tools.h"
+#include "radio/irda.h"
+#include "radio/sim.h"
+#include "radio/wlan.h"
 #include "runtime/insmod.h"
 #include "runtime/kmsg.h"
 #include "runtime/tools.h"
@@ -77,6 +82,11 @@ constexpr phone_part parts[] = {
     { "fb",     framebuffer_attach, nullptr,       framebuffer_start },
     { "panel",  panel_attach,    panel_seed,       nullptr },
     { "card",   card_attach,     nullptr,          card_start },
+    { "sim",    sim_attach,      nullptr,          nullptr },
+    { "wlan",   wlan_attach,     wlan_seed,        nullptr },
+    { "hci",    hci_attach,      hci_seed,         nullptr },
+    { "hcitool", hci_tools_attach, nullptr,        nullptr },
+    { "irda",   irda_attach,     nullptr,          nullptr },
     { "cards",  cards_attach,    nullptr,          nullptr },
     { "pn65",   pn65_attach,     nullptr,          nullptr },
     { "tamiro", qxr5170jvk_attach, nullptr,        nullptr },

@@ -107,6 +107,30 @@ local board = menu.page("Board", {
     { "Camera", "camds" },
 })
 
+-- WLAN is powered up for the one command, as a station (1) or in test mode (0).
+local function wlan(mode, command)
+    return function()
+        qat("wlpu=" .. mode)
+        menu.run(command)
+        qat("wlpd")
+    end
+end
+
+local radio = menu.page("Radio", {
+    { "BT text", "btid" },
+    { "BT addr", "rwbt=3" },
+    { "BT scan", "btscan=7" },
+    { "WLAN id", wlan(0, "wlid") },
+    { "WLAN scan", wlan(1, "wlscan") },
+    { "SIM card", "sict=4" },
+    { "SIM test", "sict=1" },
+    { "FM tune", "fmct=1,1000" },
+    { "FM level", "fmct=6" },
+    { "IR open", "irpa=4,1" },
+    { "IR send", "irtx=1" },
+    { "IR close", "irtx=0" },
+})
+
 local system = menu.page("System", {
     { "Versions", "vers" },
     { "Modem", "vers=3" },
@@ -127,5 +151,6 @@ menu.start(menu.page("Hardware test", {
     { "Sensors", sensors },
     { "Contactless", contactless },
     { "Board", board },
+    { "Radio", radio },
     { "System", system },
 }))

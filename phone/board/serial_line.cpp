@@ -417,6 +417,14 @@ void serial_update(std::string_view path)
     update(line_of(path));
 }
 
+bool serial_sending(std::string_view path)
+{
+    serial_line& line = line_of(path);
+    update(line);
+    const std::lock_guard lock(line.mutex);
+    return !line.to_send.empty();
+}
+
 int serial_speed(std::string_view path)
 {
     serial_line& line = line_of(path);

@@ -40,6 +40,9 @@ void serial_receive(std::string_view path, std::span<const std::uint8_t> bytes);
 // `sent` takes, before a device changes what becomes of them.
 void serial_update(std::string_view path);
 
+// Whether bits are still going out.
+bool serial_sending(std::string_view path);
+
 // Bits a second that are set now.
 int serial_speed(std::string_view path);
 

@@ -17,6 +17,7 @@
 #include "gpio_linux/gpio_linux.h"
 #include "hwp/hwp.h"
 #include "i2c/i2c.h"
+#include "irda_rpm841/irda_rpm841.h"
 #include "light/light.h"
 #include "nfc_pn65/nfc_pn65.h"
 #include "pin/pin.h"
@@ -32,6 +33,7 @@
 #include "trim/trim.h"
 #include "usb/usb.h"
 #include "usb_linux/usb_linux.h"
+#include "wcn3680_linux/wcn3680_linux.h"
 
 namespace {
 
@@ -39,6 +41,9 @@ constexpr const char* START_LINE = "echo \"Korvat HVT is starting up...\" > /dev
 constexpr const char* VMRK_REV = "@(#) s_qat_korvat_1_32_2_5_b";
 
 constexpr int LIGHT_GREEN = 2; // subzone: the program is alive
+
+constexpr const char* NV_FILE = "/system/etc/firmware/wlan/prima/korvat_WCNSS_qcom_wlan_nv.bin";
+constexpr const char* NV_FILE_SELLA = "/system/etc/firmware/wlan/prima/korvat_sella_WCNSS_qcom_wlan_nv.bin";
 
 constexpr hwp board_hwp = {0, 0, 1};
 
@@ -126,6 +131,16 @@ void s_cfg_init()
     s_cfg_open_init();
 }
 
+// Two of the RF band variants have calibration data of their own.
+void s_cfg_wlan()
+{
+    char variant[32];
+    const bool known = rfbv_get_config(variant, sizeof variant) != 0;
+    const bool sella = known && (std::string_view(variant) == "L1234578_20W12458" ||
+                                 std::string_view(variant) == "L124578_17W12458");
+    cfg_set_str("wcn3680_linux", "wlan_nv_file_path", sella ? NV_FILE_SELLA : NV_FILE);
+}
+
 void usb_cb_tpok_con(unsigned event);
 
 void usb_cb_tpok_discon(unsigned)
@@ -168,6 +183,9 @@ int s_entry(int, char**)
     usb_start();
     chargemon_start();
     rfbv_setup();
+    irda_rpm841_conf("/dev/irda", "/dev/ttyHSL2");
+    s_cfg_wlan();
+    wcn3680_linux_wake_up_wcnss();
     syscfg_set_mode(0);
     return core_start();
 }

@@ -14,6 +14,7 @@
 #include "backcap_qpnp/backcap_qpnp.h"
 #include "battery/battery.h"
 #include "bmp/bmp.h"
+#include "bt/bt.h"
 #include "cfg/cfg.h"
 #include "charge/charge.h"
 #include "charge_qpnp/charge_qpnp.h"
@@ -28,17 +29,22 @@
 #include "f_als/f_als.h"
 #include "f_backcap/f_backcap.h"
 #include "f_battery/f_battery.h"
+#include "f_bt/f_bt.h"
 #include "f_card/f_card.h"
 #include "f_charge/f_charge.h"
 #include "f_compass/f_compass.h"
+#include "f_fm/f_fm.h"
 #include "f_ftm/f_ftm.h"
 #include "f_ftm_gps_gen8/f_ftm_gps_gen8.h"
 #include "f_fuelgauge/f_fuelgauge.h"
 #include "f_gyro_v2/f_gyro.h"
 #include "f_i2c/f_i2c.h"
+#include "f_irda/f_irda.h"
 #include "f_kbd/f_kbd.h"
 #include "f_kill/f_kill.h"
 #include "f_light/f_light.h"
+#include "f_mdml/f_mdml.h"
+#include "f_modem/f_modem.h"
 #include "f_msm/f_msm.h"
 #include "f_nfc/f_nfc.h"
 #include "f_poff/f_poff.h"
@@ -48,6 +54,7 @@
 #include "f_rfbv/f_rfbv.h"
 #include "f_rtc/f_rtc.h"
 #include "f_screen/f_screen.h"
+#include "f_sim/f_sim.h"
 #include "f_smps/f_smps.h"
 #include "f_spmi/f_spmi.h"
 #include "f_syscfg/f_syscfg.h"
@@ -56,7 +63,9 @@
 #include "f_touch_v2/f_touch.h"
 #include "f_usb/f_usb.h"
 #include "f_vibrator/f_vibrator.h"
+#include "f_wlan/f_wlan.h"
 #include "file_linux/file_linux.h"
+#include "fm/fm.h"
 #include "fsm/fsm.h"
 #include "ftm_linux/ftm_linux.h"
 #include "fuelgauge/fuelgauge.h"
@@ -64,12 +73,17 @@
 #include "gyro/gyro.h"
 #include "gyro_bmi055/gyro_bmi055.h"
 #include "i2c/i2c.h"
+#include "irda/irda.h"
+#include "irda_rpm841/irda_rpm841.h"
 #include "kbd/kbd.h"
 #include "kbd_qpnp/kbd_qpnp.h"
 #include "light/light.h"
 #include "light_linux/light_linux.h"
 #include "light_pm8941/light_pm8941.h"
 #include "luigi/luigi.h"
+#include "mdml/mdml.h"
+#include "modem/modem.h"
+#include "modem_brenk/modem_brenk.h"
 #include "msm/msm.h"
 #include "msm_linux/msm_linux.h"
 #include "nfc/nfc.h"
@@ -91,6 +105,8 @@
 #include "screenconf/screenconf.h"
 #include "sdcard/sdcard.h"
 #include "sdcard_de/sdcard_de.h"
+#include "sim/sim.h"
+#include "sim_brenk/sim_brenk.h"
 #include "smps/smps.h"
 #include "smps_brenk/smps_brenk.h"
 #include "spmi/spmi.h"
@@ -113,6 +129,8 @@
 #include "vibrator_generic/vibrator_generic.h"
 #include "vreg/vreg.h"
 #include "vreg_linux/vreg_linux.h"
+#include "wcn3680_linux/wcn3680_linux.h"
+#include "wlan/wlan.h"
 
 namespace {
 
@@ -125,15 +143,20 @@ constexpr autoinit_entry initcompif[] = {
     als_init,
     backcap_init,
     battery_init,
+    bt_init,
     charge_init,
     cio_dev_init,
     compass_init,
     fuelgauge_init,
     file_init,
+    fm_init,
     fsm_init,
     gyro_init,
+    irda_init,
     kbd_init,
     light_init,
+    mdml_init,
+    modem_init,
     nfc_init,
     pin_init,
     prx_init,
@@ -143,6 +166,7 @@ constexpr autoinit_entry initcompif[] = {
     screen_init,
     screenconf_init,
     sdcard_init,
+    sim_init,
     smps_init,
     spmi_init,
     syscfg_init,
@@ -154,6 +178,7 @@ constexpr autoinit_entry initcompif[] = {
     vers_init,
     vibrator_init,
     vreg_init,
+    wlan_init,
 };
 
 // Drivers, which attach a callout table to their interface, and modules that need no driver.
@@ -178,6 +203,7 @@ constexpr autoinit_entry initcomp[] = {
     light_linux_init,
     light_pm8941_init,
     luigi_init,
+    modem_brenk_init,
     nfc_tamiro_qxr5170jvk_brenk_init,
     nfc_pn65_init,
     nfc_pn65_fw_dnld_init,
@@ -189,6 +215,7 @@ constexpr autoinit_entry initcomp[] = {
     screen_linux_init,
     screen_brenk_init,
     sdcard_de_init,
+    sim_brenk_init,
     smps_brenk_init,
     spmi_linux_init,
     syscfg_brenk_init,
@@ -198,6 +225,7 @@ constexpr autoinit_entry initcomp[] = {
     vers_linux_init,
     vibrator_generic_init,
     vreg_linux_init,
+    wcn3680_linux_init,
 };
 
 // Commands: add a command table.
@@ -209,17 +237,22 @@ constexpr autoinit_entry initcompcmd[] = {
     f_qat_init,
     f_backcap_init,
     f_battery_init,
+    f_bt_init,
     f_card_init,
     f_charge_init,
     f_compass_init,
     f_fuelgauge_init,
+    f_fm_init,
     f_ftm_init,
     f_ftm_gps_init,
     f_gyro_init,
     f_i2c_init,
+    f_irda_init,
     f_kbd_init,
     f_kill_init,
     f_light_init,
+    f_mdml_init,
+    f_modem_init,
     f_nfc_init,
     f_poff_init,
     f_pp_init,
@@ -228,6 +261,7 @@ constexpr autoinit_entry initcompcmd[] = {
     f_rfbv_init,
     f_rtc_init,
     f_screen_init,
+    f_sim_init,
     f_smps_init,
     f_spmi_init,
     f_syscfg_init,
@@ -236,6 +270,8 @@ constexpr autoinit_entry initcompcmd[] = {
     f_touch_init,
     f_usb_init,
     f_vibrator_init,
+    f_wlan_init,
+    irda_rpm841_init,
     rfbv_brenk_init,
     t_vers_init,
     t_vreg_init,
