@@ -131,15 +131,15 @@ local sensors = menu.page("Sensors", {
 })
 
 local contactless = menu.page("Contactless", {
-    { "Power up", "nfpu" },
-    { "Power down", "nfpd" },
+    { "Power on", "nfpu" },
+    { "Power off", "nfpd" },
     { "Identity", "nfid=1" },
     { "Card", "nfdt" },
-    { "Single wire", "nfcst" },
+    { "One wire", "nfcst" },
     { "Self test", "nfst" },
-    { "First chip", "nfsl=1" },
-    { "Second chip", "nfsl=2" },
-    { "Chip power", "nfpc=1,1" },
+    { "Chip 1", "nfsl=1" },
+    { "Chip 2", "nfsl=2" },
+    { "2: power", "nfpc=1,1" },
     { "Download", "nffd" },
     { "Progress", "nffd=0" },
 })
