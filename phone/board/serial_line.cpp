@@ -240,6 +240,8 @@ ssize_t serial_read(open_file& file, void* buf, std::size_t size)
 {
     serial_line& line = line_of(file.path);
     update(line);
+    if (line.p_model->before_read != nullptr)
+        line.p_model->before_read();
     if (size == 0)
         return 0;
     nanoseconds now = clock_now(CLOCK_MONOTONIC);

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <atomic>
 #include <iterator>
+#include <sys/timerfd.h>
 #include <unistd.h>
 
 #include "core/clock_inner.h"
@@ -23,8 +24,21 @@ struct {
 
 std::atomic<unsigned> descriptor_changes;
 
-void kick(const waiter& w)
+// Has a timer descriptor ring after `timeout` of the host's time; forever: not at all.
+void set_timer(int timer_fd, nanoseconds timeout)
 {
+    itimerspec t{};
+    if (timeout != forever)
+        t.it_value = to_timespec(std::max<nanoseconds>(timeout, 1));
+    timerfd_settime(timer_fd, 0, &t, nullptr);
+}
+
+void kick_one_locked(const waiter& w)
+{
+    if (w.timer_fd >= 0) {
+        set_timer(w.timer_fd, host_time_to_locked(w.deadline));
+        return;
+    }
     const std::uint64_t one = 1;
     [[maybe_unused]] const ssize_t n = ::write(w.kick_fd, &one, sizeof one);
 }
@@ -148,7 +162,7 @@ std::vector<waiter*> clock_inner::waiters;
 void clock_inner::kick_locked()
 {
     for (const waiter* w : waiters)
-        kick(*w);
+        kick_one_locked(*w);
 }
 
 bool clock_inner::loop_idle_locked()
@@ -181,6 +195,7 @@ void clock_inner::begin_wait_locked(thread_mark& mark, waiter& w)
     w.kick_fd = mark.kick_fd;
     w.tid = mark.tid;
     w.counted = false;
+    follow_change_locked(mark, w.deadline);
     waiters.push_back(&w);
     mark.blocked = true;
     at_work--;
@@ -189,6 +204,7 @@ void clock_inner::begin_wait_locked(thread_mark& mark, waiter& w)
 
 void clock_inner::end_wait_locked(thread_mark& mark, waiter& w)
 {
+    follow_change_locked(mark, 0);
     if (!w.counted)
         at_work++;
     mark.blocked = false;
@@ -230,18 +246,36 @@ void clock_cond_wake(const void* p_cond)
         if (!w->counted)
             at_work++;
         w->counted = true;
-        kick(*w);
+        kick_one_locked(*w);
     }
 }
 
-void clock_library_waits(const pollfd* fds, nfds_t count)
+namespace {
+
+void library_waits(std::vector<pollfd> fds, int timer_fd, nanoseconds deadline)
 {
     clock_library_goes_on();
     thread_mark& mark = own_mark();
     const std::lock_guard lock(clock_mutex);
     mark.in_library = true;
-    mark.library.ready = [all = std::vector<pollfd>(fds, fds + count)] { return any_ready(all); };
+    mark.library.deadline = deadline;
+    mark.library.timer_fd = timer_fd;
+    mark.library.ready = [all = std::move(fds)] { return any_ready(all); };
     begin_wait_locked(mark, mark.library);
+    if (timer_fd >= 0)
+        kick_one_locked(mark.library);
+}
+
+} // namespace
+
+void clock_library_waits(const pollfd* fds, nfds_t count)
+{
+    library_waits({fds, fds + count}, -1, forever);
+}
+
+void clock_library_waits_until(int timer_fd, nanoseconds deadline)
+{
+    library_waits({{timer_fd, POLLIN, 0}}, timer_fd, deadline);
 }
 
 void clock_library_goes_on()

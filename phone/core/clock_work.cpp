@@ -73,6 +73,7 @@ thread_mark::~thread_mark()
         const std::lock_guard lock(clock_mutex);
         if (in_library)
             end_wait_locked(*this, library);
+        follow_end_locked(*this);
         leave_locked();
     }
     close(kick_fd);

@@ -17,12 +17,14 @@
 #include "core/files.h"
 #include "core/text.h"
 #include "core/watch.h"
+#include "display/overlay.h"
 
 namespace phone {
 
 namespace {
 
 constexpr unsigned console_set_mode = 0x4B3A;
+constexpr unsigned long request_output_off = 0x40046DFF; // of the HDMI driver alone
 
 struct framebuffer {
     const char* path;
@@ -35,6 +37,7 @@ struct framebuffer {
     fb_var_screeninfo var{};
     unsigned line_length = 0;
     bool blanked = false;
+    overlay_set overlays{};
 };
 
 std::mutex fb_mutex; // guards what requests change
@@ -121,10 +124,24 @@ int blank(framebuffer& fb, std::uintptr_t level)
     return 0;
 }
 
+int hdmi_off(const framebuffer& fb, const void* arg)
+{
+    std::uint32_t value;
+    std::memcpy(&value, arg, sizeof value);
+    if (value == 0)
+        return 0;
+    strange(std::string("ioctl ") + fb.path + " output " + std::to_string(value));
+    return refuse(EINVAL);
+}
+
 int fb_ioctl(open_file& file, unsigned long request, void* arg)
 {
     framebuffer& fb = buffer_of(file);
     const std::lock_guard lock(fb_mutex);
+    if (request == request_output_off && &fb == &buffers[1])
+        return hdmi_off(fb, arg);
+    if (const auto done = overlay_ioctl(fb.overlays, file.fd, fb.var.xres, fb.var.yres, request, arg))
+        return *done;
     switch (request) {
     case FBIOGET_VSCREENINFO:
         *static_cast<fb_var_screeninfo*>(arg) = fb.var;
@@ -144,7 +161,27 @@ int fb_ioctl(open_file& file, unsigned long request, void* arg)
     }
 }
 
-constexpr node fb_node = {.open = fb_open, .ioctl = fb_ioctl};
+std::string fb_about(unsigned long request, const void*)
+{
+    switch (request) {
+    case FBIOPAN_DISPLAY:
+        return "pan";
+    case FBIOBLANK:
+        return "blank";
+    case request_output_off:
+        return "off";
+    default:
+        return {};
+    }
+}
+
+void fb_close(open_file& file)
+{
+    const std::lock_guard lock(fb_mutex);
+    overlay_closed(buffer_of(file).overlays, file.fd);
+}
+
+constexpr node fb_node = {.open = fb_open, .ioctl = fb_ioctl, .about = fb_about, .close = fb_close};
 
 int console_ioctl(open_file& file, unsigned long request, void* arg)
 {
@@ -173,6 +210,8 @@ std::uint8_t component(std::uint32_t word, const fb_bitfield& field)
 void shown(const framebuffer& fb, unsigned x, unsigned y, std::uint8_t* rgb)
 {
     std::uint32_t word = 0;
+    if (!fb.blanked && overlay_pixel(fb.overlays, x, y, rgb))
+        return;
     if (!fb.blanked)
         std::memcpy(&word,
                     fb.memory + std::size_t{fb.var.yoffset + y} * fb.line_length +

@@ -66,7 +66,7 @@ TEST_F(Library, ItsCallsAreWatchedByTheirNames)
               "write playback\nwrite playback\ndrns_set_parameter 0x28\ndrns_set_parameter 0x2A");
     ask("calls off");
     p_host->strange("probe 7");
-    EXPECT_EQ(ask("strange"), "1 probe 7");
+    EXPECT_TRUE(ask("strange").ends_with("1 probe 7"));
     ask("strange off");
     EXPECT_EQ(ask("fail off"), "0");
 }

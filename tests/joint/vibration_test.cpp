@@ -49,7 +49,8 @@ void sample_set(void* p_buf, int index, int axis, float value)
 // 1024 steps of 1000 milli-g, twelve bits in the upper part of sixteen.
 float milli_g(const std::uint8_t* p)
 {
-    return static_cast<float>(static_cast<std::int16_t>(p[0] | p[1] << 8) / 16) / 1.024F;
+    const int steps = static_cast<std::int16_t>(p[0] | p[1] << 8) / 16;
+    return static_cast<float>(steps) / 1.024F;
 }
 
 int capture(int count, std::uint32_t, std::uint32_t, void* p_buf)

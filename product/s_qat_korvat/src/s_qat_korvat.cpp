@@ -3,10 +3,12 @@
 #include <string>
 #include <string_view>
 
+#include "audio_wcd9320/audio_wcd9320.h"
 #include "autoinit/autoinit.h"
 #include "autopoff/autopoff.h"
 #include "battery/battery.h"
 #include "board_maps.h"
+#include "camconf/camconf.h"
 #include "cfg/cfg.h"
 #include "chargemon/chargemon.h"
 #include "cio_tty/cio_tty.h"
@@ -19,6 +21,7 @@
 #include "i2c/i2c.h"
 #include "irda_rpm841/irda_rpm841.h"
 #include "light/light.h"
+#include "nfc_pn65/nfc_pn65.h"
 #include "pin/pin.h"
 #include "plat/plat.h"
 #include "rev/rev.h"
@@ -29,6 +32,7 @@
 #include "tiers.h"
 #include "tmr/tmr.h"
 #include "touch_v2/touch.h"
+#include "trc/trc.h"
 #include "trim/trim.h"
 #include "usb/usb.h"
 #include "usb_linux/usb_linux.h"
@@ -58,6 +62,12 @@ usb_listener usb_tpok_con = {{nullptr}, USB_EVT_CONNECTED, nullptr};
 usb_listener usb_tpok_discon = {{nullptr}, USB_EVT_DISCONNECTED, nullptr};
 
 std::span<const s_setting> open_settings;
+
+// Text of the trace goes to the console as it is.
+void s_trc_print_release(const char* text, int len)
+{
+    cio_wr(&cio_clnt, text, static_cast<std::size_t>(len));
+}
 
 bool s_dev_exist(const char* path)
 {
@@ -117,6 +127,7 @@ void s_cfg_init()
     cfg_set_int("f_poff", "param1_delay", 1);
     screenconf_set(SCREEN_MAIN, &screenconf_main);
     screenconf_set(SCREEN_HDMI, &screenconf_hdmi);
+    s_cfg_camera();
     touch_add_cfg(&touch_config_data);
     battery_set_cfg(&board_battery_cfg);
     chargemon_set_cfg(&chmon_cfg);
@@ -124,6 +135,7 @@ void s_cfg_init()
     cfg_set_str("luigi", "stop_key", "/system/scripts/stop.lua");
     cfg_set_int("luigi", "canvas_padding", 8);
     cfg_set_int("luigi", "button_padding", 30);
+    nfc_pn65_conf(nfc_cfg);
     cfg_set_str("sdcard_de", "mmc_dev", "/dev/block/mmcblk1p1");
     cfg_set_str("screen_brenk", "panel_debugfs", "/sys/kernel/debug/mdss_dsi_panel");
     s_cfg_open_init();
@@ -163,6 +175,7 @@ int s_entry(int, char**)
     s_rev_init();
     core_init();
     autoinit(tier_initcompif, tier_initcomp, tier_initcompcmd);
+    trc_print_co_attach(s_trc_print_release);
     s_cfg_comm_path();
     s_cfg_init();
     rev_add(&space_num, "space_num", "8842-1170");
@@ -170,6 +183,11 @@ int s_entry(int, char**)
     cio_s4_set(0, '\n', 0);
     dcp_case_set(0);
     gpio_linux_init(PIN_GRP_GPIO);
+    audio_wcd9320_init(AUDIO_WCD9320_SPEAKER_DRIVER, 6);
+    cfg_set_int("audio_wcd9320", "internal_micbias", 1);
+    cfg_set_str("mpvc", "debug_fs_vad", "/sys/kernel/debug/wcd9xxx_plug_detect");
+    cfg_set_int("mpvc", "hs_det_value", 1);
+    cfg_set_str("audio", "debug_fs_plug_detect", "/sys/kernel/debug/wcd9xxx_plug_detect");
     ta_generic_init(TA_OPTION_LOW_UNITS);
     ftm_start();
     cio_init(&cio_clnt, cmd_ln, sizeof cmd_ln, "console", "tty", &cio_tty_cfg, nullptr);
@@ -184,6 +202,7 @@ int s_entry(int, char**)
     irda_rpm841_conf("/dev/irda", "/dev/ttyHSL2");
     s_cfg_wlan();
     wcn3680_linux_wake_up_wcnss();
+    cfg_set_str("sii8334", "use_debugfs", "/sys/kernel/debug/mdss_mhl/");
     syscfg_set_mode(0);
     return core_start();
 }

@@ -5,8 +5,8 @@ the shipped menu: a page, a command that is well and one that fails, back, and a
   phone    key 116 tap
   phone    clock +140
   phone    idle
-  # "Lights", the fourth row of 144 + 16 pixels below the bar; "Red"; the stem of the l of "lctr=13,..."
-  phone    touch 300 690 tap
+  # "Lights", the fifth row of 144 + 16 pixels below the bar; "Red"; the stem of the l of "lctr=13,..."
+  phone    touch 300 850 tap
   phone    clock +140
   phone    idle
   phone    touch 216 186 tap
@@ -22,7 +22,7 @@ the shipped menu: a page, a command that is well and one that fails, back, and a
   phone    touch 500 1834 tap
   phone    clock +140
   phone    idle
-  # here the first page has its seventh button, "Board"
+  # here the first page has its seventh button, "Sensors"
   phone    pixel 45 1110          -> FFFFFF
   phone    key 116 tap
   phone    clock +140
