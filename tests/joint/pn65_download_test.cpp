@@ -382,8 +382,12 @@ TEST_F(Pn65Download, TheGapComesBeforeEachFrameAndTheGuardBehindIt)
     EXPECT_EQ(recent(256), behind);
 }
 
-TEST_F(Pn65Download, WithoutAFirmwareItFailsAtOnce)
+TEST_F(Pn65Download, WithoutAFirmwareOrABusItFailsAtOnce)
 {
+    const std::string before = recent(256);
+    ask("fail open /dev/i2c-10");
+    EXPECT_EQ(run(), failed_at_once);
+    EXPECT_EQ(recent(256), before);
     cfg_init();
     EXPECT_EQ(run(), failed_at_once);
     cfg_set_str("nfc_pn65_fw_dnld", "nfc_pn65_fw_dnld_path", "libnosuch.so");

@@ -110,18 +110,27 @@ void phOsalNfc_RaiseException(void* arg)
         link.callbacks.exception(link.callbacks.context);
 }
 
+// Takes what was wanted; a reading that fails is a reply of no bytes.
+void read_reply(dal_link& link, std::size_t size)
+{
+    link.reply.assign(size, 0);
+    if (!syn_pn544_read(link, link.reply))
+        link.reply.clear();
+}
+
+bool says_not_ready(const dal_link& link)
+{
+    return link.config.wait_behind_57 && link.reply.size() == 1 && link.reply[0] == NOT_READY;
+}
+
 // A single byte may say that the chip isn't ready yet. False when it doesn't become so.
 bool read_behind_57(dal_link& link)
 {
-    if (!link.config.wait_behind_57 || link.reply.size() != 1)
-        return true;
-    for (int i = 0; i < NOT_READY_ROUNDS && link.reply[0] == NOT_READY; i++)
-        if (!pause(link, NOT_READY_US) || !syn_pn544_read(link, link.reply))
-            return true;
-    return link.reply[0] != NOT_READY;
+    for (int i = 0; i < NOT_READY_ROUNDS && says_not_ready(link) && pause(link, NOT_READY_US); i++)
+        read_reply(link, 1);
+    return !says_not_ready(link);
 }
 
-// A reading that fails is a reply of no bytes.
 void* phDal4Nfc_ReaderThread(void* arg)
 {
     auto& link = *static_cast<dal_link*>(arg);
@@ -135,9 +144,7 @@ void* phDal4Nfc_ReaderThread(void* arg)
             size = std::exchange(link.wanted, 0);
             link.reading = true;
         }
-        link.reply.assign(size, 0);
-        if (!syn_pn544_read(link, link.reply))
-            link.reply.clear();
+        read_reply(link, size);
         const bool ready = read_behind_57(link);
         post(link, MSG_DEFERRED, ready ? &link.read_call : &link.exception_call);
         const std::lock_guard lock(link.mutex);

@@ -63,6 +63,16 @@ void block_set(param_block& block, std::uint32_t id, std::uint32_t value)
     }
 }
 
+void block_put(param_block& block, std::uint32_t id, std::uint32_t value)
+{
+    for (std::size_t i = 0; i < PAIRS; i++)
+        if (block[2 * i] == id) {
+            block[2 * i + 1] = static_cast<std::uint8_t>(value);
+            return;
+        }
+    block_set(block, id, value);
+}
+
 bool block_get(const param_block& block, std::uint32_t id, std::uint8_t* p_value)
 {
     bool found = false;

@@ -26,6 +26,9 @@ bool write_block(const param_block& block);
 // changes.
 void block_set(param_block& block, std::uint32_t id, std::uint32_t value);
 
+// The same, but a free pair is taken only when no pair has the id.
+void block_put(param_block& block, std::uint32_t id, std::uint32_t value);
+
 // The value of the last pair with the id; false when none has it.
 bool block_get(const param_block& block, std::uint32_t id, std::uint8_t* p_value);
 

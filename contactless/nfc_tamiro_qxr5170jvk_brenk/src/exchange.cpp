@@ -193,7 +193,7 @@ bool qxr5170jvk_nfc_send(std::span<const std::uint8_t> bytes, reply& r)
 bool qxr5170jvk_tamiro_send(std::span<const std::uint8_t> bytes, reply& r)
 {
     r = {};
-    if (!state.started || !state.pon || bytes.empty() || bytes.size() > MOST_NATIVE)
+    if (!state.started || !state.pon || bytes.size() > MOST_NATIVE)
         return false;
     std::array<std::uint8_t, BUFFER_ROOM> buf{};
     const std::size_t n = bytes.size();
@@ -208,7 +208,7 @@ bool qxr5170jvk_tamiro_send(std::span<const std::uint8_t> bytes, reply& r)
     empty_line();
     if (!Tamiro_write(buf.data(), n + NATIVE_FRAME) || !await_ack(NATIVE_ACK))
         return false;
-    const int limit = bytes[0] == GROUP_F8 ? GROUP_F8_ROUNDS : NATIVE_ROUNDS;
+    const int limit = n > 0 && bytes[0] == GROUP_F8 ? GROUP_F8_ROUNDS : NATIVE_ROUNDS;
     ssize_t got = 0;
     int rounds = 0;
     while (rounds < limit && got <= 0) {

@@ -91,8 +91,8 @@ int set_params(std::uint32_t first, const std::uint16_t* values)
     param_block block;
     if (!read_block(block))
         return NFC_FAILED;
-    block_set(block, first, values[1]);
-    block_set(block, first + 1, values[2]);
+    block_put(block, first, values[1]);
+    block_put(block, first + 1, values[2]);
     return result_of(write_block(block));
 }
 

@@ -97,6 +97,14 @@ the second chip: native frames and envelopes, answers that can't be
   expect   NFCC:0x82,0x80,0x4a,0x4b,OK
   send     nfcc=2,82,1
   expect   NFCC: ,ERROR
+  # nothing inside is sent as well, and not answered
+  send     nfcc=0
+  expect   NFCC: ,ERROR
+  send     nfcc=1
+  expect   NFCC: ,ERROR
+  phone    tamiro recent 2        -> 00FA01102100\n53000200FD
+  send     nfcc=1,82,1
+  expect   NFCC:0x82,0x80,0x4a,0x4b,OK
   send     nfcc=0,a5\*58{,1}
   expect   NFCC: ,ERROR
   send     nfcc=1,a5\*29{,1}

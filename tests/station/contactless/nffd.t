@@ -99,7 +99,7 @@ a chip that is silent is given up by the guard, five times 16.4 seconds
   send     nffd=0
   expect   NFFD:2, 6,OK
 
-a bus that isn't there, and a line that doesn't move, end it at once
+a line that doesn't move ends it at once
   conf     setting nfc_pn65_fw_dnld nfc_pn65_fw_dnld_path libpn65_fw.so
   phone    fail write /dev/gpio558
   phone    clock hold

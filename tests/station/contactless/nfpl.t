@@ -49,8 +49,13 @@ a card that comes while it waits, and one that comes too late
   phone    tag a
   phone    clock run
   expect   NFPL:1,OK
-  phone    tag none
+  # no time at all is no round of waiting, and a card needs 40 ms
   send     nfpl=0,0
+  expect   NFPL:0,OK
+  phone    tag none
+  phone    clock hold
+  raw      nfpl=0,100\r
+  phone    clock +300
   expect   NFPL:0,OK
 
 a poll that ended without a card is acknowledged too little by the next frame
@@ -60,6 +65,10 @@ a poll that ended without a card is acknowledged too little by the next frame
   send     nfpl=0,20
   expect   NFPL:0,OK
   phone    pn65 recent 14         -> 03C023E3\n05808350446A\n0588830427B8\n03C1AAF2\n069181110379EE\n03C231C0\n059A8204D291\n03C3B8D1\n06A3811102748A\n03C407A5\n08AC8110200090A836\n03C58EB4\n05B5820391AC\n03C61586
+  # a second one takes both off: its next frame acknowledges one less again, the one behind that is right
+  send     nfpl=0,20
+  expect   NFPL:0,OK
+  phone    pn65 recent 13         -> 059A8350AB9C\n05A183040227\n03C3B8D1\n06AB811103257E\n03C407A5\n05B48204F282\n03C58EB4\n06BD81110297E7\n03C61586\n08868110200090C69A\n03C79C97\n058F82034559\n03C023E3
 
 a frame that fails, and the second chip
   phone    speed 50

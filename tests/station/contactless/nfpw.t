@@ -17,6 +17,11 @@ a number finds its pair or a free one
   send     nfpw=0x63,7
   expect   NFPW: ,OK
   phone    tamiro block           -> 01110299053506460E15630700000000000000000000000000000000C33C
+  # the first of both counts
+  phone    tamiro block 01110000021202130E15\*20{00}
+  send     nfpw=2,0x88
+  expect   NFPW: ,OK
+  phone    tamiro block           -> 01110288021202130E15\*20{00}
   phone    tamiro F801 F90103 1
   send     nfpw=2,0x11
   expect   NFPW: ,ERROR

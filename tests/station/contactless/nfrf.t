@@ -39,6 +39,13 @@ parameters find their places
   send     nfrf=0,7,0x12
   expect   NFRF: ,OK
   phone    tamiro block           -> 0EBF01110222050006000700080009000A000B000C000D000F071012C33C
+  # a free pair is taken only by a number that has none yet
+  phone    tamiro block 00000F01100200\*23{00}
+  send     nfrf=0,0x31,0x32
+  expect   NFRF: ,OK
+  send     nfrf=4,0x41,0x42
+  expect   NFRF: ,OK
+  phone    tamiro block           -> 05410F3110320642\*22{00}
   send     nfrf=3,1
   expect   NFRF: ,OK
   phone    tamiro reg 4           -> 01

@@ -49,6 +49,13 @@ the second chip's registers
   phone    tamiro F804 silent 1
   send     nfrr=5
   expect   NFRR: ,ERROR
+  # an answer that doesn't follow its acknowledgement is waited for ten rounds of 10 ms
+  phone    tamiro F804 ack 1
+  phone    clock hold
+  raw      nfrr=5\r
+  phone    clock +150
+  expect   NFRR: ,ERROR
+  phone    clock run
   send     nfrr=?5
   expect   NFRR:NFC Read RF register,nfrr      (0-0xFFFF)                                        NFC Read RF register,OK
   send     nfrr
