@@ -25,7 +25,6 @@ constexpr harmless_row harmless[] = {
     { "open /sys/kernel/debug/regulator/krait2/",     "smps", "the answer tells it by 0 or 1" },
     { "read /sys/kernel/debug/regulator/krait2/",     "smps", "likewise" },
     { "write /sys/kernel/debug/regulator/krait2/",    "smps", "likewise" },
-    { "ioctl hci0",                                   "btid", "a controller that isn't up yet is asked again" },
     { "system mount -o",                              "wlpu", "the start goes on beside the console; the next command waits for it, and tells" },
     { "system /system/bin/insmod ",                   "wlpu", "likewise" },
     { "system wlanftmtest -e",                        "wlpu", "likewise" },
