@@ -18,6 +18,7 @@
 #include "pin_brenk/pin_brenk.h"
 #include "plat/plat.h"
 #include "plat_linux/plat_linux.h"
+#include "unit/plat_fake.h"
 
 namespace {
 
@@ -59,7 +60,11 @@ struct Pn65Link : testing::Test {
     void SetUp() override
     {
         static plat_callouts co;
+        plat_fake_reset();
         co = plat_linux_co;
+        co.timer_create = plat_fake_co.timer_create;
+        co.timer_settime = plat_fake_co.timer_settime;
+        co.timer_delete = plat_fake_co.timer_delete;
         co.open = [](const char*, int, mode_t) { return 1000; };
         co.close = [](int) { return 0; };
         co.lseek = [](int, off_t, int) { return off_t{0}; };
@@ -146,19 +151,22 @@ TEST_F(Pn65Link, WhatItsOperationsRefuse)
 
 TEST_F(Pn65Link, SixteenTimersAndNoMore)
 {
-    std::atomic<int> calls = 0;
-    const timer_cb count = [](std::uint32_t, void* p) { *static_cast<std::atomic<int>*>(p) += 1; };
+    int calls = 0;
+    const timer_cb count = [](std::uint32_t, void* p) { *static_cast<int*>(p) += 1; };
     for (std::uint32_t id = 0; id < 16; id++)
         ASSERT_EQ(phOsalNfc_Timer_Create(), id);
     EXPECT_EQ(phOsalNfc_Timer_Create(), TIMER_NONE);
     EXPECT_FALSE(phOsalNfc_Timer_Start(16, 1, count, &calls));
     EXPECT_TRUE(phOsalNfc_Timer_Start(3, 50, count, &calls));
     EXPECT_TRUE(phOsalNfc_Timer_Start(4, 0, count, &calls)) << "no time at all is a nanosecond";
+    EXPECT_TRUE(phOsalNfc_Timer_Start(5, 16384, count, &calls));
     phOsalNfc_Timer_Stop(3);
-    for (int i = 0; i < 5000 && calls == 0; i++)
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    plat_fake_advance_us(1000);
+    EXPECT_EQ(calls, 1);
+    plat_fake_advance_us(16382000);
     EXPECT_EQ(calls, 1) << "a single shot, and the stopped one none";
+    plat_fake_advance_us(1000);
+    EXPECT_EQ(calls, 2);
     phOsalNfc_Timer_Delete(7);
     EXPECT_FALSE(phOsalNfc_Timer_Start(7, 1, count, &calls));
     EXPECT_EQ(phOsalNfc_Timer_Create(), 7u);
