@@ -1,5 +1,6 @@
 #: Radio functions of the second contactless chip, which wants `nfpc=1,1` before.
-#: nfrf=0,A,B | parameters 15 and 16; `nfrf=4,A,B` parameters 5 and 6. Each takes its place in the block or a free one
+#: nfrf=0,A,B | parameters 15 and 16; `nfrf=4,A,B` parameters 5 and 6. Each takes its place in the block or, when
+#:   it has none, the first free one
 #: nfrf=1,A | the low 6 bits of parameter 14; the variant above them stays
 #: nfrf=2,A,B | the two bytes behind the pairs
 #: nfrf=3,A | register 4, 0 or 1
