@@ -172,6 +172,28 @@ TEST(General, RunsOfRed)
     camera_general_init();
 }
 
+TEST(General, RedIsWhatExceedsBothOtherColoursByTheLimit)
+{
+    camera_general_init();
+    for (const int luma : {60, 90, 150})
+        for (const int cu : {60, 90, 100, 128, 140})
+            for (const int cv : {150, 180, 210, 250}) {
+                planes p(640, 480);
+                for (const int x : {60, 580})
+                    for (const int y : {45, 435})
+                        p.box(x - 8, y - 8, 16, 16, luma, cu, cv);
+                const cam_gen_rgb c = camera_general_get_rgb(p.data.planes, p.data.size, {60, 45});
+                const int excess = c.r - std::max(c.g, c.b);
+                if (excess < 1 || excess > 254)
+                    continue;
+                camera_general_set_param(17, static_cast<std::uint32_t>(excess));
+                EXPECT_EQ(cam_gen_edge_do_test(p.data), 0u) << luma << "," << cu << "," << cv;
+                camera_general_set_param(17, static_cast<std::uint32_t>(excess + 1));
+                EXPECT_EQ(cam_gen_edge_do_test(p.data), 0xF10u) << luma << "," << cu << "," << cv;
+            }
+    camera_general_init();
+}
+
 TEST(General, PatchesAtBothSidesOfTheirLimits)
 {
     camera_general_init();
@@ -304,6 +326,11 @@ TEST(General, ContrastOfLines)
     EXPECT_FALSE(passes(30, 88, 6, 3, 10)) << "lines that don't reach 90";
     EXPECT_TRUE(passes(30, 92, 6, 3, 10));
     EXPECT_FALSE(passes(200, 250, 6, 1, 0)) << "no dark stretch before";
+    std::vector<std::uint8_t> even(width * height);
+    for (std::size_t i = 0; i < even.size(); i++)
+        even[i] = i / 10 % 2 == 0 ? 16 : 200;
+    EXPECT_FALSE(cam_gen_chk_ctf(even.data(), {width, height}, 1, 0))
+        << "each dark stretch is just too short";
 }
 
 TEST(General, BlocksOfLinesLieInTheirPlaces)
@@ -311,7 +338,7 @@ TEST(General, BlocksOfLinesLieInTheirPlaces)
     camera_general_init();
     // Blocks of 200 x 120, from the corner inwards. In one row, and those beside it: bright up to `start`, a
     // dark stretch, then lines of which the fourth is the block's last column.
-    constexpr int dark = 16, bright = 200;
+    constexpr int dark = 16, bright = 95; // two of three rows don't reach 70
     const auto word = [](int row, int start) {
         planes p(1020, 1020);
         const cam_gen_point* c = p.data.corners;
