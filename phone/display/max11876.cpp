@@ -55,6 +55,7 @@ constexpr block blocks[] = {{0x0001, 65}, {0x0010, 74}, {0x0003, 34}, {0x0030, 8
 
 struct listener {
     int fd; // the controller's end
+    explicit listener(int end) : fd(end) {}
     ~listener() { close(fd); }
 };
 

@@ -316,7 +316,7 @@ TEST_F(Tuner, TuningGoesToTheStateOfItsBandOrSaysWhy)
 
 TEST_F(Tuner, TheOtherSystemHasItsShiftTwice)
 {
-    lay("c", "D,5,216.0,0,1,2,3,c,2,0,0,10,13\n");
+    lay("c", "D,5,216.0,-286,1,2,3,c,6,0,0,10,13\n");
     bring_up();
     EXPECT_EQ(tuner_read_chfile("/system/etc/isdbtmm/c"), 0);
     EXPECT_EQ(tunerx_tuning(10, 5), 0);
@@ -327,6 +327,10 @@ TEST_F(Tuner, TheOtherSystemHasItsShiftTwice)
     EXPECT_EQ(reg('B', 18), 0x11);
     EXPECT_EQ(reg('B', 19), 0x54);
     EXPECT_EQ(reg('B', 13) << 16 | reg('B', 14) << 8 | reg('B', 15), 11305943);
+    // 0.286 / (197.16 / 64) * 4096 = 380.3
+    EXPECT_EQ(reg('B', 10) << 16 | reg('B', 11) << 8 | reg('B', 12), 380);
+    EXPECT_EQ(reg('C', 242), 0x13);
+    EXPECT_EQ(reg('B', 237), 0x10);
 }
 
 TEST_F(Tuner, ThePinCheckOfBothKinds)

@@ -1,6 +1,8 @@
 // The picture in memory: taken by the driver, grabbed from the viewfinder, written to a file, read from one.
 #include "camera/camera.h"
 
+#include <cerrno>
+
 #include "camera_inner.h"
 #include "check/check.h"
 #include "plat/plat.h"
@@ -109,8 +111,7 @@ int camera_save_snapshot(const char* path)
 {
     if (path == nullptr)
         return 0;
-    struct stat st;
-    if (plat_stat(path, &st) == 0 && plat_unlink(path) != 0)
+    if (plat_unlink(path) != 0 && errno != ENOENT)
         return 0;
     const camera_snapshot& picture = camera_me.snapshot;
     if (picture.buffer == nullptr)

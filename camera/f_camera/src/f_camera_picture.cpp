@@ -66,7 +66,7 @@ int cams_size(int id, const char* text)
     camconf_sizeconfig size{};
     if (text == nullptr) {
         camera_get_sizeconf(&size);
-        dcp_printf(id, "cams", "%d,%d,%u", size.width, size.height, size.format);
+        dcp_printf(id, "cams", "%d,%d,%d", size.width, size.height, static_cast<std::int32_t>(size.format));
         return dcp_answer(id, "cams", "", DCP_OK);
     }
     std::int32_t n[3];

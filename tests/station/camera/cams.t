@@ -226,6 +226,10 @@ wrong numbers and texts
   expect   SYNTAX
   send     cams=5,65536,2,0
   expect   SYNTAX
+  send     cams=5,65535,2,-1
+  expect   CAMS:,OK
+  send     cams=5
+  expect   CAMS:65535,2,-1,CAMS:,OK
   send     cams=1,0
   expect   CAMS:,ERROR
   send     cams?1

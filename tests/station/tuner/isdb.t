@@ -146,17 +146,49 @@ the channels that a circuit reaches end where they end
   expect   ISDB:ISDB-T Chip is not selected yet,ERROR
   send     isdb=1,6
   expect   ISDB:0x6,OK
+  send     isdb=1,13
+  expect   ISDB:0xd,OK
   send     isdb=1,26
   expect   ISDB:0x1a,OK
+  send     isdb=1,32
+  expect   ISDB:ISDB-T Chip is not selected yet,ERROR
   send     issl=4,1
   expect   ISSL:,OK
   send     isdb=1,7
   expect   ISDB:0x7,OK
+  send     isdb=1,32
+  expect   ISDB:0x20,OK
+  send     isdb=1,33
+  expect   ISDB:ISDB-T Chip is not selected yet,ERROR
   send     issl=5,1
   expect   ISSL:,OK
   send     isdb=1,68
   expect   ISDB:0x44,OK
   send     isdb=1,69
+  expect   ISDB:ISDB-T Chip is not selected yet,ERROR
+  send     issl=5,0
+  expect   ISSL:,OK
+  send     isdb=1,12
+  expect   ISDB:ISDB-T Chip is not selected yet,ERROR
+  send     isdb=1,68
+  expect   ISDB:0x44,OK
+  send     issl=3
+  expect   ISSL:,OK
+  send     isdb=1,62
+  expect   ISDB:0x3e,OK
+  send     isdb=1,63
+  expect   ISDB:ISDB-T Chip is not selected yet,ERROR
+  send     issl=1,1
+  expect   ISSL:,OK
+  send     isdb=1,52
+  expect   ISDB:0x34,OK
+  send     isdb=1,53
+  expect   ISDB:ISDB-T Chip is not selected yet,ERROR
+  send     issl=0,0
+  expect   ISSL:,OK
+  send     isdb=1,32
+  expect   ISDB:0x20,OK
+  send     isdb=1,33
   expect   ISDB:ISDB-T Chip is not selected yet,ERROR
 
 what isn't known is an error without a text, and the help

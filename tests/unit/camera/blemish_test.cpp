@@ -1,4 +1,6 @@
 // Pictures whose marks are known by how they were made.
+#include <array>
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 #include "unit/camera/camera_desk.h"
@@ -77,6 +79,86 @@ TEST(Blemish, BothSidesOfEachLimit)
     }
 }
 
+// A meta image of even cells, which a test changes; what the unfocused pass finds with one limit of 150 or so
+// and the others out of reach.
+struct cells {
+    static constexpr std::uint32_t rows = 20, cols = 24;
+    std::vector<std::uint32_t> meta = std::vector<std::uint32_t>(rows * cols, 1000);
+
+    std::uint32_t& at(std::size_t row, std::size_t col) { return meta[row * cols + col]; }
+    std::uint32_t found(std::uint32_t camera_blemish_config::*limit, std::uint32_t value)
+    {
+        static std::array<camera_blemish_spot, CAMERA_BLEMISH_ROOM> spots;
+        camera_blemish_config c = config();
+        c.inner_threshold = c.edge_threshold = c.corner_threshold = 5000;
+        c.*limit = value;
+        return camera_blemish_unfocused_spot_detect({nullptr, meta.data(), rows, cols, 5, 2, 2}, c, spots);
+    }
+};
+
+TEST(Blemish, EdgesAreHeldAgainstALineOfWholeSteps)
+{
+    // From its end on, `step` more each cell, but the last `rest` more than that; cell `place` of it is dark.
+    // On the far sides the line lies one cell behind.
+    struct {
+        std::uint32_t row, col, down, right;
+        int step, rest;
+        std::uint32_t place, dark;
+    } const rows[] = {
+        {3, 0, 0, 1, 10, 7, 5, 892},    // 1050 expected
+        {3, 0, 0, 1, -10, -5, 7, 790},  // 930
+        {3, 15, 0, 1, 10, 7, 5, 883},   // 1040
+        {0, 0, 1, 0, 10, 0, 5, 892},    // 1050
+        {0, 23, 1, 0, -10, -5, 7, 790}, // 930
+        {17, 0, 0, 1, 10, 0, 5, 892},   // 1050
+        {17, 15, 0, 1, 10, 0, 5, 883},  // 1040
+        {11, 0, 1, 0, 10, 0, 5, 883},   // 1040
+        {11, 23, 1, 0, 10, 0, 5, 883},  // 1040
+    };
+    for (const auto& r : rows) {
+        cells c;
+        for (std::uint32_t i = 0; i <= 8; i++)
+            c.at(r.row + r.down * i, r.col + r.right * i) =
+                static_cast<std::uint32_t>(1000 + r.step * static_cast<int>(i) + (i == 8 ? r.rest : 0));
+        c.at(r.row + r.down * r.place, r.col + r.right * r.place) = r.dark;
+        EXPECT_EQ(c.found(&camera_blemish_config::edge_threshold, 150), 1u) << r.row << "," << r.col;
+        EXPECT_EQ(c.found(&camera_blemish_config::edge_threshold, 152), 0u) << r.row << "," << r.col;
+    }
+}
+
+TEST(Blemish, CornersAreHeldAgainstTwoCells)
+{
+    struct {
+        std::uint32_t row, col, a_row, a_col, b_row, b_col;
+    } const rows[] = {
+        {0, 0, 0, 3, 3, 0}, {0, 23, 0, 20, 3, 23}, {19, 0, 16, 0, 19, 4}, {19, 23, 19, 20, 16, 23}};
+    for (const auto& r : rows) {
+        cells c;
+        c.at(r.row, r.col) = 849;
+        c.at(r.a_row, r.a_col) = 800;
+        c.at(r.b_row, r.b_col) = 1200;
+        EXPECT_EQ(c.found(&camera_blemish_config::corner_threshold, 150), 1u) << r.row << "," << r.col;
+        EXPECT_EQ(c.found(&camera_blemish_config::corner_threshold, 152), 0u) << r.row << "," << r.col;
+    }
+}
+
+TEST(Blemish, KernelsTakeTheCellsBehindTheirGap)
+{
+    // 150 per mille below even cells, 244 below seven even ones and one twice as bright
+    for (const auto& [row, col, down] : {std::tuple{2u, 12u, 0}, {17u, 12u, 0}, {10u, 3u, 1}})
+        for (int away = -9; away <= 9; away++) {
+            if (away == 0)
+                continue;
+            cells c;
+            c.at(row, col) = 850;
+            c.at(row + static_cast<unsigned>(away * down), col + static_cast<unsigned>(away * (1 - down))) =
+                2000;
+            EXPECT_EQ(c.found(&camera_blemish_config::inner_threshold, 200),
+                      std::abs(away) >= 5 && std::abs(away) <= 8 ? 1u : 0u)
+                << row << " " << away;
+        }
+}
+
 TEST(Blemish, TheOuterBandsHaveALimitOfTheirOwn)
 {
     const camera_desk desk;
@@ -110,6 +192,20 @@ TEST(Blemish, SpecksAreFoundToThePixelAndAtTheirLimit)
         EXPECT_EQ(r.speck_col, count != 0 ? 60u : 0u);
         EXPECT_EQ(r.speck_row, count != 0 ? 55u : 0u);
         EXPECT_EQ(r.spots, 0u);
+    }
+}
+
+TEST(Blemish, AnyStepsGiveTheSameMean)
+{
+    const camera_desk desk;
+    desk_picture picture(120, 100, 200);
+    picture.at(61, 58) = 179;
+    picture.at(3, 98) = 179; // at the border
+    for (const auto& [rows, cols] : {std::pair{1u, 1u}, {1u, 3u}, {4u, 1u}, {9u, 2u}}) {
+        camera_blemish_config c = config();
+        c.row_step = rows;
+        c.col_step = cols;
+        EXPECT_EQ(judge(picture, c).specks, 2u) << rows << "," << cols;
     }
 }
 

@@ -1,4 +1,5 @@
 // The parts of the general image test, on planes and lines made for it.
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <string>
@@ -39,7 +40,7 @@ struct planes {
 
 constexpr int red_y = 90, red_u = 100, red_v = 210;
 
-std::uint32_t edge_of(const cam_gen_point (&middles)[4], int half = 8)
+std::uint32_t edge_of(const cam_gen_point (&middles)[4], int half = 8, cam_gen_point* p_corners = nullptr)
 {
     planes p(640, 480);
     for (const cam_gen_point& m : middles)
@@ -47,6 +48,8 @@ std::uint32_t edge_of(const cam_gen_point (&middles)[4], int half = 8)
     p.data.frame_found = 0;
     const std::uint32_t word = cam_gen_edge_do_test(p.data);
     EXPECT_EQ(p.data.frame_found, word == 0 ? 1u : 0u);
+    if (p_corners != nullptr)
+        std::copy_n(p.data.corners, 4, p_corners);
     return word;
 }
 
@@ -140,6 +143,14 @@ TEST(General, TheFramesShape)
     };
     for (const auto& row : rows)
         EXPECT_EQ(edge_of(row.middles), row.word) << row.what;
+    // Middles cut to whole pixels, then a quarter of 520 / 20 + 390 / 15 inwards each
+    cam_gen_point c[4];
+    EXPECT_EQ(edge_of(rows[0].middles, 8, c), 0u);
+    const cam_gen_point expected[] = {{72, 57}, {566, 57}, {72, 421}, {566, 421}};
+    for (int i = 0; i < 4; i++) {
+        EXPECT_EQ(c[i].x, expected[i].x) << i;
+        EXPECT_EQ(c[i].y, expected[i].y) << i;
+    }
 }
 
 TEST(General, RunsOfRed)
@@ -158,6 +169,28 @@ TEST(General, RunsOfRed)
     camera_general_set_param(17, 0);
     camera_general_set_param(16, 255);
     EXPECT_EQ(edge_of({{60, 45}, {580, 45}, {60, 435}, {580, 435}}), 0xF10u) << "everything is red";
+    camera_general_init();
+}
+
+TEST(General, RedIsWhatExceedsBothOtherColoursByTheLimit)
+{
+    camera_general_init();
+    for (const int luma : {60, 90, 150})
+        for (const int cu : {60, 90, 100, 128, 140})
+            for (const int cv : {150, 180, 210, 250}) {
+                planes p(640, 480);
+                for (const int x : {60, 580})
+                    for (const int y : {45, 435})
+                        p.box(x - 8, y - 8, 16, 16, luma, cu, cv);
+                const cam_gen_rgb c = camera_general_get_rgb(p.data.planes, p.data.size, {60, 45});
+                const int excess = c.r - std::max(c.g, c.b);
+                if (excess < 1 || excess > 254)
+                    continue;
+                camera_general_set_param(17, static_cast<std::uint32_t>(excess));
+                EXPECT_EQ(cam_gen_edge_do_test(p.data), 0u) << luma << "," << cu << "," << cv;
+                camera_general_set_param(17, static_cast<std::uint32_t>(excess + 1));
+                EXPECT_EQ(cam_gen_edge_do_test(p.data), 0xF10u) << luma << "," << cu << "," << cv;
+            }
     camera_general_init();
 }
 
@@ -200,6 +233,59 @@ TEST(General, PatchesAtBothSidesOfTheirLimits)
     camera_general_init();
 }
 
+TEST(General, PatchesLieInTheirPlaces)
+{
+    camera_general_init();
+    // White, 254 of 255, to the pixel: a line of black in it makes 98 percent of 99.
+    for (const std::uint32_t least : {33, 37, 41, 45})
+        camera_general_set_param(least, 99);
+    for (const std::uint32_t saturation : {36, 40, 44})
+        camera_general_set_param(saturation, 0);
+    for (const std::uint32_t tolerance : {35, 39, 43})
+        camera_general_set_param(tolerance, 240);
+    planes p(1020, 1020); // a frame of 1000 x 1000, from 10 on
+    constexpr int x = 730, tops[] = {200, 370, 540, 710};
+    for (const int top : tops)
+        p.box(x, top, 101, 126, 235);
+    EXPECT_EQ(cam_gen_color_do_test(p.data), 0u);
+    for (int i = 0; i < 4; i++) {
+        const int top = tops[i];
+        const int lines[][4] = {
+            {x, top, 1, 126}, {x + 100, top, 1, 126}, {x, top, 101, 1}, {x, top + 125, 101, 1}};
+        for (const auto& line : lines) {
+            p.box(line[0], line[1], line[2], line[3], 16);
+            EXPECT_EQ(cam_gen_color_do_test(p.data), 0x40u | 0x100u << i) << line[0] << "," << line[1];
+            p.box(line[0], line[1], line[2], line[3], 235);
+        }
+    }
+    camera_general_init();
+}
+
+TEST(General, FlareLinesLieInTheirPlaces)
+{
+    camera_general_init();
+    // Lines of 130 and 170 pixels of a frame that is 1001 wide: bars and gaps of 6 at least. The third gap is
+    // known with the line's last pixel, and a fourth bar begins behind it.
+    struct {
+        int x, y, length;
+        bool down;
+    } const lines[] = {
+        {10, 510, 130, false}, {880, 510, 130, false}, {510, 10, 170, true}, {510, 840, 170, true}};
+    const auto word = [&](int width_of_bar, int start) {
+        planes p(1040, 1040);
+        for (cam_gen_point& corner : p.data.corners)
+            corner = {corner.x > 500 ? 1010 : 10, corner.y > 500 ? 1010 : 10};
+        for (const auto& line : lines)
+            for (const int at : {start, 40, line.length - 7 - width_of_bar, line.length})
+                p.box(line.x + (line.down ? 0 : at), line.y + (line.down ? at : 0),
+                      line.down ? 1 : width_of_bar, line.down ? width_of_bar : 1, 200);
+        return cam_gen_flare_do_test(p.data);
+    };
+    EXPECT_EQ(word(6, 6), 0u);
+    EXPECT_EQ(word(5, 6), 0xF10u) << "bars too narrow";
+    EXPECT_EQ(word(6, 5), 0xF10u) << "the dark start too short";
+}
+
 TEST(General, BarsOfALine)
 {
     EXPECT_TRUE(shows("...###...###...###....", 3, 2, 2));
@@ -240,6 +326,63 @@ TEST(General, ContrastOfLines)
     EXPECT_FALSE(passes(30, 88, 6, 3, 10)) << "lines that don't reach 90";
     EXPECT_TRUE(passes(30, 92, 6, 3, 10));
     EXPECT_FALSE(passes(200, 250, 6, 1, 0)) << "no dark stretch before";
+    std::vector<std::uint8_t> even(width * height);
+    for (std::size_t i = 0; i < even.size(); i++)
+        even[i] = i / 10 % 2 == 0 ? 16 : 200;
+    EXPECT_FALSE(cam_gen_chk_ctf(even.data(), {width, height}, 1, 0))
+        << "each dark stretch is just too short";
+}
+
+TEST(General, BlocksOfLinesLieInTheirPlaces)
+{
+    camera_general_init();
+    // Blocks of 200 x 120, from the corner inwards. In one row, and those beside it: bright up to `start`, a
+    // dark stretch, then lines of which the fourth is the block's last column.
+    constexpr int dark = 16, bright = 95; // two of three rows don't reach 70
+    const auto word = [](int row, int start) {
+        planes p(1020, 1020);
+        const cam_gen_point* c = p.data.corners;
+        const cam_gen_point starts[] = {c[0], c[1], c[2], c[3], {410, 450}};
+        for (int block = 0; block < 5; block++) {
+            const bool left = block == 1 || block == 3, up = block == 2 || block == 3;
+            for (int y = std::max(row - 1, 0); y <= row + 1; y++)
+                for (int x = 0; x < 200; x++)
+                    p.box(starts[block].x + (left ? -x : x), starts[block].y + (up ? -y : y), 1, 1,
+                          x < start || (x >= 139 && (x - 139) / 10 % 2 == 0) ? bright : dark);
+        }
+        return cam_gen_resolution_do_test(p.data);
+    };
+    EXPECT_EQ(word(40, 118), 0u);
+    EXPECT_EQ(word(40, 119), 0x1F10u) << "a dark stretch of 20 is no longer than 20";
+    for (const int row : {0, 20, 60, 80})
+        EXPECT_EQ(word(row, 0), 0u) << row;
+    EXPECT_EQ(word(100, 0), 0x1F10u);
+    // The dark rows before count for the next
+    EXPECT_EQ(word(0, 139), 0x1F10u) << "begins at once, with what is no line";
+    camera_general_set_param(80, 4);
+    EXPECT_EQ(word(40, 118), 0x1010u);
+    camera_general_set_param(82, 4);
+    EXPECT_EQ(word(40, 118), 0x1F10u);
+    camera_general_init();
+}
+
+TEST(General, ContrastsBehindABadOneStayForTheNextRow)
+{
+    // Row 2 of six has lines of 20, 73, 73, 73 percent, row 0 one of 73.
+    std::vector<std::uint8_t> block(200 * 60, 16);
+    const auto paint = [&](int row, std::initializer_list<std::uint8_t> levels) {
+        for (int y = std::max(row - 1, 0); y <= row + 1; y++) {
+            int x = 50;
+            for (const std::uint8_t level : levels)
+                for (int i = 0; i < 10; i++)
+                    block[static_cast<std::size_t>(y * 200 + x++)] = level;
+        }
+    };
+    paint(20, {75, 49, 200, 30, 200, 30, 200, 30, 200});
+    EXPECT_FALSE(cam_gen_chk_ctf(block.data(), {200, 60}, 4, 40));
+    paint(0, {200, 30, 200});
+    EXPECT_TRUE(cam_gen_chk_ctf(block.data(), {200, 60}, 4, 40));
+    EXPECT_FALSE(cam_gen_chk_ctf(block.data(), {200, 60}, 5, 40));
 }
 
 TEST(General, TheRampMayBowButNotTurn)
@@ -278,6 +421,26 @@ TEST(General, TheRampMayBowButNotTurn)
     EXPECT_EQ(cam_gen_solarization_do_test(p.data), 3u);
     p.data.frame_found = 0;
     EXPECT_EQ(cam_gen_solarization_do_test(p.data), 1u);
+}
+
+TEST(General, TheRampIsReadFromOneColumnAndFiveRows)
+{
+    camera_general_init();
+    // Column 10 + 0.28 * 400, rows 110 to 310 and two more at either end
+    const auto word = [](int column, int first, int last) {
+        planes p(420, 420);
+        for (int row = 0; row < 420; row++)
+            p.box(column, row, 1, 1,
+                  row < first || row > last ? 250 : std::max(0, 20 + 60 * (row - 110) / 200));
+        return cam_gen_solarization_do_test(p.data);
+    };
+    EXPECT_EQ(word(122, 108, 312), 0u);
+    EXPECT_EQ(word(122, 109, 312), 5u);
+    EXPECT_EQ(word(122, 108, 311), 5u);
+    planes bent(420, 420);
+    for (int row = 0; row < 420; row++)
+        bent.box(122, row, 1, 1, row < 200 ? 100 : 200); // and nothing but black beside it
+    EXPECT_EQ(cam_gen_solarization_do_test(bent.data), 5u);
 }
 
 TEST(General, PlanesOfBothLayoutsAndWhatIsRefused)

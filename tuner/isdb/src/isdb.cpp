@@ -44,12 +44,12 @@ int isdb_tuning(std::uint32_t ch, int mode)
 
 int isdb_get_parameter(std::uint32_t* p_value)
 {
-    return call(&isdb_co::get_parameter, p_value);
+    return call(&isdb_co::getParameter, p_value);
 }
 
 int isdb_control_lna(int value)
 {
-    return call(&isdb_co::control_lna, value);
+    return call(&isdb_co::controlLNA, value);
 }
 
 int isdb_i2c_rd(unsigned slave, unsigned reg, std::uint8_t* p_byte)
@@ -59,32 +59,32 @@ int isdb_i2c_rd(unsigned slave, unsigned reg, std::uint8_t* p_byte)
 
 int isdb_norm_op(isdb_stream_result* p_result)
 {
-    return call(&isdb_co::norm_op, p_result);
+    return call(&isdb_co::normOP, p_result);
 }
 
 int isdb_lb_op()
 {
-    return call(&isdb_co::lb_op);
+    return call(&isdb_co::lbOP);
 }
 
 int isdb_tptn_op(int rate, int pattern, isdb_stream_result* p_result)
 {
-    return call(&isdb_co::tptn_op, rate, pattern, p_result);
+    return call(&isdb_co::tptnOP, rate, pattern, p_result);
 }
 
 int isdb_get_id(std::uint8_t* p_byte)
 {
-    return call(&isdb_co::get_id, p_byte);
+    return call(&isdb_co::getID, p_byte);
 }
 
 int isdb_check_sync(std::uint8_t* p_byte, int mode)
 {
-    return call(&isdb_co::check_sync, p_byte, mode);
+    return call(&isdb_co::checkSync, p_byte, mode);
 }
 
 int isdb_get_sig_lev(std::uint8_t* p_byte)
 {
-    return call(&isdb_co::get_sig_lev, p_byte);
+    return call(&isdb_co::getSigLev, p_byte);
 }
 
 int isdb_select_mode_ch(int circ, int mode, std::uint32_t ch)
@@ -94,7 +94,7 @@ int isdb_select_mode_ch(int circ, int mode, std::uint32_t ch)
 
 int isdb_switch_ant(int value)
 {
-    return call(&isdb_co::switch_ant, value);
+    return call(&isdb_co::switchANT, value);
 }
 
 int isdb_get_bper(int path, int kind, int layer, isdb_bper_result* p_result)
