@@ -1,4 +1,5 @@
 // Routes, and the loops of both streams, against a card that refuses, breaks off and grants what it likes.
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <gtest/gtest.h>
@@ -69,6 +70,26 @@ protected:
 };
 
 } // namespace
+
+// Before any other opens them: by itself this runs in a program of its own.
+TEST(alsa_controls, each_failing_call_of_the_opening_gives_all_back)
+{
+    if (get_alsa_state() != ALSA_STATE_NO_CONTROL)
+        GTEST_SKIP() << "the controls are open";
+    alsa_fake_reset();
+    EXPECT_EQ(alsa_ctl_set_off(std::array<alsa_ctl_entry, 1>{}.data()), -1); // it doesn't open them
+    for (const char* call : {"ctl_open", "info_malloc", "id_malloc", "value_malloc", "elem_info"}) {
+        alsa_fake.results[call] = {-ENOMEM};
+        EXPECT_EQ(alsa_ctl_init("default"), -ENOMEM) << call;
+        EXPECT_EQ(get_alsa_state(), ALSA_STATE_ERROR) << call;
+        EXPECT_EQ(alsa_fake.objects, 0) << call;
+    }
+    alsa_ctl_entry route[] = {plain(ALSA_INTEGER, 1, 2, 3, 4), {}};
+    EXPECT_EQ(alsa_ctl_set_on(route), 0); // makes up for it
+    EXPECT_EQ(get_alsa_state(), ALSA_STATE_READY);
+    EXPECT_EQ(alsa_fake.objects, 4);
+    EXPECT_EQ(alsa_fake.faults, 0);
+}
 
 TEST_F(alsa, a_route_is_written_in_order_and_saved)
 {
