@@ -37,6 +37,15 @@ bool send_commands(Text... texts)
     return (send_command(texts) && ...);
 }
 
+// The same for what puts the controller back: all are sent, whatever fails.
+template <class... Text>
+bool send_closing(Text... texts)
+{
+    bool sent = true;
+    ((sent = send_command(texts) && sent), ...);
+    return sent;
+}
+
 // Takes the next report, however long that takes. False when the reader ends first.
 bool next_report(max11876_report* p_out);
 
