@@ -27,7 +27,8 @@ constexpr const char* MAX11876_SCAN_SET = "0142";
 constexpr const char* MAX11876_MODE_SET = "01B1";
 constexpr const char* MAX11876_RESET_DONE = "01A0";
 
-// Writes a command and gives the controller its time. Starts the reader if there is none.
+// Writes a command and gives the controller its time. Starts the reader if there is none; false also when
+// that can't be.
 bool send_command(const char* text);
 
 // Several, in their order; ends at the first that fails.
