@@ -392,7 +392,8 @@ TEST_F(audio, each_word_touches_the_slots_of_its_row)
     alsa_cfg_attach(&full);
     for (const touch_row& row : touches) {
         for (int slot = 2; slot < ALSA_SLOTS; slot++) {
-            routes[slot][0] = {ALSA_GAIN | ALSA_INTEGER, static_cast<unsigned>(slot), 0, {0, 1, 2, 3, 4, 5}, 0};
+            routes[slot][0] = {
+                ALSA_GAIN | ALSA_INTEGER, static_cast<unsigned>(slot), 0, {0, 1, 2, 3, 4, 5}, 0};
             full.p_route[slot] = routes[slot];
         }
         routes[0][0] = routes[1][0] = {0, 0, 0, {0, 1}, 0};
