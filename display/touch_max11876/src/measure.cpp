@@ -63,11 +63,10 @@ bool accumulate_raw_pixel_reports(max11876_matrix& sum, unsigned n)
     return read_frames(n, [&](std::size_t i, std::int32_t value) { sum[i] += value; });
 }
 
-// Both pieces of a test run, whatever the first gives: a controller that isn't put back would spoil the next
-// test.
-bool both(bool measured, bool put_back)
+// Both are carried out, whatever the first gives: a controller that isn't put back would spoil the next test.
+bool both(bool first, bool second)
 {
-    return measured && put_back;
+    return first && second;
 }
 
 bool prepare_measurement()
@@ -84,8 +83,8 @@ bool capture_offsets(const char* mode_text, max11876_matrix& offsets, unsigned n
                     set_report_mode(mode_text);
     report_queue_empty();
     measured = measured && accumulate_raw_pixel_reports(offsets, n);
-    return both(measured, send_commands(MAX11876_SLEEP, MAX11876_NO_REPORTS, MAX11876_NO_REPORTS) &&
-                              command_expecting(MAX11876_RESET, MAX11876_RESET_DONE, RESET_MS));
+    measured = both(measured, send_closing(MAX11876_SLEEP, MAX11876_NO_REPORTS, MAX11876_NO_REPORTS));
+    return both(measured, command_expecting(MAX11876_RESET, MAX11876_RESET_DONE, RESET_MS));
 }
 
 void negate(max11876_matrix& matrix)
@@ -130,7 +129,7 @@ bool measure_raw(max11876_matrix& sum, unsigned n)
     const bool measured = capture_offsets(max11876_pixel_mode.c_str(), offsets, n) && set_scan_frequency() &&
                           prepare_measurement() && set_report_mode(MAX11876_RAW_REPORTS) &&
                           accumulate_raw_pixel_reports(sum, n);
-    if (!both(measured, send_commands(MAX11876_MEASURE, MAX11876_NO_REPORTS, MAX11876_0028)))
+    if (!both(measured, send_closing(MAX11876_MEASURE, MAX11876_NO_REPORTS, MAX11876_0028)))
         return false;
     divide(sum, n);
     divide(offsets, n);
@@ -145,7 +144,7 @@ bool measure_lines(const char* mode_text, bool negative, max11876_lines& lines, 
     const bool measured = capture_offsets(mode_text, offsets, n) && set_scan_frequency() &&
                           prepare_measurement() && set_report_mode(mode_text) &&
                           accumulate_raw_pixel_reports(lines.pixels, n);
-    const bool done = both(measured, send_commands(MAX11876_MEASURE, MAX11876_NO_REPORTS, MAX11876_MEASURE));
+    const bool done = both(measured, send_closing(MAX11876_MEASURE, MAX11876_NO_REPORTS, MAX11876_MEASURE));
     report_queue_empty();
     if (!done)
         return false;
@@ -184,7 +183,7 @@ bool do_noise_test(max11876_matrix& out, unsigned n)
                               low[i] = std::min(low[i], value);
                               high[i] = std::max(high[i], value);
                           });
-    if (!both(measured, send_commands(MAX11876_NO_REPORTS, MAX11876_MEASURE)))
+    if (!both(measured, send_closing(MAX11876_NO_REPORTS, MAX11876_MEASURE)))
         return false;
     std::transform(high.begin(), high.end(), low.begin(), out.begin(), std::minus());
     return true;

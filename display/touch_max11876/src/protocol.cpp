@@ -35,12 +35,14 @@ int expect_report(const char* id, unsigned timeout_ms)
 
 const std::string max11876_pixel_mode = "00140018" + std::string(24 * 4, '0') + "\n";
 
+// Without a reader, too, what puts the controller back must reach it.
 bool send_command(const char* text)
 {
-    if (!reader_start() || attr_write(COMMAND_PATH, text) != ATTR_OK)
+    const bool heard = reader_start();
+    if (attr_write(COMMAND_PATH, text) != ATTR_OK)
         return false;
     tmr_usleep(COMMAND_US);
-    return true;
+    return heard;
 }
 
 bool next_report(max11876_report* p_out)

@@ -27,7 +27,8 @@ constexpr const char* MAX11876_SCAN_SET = "0142";
 constexpr const char* MAX11876_MODE_SET = "01B1";
 constexpr const char* MAX11876_RESET_DONE = "01A0";
 
-// Writes a command and gives the controller its time. Starts the reader if there is none.
+// Writes a command and gives the controller its time. Starts the reader if there is none; false also when
+// that can't be.
 bool send_command(const char* text);
 
 // Several, in their order; ends at the first that fails.
@@ -35,6 +36,15 @@ template <class... Text>
 bool send_commands(Text... texts)
 {
     return (send_command(texts) && ...);
+}
+
+// The same for what puts the controller back: all are sent, whatever fails.
+template <class... Text>
+bool send_closing(Text... texts)
+{
+    bool sent = true;
+    ((sent = send_command(texts) && sent), ...);
+    return sent;
 }
 
 // Takes the next report, however long that takes. False when the reader ends first.

@@ -35,7 +35,8 @@ outputs
 
 inputs
   phone    clock hold
-  send     again=0,5,3,2,0
+  # 9 is the headset's only step of another value
+  send     again=0,5,9,2,0
   expect   AGAIN:,OK
   send     aloop=2,1,1
   expect   ALOOP:,OK
@@ -49,6 +50,12 @@ inputs
   phone    idle
   phone    mixer 38 -> 97
   phone    mixer 28 -> 4
+  send     aurst=0
+  phone    clock +90
+  expect   AURST:,OK
+  send     aloop=3,2,1
+  expect   ALOOP:,OK
+  phone    mixer 41 -> 1
 
 a step that a path lacks ends it
   phone    clock hold

@@ -114,9 +114,13 @@ inputs, and both at once
   expect   ALOOP:,OK
   phone    mixer 17 -> 14
   phone    idle
-  send     gain=3,1,5,4
+  # each side has its own step: 9 is the headset's short one, and the only one of another value
+  send     gain=3,1,5,9
   expect   GAIN:,OK
-  phone    sound 3 -> control 41 85\ncontrol 30 80\ncontrol 17 20
+  phone    sound 3 -> control 41 1\ncontrol 30 80\ncontrol 17 20
+  send     gain=2,3,8
+  expect   GAIN:,OK
+  phone    sound 1 -> control 41 85
 
 a loopback's gains go to the card and aren't kept
   send     gain=5,1,6

@@ -372,6 +372,34 @@ a controller that takes no commands, until it does
   phone    clock +12000
   expect   DTST:3,2,OK
 
+a closing command that isn't taken doesn't keep the others back, or the next test would measure offsets
+  phone    clock hold
+  send     dtst=7,0
+  phone    clock +12000
+  expect   DTST:OK
+  # the frames of the offsets take 5 s: the first command behind them fails
+  send     dtst=7,3,255,255
+  phone    clock +3000
+  phone    fail open /sys/bus/i2c/devices/0-0048/command
+  phone    clock +20000
+  expect   DTST: ,ERROR
+  phone    fail off -> 0
+  send     dtst=7,1
+  phone    clock +12000
+  expect   DTST:3,2,OK
+  # nor do reports that can't be read any more
+  send     dtst=7,3,255,255
+  phone    clock +3000
+  phone    fail open /sys/bus/i2c/devices/0-0048/report all
+  phone    matrix reports short
+  phone    clock +20000
+  expect   DTST: ,ERROR
+  phone    fail off
+  phone    matrix reports on
+  send     dtst=7,1
+  phone    clock +12000
+  expect   DTST:3,2,OK
+
 a panel that doesn't tell its identity can't be configured
   phone    clock hold
   phone    fail ioctl /dev/max1187x_ctrl

@@ -138,10 +138,14 @@ the panel is the active screen again behind a picture, and the output stays sele
   expect   DCLR: ,OK
   phone    pixel 5 5 -> 010203
   phone    pixel 5 5 2 -> 040506
-  # a picture survives a stop of the output
+  # a picture survives a stop of the output, and is none of the next start's
   send     hdmi=0
   expect   HDMI: ,OK
   phone    pixel 5 5 2 -> 040506
+  send     hdmi=1
+  expect   HDMI: ,OK
+  send     hdmi=2,0
+  expect   HDMI:HDMI set output video error,ERROR
 
 a request for the end that the framebuffer refuses counts as the end
   send     hdmi=1

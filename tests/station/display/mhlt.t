@@ -23,10 +23,6 @@ a healthy bridge with a monitor, and without
   phone    gpio 34 1
   send     mhlt=4
   expect   MHLT:1,OK
-  # nothing asks the chip itself
-  phone    sink out
-  phone    gpio 34 free
-  phone    sink -> out
 
 what the attributes may hold
   write    /sys/kernel/debug/mdss_mhl/selftest 0\n

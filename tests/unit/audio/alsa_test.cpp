@@ -1,4 +1,5 @@
 // Routes, and the loops of both streams, against a card that refuses, breaks off and grants what it likes.
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <gtest/gtest.h>
@@ -69,6 +70,26 @@ protected:
 };
 
 } // namespace
+
+// Before any other opens them: by itself this runs in a program of its own.
+TEST(alsa_controls, each_failing_call_of_the_opening_gives_all_back)
+{
+    if (get_alsa_state() != ALSA_STATE_NO_CONTROL)
+        GTEST_SKIP() << "the controls are open";
+    alsa_fake_reset();
+    EXPECT_EQ(alsa_ctl_set_off(std::array<alsa_ctl_entry, 1>{}.data()), -1); // it doesn't open them
+    for (const char* call : {"ctl_open", "info_malloc", "id_malloc", "value_malloc", "elem_info"}) {
+        alsa_fake.results[call] = {-ENOMEM};
+        EXPECT_EQ(alsa_ctl_init("default"), -ENOMEM) << call;
+        EXPECT_EQ(get_alsa_state(), ALSA_STATE_ERROR) << call;
+        EXPECT_EQ(alsa_fake.objects, 0) << call;
+    }
+    alsa_ctl_entry route[] = {plain(ALSA_INTEGER, 1, 2, 3, 4), {}};
+    EXPECT_EQ(alsa_ctl_set_on(route), 0); // makes up for it
+    EXPECT_EQ(get_alsa_state(), ALSA_STATE_READY);
+    EXPECT_EQ(alsa_fake.objects, 4);
+    EXPECT_EQ(alsa_fake.faults, 0);
+}
 
 TEST_F(alsa, a_route_is_written_in_order_and_saved)
 {
@@ -146,7 +167,9 @@ TEST_F(alsa, controls_are_opened_once)
 TEST_F(alsa, a_tone_is_set_up_in_order)
 {
     ASSERT_EQ(alsa_tgen_start(&output, route, gains), 0);
+    EXPECT_NE(output.pcm, nullptr);
     ASSERT_EQ(alsa_tgen_stop(), 0);
+    EXPECT_EQ(output.pcm, nullptr);
     const strings setup(alsa_fake.log.begin() + 4, alsa_fake.log.begin() + 18);
     EXPECT_EQ(setup, (strings{"open", "hw_free", "params_malloc", "any", "access 3", "format 2", "rate 48000",
                               "channels 1", "ring 4096", "period 96", "hw_params", "params_free", "prepare",
@@ -287,9 +310,12 @@ TEST_F(alsa, a_short_read_is_overlapped)
         alsa_fake.results["read"] = {4, 6};
         alsa_fake.results["read"].resize(1'000'000, -EIO);
     }
+    const std::uint64_t before = plat_fake_now_us();
     ASSERT_EQ(alsa_auan_start(&input, route, gains), 0);
     ASSERT_TRUE(comes([] { return alsa_fake_count("read") >= 4; }));
     ASSERT_EQ(alsa_auan_stop(), 0);
+    const auto failed = static_cast<std::uint64_t>(alsa_fake_count("read") - 2);
+    EXPECT_GE(plat_fake_now_us() - before, failed * 1000) << "a failed read rests for 1 ms";
     const std::int16_t wanted[] = {1, 2, 3, 4, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 0};
     for (std::size_t i = 0; i < std::size(wanted); i++)
         EXPECT_EQ(input.buffer[i], wanted[i]) << i;

@@ -1,5 +1,6 @@
 // Waves, dumps and the measurement, against the plain loops that they stand for; what the tests give without
 // a driver.
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
@@ -112,6 +113,83 @@ bool measure(int n, const std::int16_t* s, double rate, double channels, audio_r
     r.frequency = static_cast<std::int32_t>(std::floor(channels * weighted / sum + 0.5));
     r.level = static_cast<std::int32_t>(std::floor(std::sqrt(sum / 1.5) + 0.5));
     return true;
+}
+
+// What a word touches of a phone that lacks no route: the slots whose controls it writes, in their order, or
+// whose working value it stores.
+struct touch_row {
+    int (*run)(audio_path path);
+    audio_path path;
+    std::vector<int> slots;
+};
+
+// clang-format off
+const touch_row touches[] = {
+    { audio_tgen_start,      0x01010001, {  2,  6 } },
+    { audio_tgen_start,      0x01020001, {  2,  8 } },
+    { audio_tgen_start,      0x01030001, { 10, 12 } },
+    { audio_tgen_start,      0x01040001, { 14, 16 } },
+    { audio_tgen_start,      0x01050001, { 14, 15 } },
+    { audio_tgen_start,      0x01060001, { 14, 17 } },
+    { audio_auan_start,      0x02010001, { 18, 24 } },
+    { audio_auan_start,      0x02020001, { 18, 26 } },
+    { audio_auan_start,      0x02040001, { 35, 36 } },
+    { audio_auan_start,      0x02050001, {        } },
+    { audio_auan_start,      0x02060001, { 18, 28 } },
+    { audio_auan_start,      0x02070001, { 18, 29 } },
+    { audio_tgen_auan_start, 0x03010001, { 14, 15, 30, 31 } },
+    { audio_tgen_auan_start, 0x03020001, { 14, 16, 30, 31 } },
+    { audio_tgen_auan_start, 0x03030001, { 14, 15, 18, 34 } },
+    { audio_tgen_auan_start, 0x03040001, { 14, 15, 18, 33 } },
+    { audio_loopback,        0x0501FFFF, { 11 } },
+    { audio_loopback,        0x0502FFFF, {  5 } },
+    { audio_loopback,        0x0503FFFF, {  4 } },
+    { audio_loopback,        0x0600FFFF, {    } },
+    { audio_loopback,        0x0601FFFF, { 19 } },
+    { audio_loopback,        0x0602FFFF, { 21 } },
+    { audio_loopback,        0x0609FFFF, { 23 } },
+    { audio_loopback,        0x060AFFFF, { 20 } },
+    { audio_loopback,        0x060BFFFF, { 22 } },
+    { audio_loopback,        0x0701FFFF, { 37, 41 } },
+    { audio_loopback,        0x0702FFFF, { 38, 41 } },
+    { audio_loopback,        0x0703FFFF, { 39, 41 } },
+    { audio_loopback,        0x0704FFFF, { 37, 40 } },
+    { audio_loopback,        0x0705FFFF, { 38, 40 } },
+    { audio_loopback,        0x0706FFFF, { 39, 40 } },
+    { audio_loopback,        0x0707FFFF, { 37, 42 } },
+    { audio_loopback,        0x0708FFFF, { 38, 42 } },
+    { audio_loopback,        0x0709FFFF, { 39, 42 } },
+    { audio_tgen_gain,       0x01010500, {  2,  6 } },
+    { audio_tgen_gain,       0x01020500, {  2,  8 } },
+    { audio_tgen_gain,       0x01030500, { 10, 12 } },
+    { audio_tgen_gain,       0x01040500, { 14, 16 } },
+    { audio_tgen_gain,       0x01050500, { 14, 15 } },
+    { audio_auan_gain,       0x02010500, { 18, 24 } },
+    { audio_auan_gain,       0x02020500, { 18, 26 } },
+    { audio_auan_gain,       0x02030500, { 30, 31 } },
+    { audio_auan_gain,       0x02040500, {        } },
+    { audio_tgen_auan_gain,  0x03010505, { 14, 15, 30, 31 } },
+    { audio_tgen_auan_gain,  0x03020505, { 14, 16, 30, 31 } },
+    { audio_tgen_auan_gain,  0x03010105, { 30, 31 } }, // step 1 is the working value as it is
+    { audio_lb_sp_gain,      0x05010500, { 13 } },
+    { audio_lb_sp_gain,      0x05020500, {  9 } },
+    { audio_lb_sp_gain,      0x05030500, {  7 } },
+    { audio_lb_mic_gain,     0x06010500, { 25 } },
+    { audio_lb_mic_gain,     0x06020500, { 27 } },
+    { audio_lb_mic_gain,     0x06090500, { 32 } },
+};
+// clang-format on
+
+std::vector<int> slots_touched(const alsa_ctl_entry (&routes)[ALSA_SLOTS][2])
+{
+    std::vector<int> slots;
+    for (const std::string& call : alsa_fake.log)
+        if (const int slot = std::atoi(call.c_str()); slot > 0 && std::ranges::count(slots, slot) == 0)
+            slots.push_back(slot);
+    for (int slot = 0; slot < ALSA_SLOTS && alsa_fake.log.empty(); slot++)
+        if (routes[slot][0].values[ALSA_VALUE_WORKING] != 1)
+            slots.push_back(slot);
+    return slots;
 }
 
 class audio : public testing::Test {
@@ -304,6 +382,27 @@ TEST_F(audio, a_phone_without_a_speaker_has_no_such_routes)
     EXPECT_EQ(audio_tgen_start(0x01010001), AUDIO_FAILED);
     EXPECT_EQ(audio_lb_sp_gain(0x05020100), AUDIO_FAILED);
     EXPECT_EQ(audio_lb_sp_gain(0x06010100), AUDIO_WRONG_PATH);
+}
+
+TEST_F(audio, each_word_touches_the_slots_of_its_row)
+{
+    static alsa_ctl_entry routes[ALSA_SLOTS][2];
+    static alsa_cfg full;
+    full = {alsa_cfg_get()->p_output, p_input, {}};
+    alsa_cfg_attach(&full);
+    for (const touch_row& row : touches) {
+        for (int slot = 2; slot < ALSA_SLOTS; slot++) {
+            routes[slot][0] = {
+                ALSA_GAIN | ALSA_INTEGER, static_cast<unsigned>(slot), 0, {0, 1, 2, 3, 4, 5}, 0};
+            full.p_route[slot] = routes[slot];
+        }
+        routes[0][0] = routes[1][0] = {0, 0, 0, {0, 1}, 0};
+        alsa_fake_reset();
+        EXPECT_EQ(row.run(row.path) == AUDIO_OK, !row.slots.empty() || row.path == 0x0600FFFF) << row.path;
+        alsa_auan_stop();
+        alsa_tgen_stop();
+        EXPECT_EQ(slots_touched(routes), row.slots) << std::hex << row.path;
+    }
 }
 
 TEST_F(audio, codec_files_of_every_kind)
