@@ -36,6 +36,6 @@ class Group extends EventTarget {
 
 export function makeGroups(place) {
   const made = groups.map((group) => new Group(group));
-  place.append(...made.map(({ box }) => box));
+  place.append(element("div", { class: "columns" }, ...made.map(({ box }) => box)));
   words.addEventListener("read", () => made.forEach((group) => group.look()));
 }
