@@ -37,19 +37,23 @@ class Scroll {
   }
 }
 
-// The names of the program's commands, once the station has asked for them: the answer to `list`.
+// The names of the program's commands, once a station has asked for them: the answer to `list`.
 class Names {
   constructor() {
     this.all = [];
-    this.heard = "";
+    this.heard = null; // the answer so far
+  }
+
+  sent(text) {
+    this.heard = text.trim() === "list" ? "" : null;
   }
 
   hear(text) {
-    this.heard = (this.heard + text).slice(-60000);
-    const found = /(?:^|\n)LIST:([^\r\n]*)/.exec(this.heard);
-    if (!found) return;
-    this.all = [...new Set(found[1].split(/[^A-Za-z0-9_]+/).filter((name) => /^[a-z]/.test(name)))].sort();
-    this.heard = "";
+    if (this.heard === null) return;
+    this.heard += text;
+    if (!/\bOK\s*$/.test(this.heard)) return;
+    this.all = [...new Set(this.heard.match(/\b[a-z]\w*/g))].sort();
+    this.heard = null;
   }
 }
 
@@ -64,7 +68,8 @@ export function makeConsole() {
     if (line === "...") scroll.add("...\n", "note");
     if (!sent && !line.startsWith("> ")) return;
     if (sent !== fromStation && fromStation !== null && !scroll.box.textContent.endsWith("\n")) scroll.add("\n");
-    if (!sent) names.hear(text);
+    if (sent) names.sent(text);
+    else names.hear(text);
     scroll.add(text, sent ? "sent" : "");
     fromStation = sent;
   }
