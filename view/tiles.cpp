@@ -101,14 +101,29 @@ void append(std::vector<std::uint8_t>& out, const void* p, std::size_t size)
     out.insert(out.end(), bytes, bytes + size);
 }
 
+// Where the run that begins at `i` ends; two pixels are looked at at once.
+std::size_t run_end(const std::uint32_t* pixels, std::size_t i, std::size_t count)
+{
+    const std::uint32_t first = pixels[i];
+    const std::uint64_t pair = std::uint64_t{first} << 32 | first;
+    std::uint64_t next[2];
+    for (; i + 4 <= count; i += 4) {
+        std::memcpy(next, pixels + i, sizeof next);
+        if (((next[0] ^ pair) | (next[1] ^ pair)) != 0)
+            break;
+    }
+    while (i < count && pixels[i] == first)
+        i++;
+    return i;
+}
+
 // Length and pixel by turns; 0 when that would be longer than the pixels themselves.
 std::size_t make_runs(const std::uint32_t* pixels, std::size_t count, std::uint32_t* runs)
 {
     std::size_t at = 0;
     for (std::size_t i = 0; i < count;) {
         const std::size_t start = i;
-        while (i < count && pixels[i] == pixels[start])
-            i++;
+        i = run_end(pixels, i, count);
         if (at + 2 > count)
             return 0;
         runs[at++] = static_cast<std::uint32_t>(i - start);
