@@ -45,7 +45,7 @@ void tell_changes()
 {
     for (auto& [name, l] : all) {
         std::string value = digits(l.path);
-        if (value == l.value)
+        if (value.empty() || value == l.value) // empty: somebody is about to write it
             continue;
         l.value = std::move(value);
         for (const page_ref& p : *p_pages)

@@ -70,8 +70,10 @@ TEST_F(Watch, AClientThatGoesWhileItWaitsIsForgotten)
 
 TEST_F(Watch, TheMemoryOfTheScreenIsHandedOutToBeRead)
 {
+    ask("watch 0 screen");
     say("key 116 tap");
-    say("idle");
+    while (ask("pixel 500 30") == "000000") // until the menu is drawn
+        ASSERT_EQ(ask("watch 10000 screen"), "screen 0");
     constexpr std::string_view request = "screen share\n";
     ASSERT_EQ(send(fd, request.data(), request.size(), MSG_NOSIGNAL), static_cast<ssize_t>(request.size()));
     char text[256] = "";
