@@ -17,15 +17,22 @@ class Desk:
         self.dir = tempfile.mkdtemp(prefix="hvt-page-")
         with open(self.dir + "/phone.conf", "w") as file:
             file.write(conf)
+        self.serve(18770)
+
+    def serve(self, port):
+        """Starts the server, and the phone unless it runs."""
         self.view = subprocess.Popen(
-            [BUILD + "/view/hvt-view", "--no-browser", "--port", "18770", self.dir], stdout=subprocess.PIPE, text=True
+            [BUILD + "/view/hvt-view", "--no-browser", "--port", str(port), self.dir], stdout=subprocess.PIPE, text=True
         )
         self.address = re.search(r"http://\S+", self.view.stdout.readline()).group()
 
-    def close(self):
+    def end_server(self):
         self.view.terminate()
         self.view.wait()
         self.view.stdout.close()
+
+    def close(self):
+        self.end_server()
         self.off()
         shutil.rmtree(self.dir, ignore_errors=True)
 

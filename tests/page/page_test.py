@@ -173,6 +173,39 @@ class Page(unittest.TestCase):
         self.browser.until(IS_ON)
         self.until_same(points)
 
+    def test_the_page_says_that_its_server_has_gone_or_is_another(self):
+        self.desk.end_server()
+        self.until_text("#state", "server has gone")
+        self.desk.serve(int(self.desk.address.split(":")[2].split("/")[0]))
+        self.until_text("#state", "started anew")
+        self.browser.open(self.desk.address)
+        self.browser.until(IS_ON)
+
+    def test_what_the_speaker_plays_is_heard_as_it_goes_on(self):
+        self.browser.run("""
+          window.pieces = [];
+          const start = AudioBufferSourceNode.prototype.start;
+          AudioBufferSourceNode.prototype.start = function (at) {
+            window.pieces.push([at, this.buffer.duration, [...this.buffer.getChannelData(0)]]);
+            return start.call(this, at);
+          };
+          for (const group of document.querySelectorAll(".group")) group.open = true;""")
+        self.desk.station("aloop=1,1,1")
+        self.until_text("[aria-label='What is heard']", "1000 Hz")
+        hear = "[...document.querySelectorAll('button')].find((one) => one.textContent === 'Hear it').click();"
+        self.browser.run(hear)
+        self.browser.until("return window.pieces.length > 8;")
+        self.browser.run(hear)
+        self.desk.station("aloop=0")
+        pieces = self.browser.run("return window.pieces;")
+        for (at, lasts, _), (following, _, _) in zip(pieces, pieces[1:]):
+            self.assertAlmostEqual(at + lasts, following, delta=0.001, msg="no gap")
+        self.assertLess(pieces[-1][0] - pieces[1][0], 0.5 * (len(pieces) - 2), "it doesn't fall behind")
+        samples = [sample for _, _, piece in pieces for sample in piece]
+        peak = max(map(abs, samples))
+        # A tone of 1000 Hz at 48000 samples a second moves by at most 2 pi / 48 of its peak.
+        self.assertLess(max(abs(a - b) for a, b in zip(samples, samples[1:])), 0.2 * peak, "no click")
+
     def test_what_a_log_has_is_filtered_and_paused(self):
         self.browser.click("[aria-controls=pane-kernel]")
         self.until_text("#pane-kernel .scroll", "phone")

@@ -2,10 +2,11 @@ import { element, note } from "../dom.js";
 import { button, choice, field, follow, output, row, say, wordChoice } from "../kit.js";
 import { link } from "../link.js";
 
-const pieceMs = 500;
+const pieceMs = 1000;
 const everyMs = 400; // pieces overlap, and are laid together where they are the same
-const aheadS = 0.25;
+const aheadS = 0.6; // how late a piece may come
 const matchSamples = 400;
+const searchSamples = 4800;
 const headBytes = 44;
 const mineName = `hear-${Math.random().toString(36).slice(2, 10)}.wav`;
 
@@ -15,17 +16,20 @@ function samplesOf(wav) {
   return { rate: view.getUint32(24, true), samples: Float32Array.from(raw, (sample) => sample / 32768) };
 }
 
-// Where in `samples` the piece before goes on: behind the place that is most like its end.
-function joint(tail, samples) {
-  let best = 0;
+// Where in `samples` the piece before goes on: behind the place that is most like its end, looked for round the
+// one where it should be by the time that has passed. A tone has many that are alike; the nearest is meant.
+function joint(tail, samples, expected) {
+  let best = expected;
   let least = Infinity;
-  for (let at = 0; at + tail.length < samples.length; at++) {
-    let differs = 0;
-    for (let i = 0; i < tail.length && differs < least; i += 4) differs += Math.abs(samples[at + i] - tail[i]);
-    if (differs < least) [least, best] = [differs, at];
-    if (least === 0) break;
+  for (let away = 0; away < searchSamples && least > 0; away++) {
+    for (const at of [expected - away, expected + away]) {
+      if (at < tail.length || at > samples.length) continue;
+      let differs = 0;
+      for (let i = 0; i < tail.length && differs < least; i += 4) differs += Math.abs(samples[at - tail.length + i] - tail[i]);
+      if (differs < least) [least, best] = [differs, at];
+    }
   }
-  return best + tail.length;
+  return Math.max(0, Math.min(samples.length, best));
 }
 
 class Ear {
@@ -34,6 +38,7 @@ class Ear {
     this.context = new AudioContext();
     this.ends = this.context.currentTime + aheadS;
     this.tail = null;
+    this.askedAt = performance.now();
     this.timer = setInterval(() => this.next(), everyMs);
   }
 
@@ -47,15 +52,18 @@ class Ear {
     if (link.state !== "on" || document.hidden) return;
     try {
       await link.ask(`listen ${this.output} ${mineName} ${pieceMs}`);
-      this.play(samplesOf(await (await fetch(`files/${mineName}`)).arrayBuffer()));
+      const passedMs = performance.now() - this.askedAt;
+      this.askedAt = performance.now();
+      this.play(passedMs, samplesOf(await (await fetch(`files/${mineName}`)).arrayBuffer()));
     } catch (error) {
       note(error.message);
     }
   }
 
-  play({ rate, samples }) {
+  play(passedMs, { rate, samples }) {
     if (!this.context || samples.length <= matchSamples) return;
-    const from = this.tail ? joint(this.tail, samples) : 0;
+    const expected = samples.length - Math.round((passedMs * rate) / 1000);
+    const from = this.tail && expected > 0 ? joint(this.tail, samples, expected) : 0;
     this.tail = samples.slice(-matchSamples);
     const fresh = samples.subarray(from);
     if (fresh.length === 0) return;
