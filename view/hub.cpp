@@ -75,6 +75,8 @@ void take_changes(std::string_view lines)
             screens_changed(line.substr(7));
         else if (line.starts_with("log "))
             logs_changed(line.substr(4));
+        else if (line == "lost") // more changes than are kept
+            screens_look_anew();
         else
             for (const page_ref& p : pages)
                 page_tell_some(*p, std::string(line));

@@ -108,13 +108,18 @@ void screens_changed(std::string_view slot)
     screens_look();
 }
 
+void screens_look_anew()
+{
+    for (display& d : displays)
+        d.stale = true;
+    screens_look();
+}
+
 void screens_renew()
 {
-    for (display& d : displays) {
+    for (display& d : displays)
         unmap(d);
-        d.stale = true;
-    }
-    screens_look();
+    screens_look_anew();
 }
 
 void screens_look()

@@ -15,6 +15,9 @@ void screens_open(const std::string& dir, const std::vector<page_ref>& pages);
 // The display of that slot may show something else.
 void screens_changed(std::string_view slot);
 
+// Any display may.
+void screens_look_anew();
+
 // All displays may, and their memory is another's: the phone has come on.
 void screens_renew();
 

@@ -124,7 +124,9 @@ export function makeRequests() {
       }
     },
   });
-  link.addEventListener("word", ({ detail: { text } }) => scroll.add(`said: ${text}\n`, "note"));
+  link.addEventListener("word", ({ detail: { text, own } }) => {
+    if (!own) scroll.add(`another said: ${text}\n`, "note");
+  });
   return {
     name: "Requests",
     box: element("div", { class: "pane" }, scroll.box, element("div", { class: "row" }, line.box)),

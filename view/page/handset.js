@@ -16,7 +16,7 @@ const coarse = 40; // panel pixels that an arrow key moves the pointer, 8 with S
 const fine = 8;
 
 function hand(request) {
-  if (!link.send(`hand ${request}`)) note("The page's server has gone.");
+  if (!link.hand(request)) note("The page's server has gone.");
 }
 
 function keyButton(key) {

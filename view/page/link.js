@@ -1,10 +1,11 @@
 // The one connection to the server: requests with their answers, and what the server tells unasked. It comes
 // back by itself; a hidden page wants nothing.
 //
-// Events: "state" {text: on, off, gone, lost or stranger}, "word" {text}, "log" {name, text, whole},
+// Events: "state" {text: on, off, gone, lost or stranger}, "word" {text, own: this page said it}, "log" {name, text, whole},
 // "lamp" {name, value}, "said" {text}, "picture" {data}.
 
 const retryMs = 500;
+const ownKept = 200;
 
 class Link extends EventTarget {
   constructor() {
@@ -13,6 +14,7 @@ class Link extends EventTarget {
     this.wishes = new Map(); // wish: how many parts of the page have it
     this.waiting = new Map(); // id: what an answer resolves
     this.nextId = 1;
+    this.own = []; // what this page has said lately
     this.wanted = null; // what the server was told last
     document.addEventListener("visibilitychange", () => this.sendWishes());
   }
@@ -62,7 +64,7 @@ class Link extends EventTarget {
     const kind = head.slice(0, at);
     const rest = head.slice(at + 1);
     if (kind === "phone") this.setState(rest);
-    else if (kind === "word") this.tell("word", { text: rest });
+    else if (kind === "word") this.tell("word", { text: rest, own: this.own.includes(rest) });
     else if (kind === "log" || kind === "tail") this.tell("log", { name: rest, text: body, whole: kind === "tail" });
     else if (kind === "said") this.tell("said", { text: rest });
     else if (kind === "answer") this.answer(rest, body);
@@ -87,9 +89,21 @@ class Link extends EventTarget {
     return open;
   }
 
+  remember(request) {
+    this.own.push(request);
+    this.own.splice(0, this.own.length - ownKept);
+  }
+
+  // A touch or a key, which no long request holds up.
+  hand(request) {
+    this.remember(request);
+    return this.send(`hand ${request}`);
+  }
+
   // A request to the control port: its answer, or an Error with the reason.
   ask(request) {
     const id = String(this.nextId++);
+    this.remember(request);
     return new Promise((resolve, reject) => {
       this.waiting.set(id, { resolve, reject });
       if (this.send(`ask ${id} ${request}`)) return;

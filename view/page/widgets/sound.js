@@ -38,6 +38,7 @@ class Ear {
     this.context = new AudioContext();
     this.ends = this.context.currentTime + aheadS;
     this.tail = null;
+    this.busy = false; // a piece is on its way
     this.askedAt = performance.now();
     this.timer = setInterval(() => this.next(), everyMs);
   }
@@ -49,7 +50,8 @@ class Ear {
   }
 
   async next() {
-    if (link.state !== "on" || document.hidden) return;
+    if (this.busy || link.state !== "on" || document.hidden) return;
+    this.busy = true;
     try {
       await link.ask(`listen ${this.output} ${mineName} ${pieceMs}`);
       const passedMs = performance.now() - this.askedAt;
@@ -58,6 +60,7 @@ class Ear {
     } catch (error) {
       note(error.message);
     }
+    this.busy = false;
   }
 
   play(passedMs, { rate, samples }) {
