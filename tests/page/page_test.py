@@ -188,6 +188,21 @@ class Page(unittest.TestCase):
         self.browser.until(IS_ON)
         self.until_same(points)
 
+    def test_a_hidden_page_is_sent_nothing_and_catches_up(self):
+        points = self.menu()
+        self.browser.run("""
+          window.shown = 0;
+          document.getElementById("panel").addEventListener("shown", () => window.shown++);
+          Object.defineProperty(document, "hidden", { value: true, configurable: true });
+          document.dispatchEvent(new Event("visibilitychange"));""")
+        time.sleep(0.5)
+        before = self.browser.run("return window.shown;")
+        self.desk.station("lcdl=1", "dclr=0,200,0,0", "dclr=0,0,200,0")
+        time.sleep(0.5)
+        self.assertEqual(self.browser.run("return window.shown;"), before)
+        self.browser.run("delete document.hidden; document.dispatchEvent(new Event('visibilitychange'));")
+        self.assertEqual(set(self.until_same(points)), {"00C800"})
+
     def test_the_page_says_that_its_server_has_gone_or_is_another(self):
         self.desk.end_server()
         self.until_text("#state", "server has gone")
