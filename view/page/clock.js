@@ -18,13 +18,28 @@ export function makeClock(place) {
   let [base, readAt, speed, held] = [0, 0, 1, false];
   const told = element("output", { class: "time", "aria-label": "The phone's clock" }, "--:--:--");
   const hold = button("Hold", () => say(held ? "clock run" : "clock hold"), { "aria-pressed": "false" });
-  const step = element("select", { "aria-label": "Step the clock by" }, ...[["1000", "1 s"], ["60000", "1 min"], ["3600000", "1 h"], ["86400000", "1 day"]].map(([value, name]) => element("option", { value }, name)));
+  const step = element(
+    "select",
+    { "aria-label": "Step the clock by" },
+    ...[
+      ["1000", "1 s"],
+      ["60000", "1 min"],
+      ["3600000", "1 h"],
+      ["86400000", "1 day"],
+    ].map(([value, name]) => element("option", { value }, name)),
+  );
   const factor = element(
     "select",
     { "aria-label": "How many times as fast as real time", onchange: () => say(`speed ${factor.value}`) },
     ...["1", "2", "5", "10", "100", "1000"].map((value) => element("option", { value }, `× ${value}`)),
   );
-  place.append(told, hold, step, button("Step", () => say(`clock +${step.value}`)), factor);
+  place.append(
+    told,
+    hold,
+    step,
+    button("Step", () => say(`clock +${step.value}`)),
+    factor,
+  );
 
   const show = () => (told.textContent = text(base + (held ? 0 : (performance.now() - readAt) * speed)));
 

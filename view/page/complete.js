@@ -23,7 +23,13 @@ export function makeLine({ label, name, hint, candidates, enter, clear = true })
   let shown = [];
   let picked = -1;
   const listId = `list${lists++}`;
-  const list = element("ul", { class: "choices", id: listId, role: "listbox", "aria-label": label, hidden: true });
+  const list = element("ul", {
+    class: "choices",
+    id: listId,
+    role: "listbox",
+    "aria-label": label,
+    hidden: true,
+  });
   const input = element("input", {
     type: "text",
     "aria-label": label,
@@ -50,12 +56,22 @@ export function makeLine({ label, name, hint, candidates, enter, clear = true })
 
   function show() {
     const text = input.value;
-    shown = text === "" ? [] : candidates(text).filter((one) => one.value !== text).slice(0, shownLimit);
+    shown =
+      text === ""
+        ? []
+        : candidates(text)
+            .filter((one) => one.value !== text)
+            .slice(0, shownLimit);
     list.replaceChildren(
       ...shown.map((one, i) =>
         element(
           "li",
-          { role: "option", id: `${listId}-${i}`, "aria-selected": "false", onpointerdown: (event) => take(event, one) },
+          {
+            role: "option",
+            id: `${listId}-${i}`,
+            "aria-selected": "false",
+            onpointerdown: (event) => take(event, one),
+          },
           element("b", {}, one.value),
           element("span", {}, one.note ?? ""),
         ),
@@ -126,8 +142,8 @@ export function makeLine({ label, name, hint, candidates, enter, clear = true })
     if (event.key === "Enter") send();
     else if (event.key === "Tab" && !event.shiftKey) tab(event);
     else if (event.key === "Escape" && isOpen) hide();
-    else if (event.key === "ArrowDown" && isOpen) pick(1), event.preventDefault();
-    else if (event.key === "ArrowUp" && isOpen) pick(-1), event.preventDefault();
+    else if (event.key === "ArrowDown" && isOpen) (pick(1), event.preventDefault());
+    else if (event.key === "ArrowUp" && isOpen) (pick(-1), event.preventDefault());
     else if (event.key === "ArrowUp") recall(-1, event);
     else if (event.key === "ArrowDown") recall(1, event);
   }

@@ -10,7 +10,9 @@ const charactersKept = 200000;
 const escapes = { r: "\r", n: "\n", t: "\t", 0: "\0", "\\": "\\" };
 
 function unescaped(text) {
-  return text.replace(/\\(x([0-9a-fA-F]{2})|.)/g, (all, one, hex) => (hex ? String.fromCharCode(parseInt(hex, 16)) : (escapes[one] ?? all)));
+  return text.replace(/\\(x([0-9a-fA-F]{2})|.)/g, (all, one, hex) =>
+    hex ? String.fromCharCode(parseInt(hex, 16)) : (escapes[one] ?? all),
+  );
 }
 
 // Text that stays at its end while it grows, unless somebody has scrolled up.
@@ -67,7 +69,8 @@ export function makeConsole() {
     const text = unescaped(line.slice(2)).replace(/\r\n?/g, "\n");
     if (line === "...") scroll.add("...\n", "note");
     if (!sent && !line.startsWith("> ")) return;
-    if (sent !== fromStation && fromStation !== null && !scroll.box.textContent.endsWith("\n")) scroll.add("\n");
+    if (sent !== fromStation && fromStation !== null && !scroll.box.textContent.endsWith("\n"))
+      scroll.add("\n");
     if (sent) names.sent(text);
     else names.hear(text);
     scroll.add(text, sent ? "sent" : "");

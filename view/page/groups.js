@@ -9,10 +9,19 @@ class Group extends EventTarget {
   constructor({ name, open = false, widgets }) {
     super();
     this.key = `group ${name}`;
-    this.box = element("details", { class: "group", ontoggle: () => this.toggled() }, element("summary", {}, name));
+    this.box = element(
+      "details",
+      { class: "group", ontoggle: () => this.toggled() },
+      element("summary", {}, name),
+    );
     this.widgets = widgets.map((widget) => ({
       ...widget,
-      box: element("section", { class: "widget", "aria-label": widget.title }, element("h3", {}, widget.title), ...widget.make(this)),
+      box: element(
+        "section",
+        { class: "widget", "aria-label": widget.title },
+        element("h3", {}, widget.title),
+        ...widget.make(this),
+      ),
     }));
     this.box.append(element("div", { class: "widgets" }, ...this.widgets.map(({ box }) => box)));
     this.box.open = (localStorage.getItem(this.key) ?? String(open)) === "true";

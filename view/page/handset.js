@@ -169,7 +169,10 @@ function lamps(frame) {
       const lit = now.red + now.green + now.blue > 0;
       led.style.background = lit ? `rgb(${now.red} ${now.green} ${now.blue})` : "";
       led.classList.toggle("lit", lit);
-      led.setAttribute("aria-label", lit ? `LED red ${now.red} green ${now.green} blue ${now.blue}` : "LED off");
+      led.setAttribute(
+        "aria-label",
+        lit ? `LED red ${now.red} green ${now.green} blue ${now.blue}` : "LED off",
+      );
     } else if (name === "vib") {
       frame.classList.toggle("shakes", value > 0);
       frame.style.setProperty("--shake", `${Math.min(4, value / 1000)}px`);
@@ -189,7 +192,10 @@ export function makeHandset(place) {
   const frame = element("div", { class: "frame" });
   frame.append(lamps(frame), glass, veil);
   new Finger(panel.canvas, cross);
-  place.append(frame, element("div", { class: "keys", role: "group", "aria-label": "Keys" }, ...keys.map(keyButton)));
+  place.append(
+    frame,
+    element("div", { class: "keys", role: "group", "aria-label": "Keys" }, ...keys.map(keyButton)),
+  );
   const fit = () => frame.style.setProperty("--ratio", panel.canvas.width / panel.canvas.height);
   panel.canvas.addEventListener("resized", fit);
   fit();

@@ -43,7 +43,12 @@ export function choice(label, values, chosen) {
   const buttons = Object.entries(values).map(([value, name]) =>
     element("button", { "aria-pressed": "false", "data-value": value, onclick: () => chosen(value) }, name),
   );
-  const box = element("div", { class: "choice", role: "group", "aria-label": label }, element("span", { class: "label" }, label), ...buttons);
+  const box = element(
+    "div",
+    { class: "choice", role: "group", "aria-label": label },
+    element("span", { class: "label" }, label),
+    ...buttons,
+  );
   const set = (value) => {
     for (const button of buttons) button.setAttribute("aria-pressed", String(button.dataset.value === value));
   };
@@ -59,7 +64,10 @@ export function wordChoice(group, label, word, values) {
 
 export function field(label, attributes) {
   const input = element("input", { type: "number", ...attributes });
-  return { box: element("label", { class: "field" }, element("span", { class: "label" }, label), input), input };
+  return {
+    box: element("label", { class: "field" }, element("span", { class: "label" }, label), input),
+    input,
+  };
 }
 
 export function button(text, clicked, attributes = {}) {
@@ -102,5 +110,8 @@ export function slider(label, { min, max, step = 1, unit = "", toText = String, 
     tell();
   };
   tell();
-  return { box: element("label", { class: "slider" }, element("span", { class: "label" }, label), input, told), set };
+  return {
+    box: element("label", { class: "slider" }, element("span", { class: "label" }, label), input, told),
+    set,
+  };
 }

@@ -1,8 +1,8 @@
 // The one connection to the server: requests with their answers, and what the server tells unasked. It comes
 // back by itself; a hidden page wants nothing.
 //
-// Events: "state" {text: on, off, gone, lost or stranger}, "word" {text, own: this page said it}, "log" {name, text, whole},
-// "lamp" {name, value}, "said" {text}, "picture" {data}.
+// Events: "state" {text: on, off, gone, lost or stranger}, "word" {text, own: this page said it},
+// "log" {name, text, whole}, "lamp" {name, value}, "said" {text}, "picture" {data}.
 
 const retryMs = 500;
 const ownKept = 200;
@@ -65,7 +65,8 @@ class Link extends EventTarget {
     const rest = head.slice(at + 1);
     if (kind === "phone") this.setState(rest);
     else if (kind === "word") this.tell("word", { text: rest, own: this.own.includes(rest) });
-    else if (kind === "log" || kind === "tail") this.tell("log", { name: rest, text: body, whole: kind === "tail" });
+    else if (kind === "log" || kind === "tail")
+      this.tell("log", { name: rest, text: body, whole: kind === "tail" });
     else if (kind === "said") this.tell("said", { text: rest });
     else if (kind === "answer") this.answer(rest, body);
     else if (kind === "lamp") {

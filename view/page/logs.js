@@ -16,7 +16,11 @@ class LogView {
       placeholder: "only lines with ...",
       oninput: () => this.render(),
     });
-    this.pause = element("button", { "aria-pressed": "false", onclick: () => this.setPaused(!this.paused) }, "Pause");
+    this.pause = element(
+      "button",
+      { "aria-pressed": "false", onclick: () => this.setPaused(!this.paused) },
+      "Pause",
+    );
     this.paused = false;
     this.render = throttled(60, () => this.draw());
   }
@@ -66,7 +70,14 @@ class LogView {
       "div",
       { class: "pane" },
       this.text,
-      element("div", { class: "row" }, this.filter, this.pause, element("button", { onclick: () => this.copy() }, "Copy"), ...more),
+      element(
+        "div",
+        { class: "row" },
+        this.filter,
+        this.pause,
+        element("button", { onclick: () => this.copy() }, "Copy"),
+        ...more,
+      ),
     );
   }
 }

@@ -13,7 +13,13 @@ export function makeTabs(place, label, panes) {
     pane.box.hidden = true;
     return element(
       "button",
-      { role: "tab", "aria-selected": "false", "aria-controls": pane.box.id, tabindex: "-1", onclick: () => show(i) },
+      {
+        role: "tab",
+        "aria-selected": "false",
+        "aria-controls": pane.box.id,
+        tabindex: "-1",
+        onclick: () => show(i),
+      },
       pane.name,
     );
   });

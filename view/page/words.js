@@ -28,7 +28,10 @@ class Words extends EventTarget {
   offered(name, place) {
     const { usage } = this.all.get(name) ?? { usage: "" };
     const found = new Set();
-    const parts = usage.slice(name.length).trim().split(/ (?![^[]*\])| \| /);
+    const parts = usage
+      .slice(name.length)
+      .trim()
+      .split(/ (?![^[]*\])| \| /);
     const part = place === 1 ? usage.slice(name.length) : (parts[place - 1] ?? "");
     for (const one of part.split(/[[\]| .]+/)) if (/^[a-z][a-z0-9]*$/.test(one)) found.add(one);
     return [...found];
@@ -39,7 +42,10 @@ class Words extends EventTarget {
     const name = text.split(" ", 1)[0];
     if (!text.includes(" ")) {
       const fits = [...this.all].filter(([word]) => word.startsWith(name));
-      return fits.map(([word, { usage, help }]) => ({ value: `${word} `.trimEnd(), note: `${usage.slice(word.length)} ${help}` }));
+      return fits.map(([word, { usage, help }]) => ({
+        value: `${word} `.trimEnd(),
+        note: `${usage.slice(word.length)} ${help}`,
+      }));
     }
     const cut = text.lastIndexOf(" ") + 1;
     const place = text.slice(0, cut).trim().split(/ +/).length;

@@ -25,7 +25,12 @@ export const broadcast = {
     });
     return [
       list,
-      row(channel.box, level.box, button("Put on", () => say(`broadcast ${channel.input.value} level ${level.input.value}`)), button("All off", () => say("broadcast off"))),
+      row(
+        channel.box,
+        level.box,
+        button("Put on", () => say(`broadcast ${channel.input.value} level ${level.input.value}`)),
+        button("All off", () => say("broadcast off")),
+      ),
     ];
   },
 };
@@ -36,9 +41,16 @@ export const tuner = {
   make: (group) => {
     const told = output("What the stream does next");
     follow(group, "stream", (answer) => (told.textContent = `next: ${answer}`));
-    const next = (kind) => button(kind, () => say(`stream ${kind} 5`), { title: `The next 5 packets: ${kind}` });
+    const next = (kind) =>
+      button(kind, () => say(`stream ${kind} 5`), { title: `The next 5 packets: ${kind}` });
     return [
-      wordChoice(group, "Demodulator", "tuner", { good: "good", noload: "no load", badrom: "bad ROM", nocal: "no calibration", nosettle: "doesn't settle" }),
+      wordChoice(group, "Demodulator", "tuner", {
+        good: "good",
+        noload: "no load",
+        badrom: "bad ROM",
+        nocal: "no calibration",
+        nosettle: "doesn't settle",
+      }),
       row(told, ...["error", "nosync", "gap", "filler"].map(next)),
     ];
   },

@@ -10,7 +10,11 @@ function before(number, title) {
       const told = output(`Before the ${title}`);
       const word = `scene ${number}`;
       const tilt = field("Tilt", { min: "-360", max: "360", value: "10" });
-      const [y, u, v] = [["Y", 118], ["U", 128], ["V", 128]].map(([name, value]) => field(name, { min: "0", max: "255", value: String(value) }));
+      const [y, u, v] = [
+        ["Y", 118],
+        ["U", 128],
+        ["V", 128],
+      ].map(([name, value]) => field(name, { min: "0", max: "255", value: String(value) }));
       const base = choice("Shows", { chart: "chart", flat: "flat", tilt: "tilted" }, (value) => {
         if (value === "chart") say(`${word} chart`);
         if (value === "flat") say(`${word} flat ${y.input.value} ${u.input.value} ${v.input.value}`);
@@ -32,7 +36,15 @@ function before(number, title) {
         told.textContent = answer.replace(/\S*\//g, "");
         base.set(answer.split(" ", 1)[0]);
       });
-      return [base.box, row(y.box, u.box, v.box, tilt.box), element("label", { class: "field" }, "Picture ", file), row(told, button("Chart again", () => say(`${word} chart`)))];
+      return [
+        base.box,
+        row(y.box, u.box, v.box, tilt.box),
+        element("label", { class: "field" }, "Picture ", file),
+        row(
+          told,
+          button("Chart again", () => say(`${word} chart`)),
+        ),
+      ];
     },
   };
 }

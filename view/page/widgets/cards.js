@@ -13,7 +13,13 @@ export const memoryCard = {
       in_out.set(state);
       if (document.activeElement !== size.input) size.input.value = mib ?? "";
     });
-    return [in_out.box, row(size.box, button("Take one of this size", () => say(`card size ${size.input.value}`)))];
+    return [
+      in_out.box,
+      row(
+        size.box,
+        button("Take one of this size", () => say(`card size ${size.input.value}`)),
+      ),
+    ];
   },
 };
 
@@ -21,7 +27,9 @@ export const sim = {
   title: "SIM",
   needs: ["gpio"],
   make: (group) => {
-    const in_out = choice("SIM", { 1: "in", 0: "out", free: "as it is" }, (value) => say(`gpio ${simLine} ${value}`));
+    const in_out = choice("SIM", { 1: "in", 0: "out", free: "as it is" }, (value) =>
+      say(`gpio ${simLine} ${value}`),
+    );
     follow(group, `gpio ${simLine}`, (answer) => in_out.set(answer.split(" ")[0]));
     return [in_out.box];
   },

@@ -21,7 +21,12 @@ export const faults = {
     const kind = element(
       "select",
       { "aria-label": "How it fails" },
-      ...[["eio", "error"], ["short", "short transfer"], ["eof", "end of file"], ["slow", "slow"]].map(([value, name]) => element("option", { value }, name)),
+      ...[
+        ["eio", "error"],
+        ["short", "short transfer"],
+        ["eof", "end of file"],
+        ["slow", "slow"],
+      ].map(([value, name]) => element("option", { value }, name)),
     );
     const ms = field("ms", { min: "0", max: "3600000", value: "1000" });
     const armed = element("ul", { class: "list", "aria-label": "What was armed" });
@@ -35,16 +40,20 @@ export const faults = {
       if (text === "fail off") armed.replaceChildren();
       else if (text.startsWith("fail ")) armed.append(element("li", {}, text.slice(5)));
     });
-    const record = button("Record calls", async () => {
-      const on = record.getAttribute("aria-pressed") !== "true";
-      if (on && (await say("calls on")) === null) return;
-      if (!on) {
-        offered = [...new Set(((await say("calls")) ?? "").split("\n"))].filter((one) => one !== "").sort();
-        say("calls off");
-        note(`${offered.length} different calls are offered.`);
-      }
-      record.setAttribute("aria-pressed", String(on));
-    }, { "aria-pressed": "false", title: "What the program calls until this is pressed again is offered" });
+    const record = button(
+      "Record calls",
+      async () => {
+        const on = record.getAttribute("aria-pressed") !== "true";
+        if (on && (await say("calls on")) === null) return;
+        if (!on) {
+          offered = [...new Set(((await say("calls")) ?? "").split("\n"))].filter((one) => one !== "").sort();
+          say("calls off");
+          note(`${offered.length} different calls are offered.`);
+        }
+        record.setAttribute("aria-pressed", String(on));
+      },
+      { "aria-pressed": "false", title: "What the program calls until this is pressed again is offered" },
+    );
     const off = button("All off", async () => {
       const left = await say("fail off");
       if (left !== null) note(`${left} of them had not been reached.`);

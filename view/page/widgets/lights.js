@@ -6,7 +6,10 @@ export const brightness = {
   title: "LEDs, backlights and motor",
   needs: ["led"],
   make: () => {
-    const list = element("ul", { class: "list", "aria-label": "Brightness of each lamp, voltage of the motor" });
+    const list = element("ul", {
+      class: "list",
+      "aria-label": "Brightness of each lamp, voltage of the motor",
+    });
     const rows = new Map();
     link.addEventListener("lamp", ({ detail: { name, value } }) => {
       if (!rows.has(name)) {

@@ -20,13 +20,22 @@ const degrees = (radians) => (radians * 180) / Math.PI;
 const radians = (inDegrees) => (inDegrees * Math.PI) / 180;
 
 function makeBody(turned) {
-  const body = element("div", { class: "body" }, element("div", { class: "front" }, "HVT"), element("div", { class: "back" }));
-  const box = element("div", {
-    class: "space",
-    tabindex: "0",
-    role: "application",
-    "aria-label": "The phone's pose: drag it, or turn it with the arrow keys",
-  }, body);
+  const body = element(
+    "div",
+    { class: "body" },
+    element("div", { class: "front" }, "HVT"),
+    element("div", { class: "back" }),
+  );
+  const box = element(
+    "div",
+    {
+      class: "space",
+      tabindex: "0",
+      role: "application",
+      "aria-label": "The phone's pose: drag it, or turn it with the arrow keys",
+    },
+    body,
+  );
   let [a, b] = [0, 0];
   let last = null;
   const show = () => (body.style.transform = `rotateX(${degrees(a)}deg) rotateY(${degrees(b)}deg)`);
@@ -48,7 +57,9 @@ function makeBody(turned) {
   for (const end of ["pointerup", "pointercancel"]) box.addEventListener(end, () => (last = null));
   box.addEventListener("keydown", (event) => {
     const step = keyDegrees / degreesAPixel;
-    const move = { ArrowLeft: [-step, 0], ArrowRight: [step, 0], ArrowUp: [0, -step], ArrowDown: [0, step] }[event.key];
+    const move = { ArrowLeft: [-step, 0], ArrowRight: [step, 0], ArrowUp: [0, -step], ArrowDown: [0, step] }[
+      event.key
+    ];
     if (!move) return;
     event.preventDefault();
     turn(...move);
@@ -63,7 +74,9 @@ function makeBody(turned) {
 
 // Three numbers of one word.
 function axes(group, word, unit, limit) {
-  const inputs = ["X", "Y", "Z"].map((name) => field(name, { min: String(-limit), max: String(limit), step: "any" }));
+  const inputs = ["X", "Y", "Z"].map((name) =>
+    field(name, { min: String(-limit), max: String(limit), step: "any" }),
+  );
   const send = () => say(`${word} ${inputs.map((one) => Number(one.input.value)).join(" ")}`);
   follow(group, word, (answer) => {
     if (inputs.some((one) => one.input === document.activeElement)) return;
@@ -73,7 +86,11 @@ function axes(group, word, unit, limit) {
     one.input.addEventListener("keydown", (event) => {
       if (event.key === "Enter") send();
     });
-  return row(...inputs.map((one) => one.box), element("span", { class: "unit" }, unit), button("Set", send, { "aria-label": `Set ${word}` }));
+  return row(
+    ...inputs.map((one) => one.box),
+    element("span", { class: "unit" }, unit),
+    button("Set", send, { "aria-label": `Set ${word}` }),
+  );
 }
 
 export const pose = {
@@ -85,7 +102,12 @@ export const pose = {
     const named = (name, values) => button(name, () => say(`pose ${values}`));
     return [
       body.box,
-      row(named("On its back", "0 0 1000"), named("Upright", "0 1000 0"), named("On its side", "1000 0 0"), named("On its face", "0 0 -1000")),
+      row(
+        named("On its back", "0 0 1000"),
+        named("Upright", "0 1000 0"),
+        named("On its side", "1000 0 0"),
+        named("On its face", "0 0 -1000"),
+      ),
       axes(group, "pose", "milli-g", 16000),
     ];
   },

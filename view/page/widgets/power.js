@@ -16,7 +16,12 @@ export const battery = {
   needs: ["battery"],
   make: (group) => {
     const told = output("Battery now");
-    const charge = slider("Charge", { min: 0, max: 100, unit: " %", moved: (percent) => say(`battery ${percent}%`) });
+    const charge = slider("Charge", {
+      min: 0,
+      max: 100,
+      unit: " %",
+      moved: (percent) => say(`battery ${percent}%`),
+    });
     const mv = field("mV", { min: "0", max: "5000", value: "3800" });
     const ma = field("mA", { min: "-5000", max: "5000", value: "-200" });
     const read = follow(group, "battery", (answer) => {
@@ -33,7 +38,9 @@ export const battery = {
       row(
         mv.box,
         ma.box,
-        button("Pin", () => say(`battery ${mv.input.value} ${ma.input.value}`), { title: "Voltage and current stay so" }),
+        button("Pin", () => say(`battery ${mv.input.value} ${ma.input.value}`), {
+          title: "Voltage and current stay so",
+        }),
         button("Model", () => say("battery auto"), { title: "Gives all back to the model of the cell" }),
       ),
     ];

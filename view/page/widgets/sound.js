@@ -25,7 +25,8 @@ function joint(tail, samples, expected) {
     for (const at of [expected - away, expected + away]) {
       if (at < tail.length || at > samples.length) continue;
       let differs = 0;
-      for (let i = 0; i < tail.length && differs < least; i += 4) differs += Math.abs(samples[at - tail.length + i] - tail[i]);
+      for (let i = 0; i < tail.length && differs < least; i += 4)
+        differs += Math.abs(samples[at - tail.length + i] - tail[i]);
       if (differs < least) [least, best] = [differs, at];
     }
   }
@@ -94,19 +95,27 @@ export const listen = {
       const [frequency, peak] = answer.split(" ");
       told.textContent = peak ? `${frequency} Hz, peak ${peak}` : answer;
     });
-    const outputs = choice("Output", { speaker: "speaker", ear: "ear", left: "left", right: "right" }, (value) => {
-      heard = value;
-      outputs.set(value);
-      ear.output = value;
-      read();
-    });
+    const outputs = choice(
+      "Output",
+      { speaker: "speaker", ear: "ear", left: "left", right: "right" },
+      (value) => {
+        heard = value;
+        outputs.set(value);
+        ear.output = value;
+        read();
+      },
+    );
     outputs.set(heard);
-    const hear = button("Hear it", () => {
-      on = !on;
-      hear.setAttribute("aria-pressed", String(on));
-      if (on) ear.start(heard);
-      else ear.stop();
-    }, { "aria-pressed": "false" });
+    const hear = button(
+      "Hear it",
+      () => {
+        on = !on;
+        hear.setAttribute("aria-pressed", String(on));
+        if (on) ear.start(heard);
+        else ear.stop();
+      },
+      { "aria-pressed": "false" },
+    );
     let done = null;
     group.addEventListener("open", () => (done ??= link.want("log sound")));
     group.addEventListener("close", () => {
@@ -125,7 +134,11 @@ export const microphones = {
   needs: ["source"],
   make: (group) => {
     const told = element("pre", { class: "small" });
-    const input = element("select", { "aria-label": "Input" }, ...["mic1", "mic2", "hsmic", "line", "fm", "stream"].map((name) => element("option", {}, name)));
+    const input = element(
+      "select",
+      { "aria-label": "Input" },
+      ...["mic1", "mic2", "hsmic", "line", "fm", "stream"].map((name) => element("option", {}, name)),
+    );
     const frequency = field("Hz", { min: "1", max: "24000", value: "400" });
     const peak = field("Peak", { min: "0", max: "32767", value: "1000" });
     const file = element("input", {
@@ -156,5 +169,12 @@ export const microphones = {
 export const jack = {
   title: "Headset jack",
   needs: ["jack"],
-  make: (group) => [wordChoice(group, "Plugged", "jack", { none: "nothing", headphones: "headphones", headset: "headset", loop: "loop" })],
+  make: (group) => [
+    wordChoice(group, "Plugged", "jack", {
+      none: "nothing",
+      headphones: "headphones",
+      headset: "headset",
+      loop: "loop",
+    }),
+  ],
 };

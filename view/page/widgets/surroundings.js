@@ -19,7 +19,14 @@ export const light = {
       moved: (power) => say(`light ${lux(power)}`),
     });
     follow(group, "light", (answer) => made.set(Math.log10(Math.max(Number(answer), 10 ** darkest))));
-    return [made.box, row(button("Dark", () => say("light 0")), button("Office", () => say("light 400")), button("Sun", () => say("light 50000")))];
+    return [
+      made.box,
+      row(
+        button("Dark", () => say("light 0")),
+        button("Office", () => say("light 400")),
+        button("Sun", () => say("light 50000")),
+      ),
+    ];
   },
 };
 
@@ -27,7 +34,12 @@ export const near = {
   title: "What is near",
   needs: ["near"],
   make: (group) => {
-    const made = slider("A card at", { min: 0, max: farthest, unit: " mm", moved: (mm) => say(`near ${mm}`) });
+    const made = slider("A card at", {
+      min: 0,
+      max: farthest,
+      unit: " mm",
+      moved: (mm) => say(`near ${mm}`),
+    });
     const nothing = button("Nothing", () => say("near none"), { "aria-pressed": "false" });
     follow(group, "near", (answer) => {
       nothing.setAttribute("aria-pressed", String(answer === "none"));
