@@ -20,6 +20,7 @@
 #include "core/control.h"
 #include "core/files.h"
 #include "core/log.h"
+#include "core/notice.h"
 #include "core/toolbox.h"
 #include "core/uevents.h"
 #include "core/watch.h"
@@ -66,6 +67,7 @@ constexpr phone_part parts[] = {
     // name     attach           seed              start
     { "log",    log_attach,      nullptr,          nullptr },
     { "control", control_attach, nullptr,          nullptr },
+    { "notice", notice_attach,   nullptr,          nullptr },
     { "files",  files_attach,    nullptr,          nullptr },
     { "clock",  clock_words_attach, nullptr,       nullptr },
     { "watch",  watch_attach,    nullptr,          nullptr },

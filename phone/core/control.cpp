@@ -45,19 +45,44 @@ bool send_all(int fd, std::string_view text)
     return true;
 }
 
+// Sends an answer, and with its first bytes the descriptor that it hands out.
+bool send_answer(connection& c, std::string_view answer)
+{
+    if (c.handed_out < 0)
+        return send_all(c.fd, answer);
+    alignas(cmsghdr) char control[CMSG_SPACE(sizeof(int))] = {};
+    iovec part{const_cast<char*>(answer.data()), answer.size()};
+    msghdr message{};
+    message.msg_iov = &part;
+    message.msg_iovlen = 1;
+    message.msg_control = control;
+    message.msg_controllen = sizeof control;
+    cmsghdr* const p_head = CMSG_FIRSTHDR(&message);
+    p_head->cmsg_level = SOL_SOCKET;
+    p_head->cmsg_type = SCM_RIGHTS;
+    p_head->cmsg_len = CMSG_LEN(sizeof(int));
+    std::memcpy(CMSG_DATA(p_head), &c.handed_out, sizeof(int));
+    ssize_t n;
+    while ((n = sendmsg(c.fd, &message, MSG_NOSIGNAL)) < 0 && errno == EINTR) {
+    }
+    close(c.handed_out);
+    c.handed_out = -1;
+    return n > 0 && send_all(c.fd, answer.substr(static_cast<std::size_t>(n)));
+}
+
 void serve(int fd)
 {
     std::string pending;
-    std::string from;
+    connection own{.fd = fd};
     char part[4096];
     ssize_t n;
     while ((n = recv(fd, part, sizeof part, 0)) > 0) {
         pending.append(part, static_cast<std::size_t>(n));
         std::size_t end;
         while ((end = pending.find('\n')) != pending.npos) {
-            const std::string answer = control_request(std::string_view(pending).substr(0, end), &from);
+            const std::string answer = control_request(std::string_view(pending).substr(0, end), &own);
             pending.erase(0, end + 1);
-            if (!send_all(fd, answer))
+            if (!send_answer(own, answer))
                 break;
         }
         if (pending.size() > request_limit) {
@@ -101,9 +126,8 @@ std::string list_words(request& rq)
         if (!rq.args.empty() && name != rq.args[0])
             continue;
         std::string line = name + (w.usage.empty() ? "" : " " + w.usage);
-        if (line.size() < 40)
-            line.resize(40, ' ');
-        rq.answer += (rq.answer.empty() ? "" : "\n") + line + " " + w.help;
+        line.resize(std::max(line.size(), std::size_t{39}), ' ');
+        rq.answer += (rq.answer.empty() ? "" : "\n") + line + "  " + w.help; // two blanks end the usage
     }
     return rq.answer.empty() ? no_word(rq.args[0]) : "";
 }
@@ -112,10 +136,38 @@ std::string word_from(request& rq)
 {
     if (!rq.rest.starts_with('/'))
         return "the whole path of a folder is wanted";
-    if (rq.p_from == nullptr)
+    if (rq.p_connection == nullptr)
         return "only a connection has a folder";
-    *rq.p_from = rq.rest;
+    if (rq.p_connection->within)
+        return "this connection stays within its folder";
+    rq.p_connection->from = rq.rest;
+    rq.p_connection->within = rq.word == "within";
     return {};
+}
+
+// A path below the connection's folder: one that climbs ends at that folder.
+std::string path_within(const connection& c, std::string_view file)
+{
+    std::vector<std::string_view> steps;
+    while (!file.empty()) {
+        const std::string_view step = file.substr(0, file.find('/'));
+        file.remove_prefix(std::min(file.size(), step.size() + 1));
+        if (step == ".." && !steps.empty())
+            steps.pop_back();
+        else if (!step.empty() && step != "." && step != "..")
+            steps.push_back(step);
+    }
+    std::string path = c.from;
+    for (const std::string_view step : steps)
+        path.append("/").append(step);
+    return path;
+}
+
+// Whether others are told of a request: one that may have changed something.
+bool is_noticed(const request& rq)
+{
+    return !rq.args.empty() && !rq.only_looks && rq.word != "help" && rq.word != "watch" &&
+           rq.word != "from" && rq.word != "within";
 }
 
 } // namespace
@@ -127,13 +179,15 @@ void word_add(std::string_view name, std::string_view usage, std::string_view he
 
 std::string request_file(const request& rq, std::string_view file)
 {
+    const connection* const p = rq.p_connection;
+    if (p != nullptr && p->within)
+        return path_within(*p, file);
     if (file.starts_with('/'))
         return std::string(file);
-    const bool named = rq.p_from != nullptr && !rq.p_from->empty();
-    return (named ? *rq.p_from + "/" : home_path("")) + std::string(file);
+    return (p != nullptr && !p->from.empty() ? p->from + "/" : home_path("")) + std::string(file);
 }
 
-std::string control_request(std::string_view line, std::string* p_from)
+std::string control_request(std::string_view line, connection* p_connection)
 {
     line = trimmed(line);
     const std::string_view name = line.substr(0, line.find_first_of(" \t"));
@@ -142,7 +196,7 @@ std::string control_request(std::string_view line, std::string* p_from)
         return "error: " + no_word(name) + "\n";
     request rq;
     rq.word = name;
-    rq.p_from = p_from;
+    rq.p_connection = p_connection;
     rq.rest = std::string(trimmed(line.substr(name.size())));
     rq.args = words(rq.rest);
     const std::string wrong = found->second.usage.empty() && !rq.args.empty()
@@ -150,6 +204,8 @@ std::string control_request(std::string_view line, std::string* p_from)
                                   : found->second.fn(rq);
     if (!wrong.empty())
         return "error: " + wrong + "\n";
+    if (is_noticed(rq))
+        notice("word " + std::string(line));
     return (rq.answer.empty() ? "" : rq.answer + "\n") + "ok\n";
 }
 
@@ -157,6 +213,9 @@ void control_attach()
 {
     word_add("help", "[WORD]", "lists the words of this build, or tells of one", list_words);
     word_add("from", "FOLDER", "relative files of this connection's requests count from here, not from DIR",
+             word_from);
+    word_add("within", "FOLDER",
+             "the same, and no file outside can be named: the folder is the root of all paths from here on",
              word_from);
 }
 

@@ -2,22 +2,36 @@
 // ...". Devices add the words that set them from outside; `help` lists them. Each connection has a thread.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "core/notice.h"
+
 namespace phone {
+
+// What lasts from request to request of one connection.
+struct connection {
+    int fd = -1;                                  // -1: nobody's, as for a line of phone.conf
+    std::string from = {};                        // its folder for files, empty until it has named one
+    bool within = false;                          // and it can name no file outside
+    std::shared_ptr<watcher> p_watcher = nullptr; // once it has watched
+    int handed_out = -1;                          // a descriptor that goes with the answer and is closed then
+};
 
 struct request {
     std::string word;              // the first
     std::vector<std::string> args; // the words behind the first
     std::string rest;              // the same as one text, blanks as given
     std::string answer;            // lines joined by line ends; an empty answer is "ok" alone
-    std::string* p_from = nullptr; // the folder that the connection's files count from (the word `from`)
+    connection* p_connection = nullptr;
+    bool only_looks = false; // set by a word that has changed nothing, so that nobody is told
 };
 
 // Where a file of the host lies that a request names: a relative one counts from the folder that the asker
-// has named, else from DIR.
+// has named (the word `from`), else from DIR. For a connection that stays within its folder (the word
+// `within`) that folder is the root of all paths.
 std::string request_file(const request& rq, std::string_view file);
 
 // Carries out a request; the result is empty, or why it can't be done.
@@ -28,10 +42,9 @@ using word_fn = std::string (*)(request& rq);
 void word_add(std::string_view name, std::string_view usage, std::string_view help, word_fn fn);
 
 // Carries out one request line; the result is what goes back, final line included.
-// `p_from`: the connection's folder for relative files, empty until it has named one.
-std::string control_request(std::string_view line, std::string* p_from = nullptr);
+std::string control_request(std::string_view line, connection* p_connection = nullptr);
 
-// The words `help` and `from`.
+// The words `help`, `from` and `within`.
 void control_attach();
 
 // Opens the port and serves it. The result is empty, or what is wrong.

@@ -14,6 +14,7 @@
 
 #include "core/control.h"
 #include "core/home.h"
+#include "core/notice.h"
 #include "core/text.h"
 
 namespace phone {
@@ -169,8 +170,10 @@ void log_flush()
             const std::lock_guard lock(gather_mutex);
             log.writing.swap(log.pending);
         }
-        if (!log.writing.empty())
+        if (!log.writing.empty()) {
             append(log, log.writing);
+            notice("log " + log.name);
+        }
         log.writing.clear();
     }
 }

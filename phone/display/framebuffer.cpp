@@ -15,6 +15,7 @@
 #include "core/conf.h"
 #include "core/control.h"
 #include "core/files.h"
+#include "core/notice.h"
 #include "core/text.h"
 #include "core/watch.h"
 #include "display/overlay.h"
@@ -39,6 +40,16 @@ struct framebuffer {
     bool blanked = false;
     overlay_set overlays{};
 };
+
+// What a client that looks on is given when overlays cover a framebuffer: a picture made for it.
+struct composed {
+    int fd = -1;
+    std::uint8_t* p = nullptr;
+    std::size_t size = 0;
+};
+
+std::mutex composed_mutex; // guards the two below
+composed pictures[2];
 
 std::mutex fb_mutex; // guards what requests change
 
@@ -134,9 +145,13 @@ int hdmi_off(const framebuffer& fb, const void* arg)
     return refuse(EINVAL);
 }
 
-int fb_ioctl(open_file& file, unsigned long request, void* arg)
+void tell_change(const framebuffer& fb)
 {
-    framebuffer& fb = buffer_of(file);
+    notice("screen " + std::to_string(fb.slot));
+}
+
+int carry_out(const open_file& file, framebuffer& fb, unsigned long request, void* arg)
+{
     const std::lock_guard lock(fb_mutex);
     if (request == request_output_off && &fb == &buffers[1])
         return hdmi_off(fb, arg);
@@ -161,6 +176,15 @@ int fb_ioctl(open_file& file, unsigned long request, void* arg)
     }
 }
 
+int fb_ioctl(open_file& file, unsigned long request, void* arg)
+{
+    framebuffer& fb = buffer_of(file);
+    const int result = carry_out(file, fb, request, arg);
+    if (result == 0 && request != FBIOGET_VSCREENINFO && request != FBIOGET_FSCREENINFO)
+        tell_change(fb);
+    return result;
+}
+
 std::string fb_about(unsigned long request, const void*)
 {
     switch (request) {
@@ -177,8 +201,11 @@ std::string fb_about(unsigned long request, const void*)
 
 void fb_close(open_file& file)
 {
-    const std::lock_guard lock(fb_mutex);
-    overlay_closed(buffer_of(file).overlays, file.fd);
+    {
+        const std::lock_guard lock(fb_mutex);
+        overlay_closed(buffer_of(file).overlays, file.fd);
+    }
+    tell_change(buffer_of(file));
 }
 
 constexpr node fb_node = {.open = fb_open, .ioctl = fb_ioctl, .about = fb_about, .close = fb_close};
@@ -253,6 +280,79 @@ std::string about(const framebuffer& fb)
            (fb.blanked ? " blanked" : " unblanked") + " mode " + std::to_string(fb.var.reserved[3]);
 }
 
+// Memory that holds `size` bytes in `picture`; false when there is none.
+bool make_room(composed& picture, std::size_t size)
+{
+    if (picture.size == size)
+        return true;
+    if (picture.fd < 0)
+        picture.fd = memfd_create("composed", MFD_CLOEXEC);
+    if (picture.p != nullptr)
+        munmap(picture.p, picture.size);
+    picture.p = nullptr;
+    picture.size = 0;
+    void* p = MAP_FAILED;
+    if (picture.fd >= 0 && ftruncate(picture.fd, static_cast<off_t>(size)) == 0)
+        p = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, picture.fd, 0);
+    if (p == MAP_FAILED)
+        return false;
+    picture.p = static_cast<std::uint8_t*>(p);
+    picture.size = size;
+    return true;
+}
+
+// Makes the picture of a framebuffer that overlays cover. `now` is a copy: the program isn't held up.
+int compose_locked(const framebuffer& now, composed& picture)
+{
+    const std::size_t line = std::size_t{now.var.xres} * 4;
+    if (!make_room(picture, line * now.var.yres))
+        return -1;
+    const std::uint8_t* from = now.memory + std::size_t{now.var.yoffset} * now.line_length;
+    const unsigned bytes = now.bits / 8;
+    std::uint8_t* to = picture.p;
+    for (unsigned y = 0; y < now.var.yres; y++, from += now.line_length, to += line) {
+        if (bytes == 4) {
+            std::memcpy(to, from, line);
+            continue;
+        }
+        for (unsigned x = 0; x < now.var.xres; x++) {
+            std::uint32_t word = 0;
+            std::memcpy(&word, from + std::size_t{x} * bytes, bytes);
+            to[x * 4] = component(word, now.var.blue);
+            to[x * 4 + 1] = component(word, now.var.green);
+            to[x * 4 + 2] = component(word, now.var.red);
+        }
+    }
+    overlay_paint(now.overlays, picture.p, line);
+    return picture.fd;
+}
+
+// Hands out the memory of what is shown, to be read alone: the framebuffer's own, or a picture made with the
+// overlays.
+std::string share(const framebuffer& fb, request& rq)
+{
+    if (rq.p_connection == nullptr)
+        return "only a connection can be given a descriptor";
+    rq.only_looks = true;
+    framebuffer now{};
+    {
+        const std::lock_guard lock(fb_mutex);
+        now = fb;
+    }
+    const std::lock_guard lock(composed_mutex);
+    const bool covered = !now.blanked && !now.overlays.pipes.empty();
+    const int fd = covered ? compose_locked(now, pictures[fb.slot == 0 ? 0 : 1]) : now.memory_fd;
+    rq.p_connection->handed_out = open(("/proc/self/fd/" + std::to_string(fd)).c_str(), O_RDONLY | O_CLOEXEC);
+    if (rq.p_connection->handed_out < 0)
+        return std::string("the memory can't be handed out: ") + std::strerror(errno);
+    const std::size_t line = covered ? std::size_t{now.var.xres} * 4 : now.line_length;
+    rq.answer = std::to_string(now.var.xres) + "x" + std::to_string(now.var.yres) + "x" +
+                std::to_string(covered ? 32 : now.bits) + " line " + std::to_string(line) + " from " +
+                std::to_string(covered ? 0 : now.var.yoffset * line) +
+                (now.blanked ? " blanked" : " unblanked");
+    return {};
+}
+
 std::string word_screen(request& rq)
 {
     std::vector<std::string> args = rq.args;
@@ -263,8 +363,10 @@ std::string word_screen(request& rq)
     }
     if (p_fb == nullptr)
         return "the slots are 0, the panel, and 2, the HDMI output";
+    if (args.size() == 1 && args[0] == "share")
+        return share(*p_fb, rq);
     if (args.size() > 1 || (!args.empty() && !args[0].ends_with(".png")))
-        return "[FILE.png] [SLOT] is wanted";
+        return "[FILE.png|share] [SLOT] is wanted";
     const std::lock_guard lock(fb_mutex);
     if (!args.empty())
         return write_png(*p_fb, request_file(rq, args[0]));
@@ -326,7 +428,9 @@ void framebuffer_attach()
     conf_add("panel", conf_panel);
     conf_add("hdmi", conf_hdmi);
     conf_offer("/dev/tty0", add_console);
-    word_add("screen", "[FILE.png] [SLOT]", "writes what the panel shows, or tells its size, page and mode",
+    word_add("screen", "[FILE.png|share] [SLOT]",
+             "writes what the panel shows, or tells its size, page and mode; share hands its memory out, a "
+             "descriptor beside the answer, and tells where in it the picture lies",
              word_screen);
     word_add("pixel", "X Y [SLOT]", "the colour of a pixel that the panel shows", word_pixel);
 }

@@ -183,4 +183,28 @@ bool overlay_pixel(const overlay_set& set, unsigned x, unsigned y, std::uint8_t*
     return false;
 }
 
+void overlay_paint(const overlay_set& set, std::uint8_t* pixels, std::size_t line)
+{
+    for (const auto& [id, pipe] : set.pipes) { // the newest last, and so on top
+        if (pipe.memory == nullptr)
+            continue;
+        const overlay_rectangle& d = pipe.dst;
+        for (std::uint32_t y = 0; y < d.height; y++) {
+            const std::size_t sy = pipe.src.y + std::uint64_t{y} * pipe.src.height / d.height;
+            const std::uint8_t* const luma = pipe.memory->p + pipe.offset + sy * pipe.width;
+            const std::uint8_t* const vu =
+                pipe.memory->p + pipe.offset + std::size_t{pipe.width} * pipe.height + sy / 2 * pipe.width;
+            std::uint8_t* p = pixels + std::size_t{d.y + y} * line + std::size_t{d.x} * 4;
+            for (std::uint32_t x = 0; x < d.width; x++, p += 4) {
+                const std::size_t sx = pipe.src.x + std::uint64_t{x} * pipe.src.width / d.width;
+                std::uint8_t rgb[3];
+                to_colour(luma[sx], vu[(sx & ~std::size_t{1}) + 1], vu[sx & ~std::size_t{1}], rgb);
+                p[0] = rgb[2];
+                p[1] = rgb[1];
+                p[2] = rgb[0];
+            }
+        }
+    }
+}
+
 } // namespace phone

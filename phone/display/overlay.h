@@ -3,6 +3,7 @@
 // one memory into another. A picture becomes colours only when somebody looks. The caller serialises.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -39,5 +40,8 @@ void overlay_closed(overlay_set& set, int fd);
 
 // The colour of a pixel as red, green, blue; false where no picture lies.
 bool overlay_pixel(const overlay_set& set, unsigned x, unsigned y, std::uint8_t* rgb);
+
+// Puts the pictures over a copy of the framebuffer, 32 bits a pixel, blue first, `line` bytes a row.
+void overlay_paint(const overlay_set& set, std::uint8_t* pixels, std::size_t line);
 
 } // namespace phone

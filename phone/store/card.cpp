@@ -202,6 +202,10 @@ std::string word_card(request& rq)
     const std::string what = rq.args.empty() ? "" : rq.args[0];
     const std::int64_t size = rq.args.size() == 2 ? number(rq.args[1]).value_or(-1) : -1;
     const std::lock_guard lock(card_mutex);
+    if (rq.args.empty()) {
+        rq.answer = (card.in ? "in " : "out ") + std::to_string(card.size_mib) + " MiB";
+        return {};
+    }
     if (what == "size" && size >= 0 && size <= size_largest) {
         card.size_mib = size;
         card.has_files = true; // such a card comes formatted
@@ -224,8 +228,8 @@ void card_attach()
     tool_add("rm", tool_rm);
     tool_add("newfs_msdos", tool_newfs_msdos);
     tool_add("fsck_msdos", tool_fsck_msdos);
-    word_add("card", "in|out|size MIB", "puts the memory card in, pulls it, or takes one of a size",
-             word_card);
+    word_add("card", "[in|out|size MIB]",
+             "puts the memory card in, pulls it, or takes one of a size; alone: tells it", word_card);
     conf_add_word("card");
 }
 

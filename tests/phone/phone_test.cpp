@@ -99,20 +99,39 @@ TEST_F(Phone, ASeedMayBeAnEmptyFolder)
     EXPECT_TRUE(std::filesystem::is_empty(dir + "/root/data/empty/folder"));
 }
 
-TEST_F(Phone, FilesOfARequestCountFromTheAskersFolder)
+// The word `where` tells what a request takes a file's name for.
+void add_where()
 {
     word_add("where", "FILE", "", [](request& rq) {
         rq.answer = request_file(rq, rq.args[0]);
         return std::string();
     });
     control_attach();
+}
+
+TEST_F(Phone, FilesOfARequestCountFromTheAskersFolder)
+{
+    add_where();
     EXPECT_EQ(ask("where a.png"), dir + "/a.png\nok\n");
-    std::string from;
+    connection from;
     EXPECT_EQ(control_request("where b/a.raw", &from), dir + "/b/a.raw\nok\n");
     EXPECT_EQ(control_request("from /some where", &from), "ok\n");
     EXPECT_EQ(control_request("where b/a.raw", &from), "/some where/b/a.raw\nok\n");
     EXPECT_EQ(control_request("where /b/a.raw", &from), "/b/a.raw\nok\n");
     EXPECT_EQ(control_request("from some", &from), "error: the whole path of a folder is wanted\n");
+}
+
+TEST_F(Phone, AConnectionThatStaysWithinItsFolderNamesNothingOutside)
+{
+    add_where();
+    connection own;
+    EXPECT_EQ(control_request("within /some", &own), "ok\n");
+    EXPECT_EQ(control_request("where a.png", &own), "/some/a.png\nok\n");
+    EXPECT_EQ(control_request("where /etc/shadow", &own), "/some/etc/shadow\nok\n");
+    EXPECT_EQ(control_request("where b/.././../../etc/shadow", &own), "/some/etc/shadow\nok\n");
+    EXPECT_EQ(control_request("where b/c/../d.png", &own), "/some/b/d.png\nok\n");
+    for (const char* out : {"from /", "within /"})
+        EXPECT_EQ(control_request(out, &own), "error: this connection stays within its folder\n") << out;
 }
 
 TEST_F(Phone, AttributesBehaveAsTheKernels)

@@ -20,7 +20,9 @@ a card is detected by its line, and its size is told in MiB
   expect   MSTT:0x1,OK
   send     mstt=1
   expect   MSTT:15193,OK
+  phone    card -> in 15193 MiB
   phone    card out
+  phone    card -> out 15193 MiB
   send     mstt=0
   expect   MSTT:0x0,OK
   send     mstt=1
