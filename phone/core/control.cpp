@@ -103,7 +103,7 @@ std::string list_words(request& rq)
         std::string line = name + (w.usage.empty() ? "" : " " + w.usage);
         if (line.size() < 40)
             line.resize(40, ' ');
-        rq.answer += (rq.answer.empty() ? "" : "\n") + line + " " + w.help;
+        rq.answer += (rq.answer.empty() ? "" : "\n") + line + "  " + w.help;
     }
     return rq.answer.empty() ? no_word(rq.args[0]) : "";
 }
