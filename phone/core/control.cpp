@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 #include "core/home.h"
+#include "core/record.h"
 #include "core/text.h"
 
 namespace phone {
@@ -157,9 +158,11 @@ std::string control_request(std::string_view line, std::string* p_from)
     rq.p_from = p_from;
     rq.rest = std::string(trimmed(line.substr(name.size())));
     rq.args = words(rq.rest);
+    const int recorded = record_request(line);
     const std::string wrong = found->second.usage.empty() && !rq.args.empty()
                                   ? std::string(name) + " takes nothing behind it"
                                   : found->second.fn(rq);
+    record_answer(recorded, wrong, rq.answer);
     if (!wrong.empty())
         return "error: " + wrong + "\n";
     return (rq.answer.empty() ? "" : rq.answer + "\n") + "ok\n";

@@ -18,6 +18,7 @@
 #include "core/home.h"
 #include "core/log.h"
 #include "core/parts.h"
+#include "core/record.h"
 #include "core/watch.h"
 
 namespace phone {
@@ -211,6 +212,7 @@ void life_program_stopped(const char* expr, const char* file, int line)
 
 void life_off()
 {
+    record_end("off");
     station_port.stop();
     unlink(home_path("control").c_str());
     log_line(log_kmsg, "phone: power off");
@@ -220,6 +222,7 @@ void life_off()
 
 void life_restart()
 {
+    record_end("reboots");
     log_line(log_kmsg, "phone: restart");
     log_flush();
     int master;

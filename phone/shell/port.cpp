@@ -20,6 +20,7 @@
 #include "core/home.h"
 #include "core/life.h"
 #include "core/log.h"
+#include "core/record.h"
 #include "core/text.h"
 #include "core/uevents.h"
 #include "core/watch.h"
@@ -97,8 +98,11 @@ ssize_t port_read(open_file& file, void* buf, std::size_t size)
 {
     const ssize_t n = read(file.fd, buf, size);
     watch_command(n > 0);
-    if (n > 0)
-        log_line(log_port, "< " + escaped({static_cast<const char*>(buf), static_cast<std::size_t>(n)}));
+    if (n > 0) {
+        const std::string_view bytes(static_cast<const char*>(buf), static_cast<std::size_t>(n));
+        record_port(true, bytes);
+        log_line(log_port, "< " + escaped(bytes));
+    }
     return n;
 }
 
@@ -134,8 +138,11 @@ ssize_t port_write(open_file& file, const void* buf, std::size_t size)
         }
     }
     const ssize_t n = write_patiently(file.fd, static_cast<const char*>(buf), size);
-    if (n > 0)
-        log_line(log_port, "> " + escaped({static_cast<const char*>(buf), static_cast<std::size_t>(n)}));
+    if (n > 0) {
+        const std::string_view bytes(static_cast<const char*>(buf), static_cast<std::size_t>(n));
+        record_port(false, bytes);
+        log_line(log_port, "> " + escaped(bytes));
+    }
     return n;
 }
 

@@ -7,8 +7,8 @@
 
 namespace {
 
-const std::set<std::string> with_text = {"send",  "expect", "raw",  "read", "phone",
-                                         "fails", "write",  "file", "conf", "strange"};
+const std::set<std::string> with_text = {"send",  "expect", "raw",  "read",    "phone",  "fails",
+                                         "write", "file",   "conf", "strange", "silence"};
 const std::set<std::string> without_text = {"restart", "reboots", "off"};
 
 // Splits "verb  text -> answer".
@@ -29,6 +29,9 @@ std::string read_step(const std::string& line, int number, std::vector<step>& st
         return "no step \"" + verb + "\"";
     if (without_text.contains(verb) && !text.empty())
         return verb + " takes no text";
+    if (verb == "silence" &&
+        (text.empty() || text.size() > 9 || text.find_first_not_of("0123456789") != text.npos))
+        return "silence MS is wanted, not \"" + text + "\"";
     step s{number, verb, text, "", false};
     if (verb == "phone" || verb == "fails" || verb == "file") {
         const std::string arrow = text.ends_with(" ->") ? " ->" : " -> ";
