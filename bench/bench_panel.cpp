@@ -25,6 +25,11 @@ int panel_open(const char* path, int flags, mode_t mode)
     return std::strncmp(path, "/dev/graphics/fb", 16) == 0 ? panel_fd : plat_linux_co.open(path, flags, mode);
 }
 
+int panel_close(int fd)
+{
+    return fd == panel_fd ? 0 : plat_linux_co.close(fd);
+}
+
 int panel_ioctl(int fd, unsigned long request, void* arg)
 {
     if (fd != panel_fd)
@@ -58,12 +63,15 @@ void bench_panel(unsigned pages)
         std::exit(1);
     panel_co = plat_linux_co;
     panel_co.open = panel_open;
+    panel_co.close = panel_close;
     panel_co.ioctl = panel_ioctl;
+    panel_co.system = [](const char*) { return 0; };
     plat_attach(&panel_co);
     static char empty[] = "", prefix[] = "/dev/graphics/fb", id[] = "bench";
     static screenconf conf = {empty, prefix, id, 0, 1, 0};
     screenconf_init();
     screenconf_set(SCREEN_MAIN, &conf);
+    screenconf_set(SCREEN_HDMI, &conf);
     screen_init();
     screen_linux_init();
 }

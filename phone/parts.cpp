@@ -1,5 +1,9 @@
 #include "core/parts.h"
 
+#include "audio/card.h"
+#include "audio/codec.h"
+#include "audio/jack.h"
+#include "audio/sound_tools.h"
 #include "board/converters.h"
 #include "board/gpio.h"
 #include "board/i2c_bus.h"
@@ -7,6 +11,10 @@
 #include "board/regulators.h"
 #include "board/rtc.h"
 #include "board/spmi.h"
+#include "camera/service.h"
+#include "contactless/cards.h"
+#include "contactless/pn65.h"
+#include "contactless/qxr5170jvk.h"
 #include "core/clock.h"
 #include "core/conf.h"
 #include "core/control.h"
@@ -18,12 +26,20 @@
 #include "core/watch.h"
 #include "diag/diag.h"
 #include "display/framebuffer.h"
+#include "display/hdmi.h"
 #include "display/input.h"
 #include "display/leds.h"
+#include "display/max11876.h"
 #include "display/panel.h"
 #include "display/scripts.h"
+#include "display/sink.h"
 #include "display/touch_panel.h"
 #include "power/battery.h"
+#include "radio/hci.h"
+#include "radio/hci_tools.h"
+#include "radio/irda.h"
+#include "radio/sim.h"
+#include "radio/wlan.h"
 #include "runtime/insmod.h"
 #include "runtime/kmsg.h"
 #include "runtime/tools.h"
@@ -36,6 +52,10 @@
 #include "shell/usb_state.h"
 #include "store/card.h"
 #include "store/store.h"
+#include "tuner/air.h"
+#include "tuner/demux.h"
+#include "tuner/mn88552.h"
+#include "tuner/tuner_driver.h"
 #include "versions/proc.h"
 
 namespace phone {
@@ -71,16 +91,37 @@ constexpr phone_part parts[] = {
     { "insmod", insmod_attach,   nullptr,          nullptr },
     { "input",  input_attach,    nullptr,          nullptr },
     { "touch",  touch_panel_attach, touch_panel_seed, touch_panel_start },
+    { "matrix", max11876_attach, max11876_seed,    max11876_start },
     { "menu",   nullptr,         scripts_seed,     nullptr },
     { "leds",   leds_attach,     leds_seed,        nullptr },
     { "fb",     framebuffer_attach, nullptr,       framebuffer_start },
+    { "camera", camera_attach,   camera_seed,      camera_start },
     { "panel",  panel_attach,    panel_seed,       nullptr },
+    { "hdmi",   hdmi_attach,     hdmi_seed,        nullptr },
+    { "sink",   sink_attach,     sink_seed,        sink_start },
     { "card",   card_attach,     nullptr,          card_start },
+    { "sim",    sim_attach,      nullptr,          nullptr },
+    { "wlan",   wlan_attach,     wlan_seed,        nullptr },
+    { "hci",    hci_attach,      hci_seed,         nullptr },
+    { "hcitool", hci_tools_attach, nullptr,        nullptr },
+    { "irda",   irda_attach,     nullptr,          nullptr },
+    { "sound",  sound_attach,    nullptr,          nullptr },
+    { "codec",  codec_attach,    codec_seed,       nullptr },
+    { "jack",   jack_attach,     jack_seed,        jack_start },
+    { "arec",   sound_tools_attach, nullptr,       nullptr },
+    { "cards",  cards_attach,    nullptr,          nullptr },
+    { "pn65",   pn65_attach,     nullptr,          nullptr },
+    { "tamiro", qxr5170jvk_attach, nullptr,        nullptr },
+    { "pn65dl", pn65_download_attach, nullptr,     nullptr },
     { "truth",  surroundings_attach, nullptr,      surroundings_start },
     { "motor",  motor_attach,    motor_seed,       motor_start },
     { "bmi055", bmi055_attach,   nullptr,          nullptr },
     { "ak8963", ak8963_attach,   nullptr,          nullptr },
     { "apds",   apds9930_attach, nullptr,          nullptr },
+    { "air",    air_attach,      nullptr,          nullptr },
+    { "tuner",  mn88552_attach,  nullptr,          nullptr },
+    { "mmtuner", tuner_driver_attach, tuner_driver_seed, nullptr },
+    { "demux",  demux_attach,    nullptr,          nullptr },
 };
 // clang-format on
 

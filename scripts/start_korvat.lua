@@ -19,6 +19,37 @@ local display = menu.page("Display", {
     { "VSYNC", "lvsm" },
 })
 
+-- A test of the touch sensor: of the answer's numbers a person reads what `tell` makes of them.
+local function touch_sensor(command, tell)
+    return function()
+        menu.show(command .. " ...", nil, "")
+        taboret.update()
+        local status, text = qat(command)
+        local numbers = {}
+        for number in (text or ""):gsub("^%w+:", ""):gmatch("[-%d.]+") do numbers[#numbers + 1] = tonumber(number) end
+        local good = status == "OK"
+        menu.show(command .. "  " .. (status or "no answer"), good, good and tell(numbers) or "")
+    end
+end
+
+-- Where a node is, of those counted row by row.
+local function node(number)
+    return ("row %d column %d"):format(math.floor(number / 24), number % 24)
+end
+
+local function noise(n)
+    return ("largest %d\nat %s"):format(n[1], node(n[2]))
+end
+
+local function extremes(n, first)
+    return ("smallest %d\nat %s\nlargest %d\nat %s"):format(n[first], node(n[first + 1]), n[first + 2],
+        node(n[first + 3]))
+end
+
+local function lines(n)
+    return ("average %d\n-%.1f%% +%.1f%%\n"):format(n[1], n[2] * 100, n[3] * 100) .. extremes(n, 4)
+end
+
 local touch = menu.page("Touch", {
     { "Live", function() menu.live() end },
     { "Self test", "dtst=1" },
@@ -26,6 +57,25 @@ local touch = menu.page("Touch", {
     { "Matrix", "dtst=4,2" },
     { "Identity", "dtid=1" },
     { "Stored id", "dtid=3" },
+    { "Noise", touch_sensor("dtst=7,1", noise) },
+    { "Raw nodes", touch_sensor("dtst=7,3", function(n) return extremes(n, 1) end) },
+    { "Drive", touch_sensor("dtst=7,7", lines) },
+    { "Sense", touch_sensor("dtst=7,9", lines) },
+})
+
+local hdmi = menu.page("HDMI", {
+    { "On", "hdmi=1" },
+    { "Off", "hdmi=0" },
+    { "Colours", "hdmi=2,1,2" },
+    { "Grey", "hdmi=2,2,2" },
+    { "White", "hdmi=2,3,2" },
+    { "No image", "hdmi=2,0" },
+    { "Tone on", "hdmi=3,1" },
+    { "Tone off", "hdmi=3,0" },
+    { "Monitor", "hdmi=5" },
+    { "EDID ok", "hdmi=6" },
+    { "Hot plug", "mhlt=4" },
+    { "Bridge", "mhlt=5" },
 })
 
 local lights = menu.page("Lights", {
@@ -80,6 +130,20 @@ local sensors = menu.page("Sensors", {
     { "Be still", "vibc=0" },
 })
 
+local contactless = menu.page("Contactless", {
+    { "Power up", "nfpu" },
+    { "Power down", "nfpd" },
+    { "Identity", "nfid=1" },
+    { "Card", "nfdt" },
+    { "Single wire", "nfcst" },
+    { "Self test", "nfst" },
+    { "First chip", "nfsl=1" },
+    { "Second chip", "nfsl=2" },
+    { "Chip power", "nfpc=1,1" },
+    { "Download", "nffd" },
+    { "Progress", "nffd=0" },
+})
+
 local board = menu.page("Board", {
     { "Temp", "temp=0" },
     { "USB volts", "adcr=0x8" },
@@ -91,6 +155,69 @@ local board = menu.page("Board", {
     { "Chip", "msmv" },
     { "Settings", "syscfg=?" },
     { "Camera", "camds" },
+})
+
+-- WLAN is powered up for the one command, as a station (1) or in test mode (0).
+local function wlan(mode, command)
+    return function()
+        qat("wlpu=" .. mode)
+        menu.run(command)
+        qat("wlpd")
+    end
+end
+
+local radio = menu.page("Radio", {
+    { "BT text", "btid" },
+    { "BT addr", "rwbt=3" },
+    { "BT scan", "btscan=7" },
+    { "WLAN id", wlan(0, "wlid") },
+    { "WLAN scan", wlan(1, "wlscan") },
+    { "SIM card", "sict=4" },
+    { "SIM test", "sict=1" },
+    { "FM tune", "fmct=1,1000" },
+    { "FM level", "fmct=6" },
+    { "IR open", "irpa=4,1" },
+    { "IR send", "irtx=1" },
+    { "IR close", "irtx=0" },
+})
+
+-- A tone on an output, instead of the one that runs; with a step of gain, that first.
+local function tone(output, step)
+    return function()
+        qat("aloop=1,1,0")
+        if step then qat(("gain=1,%d,%d"):format(output, step)) end
+        menu.run(("aloop=1,%d,1"):format(output))
+    end
+end
+
+-- What an input hears of a tone: of the speaker's, or of that which the capture brings along.
+local function hear(capture, speaker)
+    return function()
+        qat("aloop=1,1,0")
+        if speaker then qat("aloop=1,1,1") end
+        local status = qat("aloop=" .. capture .. ",1")
+        if status == "OK" then return menu.run("aloop=" .. capture .. ",0") end
+        qat("aloop=1,1,0")
+        menu.show("aloop=" .. capture .. ",1  " .. (status or "no answer"), false, "No capture could be started.")
+    end
+end
+
+local sound = menu.page("Sound", {
+    { "Speaker", tone(1) },
+    { "Ear", tone(3, 3) },
+    { "Left", tone(5) },
+    { "Right", tone(4) },
+    { "Quiet", "aurst=0" },
+    { "Jack", "ajdt=0" },
+    { "Mic 1", hear("2,1", true) },
+    { "Mic 2", hear("2,2", true) },
+    { "Plug L", hear("3,1") },
+    { "Plug R", hear("3,2") },
+    { "Line L", hear("3,3") },
+    { "Line R", hear("3,4") },
+    { "Contact", "vadet=1,1" },
+    { "Bias on", "mpvc=1" },
+    { "Bias off", "mpvc=0" },
 })
 
 local system = menu.page("System", {
@@ -107,10 +234,14 @@ local system = menu.page("System", {
 menu.start(menu.page("Hardware test", {
     { "Display", display },
     { "Touch", touch },
+    { "HDMI", hdmi },
     { "Keys", function() menu.live() end },
     { "Lights", lights },
     { "Battery", battery },
     { "Sensors", sensors },
+    { "Contactless", contactless },
     { "Board", board },
+    { "Radio", radio },
+    { "Sound", sound },
     { "System", system },
 }))

@@ -22,6 +22,7 @@ constexpr int PIN_IN_NFC_IRQ       =   4; // the first contactless chip has some
 constexpr int PIN_IN_CAMERA_COVER  =  11; // no line on this phone
 constexpr int PIN_IN_12            =  12; // no user, no line
 constexpr int PIN_IN_CARD_DETECT   =  13; // memory card; inactive when one is in
+constexpr int PIN_IN_HEADSET_PLUG  =  40; // no line on this phone
 constexpr int PIN_IN_41            =  41; // no user
 constexpr int PIN_IN_PROXIMITY     =  47;
 constexpr int PIN_IN_SIM_SUPPLY    =  49; // supply check of the contactless SIM

@@ -7,7 +7,10 @@ constexpr int INPUT_KEY = 1; // keys and buttons
 constexpr int INPUT_ABS = 3; // axes
 
 // Keys.
+constexpr int INPUT_KEY_VOLUME_DOWN = 114;
+constexpr int INPUT_KEY_VOLUME_UP = 115;
 constexpr int INPUT_KEY_POWER = 116;
+constexpr int INPUT_KEY_MENU = 139;
 constexpr int INPUT_KEY_BACK = 158;
 constexpr int INPUT_KEY_HW = 408;
 

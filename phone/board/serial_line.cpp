@@ -240,6 +240,8 @@ ssize_t serial_read(open_file& file, void* buf, std::size_t size)
 {
     serial_line& line = line_of(file.path);
     update(line);
+    if (line.p_model->before_read != nullptr)
+        line.p_model->before_read();
     if (size == 0)
         return 0;
     nanoseconds now = clock_now(CLOCK_MONOTONIC);
@@ -413,6 +415,14 @@ void serial_receive(std::string_view path, std::span<const std::uint8_t> bytes)
 void serial_update(std::string_view path)
 {
     update(line_of(path));
+}
+
+bool serial_sending(std::string_view path)
+{
+    serial_line& line = line_of(path);
+    update(line);
+    const std::lock_guard lock(line.mutex);
+    return !line.to_send.empty();
 }
 
 int serial_speed(std::string_view path)

@@ -25,6 +25,9 @@ struct serial_model {
     // call serial_receive. At the latest it is called when the last byte of a write of the program's is out.
     void (*sent)(const serial_burst& burst);
     bool (*present)(std::string_view path) = nullptr; // as for a node
+    // Called before a reading, with no lock held: a device that says something in time brings itself up to
+    // date, since its timer may come late.
+    void (*before_read)() = nullptr;
 };
 
 // Claims the path. The record must live as long as the process. Only while devices attach.
@@ -36,6 +39,9 @@ void serial_receive(std::string_view path, std::span<const std::uint8_t> bytes);
 // Has `sent` called for all bytes that have left the phone until now: to be called, without a lock that
 // `sent` takes, before a device changes what becomes of them.
 void serial_update(std::string_view path);
+
+// Whether bits are still going out.
+bool serial_sending(std::string_view path);
 
 // Bits a second that are set now.
 int serial_speed(std::string_view path);

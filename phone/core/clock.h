@@ -37,6 +37,29 @@ void clock_cond_wake(const void* p_cond);
 void clock_library_waits(const pollfd* fds, nfds_t count);
 void clock_library_goes_on();
 
+// The same for a library that polls a timer descriptor (timerfd) for the moment when something is there: the
+// clock has it ring when the monotonic clock reaches `deadline`, also when it was held, moved or changed its
+// pace meanwhile.
+void clock_library_waits_until(int timer_fd, nanoseconds deadline);
+
+// Time that waits for threads, for a machine that must not run away from those that serve it: it goes on with
+// the monotonic clock while each followed thread sleeps or waits, up to the deadline of that, and stands
+// while one is at work. From its deadline on a sleeper is at work, however late the host wakes it.
+struct clock_followed {
+    nanoseconds now;     // the monotonic clock
+    nanoseconds at_rest; // how long of it all followed threads have been at rest; only differences count
+};
+clock_followed clock_follow_time();
+
+// A thread of the program is on its way that the clock doesn't know yet: a step waits for it until it has
+// come.
+void clock_expect_thread(bool on_its_way);
+
+// The calling thread is followed from now on, as the one in place `place`; or nobody is there any more.
+constexpr int clock_follow_places = 2;
+void clock_follow(int place);
+void clock_unfollow(int place);
+
 // Wakes every blocked thread, so that it looks at its descriptors and at the time again.
 void clock_kick();
 

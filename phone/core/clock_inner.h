@@ -32,6 +32,7 @@ struct waiter {
     const void* p_cond = nullptr;     // the condition that it waits for
     std::atomic<bool> woken = false;  // by that
     int kick_fd = -1;
+    int timer_fd = -1; // rings at the deadline, instead of a kick
     pid_t tid = 0;
     bool counted = false; // it has been counted as at work again, before it has noticed
 };
@@ -49,6 +50,8 @@ struct thread_mark {
     bool given_up = false;   // so often that its work doesn't count until its next wait
     waiter library{forever}; // while it waits inside a library
     bool in_library = false;
+    bool followed = false;
+    nanoseconds rests_until = 0; // of a followed thread; 0 while it is at work
 
     thread_mark();
     ~thread_mark();
@@ -62,6 +65,10 @@ struct thread_mark {
     void take_back_locked();
 };
 thread_mark& own_mark();
+
+// A followed thread is about to rest until `until` or to work (0); or it ends.
+void follow_change_locked(thread_mark& mark, nanoseconds until);
+void follow_end_locked(thread_mark& mark);
 
 // A thread begins or ends a wait.
 void begin_wait_locked(thread_mark& mark, waiter& w);
@@ -90,6 +97,10 @@ bool loop_idle_locked();
 
 void start_workers();
 nanoseconds next_timer_locked();
+
+// Whether an expiry that is due until `deadline` waits for a thread, or any is at work.
+bool expiries_under_way_locked(nanoseconds deadline);
+bool expiry_at_work_locked();
 
 // Counts the expiries that are due as work, before a thread has taken them.
 void count_due_timers_locked();

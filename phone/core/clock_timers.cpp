@@ -130,6 +130,11 @@ nanoseconds clock_inner::next_timer_locked()
     return first != timers.end() ? first->deadline : forever;
 }
 
+bool clock_inner::expiries_under_way_locked(nanoseconds deadline)
+{
+    return next_timer_locked() <= deadline || expiry_at_work_locked();
+}
+
 void clock_inner::set_host_timer_locked()
 {
     const nanoseconds next = next_timer_locked();

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <atomic>
 #include <iterator>
+#include <sys/timerfd.h>
 #include <unistd.h>
 
 #include "core/clock_inner.h"
@@ -23,8 +24,21 @@ struct {
 
 std::atomic<unsigned> descriptor_changes;
 
-void kick(const waiter& w)
+// Has a timer descriptor ring after `timeout` of the host's time; forever: not at all.
+void set_timer(int timer_fd, nanoseconds timeout)
 {
+    itimerspec t{};
+    if (timeout != forever)
+        t.it_value = to_timespec(std::max<nanoseconds>(timeout, 1));
+    timerfd_settime(timer_fd, 0, &t, nullptr);
+}
+
+void kick_one_locked(const waiter& w)
+{
+    if (w.timer_fd >= 0) {
+        set_timer(w.timer_fd, host_time_to_locked(w.deadline));
+        return;
+    }
     const std::uint64_t one = 1;
     [[maybe_unused]] const ssize_t n = ::write(w.kick_fd, &one, sizeof one);
 }
@@ -124,6 +138,23 @@ int without_kick(select_sets& sets, int count)
     return count - 1;
 }
 
+// What an expiry brings that was due before the time was over comes before the time-out, however late a busy
+// host is with it.
+int poll_behind_expiries(pollfd* fds, nfds_t count, nanoseconds deadline)
+{
+    constexpr int most_looks = 200;
+    for (int i = 0; i < most_looks; i++) {
+        {
+            const std::lock_guard lock(clock_mutex);
+            if (!expiries_under_way_locked(deadline))
+                break;
+        }
+        if (const int n = ::poll(fds, count, 1); n != 0)
+            return n;
+    }
+    return ::poll(fds, count, 0);
+}
+
 } // namespace
 
 std::vector<waiter*> clock_inner::waiters;
@@ -131,7 +162,7 @@ std::vector<waiter*> clock_inner::waiters;
 void clock_inner::kick_locked()
 {
     for (const waiter* w : waiters)
-        kick(*w);
+        kick_one_locked(*w);
 }
 
 bool clock_inner::loop_idle_locked()
@@ -164,6 +195,7 @@ void clock_inner::begin_wait_locked(thread_mark& mark, waiter& w)
     w.kick_fd = mark.kick_fd;
     w.tid = mark.tid;
     w.counted = false;
+    follow_change_locked(mark, w.deadline);
     waiters.push_back(&w);
     mark.blocked = true;
     at_work--;
@@ -172,6 +204,7 @@ void clock_inner::begin_wait_locked(thread_mark& mark, waiter& w)
 
 void clock_inner::end_wait_locked(thread_mark& mark, waiter& w)
 {
+    follow_change_locked(mark, 0);
     if (!w.counted)
         at_work++;
     mark.blocked = false;
@@ -213,18 +246,36 @@ void clock_cond_wake(const void* p_cond)
         if (!w->counted)
             at_work++;
         w->counted = true;
-        kick(*w);
+        kick_one_locked(*w);
     }
 }
 
-void clock_library_waits(const pollfd* fds, nfds_t count)
+namespace {
+
+void library_waits(std::vector<pollfd> fds, int timer_fd, nanoseconds deadline)
 {
     clock_library_goes_on();
     thread_mark& mark = own_mark();
     const std::lock_guard lock(clock_mutex);
     mark.in_library = true;
-    mark.library.ready = [all = std::vector<pollfd>(fds, fds + count)] { return any_ready(all); };
+    mark.library.deadline = deadline;
+    mark.library.timer_fd = timer_fd;
+    mark.library.ready = [all = std::move(fds)] { return any_ready(all); };
     begin_wait_locked(mark, mark.library);
+    if (timer_fd >= 0)
+        kick_one_locked(mark.library);
+}
+
+} // namespace
+
+void clock_library_waits(const pollfd* fds, nfds_t count)
+{
+    library_waits({fds, fds + count}, -1, forever);
+}
+
+void clock_library_waits_until(int timer_fd, nanoseconds deadline)
+{
+    library_waits({{timer_fd, POLLIN, 0}}, timer_fd, deadline);
 }
 
 void clock_library_goes_on()
@@ -245,7 +296,7 @@ int clock_poll(pollfd* fds, nfds_t count, nanoseconds timeout)
     all.push_back({own_mark().kick_fd, POLLIN, 0});
     waiter w{timeout == forever ? forever : clock_now(CLOCK_MONOTONIC) + timeout};
     w.ready = [asked = std::vector<pollfd>(fds, fds + count)] { return any_ready(asked); };
-    return block(w, nullptr, [&](nanoseconds host) {
+    const int result = block(w, nullptr, [&](nanoseconds host) {
         const timespec t = to_timespec(host);
         int n = ::ppoll(all.data(), all.size(), host == forever ? nullptr : &t, nullptr);
         if (n > 0 && all.back().revents != 0) {
@@ -256,6 +307,7 @@ int clock_poll(pollfd* fds, nfds_t count, nanoseconds timeout)
             fds[i].revents = all[i].revents;
         return n;
     });
+    return result == 0 ? poll_behind_expiries(fds, count, w.deadline) : result;
 }
 
 int clock_select(int nfds, fd_set* rd, fd_set* wr, fd_set* ex, nanoseconds timeout)

@@ -1,5 +1,6 @@
 // Which threads are at work, so that a step of the clock goes on only when the work of the step before is
 // done.
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <sys/eventfd.h>
@@ -72,6 +73,7 @@ thread_mark::~thread_mark()
         const std::lock_guard lock(clock_mutex);
         if (in_library)
             end_wait_locked(*this, library);
+        follow_end_locked(*this);
         leave_locked();
     }
     close(kick_fd);
@@ -113,6 +115,12 @@ thread_mark& clock_inner::own_mark()
 {
     thread_local thread_mark mark;
     return mark;
+}
+
+bool clock_inner::expiry_at_work_locked()
+{
+    return std::ranges::any_of(known_threads,
+                               [](const thread_mark* p) { return p->is_worker && !p->blocked; });
 }
 
 void clock_inner::work_changed_locked()

@@ -20,25 +20,13 @@ namespace {
 
 std::map<std::string, const void*, std::less<>> offers; // written before the program runs
 
-std::string beside_program(std::string_view name)
-{
-    char path[4096];
-    const ssize_t n = readlink("/proc/self/exe", path, sizeof path);
-    if (n <= 0)
-        return {};
-    const std::string program(path, static_cast<std::size_t>(n));
-    return program.substr(0, program.rfind('/')) + "/closed/" + std::string(name);
-}
-
 bool host_call(const char* operation, std::uint32_t number)
 {
     if (!watch_active())
         return false;
     char text[16];
     std::snprintf(text, sizeof text, "0x%X", number);
-    const bool fails = watch_call(operation, text) == fault::eio;
-    watch_no_result(operation, text);
-    return fails;
+    return watch_call(operation, text) == fault::eio;
 }
 
 phone_call_fate host_call_on(const char* operation, const char* what)
@@ -109,6 +97,16 @@ void introduce(void* library)
 
 } // namespace
 
+std::string libraries_place(std::string_view name)
+{
+    char path[4096];
+    const ssize_t n = readlink("/proc/self/exe", path, sizeof path);
+    if (n <= 0)
+        return {};
+    const std::string program(path, static_cast<std::size_t>(n));
+    return program.substr(0, program.rfind('/')) + "/closed/" + std::string(name);
+}
+
 void libraries_offer(std::string_view name, const void* p_record)
 {
     offers[std::string(name)] = p_record;
@@ -118,7 +116,7 @@ void* libraries_open(const char* name, int flags)
 {
     if (path_is_lacking(name))
         return nullptr;
-    const std::string path = std::strchr(name, '/') != nullptr ? host_path(name) : beside_program(name);
+    const std::string path = std::strchr(name, '/') != nullptr ? host_path(name) : libraries_place(name);
     if (path.empty() || access(path.c_str(), R_OK) != 0) {
         strange("dlopen " + std::string(name));
         return nullptr;
@@ -136,7 +134,7 @@ bool libraries_introduce(const char* name)
 
 bool libraries_has(std::string_view name)
 {
-    return access(beside_program(name).c_str(), R_OK) == 0;
+    return access(libraries_place(name).c_str(), R_OK) == 0;
 }
 
 } // namespace phone

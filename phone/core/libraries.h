@@ -3,6 +3,7 @@
 // the phone's file tree. Each is introduced to the phone (core/library_host.h) when it is opened.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace phone {
@@ -15,6 +16,9 @@ void* libraries_open(const char* name, int flags);
 // Loads a closed library that another library will open by itself, so that it is introduced by then. False if
 // it isn't there or can't be loaded.
 bool libraries_introduce(const char* name);
+
+// Where a file of this name beside the libraries lies on the host.
+std::string libraries_place(std::string_view name);
 
 // Whether a library of this bare name is built with the phone.
 bool libraries_has(std::string_view name);

@@ -92,6 +92,13 @@ int sockets_hci_open_dev(int device)
     return -1;
 }
 
+int sockets_hci_sent(int fd)
+{
+    const auto file = file_of(fd);
+    const bool told = file != nullptr && file->p_family != nullptr && file->p_family->sent != nullptr;
+    return told ? file->p_family->sent(*file) : 0;
+}
+
 const char* sockets_name(int family)
 {
     const socket_family* const p_family = find(family);

@@ -21,6 +21,9 @@ struct socket_family {
     int (*setsockopt)(open_file& file, int level, int option, const void* p_value, socklen_t size);
     // Of AF_BLUETOOTH: ties a new socket to a device; 0, or -1 and errno. May be null: there is none, ENODEV.
     int (*bind_device)(open_file& file, int device);
+    // Of AF_BLUETOOTH: the program has put a packet into the descriptor; 0, or -1 and errno when it can't go
+    // out. May be null.
+    int (*sent)(open_file& file) = nullptr;
 };
 
 // Claims a family. The record must live as long as the process. Only while devices attach.
@@ -30,6 +33,7 @@ void socket_family_add(int family, const socket_family* p_family);
 int sockets_open(int family, int type, int protocol);
 int sockets_setsockopt(int fd, int level, int option, const void* p_value, socklen_t size);
 int sockets_hci_open_dev(int device);
+int sockets_hci_sent(int fd);
 
 // What a socket of the family is called, for a call that makes one.
 const char* sockets_name(int family);

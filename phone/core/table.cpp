@@ -333,8 +333,10 @@ int co_hci_open_dev(int device)
 // The packet is made by the real library: it goes into the real descriptor that a device has given.
 int co_hci_send_cmd(int fd, std::uint16_t ogf, std::uint16_t ocf, std::uint8_t size, const void* p_param)
 {
-    return watched("hci_send_cmd", path_of(fd), -1,
-                   [&] { return ::hci_send_cmd(fd, ogf, ocf, size, const_cast<void*>(p_param)); });
+    return watched("hci_send_cmd", path_of(fd), -1, [&] {
+        const int result = ::hci_send_cmd(fd, ogf, ocf, size, const_cast<void*>(p_param));
+        return result < 0 ? result : sockets_hci_sent(fd);
+    });
 }
 
 int co_clock_gettime(clockid_t clock, timespec* p_out)

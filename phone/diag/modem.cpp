@@ -34,6 +34,7 @@ constexpr std::uint32_t peak_bin = 261;
 
 nanoseconds sim_test_until;    // 0: no test was started
 nanoseconds nv_transfer_until; // 0: no transfer is under way
+bool (*sim_is_in)();
 bool rf_mode;
 bool iq_logged;
 packet iq_request;
@@ -139,10 +140,12 @@ packet state_answer(request_bytes request, std::uint8_t state)
 
 std::uint8_t sim_test_state(nanoseconds now)
 {
-    enum : std::uint8_t { idle = 0, running = 2, good = 4 };
+    enum : std::uint8_t { idle = 0, running = 2, no_card = 3, good = 4 };
     if (sim_test_until == 0)
         return idle;
-    return now < sim_test_until ? running : good;
+    if (now < sim_test_until)
+        return running;
+    return sim_is_in == nullptr || sim_is_in() ? good : no_card;
 }
 
 // A short request starts the transfer, a long one starts it or asks how far it is.
@@ -210,6 +213,11 @@ packet modem_answer(request_bytes request)
     const auto row = std::find_if(std::begin(packets), std::end(packets),
                                   [text](const packet_row& r) { return text.starts_with(r.begins); });
     return row != std::end(packets) ? row->answer(request) : error(bad_command, request);
+}
+
+void modem_set_sim(bool (*is_in)())
+{
+    sim_is_in = is_in;
 }
 
 packet modem_measured()

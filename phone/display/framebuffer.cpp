@@ -17,12 +17,14 @@
 #include "core/files.h"
 #include "core/text.h"
 #include "core/watch.h"
+#include "display/overlay.h"
 
 namespace phone {
 
 namespace {
 
 constexpr unsigned console_set_mode = 0x4B3A;
+constexpr unsigned long request_output_off = 0x40046DFF; // of the HDMI driver alone
 
 struct framebuffer {
     const char* path;
@@ -35,6 +37,7 @@ struct framebuffer {
     fb_var_screeninfo var{};
     unsigned line_length = 0;
     bool blanked = false;
+    overlay_set overlays{};
 };
 
 std::mutex fb_mutex; // guards what requests change
@@ -121,10 +124,24 @@ int blank(framebuffer& fb, std::uintptr_t level)
     return 0;
 }
 
+int hdmi_off(const framebuffer& fb, const void* arg)
+{
+    std::uint32_t value;
+    std::memcpy(&value, arg, sizeof value);
+    if (value == 0)
+        return 0;
+    strange(std::string("ioctl ") + fb.path + " output " + std::to_string(value));
+    return refuse(EINVAL);
+}
+
 int fb_ioctl(open_file& file, unsigned long request, void* arg)
 {
     framebuffer& fb = buffer_of(file);
     const std::lock_guard lock(fb_mutex);
+    if (request == request_output_off && &fb == &buffers[1])
+        return hdmi_off(fb, arg);
+    if (const auto done = overlay_ioctl(fb.overlays, file.fd, fb.var.xres, fb.var.yres, request, arg))
+        return *done;
     switch (request) {
     case FBIOGET_VSCREENINFO:
         *static_cast<fb_var_screeninfo*>(arg) = fb.var;
@@ -144,7 +161,13 @@ int fb_ioctl(open_file& file, unsigned long request, void* arg)
     }
 }
 
-constexpr node fb_node = {.open = fb_open, .ioctl = fb_ioctl};
+void fb_close(open_file& file)
+{
+    const std::lock_guard lock(fb_mutex);
+    overlay_closed(buffer_of(file).overlays, file.fd);
+}
+
+constexpr node fb_node = {.open = fb_open, .ioctl = fb_ioctl, .close = fb_close};
 
 int console_ioctl(open_file& file, unsigned long request, void* arg)
 {
@@ -173,6 +196,8 @@ std::uint8_t component(std::uint32_t word, const fb_bitfield& field)
 void shown(const framebuffer& fb, unsigned x, unsigned y, std::uint8_t* rgb)
 {
     std::uint32_t word = 0;
+    if (!fb.blanked && overlay_pixel(fb.overlays, x, y, rgb))
+        return;
     if (!fb.blanked)
         std::memcpy(&word,
                     fb.memory + std::size_t{fb.var.yoffset + y} * fb.line_length +
@@ -194,14 +219,9 @@ std::string write_png(const framebuffer& fb, const std::string& path)
     image.width = fb.var.xres;
     image.height = fb.var.yres;
     image.format = PNG_FORMAT_RGB;
-    errno = 0;
-    if (png_image_write_to_file(&image, path.c_str(), 0, rgb.data(), 0, nullptr) != 0)
-        return {};
-    const int error = errno;
-    const std::string folder = path.substr(0, path.rfind('/'));
-    if (error == ENOENT && access(folder.c_str(), F_OK) != 0)
-        return path + ": can't be written: there is no folder " + folder;
-    return path + ": can't be written: " + (error != 0 ? std::strerror(error) : image.message);
+    if (png_image_write_to_file(&image, path.c_str(), 0, rgb.data(), 0, nullptr) == 0)
+        return path + ": can't be written: " + image.message;
+    return {};
 }
 
 framebuffer* buffer_in_slot(const std::string& text)
@@ -221,18 +241,19 @@ std::string about(const framebuffer& fb)
 
 std::string word_screen(request& rq)
 {
+    std::vector<std::string> args = rq.args;
     framebuffer* p_fb = &buffers[0];
-    const bool slot = !rq.args.empty() && number(rq.args.back());
-    if (slot)
-        p_fb = buffer_in_slot(rq.args.back());
-    const std::string file = request_text(rq, 0, slot ? 1 : 0);
+    if (!args.empty() && number(args.back())) {
+        p_fb = buffer_in_slot(args.back());
+        args.pop_back();
+    }
     if (p_fb == nullptr)
         return "the slots are 0, the panel, and 2, the HDMI output";
-    if (!file.empty() && !file.ends_with(".png"))
+    if (args.size() > 1 || (!args.empty() && !args[0].ends_with(".png")))
         return "[FILE.png] [SLOT] is wanted";
     const std::lock_guard lock(fb_mutex);
-    if (!file.empty())
-        return write_png(*p_fb, request_file(rq, file));
+    if (!args.empty())
+        return write_png(*p_fb, request_file(rq, args[0]));
     rq.answer = about(*p_fb);
     return {};
 }

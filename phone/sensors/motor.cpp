@@ -94,7 +94,7 @@ void motor_attach()
 void motor_seed()
 {
     home_seed(vib_path, "0\n");
-    home_seed("/system/hvtdebug/.keep", "");
+    home_seed("/system/hvtdebug/", "");
 }
 
 void motor_start()

@@ -1,6 +1,6 @@
 // What the kernel's attributes may hold: every path gives the input's bytes, in whatever pieces, to the
-// parsers of the SPMI dump, the converters, the regulators, the fuses and the settings. The first byte sets
-// the count of the SPMI reading and its place in a row.
+// parsers of the SPMI dump, the converters, the regulators, the fuses, the settings, the codec and the plug.
+// The first byte sets the count of the SPMI reading and its place in a row.
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
@@ -11,6 +11,10 @@
 
 #include "adcr/adcr.h"
 #include "adcr_brenk/adcr_brenk.h"
+#include "audio_v2/audio.h"
+#include "audio_wcd9320/audio_wcd9320.h"
+#include "cfg/cfg.h"
+#include "mpvc/mpvc.h"
 #include "msm/msm.h"
 #include "msm_linux/msm_linux.h"
 #include "plat/plat.h"
@@ -70,6 +74,19 @@ void read_others()
         std::abort();
 }
 
+// The codec's registers and the plug detection.
+void read_sound()
+{
+    unsigned reg = 0;
+    if (audio_wcd9320_read(0x1b4, &reg) == 0 && reg > 0xFF)
+        std::abort();
+    int contact;
+    vadet_read(1, 0, &contact);
+    vadet_read(2, 0, &contact);
+    if (ajdt_detect() > 1)
+        std::abort();
+}
+
 void attach()
 {
     static plat_callouts co = plat_linux_co;
@@ -89,6 +106,9 @@ void attach()
     vreg_linux_init();
     msm_linux_init();
     syscfg_brenk_init();
+    cfg_init();
+    cfg_set_str("mpvc", "debug_fs_vad", "x");
+    cfg_set_str("audio", "debug_fs_plug_detect", "x");
 }
 
 } // namespace
@@ -102,5 +122,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     input_size = size - 1;
     read_spmi(data[0]);
     read_others();
+    read_sound();
     return 0;
 }

@@ -7,26 +7,16 @@
 #include <cmath>
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "attr/attr.h"
-#include "board/gpio.h"
-#include "board/i2c_bus.h"
 #include "cfg/cfg.h"
-#include "core/control.h"
 #include "core/core.h"
-#include "core/home.h"
-#include "core/table.h"
-#include "core/watch.h"
 #include "i2c/i2c.h"
+#include "joint/joint.h"
 #include "phone/clock_once.h"
 #include "runner/file_text.h"
-#include "sensors/bmi055.h"
-#include "sensors/motor.h"
-#include "sensors/surroundings.h"
 #include "tmr/tmr.h"
 #include "vibrator/vibrator.h"
 
@@ -59,7 +49,8 @@ void sample_set(void* p_buf, int index, int axis, float value)
 // 1024 steps of 1000 milli-g, twelve bits in the upper part of sixteen.
 float milli_g(const std::uint8_t* p)
 {
-    return static_cast<float>(static_cast<std::int16_t>(p[0] | p[1] << 8) / 16) / 1.024F;
+    const int steps = static_cast<std::int16_t>(p[0] | p[1] << 8) / 16;
+    return static_cast<float>(steps) / 1.024F;
 }
 
 int capture(int count, std::uint32_t, std::uint32_t, void* p_buf)
@@ -92,28 +83,14 @@ constexpr vibrator_co driver = {
 constexpr vibm_cfg measurement = {
     .mode = 0, .prefer_higher = 0, .sample_period = 500, .samples = 1024, .skip = 400};
 
-std::string dir;
 std::vector<std::string> reports;
 std::atomic<int> report_count;
 
-struct VibrationJoint : testing::Test {
+struct VibrationJoint : Joint {
     static void SetUpTestSuite()
     {
-        char pattern[] = "/tmp/hvt-joint-XXXXXX";
-        ASSERT_NE(mkdtemp(pattern), nullptr);
-        dir = pattern;
-        ASSERT_EQ(phone::home_take(dir), "");
-        clock_attach_once();
-        phone::watch_attach();
-        phone::gpio_attach();
-        phone::i2c_attach();
-        phone::surroundings_attach();
-        phone::motor_attach();
-        phone::motor_seed();
-        phone::bmi055_attach();
-        ASSERT_EQ(phone::home_lay_seeds(), "");
+        Joint::SetUpTestSuite();
         ask("tremble off");
-        plat_attach(&phone::phone_co);
         tmr_init();
         core_init(); // for what the loop is to do; none runs
         cfg_init();
@@ -124,9 +101,10 @@ struct VibrationJoint : testing::Test {
     static void TearDownTestSuite()
     {
         // A next start joins the last thread, since no loop does.
+        run_fast();
         if (vibr_test(VIBR_REPEAT, 0, report) == 0)
             vibr_test(VIBR_STOP, 0, nullptr);
-        std::filesystem::remove_all(dir);
+        Joint::TearDownTestSuite();
     }
 
     void SetUp() override
@@ -136,11 +114,15 @@ struct VibrationJoint : testing::Test {
     }
     void TearDown() override
     {
-        ask("clock run");
+        ask("clock hold");
         ask("speed 1");
     }
 
-    static void ask(const char* line) { ASSERT_EQ(phone::control_request(line), "ok\n") << line; }
+    static void run_fast()
+    {
+        ask("speed 1000");
+        ask("clock run");
+    }
     static void report(const char* text)
     {
         reports.emplace_back(text);
@@ -164,7 +146,6 @@ TEST_F(VibrationJoint, FindsTheMotorsFrequencyAndAmplitudes)
         double hz;
         int bin; // of 2000 / 1024 Hz, the nearest
     };
-    ask("clock hold");
     for (const row& r : {row{3000, 175, 90}, row{2000, 700 / 6.0, 60}}) {
         vibr_result result = {};
         int measured = 0;
@@ -183,7 +164,7 @@ TEST_F(VibrationJoint, FindsTheMotorsFrequencyAndAmplitudes)
 
 TEST_F(VibrationJoint, ReportsAndKeepsEachMeasurementUntilItIsStopped)
 {
-    ask("speed 1000");
+    run_fast();
     ASSERT_EQ(vibr_test(VIBR_REPEAT, 3000, report), 0);
     struct sigaction action = {};
     sigaction(SIGQUIT, nullptr, &action);
@@ -210,7 +191,7 @@ TEST_F(VibrationJoint, ReportsAndKeepsEachMeasurementUntilItIsStopped)
 
 TEST_F(VibrationJoint, AStopRightBehindTheStartIsNotLost)
 {
-    ask("speed 1000");
+    run_fast();
     for (int turn = 0; turn < 50; turn++) {
         ASSERT_EQ(vibr_test(VIBR_REPEAT, 3000, report), 0);
         ASSERT_EQ(vibr_test(VIBR_STOP, 0, nullptr), 0);
@@ -220,7 +201,7 @@ TEST_F(VibrationJoint, AStopRightBehindTheStartIsNotLost)
 
 TEST_F(VibrationJoint, OneThatHasReportedMakesRoomForTheNext)
 {
-    ask("speed 1000");
+    run_fast();
     for (int turn = 1; turn <= 10; turn++) {
         ASSERT_EQ(vibr_test(VIBR_ONCE, 3000, report), 0) << turn;
         while (report_count < turn)

@@ -21,6 +21,8 @@ constexpr int ACTION_SECONDARY = 7;
 constexpr std::uint32_t MOST_MODE = 12;
 constexpr std::uint32_t MOST_DRIVER_MODE = 6;
 constexpr std::uint32_t MOST_SECONDARY_MODE = 10;
+constexpr std::int32_t MOST_FRAMES = 255;
+constexpr std::int32_t FRAMES_DEFAULT = -1; // the driver's own number
 constexpr std::uint32_t kinds_by_mode[] = {7, 3, 4, 5, 6};
 
 constexpr std::size_t MATRIX_SIZE = 8192;
@@ -31,7 +33,8 @@ struct dtst_values {
     std::uint32_t mode = 0;
     std::uint32_t min = 0;
     std::uint32_t max = 0;
-    bool limits = false; // they were given
+    bool limits = false;                  // they were given
+    std::int32_t frames = FRAMES_DEFAULT; // of the secondary tests, in the place of the lower limit
 };
 
 // The text is of any length, so it goes out as it is.
@@ -85,6 +88,7 @@ int run_test_mode(int id, const dtst_values& v)
     rec.max = v.max;
     rec.buffer = reinterpret_cast<std::uintptr_t>(matrix.data());
     rec.size = matrix.size();
+    rec.iterations = static_cast<std::uint32_t>(v.frames);
     const bool secondary = v.action == ACTION_SECONDARY;
     if ((secondary ? touch_test_mode_secondary(&rec) : touch_test_mode(&rec)) == 0)
         return dcp_answer(id, "dtst", " ", DCP_ERROR);
@@ -108,7 +112,9 @@ int run(int id, const dtst_values& v)
     case ACTION_DRIVER_TEST:
         return v.mode <= MOST_DRIVER_MODE ? run_test_mode(id, v) : dcp_answer(id, "dtst", " ", DCP_SYNTAX);
     case ACTION_SECONDARY:
-        return v.mode <= MOST_SECONDARY_MODE ? run_test_mode(id, v) : dcp_answer(id, "dtst", " ", DCP_SYNTAX);
+        return v.mode <= MOST_SECONDARY_MODE && v.frames <= MOST_FRAMES
+                   ? run_test_mode(id, v)
+                   : dcp_answer(id, "dtst", " ", DCP_SYNTAX);
     default:
         return dcp_answer(id, "dtst", " ", DCP_SYNTAX);
     }
@@ -124,6 +130,8 @@ int do_touch_dtst(int id, int action, int argc, const dcp_word* argv)
         return dcp_answer(id, "dtst", " ", DCP_SYNTAX);
     const auto value = [=](int i) { return i < argc ? dcp_uint(argv[i]) : 0; };
     dtst_values v{dcp_int(argv[0]), value(1), value(2), value(3), argc == 4};
+    if (argc > 2)
+        v.frames = dcp_int(argv[2]);
     if (v.mode > MOST_MODE || v.min > v.max)
         v.action = 0;
     return run(id, v);

@@ -80,6 +80,8 @@ const chargemon_cfg chmon_cfg = [] {
     return cfg;
 }();
 
+const nfc_pn65_cfg nfc_cfg = {0xBC, 0x00, 0x00, 0x00};
+
 const cfg_map_row& s_cfg_map(const hwp& board)
 {
     for (std::size_t i = 0;; i++) {

@@ -3,10 +3,12 @@
 #include <string>
 #include <string_view>
 
+#include "audio_wcd9320/audio_wcd9320.h"
 #include "autoinit/autoinit.h"
 #include "autopoff/autopoff.h"
 #include "battery/battery.h"
 #include "board_maps.h"
+#include "camconf/camconf.h"
 #include "cfg/cfg.h"
 #include "chargemon/chargemon.h"
 #include "cio_tty/cio_tty.h"
@@ -17,7 +19,9 @@
 #include "gpio_linux/gpio_linux.h"
 #include "hwp/hwp.h"
 #include "i2c/i2c.h"
+#include "irda_rpm841/irda_rpm841.h"
 #include "light/light.h"
+#include "nfc_pn65/nfc_pn65.h"
 #include "pin/pin.h"
 #include "plat/plat.h"
 #include "rev/rev.h"
@@ -28,9 +32,11 @@
 #include "tiers.h"
 #include "tmr/tmr.h"
 #include "touch_v2/touch.h"
+#include "trc/trc.h"
 #include "trim/trim.h"
 #include "usb/usb.h"
 #include "usb_linux/usb_linux.h"
+#include "wcn3680_linux/wcn3680_linux.h"
 
 namespace {
 
@@ -38,6 +44,9 @@ constexpr const char* START_LINE = "echo \"Korvat HVT is starting up...\" > /dev
 constexpr const char* VMRK_REV = "@(#) s_qat_korvat_1_32_2_5_b";
 
 constexpr int LIGHT_GREEN = 2; // subzone: the program is alive
+
+constexpr const char* NV_FILE = "/system/etc/firmware/wlan/prima/korvat_WCNSS_qcom_wlan_nv.bin";
+constexpr const char* NV_FILE_SELLA = "/system/etc/firmware/wlan/prima/korvat_sella_WCNSS_qcom_wlan_nv.bin";
 
 constexpr hwp board_hwp = {0, 0, 1};
 
@@ -53,6 +62,12 @@ usb_listener usb_tpok_con = {{nullptr}, USB_EVT_CONNECTED, nullptr};
 usb_listener usb_tpok_discon = {{nullptr}, USB_EVT_DISCONNECTED, nullptr};
 
 std::span<const s_setting> open_settings;
+
+// Text of the trace goes to the console as it is.
+void s_trc_print_release(const char* text, int len)
+{
+    cio_wr(&cio_clnt, text, static_cast<std::size_t>(len));
+}
 
 bool s_dev_exist(const char* path)
 {
@@ -112,6 +127,7 @@ void s_cfg_init()
     cfg_set_int("f_poff", "param1_delay", 1);
     screenconf_set(SCREEN_MAIN, &screenconf_main);
     screenconf_set(SCREEN_HDMI, &screenconf_hdmi);
+    s_cfg_camera();
     touch_add_cfg(&touch_config_data);
     battery_set_cfg(&board_battery_cfg);
     chargemon_set_cfg(&chmon_cfg);
@@ -119,9 +135,20 @@ void s_cfg_init()
     cfg_set_str("luigi", "stop_key", "/system/scripts/stop.lua");
     cfg_set_int("luigi", "canvas_padding", 8);
     cfg_set_int("luigi", "button_padding", 30);
+    nfc_pn65_conf(nfc_cfg);
     cfg_set_str("sdcard_de", "mmc_dev", "/dev/block/mmcblk1p1");
     cfg_set_str("screen_brenk", "panel_debugfs", "/sys/kernel/debug/mdss_dsi_panel");
     s_cfg_open_init();
+}
+
+// Two of the RF band variants have calibration data of their own.
+void s_cfg_wlan()
+{
+    char variant[32];
+    const bool known = rfbv_get_config(variant, sizeof variant) != 0;
+    const bool sella = known && (std::string_view(variant) == "L1234578_20W12458" ||
+                                 std::string_view(variant) == "L124578_17W12458");
+    cfg_set_str("wcn3680_linux", "wlan_nv_file_path", sella ? NV_FILE_SELLA : NV_FILE);
 }
 
 void usb_cb_tpok_con(unsigned event);
@@ -148,6 +175,7 @@ int s_entry(int, char**)
     s_rev_init();
     core_init();
     autoinit(tier_initcompif, tier_initcomp, tier_initcompcmd);
+    trc_print_co_attach(s_trc_print_release);
     s_cfg_comm_path();
     s_cfg_init();
     rev_add(&space_num, "space_num", "8842-1170");
@@ -155,6 +183,11 @@ int s_entry(int, char**)
     cio_s4_set(0, '\n', 0);
     dcp_case_set(0);
     gpio_linux_init(PIN_GRP_GPIO);
+    audio_wcd9320_init(AUDIO_WCD9320_SPEAKER_DRIVER, 6);
+    cfg_set_int("audio_wcd9320", "internal_micbias", 1);
+    cfg_set_str("mpvc", "debug_fs_vad", "/sys/kernel/debug/wcd9xxx_plug_detect");
+    cfg_set_int("mpvc", "hs_det_value", 1);
+    cfg_set_str("audio", "debug_fs_plug_detect", "/sys/kernel/debug/wcd9xxx_plug_detect");
     ta_generic_init(TA_OPTION_LOW_UNITS);
     ftm_start();
     cio_init(&cio_clnt, cmd_ln, sizeof cmd_ln, "console", "tty", &cio_tty_cfg, nullptr);
@@ -166,6 +199,10 @@ int s_entry(int, char**)
     usb_start();
     chargemon_start();
     rfbv_setup();
+    irda_rpm841_conf("/dev/irda", "/dev/ttyHSL2");
+    s_cfg_wlan();
+    wcn3680_linux_wake_up_wcnss();
+    cfg_set_str("sii8334", "use_debugfs", "/sys/kernel/debug/mdss_mhl/");
     syscfg_set_mode(0);
     return core_start();
 }

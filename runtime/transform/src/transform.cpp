@@ -1,7 +1,8 @@
 #include "transform/transform.h"
 
-#include <cmath>
-#include <numbers>
+#include <algorithm>
+
+#include "transform_tables.h"
 
 namespace {
 
@@ -28,15 +29,16 @@ void reverse_bits(int n, transform_value* p_x, double scale)
     }
 }
 
-// All pairs of one stage that share a factor.
-void butterflies(int n, transform_value* p_x, int first, int m, double wr, double wi)
+// The first `count` pairs of one block of a stage.
+void butterflies(int count, int m, transform_value* p_x, const double* p_wr, const double* p_wi, double sign)
 {
-    for (int i = first; i < n; i += 2 * m) {
-        const transform_value q = p_x[i + m];
-        const double tr = wr * q.re - wi * q.im;
-        const double ti = wi * q.re + wr * q.im;
-        p_x[i + m] = {p_x[i].re - tr, p_x[i].im - ti};
-        p_x[i] = {p_x[i].re + tr, p_x[i].im + ti};
+    for (int k = 0; k < count; k++) {
+        const transform_value q = p_x[k + m];
+        const double wi = sign * p_wi[k];
+        const double tr = p_wr[k] * q.re - wi * q.im;
+        const double ti = p_wr[k] * q.im + wi * q.re;
+        p_x[k + m] = {p_x[k].re - tr, p_x[k].im - ti};
+        p_x[k] = {p_x[k].re + tr, p_x[k].im + ti};
     }
 }
 
@@ -44,11 +46,14 @@ void butterflies(int n, transform_value* p_x, int first, int m, double wr, doubl
 
 void transform_fft(int n, transform_value* p_x, double sign, double scale)
 {
+    const auto p_tables = transform_tables_of(n);
+    const double* p_wr = p_tables->stage.re.data();
+    const double* p_wi = p_tables->stage.im.data();
     reverse_bits(n, p_x, scale);
     for (int m = 1; m < n; m *= 2) {
-        for (int k = 0; k < m; k++) {
-            const double a = std::numbers::pi * sign * k / m;
-            butterflies(n, p_x, k, m, std::cos(a), std::sin(a));
-        }
+        for (int block = 0; block < n; block += 2 * m)
+            butterflies(std::min(m, n - block), m, p_x + block, p_wr, p_wi, sign);
+        p_wr += m;
+        p_wi += m;
     }
 }

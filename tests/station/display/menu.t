@@ -5,8 +5,8 @@ the shipped menu: a page, a command that is well and one that fails, back, and a
   phone    key 116 tap
   phone    clock +140
   phone    idle
-  # "Lights", the fourth row of 144 + 16 pixels below the bar; "Red"; the stem of the l of "lctr=13,..."
-  phone    touch 300 690 tap
+  # "Lights", the fifth row of 144 + 16 pixels below the bar; "Red"; the stem of the l of "lctr=13,..."
+  phone    touch 300 850 tap
   phone    clock +140
   phone    idle
   phone    touch 216 186 tap
@@ -22,14 +22,14 @@ the shipped menu: a page, a command that is well and one that fails, back, and a
   phone    touch 500 1834 tap
   phone    clock +140
   phone    idle
-  # here the first page has its seventh button, "Board"
+  # here the first page has its seventh button, "Sensors"
   phone    pixel 45 1110          -> FFFFFF
   phone    key 116 tap
   phone    clock +140
   phone    idle
   phone    pixel 45 1110          -> 000000
   # closed with the menu: the next one opens it anew
-  phone    kmsg                   -> Korvat HVT is starting up...
+  phone    kmsg                   -> Korvat HVT is starting up...\nphone: wcnss: calibration korvat_sella_WCNSS_qcom_wlan_nv.bin
 
 a command gives its status and its text, its lines joined
   write    /system/scripts/start_korvat.lua -- start
@@ -139,7 +139,7 @@ a button runs its handler at a press inside it; an error there ends the menu, an
   phone    touch 400 200 tap
   phone    clock +140
   phone    idle
-  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:12: boom
+  phone    kmsg                    -> Korvat HVT is starting up...\nphone: wcnss: calibration korvat_sella_WCNSS_qcom_wlan_nv.bin\nQAT: luigi: /system/scripts/start_korvat.lua:12: boom
   phone    key 116 tap
   phone    clock +140
   phone    idle
@@ -155,11 +155,11 @@ without a start script a press changes nothing, and the third one tries again
   phone    key 116 tap
   phone    clock +140
   phone    idle
-  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
+  phone    kmsg                    -> Korvat HVT is starting up...\nphone: wcnss: calibration korvat_sella_WCNSS_qcom_wlan_nv.bin\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
   phone    key 116 tap
   phone    clock +140
   phone    idle
-  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
+  phone    kmsg                    -> Korvat HVT is starting up...\nphone: wcnss: calibration korvat_sella_WCNSS_qcom_wlan_nv.bin\nQAT: luigi: cannot open /system/scripts/start_korvat.lua: No such file or directory
   file     /sys/class/leds/red/brightness -> 0\n
   phone    key 116 tap
   phone    clock +140
@@ -179,8 +179,9 @@ settings of phone.conf stand behind those of the board: another script starts, w
   + \ncanvas.set_back_color(l, 0xFF0000) canvas.set_border_color(l, 0xFF0000)
   + \ncanvas.add(root, l)
   + \ntaboret.push(root)
-  phone    kmsg 2                  -> QAT: setting luigi start_key wants a text\n
-  + QAT: setting luigi canvas_padding wants a number
+  phone    kmsg 3                  -> QAT: setting luigi start_key wants a text\n
+  + QAT: setting luigi canvas_padding wants a number\n
+  + phone: wcnss: calibration korvat_sella_WCNSS_qcom_wlan_nv.bin
   phone    key 116 tap
   phone    clock +140
   phone    idle
@@ -241,7 +242,7 @@ a start script that never returns doesn't hold the console, and the power key en
   phone    speed 1000
   phone    idle
   phone    speed 1
-  phone    kmsg                    -> Korvat HVT is starting up...\nQAT: luigi: /system/scripts/start_korvat.lua:1: the script doesn't return, and the menu was to stop
+  phone    kmsg                    -> Korvat HVT is starting up...\nphone: wcnss: calibration korvat_sella_WCNSS_qcom_wlan_nv.bin\nQAT: luigi: /system/scripts/start_korvat.lua:1: the script doesn't return, and the menu was to stop
 
 a stop waits for a handler that computes; one that neither returns nor finishes a command for a minute is ended
   write    /system/scripts/start_korvat.lua qat("lctr=13,1,5,1") qat("lctr=13,1,5,2")
@@ -369,4 +370,4 @@ a script can't end the program, and its files are those of the phone, opened in 
   file     /system/scripts/note    -> Kept\nadded\n
   file     /data/out               -> Kept\nadded\nKept;added;Kept|\nadd|ed\n|bad argument #2 to 'io.open' (invalid mode)
   +        /nosuch: No such file or directory
-  phone    kmsg                    -> Korvat HVT is starting up...\nhello\nQAT: luigi: /system/scripts/start_korvat.lua:14: os.exit ends the menu
+  phone    kmsg                    -> Korvat HVT is starting up...\nphone: wcnss: calibration korvat_sella_WCNSS_qcom_wlan_nv.bin\nhello\nQAT: luigi: /system/scripts/start_korvat.lua:14: os.exit ends the menu

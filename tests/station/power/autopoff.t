@@ -8,7 +8,7 @@ six minutes without the cable and the phone goes off
   phone    usb off
   phone    clock +350000
   phone    idle
-  phone    shell 1 -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg
+  phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
   # as if the phone couldn't go off, so that its log can be looked at; it goes off at the next check
   phone    fail system reboot
   phone    clock +20000
@@ -26,7 +26,7 @@ a battery below 3100 mV for three seconds ends it, with the cable or without
   phone    clock +51500
   phone    battery 3100 -200
   phone    clock +10000
-  phone    shell 1 -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg
+  phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
   # at 180 s and on
   phone    battery 3099 -200
   phone    fail system reboot

@@ -9,7 +9,7 @@ it restarts at once and says nothing
   reboots
   send     case?
   expect   CASE:false,OK
-  phone    shell 2 -> 0 reboot\n0 echo "Korvat HVT is starting up..." > /dev/kmsg
+  phone    shell 5 -> 0 reboot\n0 echo "Korvat HVT is starting up..." > /dev/kmsg\n0 echo "0x1b4 0x27" > /sys/kernel/debug/asoc/msm8974-taiko-mtp-snd-card/taiko_codec/codec_reg\n0 rm /system/etc/firmware/wlan/prima/WCNSS_qcom_wlan_nv.bin\n0 echo 1 > /dev/wcnss_wlan
 
 1 and 2 leave a marker in their unit first
   send     kill=2

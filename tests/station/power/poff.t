@@ -18,10 +18,10 @@ after a time it answers first, the newest time counts, and what is in memory is 
   # as if the phone couldn't go off, so that its log can be looked at
   phone    fail system reboot 1
   phone    clock +1999
-  phone    shell 1 -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg
+  phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
   phone    clock +1
   phone    shell 1 -> 0 sync
-  phone    fail off -> 0 faults were never reached
+  phone    fail off -> 0
   send     poff=0x64
   expect   POFF: ,OK
   phone    clock +99
@@ -39,7 +39,7 @@ with 0 it waits for the cable to go
   phone    fail system reboot 1
   phone    usb off
   phone    idle
-  phone    shell 2 -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg\n0 sync
+  phone    shell 2 -> 0 echo 1 > /dev/wcnss_wlan\n0 sync
   phone    usb on
   read     TP,OK\r\n
   phone    usb off

@@ -37,7 +37,7 @@ a file is written, read, listed and deleted
   expect   MSTT:.,..,a.txt,OK
   send     mstt=4,1,"a.txt"
   expect   MSTT:,OK
-  phone    shell -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg\n0 /system/bin/rm /sdcard/a.txt
+  phone    shell 1 -> 0 /system/bin/rm /sdcard/a.txt
   send     mstt=2,3,"a.txt"
   expect   ERROR
 
@@ -62,13 +62,13 @@ formatting takes the kind of file system that fits the size
   phone    card size 31999
   send     mstt=4,3
   expect   MSTT:,OK
-  phone    shell -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg\n0 newfs_msdos -F 16 -O android /dev/block/mmcblk1p1\n0 fsck_msdos -p -f /dev/block/mmcblk1p1\n0 newfs_msdos -F 32 -O android /dev/block/mmcblk1p1\n0 fsck_msdos -p -f /dev/block/mmcblk1p1
+  phone    shell 4 -> 0 newfs_msdos -F 16 -O android /dev/block/mmcblk1p1\n0 fsck_msdos -p -f /dev/block/mmcblk1p1\n0 newfs_msdos -F 32 -O android /dev/block/mmcblk1p1\n0 fsck_msdos -p -f /dev/block/mmcblk1p1
 
 a size that can't be formatted
   phone    card size 2000
   send     mstt=4,3
   expect   ERROR
-  phone    shell -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg
+  phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
 
 a mounted card is unmounted before it is formatted
   send     mstt=5,1
@@ -83,13 +83,13 @@ erasing takes the file system away
   expect   MSTT:,OK
   send     mstt=4,2
   expect   MSTT:,OK
-  phone    shell -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg\n1 /system/bin/dd if=/dev/zero of=/dev/block/mmcblk1p1
+  phone    shell 1 -> 1 /system/bin/dd if=/dev/zero of=/dev/block/mmcblk1p1
 
 erasing asks neither for the card nor for a mount: the tool is run, and finds nothing
   phone    card out
   send     mstt=4,2
   expect   ERROR
-  phone    shell -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg\n1 /system/bin/dd if=/dev/zero of=/dev/block/mmcblk1p1
+  phone    shell 1 -> 1 /system/bin/dd if=/dev/zero of=/dev/block/mmcblk1p1
 
 values behind those of a row are a syntax error, and the card isn't touched
   send     mstt=3,1,"a.txt","hello"
@@ -110,7 +110,7 @@ values behind those of a row are a syntax error, and the card isn't touched
   expect   SYNTAX
   send     mstt=2,3,"a.txt","x"
   expect   SYNTAX
-  phone    shell -> 0 echo "Korvat HVT is starting up..." > /dev/kmsg
+  phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
   send     mstt=2,3,"a.txt"
   expect   MSTT:hello,OK
 

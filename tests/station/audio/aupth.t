@@ -1,0 +1,12 @@
+#: Is answered and does nothing.
+#: aupth | `ERROR` and no line, whatever the values
+
+every form
+  #:
+  send     aupth=0,1
+  expect   ERROR
+  send     aupth?
+  expect   ERROR
+  send     aupth=?
+  expect   aupth     [(0-1),(0-4)[,(0-1)]]                             aupth(),ERROR
+  phone    sound ->

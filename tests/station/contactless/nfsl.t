@@ -1,0 +1,28 @@
+#: Chooses the contactless chip that all other commands mean.
+#: nfsl=1, nfsl=2 | the PN65, the second chip. Another number, or none, chooses nothing. Answers with one blank and is always
+#:   `OK`. Power the former chip down before: nothing is stopped here
+
+the two chips by number, and numbers of none
+  send     nflt
+  expect   NFLT: ,NOT FOUND
+  #:
+  send     nfsl=2
+  expect   NFSL: ,OK
+  send     nflt
+  expect   NFLT: ,OK
+  send     nfsl=0
+  expect   NFSL: ,OK
+  send     nfsl=3
+  expect   NFSL: ,OK
+  send     nfsl
+  expect   NFSL: ,OK
+  send     nflt
+  expect   NFLT: ,OK
+  send     nfsl?1
+  expect   NFSL: ,OK
+  send     nflt
+  expect   NFLT: ,NOT FOUND
+  send     nfsl=?2
+  expect   NFSL:NFC Chip Select,nfsl      (0-1)                                             NFC Chip Select,OK
+  send     nflt
+  expect   NFLT: ,NOT FOUND

@@ -1,0 +1,321 @@
+// Routes, and the loops of both streams, against a card that refuses, breaks off and grants what it likes.
+#include <cerrno>
+#include <chrono>
+#include <gtest/gtest.h>
+#include <thread>
+
+#include "alsa/alsa.h"
+#include "unit/audio/alsa_fake.h"
+#include "unit/plat_fake.h"
+
+namespace {
+
+using strings = std::vector<std::string>;
+
+alsa_ctl_entry plain(std::uint32_t type, std::uint32_t numid, std::int16_t a, std::int16_t b, std::int16_t c)
+{
+    return {type, numid, 0, {a, b, c, -32768}, 7};
+}
+
+alsa_ctl_entry gain(std::uint32_t numid)
+{
+    return {ALSA_GAIN | ALSA_INTEGER, numid, 0, {10, 11, 12, 13, -1, -1, -1, -1, -1, 19}, 5};
+}
+
+class alsa : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        plat_fake_reset();
+        alsa_fake_reset();
+        if (get_alsa_state() == ALSA_STATE_NO_CONTROL)
+            alsa_ctl_init("default");
+        alsa_fake_reset();
+        objects = alsa_fake.objects;
+        output.wave = alsa_wave_make(48, 6000, 4096);
+    }
+
+    void TearDown() override
+    {
+        alsa_tgen_stop();
+        alsa_auan_stop();
+        EXPECT_EQ(alsa_fake.faults, 0);
+        EXPECT_EQ(alsa_fake.objects, objects);
+    }
+
+    // Gives the module's threads the host's time until it is so.
+    template <typename Test>
+    bool comes(Test test)
+    {
+        for (int i = 0; i < 2000; i++) {
+            if (test())
+                return true;
+            plat_fake_advance_us(1000);
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+        return false;
+    }
+
+    int objects = 0;
+    alsa_ctl_entry route[4] = {plain(ALSA_BOOLEAN, 1, 0, 0, 1),
+                               plain(ALSA_DELAY, 0, 30, 0, 0),
+                               plain(ALSA_ENUMERATED, 2, 3, 4, 5),
+                               {}};
+    alsa_ctl_entry gains[3] = {gain(3), plain(ALSA_INTEGER, 4, 6, 6, 6), {}};
+    alsa_pcm_config output = {"default", 0,       2,       48000,   1,    42, 0,   1000, 6000,
+                              0,         nullptr, nullptr, nullptr, 4096, 96, 512, 48};
+    alsa_pcm_config input = {"default", 1,       2,       48000,   2,     80, 80,   1000, 0,
+                             0,         nullptr, nullptr, nullptr, 15360, 96, 3840, 48};
+};
+
+} // namespace
+
+TEST_F(alsa, a_route_is_written_in_order_and_saved)
+{
+    const std::uint64_t before = plat_fake_now_us();
+    EXPECT_EQ(alsa_ctl_set_on(route), 0);
+    EXPECT_EQ(alsa_fake.log, (strings{"1=1", "2=5"}));
+    EXPECT_EQ(plat_fake_now_us() - before, 30'000u);
+    EXPECT_EQ(route[2].values[ALSA_VALUE_WORKING], 5);
+    // "no change" writes what was saved; a plain entry takes its third value for any further step
+    EXPECT_EQ(alsa_ctl_set_no_change(route), 0);
+    EXPECT_EQ(alsa_ctl_set_nosave(route, 0), 0);
+    EXPECT_EQ(route[2].values[ALSA_VALUE_WORKING], 5);
+    EXPECT_EQ(alsa_ctl_set(route, 7), 0);
+    EXPECT_EQ(alsa_fake.log, (strings{"1=1", "2=5", "1=1", "2=5", "1=0", "2=3", "1=1", "2=5"}));
+}
+
+TEST_F(alsa, off_values_are_written_without_a_wait)
+{
+    const std::uint64_t before = plat_fake_now_us();
+    EXPECT_EQ(alsa_ctl_set_off(route), 0);
+    EXPECT_EQ(plat_fake_now_us(), before);
+    EXPECT_EQ(alsa_fake.log, (strings{"1=7", "2=7"}));
+    EXPECT_EQ(alsa_ctl_set_off(nullptr), 0);
+    alsa_fake.refuse_numid = 1;
+    EXPECT_EQ(alsa_ctl_set_off(route), -1);
+}
+
+TEST_F(alsa, a_refused_value_ends_the_route_and_is_saved_before)
+{
+    alsa_fake.refuse_numid = 1;
+    EXPECT_EQ(alsa_ctl_set_on(route), -EINVAL);
+    EXPECT_EQ(alsa_fake.log, strings{"1=1"});
+    EXPECT_EQ(route[0].values[ALSA_VALUE_WORKING], 1);
+    EXPECT_EQ(alsa_set_route(route), ALSA_FAILED);
+    // a step that isn't there is -1, which the card refuses, and the working value all the same
+    EXPECT_LT(alsa_ctl_set_gain(gains, 4), 0);
+    EXPECT_EQ(gains[0].values[ALSA_VALUE_WORKING], -1);
+}
+
+TEST_F(alsa, gains_alone_and_steps_past_the_last)
+{
+    EXPECT_EQ(alsa_ctl_set_gain(gains, 3), 0);
+    EXPECT_EQ(alsa_ctl_set_gain_no_save(gains, 9), 0);
+    EXPECT_EQ(gains[0].values[ALSA_VALUE_WORKING], 13);
+    EXPECT_EQ(alsa_fake.log, (strings{"3=13", "3=19"}));
+    // an index past 9 ends the loop with the result so far
+    EXPECT_EQ(alsa_ctl_set(gains, 10), 0);
+    EXPECT_EQ(alsa_ctl_set_gain(route, 1), 0);
+    EXPECT_EQ(alsa_ctl_set(gains, -1), -1);
+    EXPECT_EQ(alsa_ctl_set(nullptr, 0), -1);
+    EXPECT_EQ(alsa_fake.log.size(), 2u);
+}
+
+TEST_F(alsa, stored_selections_leave_the_card_alone)
+{
+    EXPECT_EQ(alsa_ctl_set_gain_noapply(gains, 3), 0);
+    EXPECT_EQ(gains[0].values[ALSA_VALUE_WORKING], 13);
+    EXPECT_EQ(alsa_ctl_set_gain_noapply(gains, 4), -1);
+    EXPECT_EQ(gains[0].values[ALSA_VALUE_WORKING], 13);
+    EXPECT_EQ(alsa_ctl_set_noapply(route, 9), 0);
+    EXPECT_EQ(route[2].values[ALSA_VALUE_WORKING], 5);
+    EXPECT_EQ(alsa_ctl_set_noapply(gains, 10), -1);
+    EXPECT_EQ(alsa_ctl_set_noapply(nullptr, 0), -1);
+    EXPECT_TRUE(alsa_fake.log.empty());
+}
+
+TEST_F(alsa, controls_are_opened_once)
+{
+    EXPECT_EQ(alsa_ctl_init("default"), -1);
+    EXPECT_EQ(get_alsa_state(), ALSA_STATE_ERROR);
+    EXPECT_EQ(alsa_ctl_init(nullptr), -1);
+    EXPECT_TRUE(alsa_fake.log.empty());
+}
+
+TEST_F(alsa, a_tone_is_set_up_in_order)
+{
+    ASSERT_EQ(alsa_tgen_start(&output, route, gains), 0);
+    ASSERT_EQ(alsa_tgen_stop(), 0);
+    const strings setup(alsa_fake.log.begin() + 4, alsa_fake.log.begin() + 18);
+    EXPECT_EQ(setup, (strings{"open", "hw_free", "params_malloc", "any", "access 3", "format 2", "rate 48000",
+                              "channels 1", "ring 4096", "period 96", "hw_params", "params_free", "prepare",
+                              "write"}));
+    EXPECT_EQ(alsa_fake_count("3=19"), 1);
+    EXPECT_EQ(alsa_fake.log[alsa_fake.log.size() - 8], "nonblock 1");
+    EXPECT_EQ(alsa_fake.log[alsa_fake.log.size() - 7], "drain");
+}
+
+TEST_F(alsa, each_failing_call_of_a_start_gives_all_back)
+{
+    for (const char* call : {"open", "params_malloc", "any", "access 3", "format 2", "rate 48000",
+                             "channels 1", "ring 4096", "period 96", "hw_params", "prepare", "write"}) {
+        alsa_fake.results[call] = {-EIO};
+        EXPECT_EQ(alsa_tgen_start(&output, route, gains), ALSA_FAILED) << call;
+        EXPECT_EQ(alsa_fake.objects, objects) << call;
+        EXPECT_EQ(get_tgen_cfg(), nullptr);
+    }
+    input.buffer.reset(static_cast<std::int16_t*>(std::calloc(7680, sizeof(std::int16_t))));
+    for (const char* call : {"open", "params_malloc", "channels 2", "ring 15360", "hw_params", "prepare"}) {
+        alsa_fake.results[call] = {-EIO};
+        EXPECT_EQ(alsa_auan_start(&input, route, gains), ALSA_FAILED) << call;
+        EXPECT_EQ(alsa_fake.objects, objects) << call;
+        EXPECT_EQ(get_alsa_state(), ALSA_STATE_ERROR);
+    }
+    // a first write that isn't whole
+    alsa_fake.results["write"] = {4095};
+    EXPECT_EQ(alsa_tgen_start(&output, route, gains), ALSA_FAILED);
+    EXPECT_EQ(alsa_tgen_start(&output, route, gains), 0);
+}
+
+TEST_F(alsa, the_gain_step_counts_for_a_capture_and_not_for_a_tone)
+{
+    input.buffer.reset(static_cast<std::int16_t*>(std::calloc(7680, sizeof(std::int16_t))));
+    gains[0].values[ALSA_VALUE_SHORT_STEP] = -1;
+    EXPECT_EQ(alsa_tgen_start(&output, route, gains), 0);
+    EXPECT_EQ(alsa_auan_start(&input, route, gains), ALSA_FAILED);
+    EXPECT_EQ(get_auan_cfg(), nullptr);
+    EXPECT_EQ(alsa_tgen_stop(), 0);
+    EXPECT_EQ(alsa_fake.objects, objects); // its thread has ended, the stream is closed
+}
+
+// What the card got is the wave from phase 0 on, without a seam, however many writes it took.
+TEST_F(alsa, the_wave_has_no_seam)
+{
+    for (const unsigned period : {1u, 48u, 109u, 2000u}) {
+        alsa_fake_reset();
+        output.wave = alsa_wave_make(period, 6000, alsa_wave_reach(output, period));
+        output.periods = static_cast<unsigned>(output.buffer_size / (2 * period));
+        ASSERT_EQ(alsa_tgen_start(&output, route, gains), 0);
+        ASSERT_TRUE(comes([] { return alsa_fake_count("write") > 20; }));
+        alsa_tgen_stop();
+        int worst = 0;
+        for (std::size_t i = period; i < alsa_fake.written.size(); i++)
+            worst = std::max(worst, std::abs(alsa_fake.written[i] - alsa_fake.written[i - period]));
+        EXPECT_LE(worst, 1) << period; // a rounding of the sine
+        EXPECT_EQ(alsa_fake.written[0], 0);
+    }
+}
+
+TEST_F(alsa, a_ring_larger_than_asked_makes_the_wave_grow)
+{
+    alsa_fake.granted_ring = 10'000;
+    ASSERT_EQ(alsa_tgen_start(&output, route, gains), 0);
+    ASSERT_TRUE(comes([] { return alsa_fake_count("write") > 5; }));
+    alsa_tgen_stop();
+    EXPECT_EQ(output.buffer_size, 10'000u);
+    EXPECT_GE(output.wave->count, 10'000u);
+    for (std::size_t i = 48; i < alsa_fake.written.size(); i++)
+        ASSERT_LE(std::abs(alsa_fake.written[i] - alsa_fake.written[i - 48]), 1) << i;
+}
+
+TEST_F(alsa, a_new_wave_comes_between_two_writes_and_none_ends_the_thread)
+{
+    ASSERT_EQ(alsa_tgen_start(&output, route, gains), 0);
+    alsa_wave_set(&output, alsa_wave_make(96, 3000, alsa_wave_reach(output, 96)));
+    const long before = alsa_fake_count("write");
+    ASSERT_TRUE(comes([&] { return alsa_fake_count("write") > before + 3; }));
+    EXPECT_LE(alsa_fake.written.back(), 3000);
+    alsa_wave_set(&output, nullptr);
+    ASSERT_TRUE(comes([] { return alsa_fake_count("close") == 1; }));
+    EXPECT_EQ(alsa_tgen_start(&output, route, gains), 0); // it counts as running
+    EXPECT_EQ(alsa_tgen_stop(), 0);
+    EXPECT_EQ(alsa_tgen_start(&output, route, gains), ALSA_FAILED);
+}
+
+TEST_F(alsa, a_tone_recovers_from_every_error)
+{
+    ASSERT_EQ(alsa_tgen_start(&output, route, gains), 0);
+    {
+        const std::lock_guard lock(alsa_fake_mutex);
+        alsa_fake.log.clear();
+        // an underrun, a suspended card that takes its time, one that refuses to resume, any other error
+        alsa_fake.results["write"] = {-EPIPE, -ESTRPIPE, -ESTRPIPE, -EIO};
+        alsa_fake.results["resume"] = {-EAGAIN, -EAGAIN, 0, -ENOSYS};
+    }
+    ASSERT_TRUE(comes([] { return alsa_fake_count("prepare") == 3; }));
+    EXPECT_EQ(alsa_fake_count("resume"), 4);
+    {
+        const std::lock_guard lock(alsa_fake_mutex);
+        alsa_fake.results["avail"] = {
+            -EPIPE, -EPIPE}; // one of them is asked for behind a write, where it doesn't count
+    }
+    ASSERT_TRUE(comes([] { return alsa_fake_count("prepare") >= 4; }));
+    // a resume that never ends is left when the tone is stopped
+    {
+        const std::lock_guard lock(alsa_fake_mutex);
+        alsa_fake.results["write"] = {-ESTRPIPE};
+        alsa_fake.results["resume"].assign(1'000'000, -EAGAIN);
+    }
+    ASSERT_TRUE(comes([] { return alsa_fake_count("resume") > 10; }));
+    EXPECT_EQ(alsa_tgen_stop(), 0);
+}
+
+TEST_F(alsa, a_block_is_read_over_overruns_and_short_reads)
+{
+    input.buffer.reset(static_cast<std::int16_t*>(std::calloc(7680, sizeof(std::int16_t))));
+    for (std::int16_t i = 1; i <= 1000; i++)
+        alsa_fake.block.push_back(i);
+    alsa_fake.results["read"] = {100, -EPIPE, 3740};
+    ASSERT_EQ(alsa_auan_start(&input, route, gains), 0);
+    ASSERT_TRUE(comes([] { return alsa_fake_count("read") >= 3; }));
+    ASSERT_EQ(alsa_auan_stop(), 0);
+    EXPECT_EQ(alsa_fake_count("prepare"), 2); // one of them the set-up's
+    EXPECT_EQ(input.pcm, nullptr);
+    EXPECT_EQ(alsa_auan_stop(), ALSA_FAILED);
+}
+
+// After n frames the next read goes n samples on: a short read is overlapped by the one behind it.
+TEST_F(alsa, a_short_read_is_overlapped)
+{
+    input.buffer.reset(static_cast<std::int16_t*>(std::calloc(7680, sizeof(std::int16_t))));
+    input.transfer_frames = 10;
+    for (std::int16_t i = 1; i <= 20; i++)
+        alsa_fake.block.push_back(i);
+    {
+        const std::lock_guard lock(alsa_fake_mutex);
+        alsa_fake.results["read"] = {4, 6};
+        alsa_fake.results["read"].resize(1'000'000, -EIO);
+    }
+    ASSERT_EQ(alsa_auan_start(&input, route, gains), 0);
+    ASSERT_TRUE(comes([] { return alsa_fake_count("read") >= 4; }));
+    ASSERT_EQ(alsa_auan_stop(), 0);
+    const std::int16_t wanted[] = {1, 2, 3, 4, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 0};
+    for (std::size_t i = 0; i < std::size(wanted); i++)
+        EXPECT_EQ(input.buffer[i], wanted[i]) << i;
+}
+
+TEST_F(alsa, a_hundred_starts_and_stops)
+{
+    for (int i = 0; i < 100; i++) {
+        input.buffer.reset(static_cast<std::int16_t*>(std::calloc(7680, sizeof(std::int16_t))));
+        ASSERT_EQ(alsa_tgen_start(&output, route, gains), 0);
+        ASSERT_EQ(alsa_auan_start(&input, route, gains), 0);
+        ASSERT_EQ(i % 2 == 0 ? alsa_tgen_stop() : alsa_auan_stop(), 0);
+        ASSERT_EQ(i % 2 == 0 ? alsa_auan_stop() : alsa_tgen_stop(), 0);
+    }
+}
+
+TEST_F(alsa, a_capture_that_can_not_be_prepared_again_gives_its_block_up)
+{
+    input.buffer.reset(static_cast<std::int16_t*>(std::calloc(7680, sizeof(std::int16_t))));
+    ASSERT_EQ(alsa_auan_start(&input, route, gains), 0);
+    EXPECT_EQ(alsa_auan_start(&input, route, gains), ALSA_FAILED);
+    {
+        const std::lock_guard lock(alsa_fake_mutex);
+        alsa_fake.results["read"].assign(1'000'000, -EPIPE);
+        alsa_fake.results["prepare"].assign(1'000'000, -ENODEV);
+    }
+    EXPECT_EQ(alsa_auan_stop(), 0);
+    EXPECT_EQ(get_alsa_state(), ALSA_STATE_READY);
+}
