@@ -134,6 +134,18 @@ std::string request_file(const request& rq, std::string_view file)
     return (named ? *rq.p_from + "/" : home_path("")) + std::string(file);
 }
 
+std::string request_text(const request& rq, std::size_t before, std::size_t behind)
+{
+    std::string_view text = rq.rest;
+    for (; before > 0; before--)
+        text = trimmed(text.substr(std::min(text.find_first_of(" \t"), text.size())));
+    for (; behind > 0; behind--)
+        text = trimmed(text.substr(0, text.find_last_of(" \t") + 1));
+    if (text.size() >= 2 && text.front() == '"' && text.back() == '"')
+        text = text.substr(1, text.size() - 2);
+    return std::string(text);
+}
+
 std::string control_request(std::string_view line, std::string* p_from)
 {
     line = trimmed(line);

@@ -20,6 +20,10 @@ struct request {
 // has named, else from DIR.
 std::string request_file(const request& rq, std::string_view file);
 
+// The text of a request behind its first `before` words but for the last `behind`, blanks as given: a file's
+// name may hold some. Quotes around it go.
+std::string request_text(const request& rq, std::size_t before, std::size_t behind);
+
 // Carries out a request; the result is empty, or why it can't be done.
 using word_fn = std::string (*)(request& rq);
 

@@ -71,6 +71,16 @@ void block_signals()
     std::signal(SIGPIPE, SIG_IGN);
 }
 
+// A phone whose folder is deleted has nothing to live in; it would go on unseen.
+void home_loop()
+{
+    while (!home_is_gone())
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    std::fprintf(stderr, "hvt: %s has been deleted; the phone ends\n", home_path("").c_str());
+    station_port.stop();
+    _exit(1);
+}
+
 // Leaves the terminal to the caller and waits there for the child's word; only the child returns.
 std::string go_background()
 {
@@ -184,6 +194,7 @@ std::string life_on(const start_options& options, char** argv)
     if (!wrong.empty())
         return wrong;
     std::thread(signal_loop).detach();
+    std::thread(home_loop).detach();
     std::thread(finish_start).detach();
     return {};
 }

@@ -226,7 +226,7 @@ std::string run_with_fault(campaign& c, const std::string& arm, const std::strin
         return wrong;
     if (!c.phone.ask("fail off", answer))
         return "the control port: " + answer;
-    if (answer != "0")
+    if (!answer.starts_with("0 "))
         return "the fault was armed and never reached";
     if (c.good_reply.empty() && reply.empty())
         std::swap(reply, late); // it answers later, and what it says then is the answer
@@ -281,7 +281,7 @@ std::string run_without_fault(campaign& c)
         !take_late(c.phone, c.line.late_ms, c.good_reply, c.good_late, wrong))
         return wrong;
     c.phone.ask("calls off", answer);
-    c.phone.ask("calls", answer);
+    c.phone.ask("calls text", answer);
     c.calls = split_lines(answer);
     c.units_after = read_units(c.phone);
     c.descriptors_before = descriptors(c.phone);

@@ -424,7 +424,7 @@ a refused control and a card that doesn't come up fail the start, which can be r
   send     aloop=2,1,1
   expect   ALOOP:,OK
   phone    idle
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
 
 a tone goes on behind an underrun, a suspended card and a failing write
   phone    clock hold
@@ -441,7 +441,7 @@ a tone goes on behind an underrun, a suspended card and a failing write
   phone    fail write playback 3
   phone    clock +1000
   phone    listen speaker -> 1000 1197
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
 
 a capture goes on behind an overrun and a failing read, and stays with a suspended card
   phone    clock hold

@@ -153,7 +153,7 @@ a request for the end that the framebuffer refuses counts as the end
   phone    fail nth 2 ioctl /dev/graphics/fb1
   send     hdmi=2,0
   expect   HDMI:HDMI set output video error,ERROR
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   # no TMDS line, and nothing is left to end
   phone    shell 1 -> 0 echo 1 > /sys/class/graphics/fb1/hpd
   send     hdmi=2,0
