@@ -229,11 +229,11 @@ a monitor comes and goes
   phone    fail nth 2 open /sys/class/graphics/fb1/connected
   send     hdmi=5
   expect   HDMI:0x1,OK
-  phone    fail off -> 1
+  phone    fail off -> 1 fault was never reached: nth 2 open /sys/class/graphics/fb1/connected
   phone    fail nth 2 open /sys/class/graphics/fb1/connected
   send     hdmi=5,1
   expect   HDMI:0x1,OK
-  phone    fail off -> 1
+  phone    fail off -> 1 fault was never reached: nth 2 open /sys/class/graphics/fb1/connected
   phone    fail nth 2 open /sys/class/graphics/fb1/connected
   send     hdmi=5,0
   expect   HDMI:HDMI sink service detection error,ERROR
@@ -241,7 +241,7 @@ a monitor comes and goes
   phone    fail nth 2 open /sys/class/graphics/fb1/connected
   send     hdmi=5,0
   expect   HDMI:0x0,OK
-  phone    fail off -> 1
+  phone    fail off -> 1 fault was never reached: nth 2 open /sys/class/graphics/fb1/connected
   phone    sink in
   send     hdmi=0
   expect   HDMI: ,OK

@@ -21,7 +21,7 @@
 #: What can't be done is `ERROR` without a result line. Values behind the third are passed over.
 
 power, a channel, its lock and level
-  #: A broadcast on channel 20, received through the wide path of circuit 2:
+  # A broadcast on channel 20, received through the wide path of circuit 2:
   phone    broadcast 20 level -61.5
   #: The receiver is powered:
   send     isdb=0,1
