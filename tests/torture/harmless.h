@@ -41,7 +41,6 @@ constexpr harmless_row harmless[] = {
     { "read hci0",                                    "bttm=0", "likewise" },
     { "hci_send_cmd hci0",                            "bwtx bsrx=1", "the reset before it is what must pass" },
     { "poll hci0",                                    "bwtx bsrx=1", "likewise" },
-    { "read hci0",                                    "bwtx bsrx=1", "likewise" },
     { "open /dev/max1187x_ctrl",                      "dtch", "a driver that isn't there yet is waited for" },
     { "timer_",                                       "dtch irrx ilop", "the kernel log tells it, and the next timer arms for all" },
     { "ioctl /dev/graphics/",                         "dfig", "the answer is about the figure alone" },
