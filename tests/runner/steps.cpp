@@ -119,6 +119,26 @@ std::string ask_phone(session& s, const step& st)
     return compare("\"" + st.text + "\" answers something else", unescaped(st.answer), answer);
 }
 
+// Asks again and again until the answer is the wanted one: for what a thread does in its own time, which
+// "idle" doesn't wait for.
+std::string await_answer(session& s, const step& st)
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(s.limit_ms);
+    const std::string wanted = unescaped(st.answer);
+    std::string answer;
+    for (;;) {
+        if (!s.p_phone->ask(unescaped(st.text), answer))
+            return "\"" + st.text + "\" answers error: " + answer;
+        if (answer == wanted)
+            return {};
+        if (std::chrono::steady_clock::now() >= end)
+            return compare("\"" + st.text + "\" answers something else after " + std::to_string(s.limit_ms) +
+                               " ms",
+                           wanted, answer);
+        std::this_thread::sleep_for(5ms);
+    }
+}
+
 std::string check_file(session& s, const step& st)
 {
     const std::string path = file_of(s, st.text);
@@ -201,6 +221,8 @@ std::string run_step(session& s, const step& st)
         return st.verb + " needs the virtual phone";
     if (st.verb == "phone" || st.verb == "fails")
         return ask_phone(s, st);
+    if (st.verb == "awaits")
+        return await_answer(s, st);
     if (st.verb == "file")
         return check_file(s, st);
     if (st.verb == "write")

@@ -240,9 +240,8 @@ a start script that never returns doesn't hold the console, and the power key en
   phone    key 116 tap
   phone    clock +40
   phone    speed 1000
-  phone    idle
+  awaits   kmsg                    -> Korvat HVT is starting up...\nphone: wcnss: calibration korvat_sella_WCNSS_qcom_wlan_nv.bin\nQAT: luigi: /system/scripts/start_korvat.lua:1: the script doesn't return, and the menu was to stop
   phone    speed 1
-  phone    kmsg                    -> Korvat HVT is starting up...\nphone: wcnss: calibration korvat_sella_WCNSS_qcom_wlan_nv.bin\nQAT: luigi: /system/scripts/start_korvat.lua:1: the script doesn't return, and the menu was to stop
 
 a stop waits for a handler that computes; one that neither returns nor finishes a command for a minute is ended
   write    /system/scripts/start_korvat.lua qat("lctr=13,1,5,1") qat("lctr=13,1,5,2")
