@@ -43,9 +43,14 @@ local function want(good, what)
     if not good then error("menu: " .. what, 3) end
 end
 
--- As much of a caption as a widget of this width and padding shows.
-local function fitting(caption, w, padding)
-    return caption:sub(1, math.max(1, math.floor((w - 2 * padding) / CW)))
+-- What shows something needs to know how large the panel is.
+local function want_started(name)
+    if not W then error("menu: " .. name .. " before menu.start", 3) end
+end
+
+-- How many characters a label of this width and padding has in a line: it breaks one earlier than it must.
+local function columns_of(w, padding)
+    return math.max(1, math.ceil((w - 2 * math.floor(padding)) / CW) - 1)
 end
 
 local function place(widget, x, y, w, h)
@@ -59,7 +64,7 @@ local function colours(widget, back, edge)
 end
 
 local function add_button(parent, caption, x, y, w, h, padding, handler)
-    local b = button.new(fitting(caption, w, math.floor(padding)), handler)
+    local b = button.new(caption:sub(1, columns_of(w, padding)), handler)
     place(b, x, y, w, h)
     canvas.set_padding(b, math.floor(padding))
     colours(b, BUTTON, EDGE)
@@ -120,6 +125,7 @@ end
 -- Shows a status in green (good), red (not good) or grey (nil), and a text below it. A long text has parts:
 -- a touch shows the next. On a page that has no place for it a page opens.
 function menu.show(status, good, text)
+    want_started("show")
     want(type(status) == "string", "show(status, good, text) wants a text as status, not " .. type(status))
     want(text == nil or type(text) == "string", "show(status, good, text) wants a text, not " .. type(text))
     if not result then menu.open_special("Result", add_result) end
@@ -149,6 +155,7 @@ end
 
 -- Runs a command, shows what came of it, and gives both back. The status is never cut, a long command is.
 function menu.run(command)
+    want_started("run")
     want(type(command) == "string", "run(command) wants a command line, not " .. type(command))
     menu.show(command .. " ...", nil, "")
     taboret.update()
@@ -184,6 +191,7 @@ end
 
 -- A page of one's own making: `build(root, x, y, w, h)` fills the place between bar and back button.
 function menu.open_special(title, build, on_key)
+    want_started("open_special")
     want(type(title) == "string", "open_special(title, build) wants a title, not " .. type(title))
     want(type(build) == "function", "open_special(title, build) wants a function, not " .. type(build))
     local root = canvas.new()
@@ -193,7 +201,7 @@ function menu.open_special(title, build, on_key)
     push(root)
     local top = #below == 1
     local padding = (bar - CH) / 2
-    add_label(root, fitting(title, W, padding), 0, 0, W, bar, padding, BAR, BAR_INK)
+    add_label(root, title:sub(1, columns_of(W, padding)), 0, 0, W, bar, padding, BAR, BAR_INK)
     if not top then
         add_button(root, "< Back", GAP, foot_y, W - 2 * GAP, bar, (bar - CH) / 2, function() menu.back() end)
     end
@@ -221,7 +229,7 @@ function add_result(root, x, y, w, h)
     for i = 1, rows do
         labels[i] = add_label(root, "", x + pad, y + row + pad + (i - 1) * row, w - 2 * pad, CH, 0, BUTTON, INK)
     end
-    local columns = math.max(1, math.ceil((w - 2 * pad) / CW) - 1)
+    local columns = columns_of(w, pad)
     result = { head = head, labels = labels, rows = rows, columns = columns,
                lines = {}, part = 1, parts = 1, status = "", colour = PLAIN }
 end
@@ -269,6 +277,7 @@ local function has_command(page)
 end
 
 function menu.open(page)
+    want_started("open")
     want(type(page) == "table" and page.items, "open(page) wants what menu.page gives, not " .. type(page))
     menu.open_special(page.title, function(root, x, y, w, h)
         local box = has_command(page) and math.floor(h * 0.42) or 0
@@ -293,6 +302,7 @@ end
 
 -- Asks before something that can't be undone; what the command answers stands on the page before.
 function menu.ask(question, command)
+    want_started("ask")
     want(type(question) == "string" and type(command) == "string", "ask(question, command) wants two texts")
     menu.open_special("Sure?", function(root, x, y, w, h)
         local row = math.floor(CH * 2.5)
@@ -338,6 +348,7 @@ end
 
 -- Where a finger is and which keys were pressed, as they come.
 function menu.live()
+    want_started("live")
     local trail, keys, place_text, touched = {}, {}, "Draw, or press keys", false
     local function back()
         qat("dtch=3")
