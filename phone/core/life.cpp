@@ -194,7 +194,8 @@ std::string life_on(const start_options& options, char** argv)
     if (!wrong.empty())
         return wrong;
     std::thread(signal_loop).detach();
-    std::thread(home_loop).detach();
+    if (!options.outlives_folder)
+        std::thread(home_loop).detach();
     std::thread(finish_start).detach();
     return {};
 }

@@ -184,7 +184,7 @@ TEST(Start, AWrongLineOfPhoneConfIsNamed)
         {"with /dev/nonsense\n", "line 1: no phone has /dev/nonsense"},
         {"without\n", "line 1: without wants one path, or the bare name of a closed library"},
         {"without libnvqq.so\n", "line 1: no closed library has the name libnvqq.so"},
-        {"usb sideways\n", "line 1: on or off is wanted"},
+        {"usb sideways\n", "line 1: on, off or off hangup is wanted"},
         {"speed\n", "line 1: speed wants a value"},
         {"setting luigi start_key\n", "line 1: setting wants a module, a key and a value"},
         {"setting luigi start-key x\n", "line 1: \"start-key\" is no name"},
