@@ -75,3 +75,8 @@ void bench_panel(unsigned pages)
     screen_init();
     screen_linux_init();
 }
+
+plat_callouts bench_panel_table()
+{
+    return panel_co;
+}

@@ -4,6 +4,8 @@
 
 #include <cstddef>
 
+#include "plat/plat.h"
+
 constexpr unsigned panel_width = 1080, panel_height = 1920;
 constexpr std::size_t frame_bytes = std::size_t{panel_width} * panel_height * 4;
 
@@ -11,3 +13,6 @@ constexpr std::size_t frame_bytes = std::size_t{panel_width} * panel_height * 4;
 // screen modules made ready for it; it is for screen_start to open it. Ends the program when there is no
 // memory.
 void bench_panel(unsigned pages);
+
+// The table of that panel, for who puts something of his own in front of it.
+plat_callouts bench_panel_table();

@@ -105,7 +105,7 @@ constexpr phone_part parts[] = {
     { "hci",    hci_attach,      hci_seed,         nullptr },
     { "hcitool", hci_tools_attach, nullptr,        nullptr },
     { "irda",   irda_attach,     nullptr,          nullptr },
-    { "sound",  sound_attach,    nullptr,          nullptr },
+    { "sound",  sound_attach,    nullptr,          sound_start },
     { "codec",  codec_attach,    codec_seed,       nullptr },
     { "jack",   jack_attach,     jack_seed,        jack_start },
     { "arec",   sound_tools_attach, nullptr,       nullptr },

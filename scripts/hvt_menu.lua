@@ -189,8 +189,9 @@ local function add_keys(root, handler)
     canvas.add(root, keys)
 end
 
--- A page of one's own making: `build(root, x, y, w, h)` fills the place between bar and back button.
-function menu.open_special(title, build, on_key)
+-- A page of one's own making: `build(root, x, y, w, h)` fills the place between bar and back button. `on_key` and
+-- `on_back` take the place of what volume down and the back button do.
+function menu.open_special(title, build, on_key, on_back)
     want_started("open_special")
     want(type(title) == "string", "open_special(title, build) wants a title, not " .. type(title))
     want(type(build) == "function", "open_special(title, build) wants a function, not " .. type(build))
@@ -203,7 +204,8 @@ function menu.open_special(title, build, on_key)
     local padding = (bar - CH) / 2
     add_label(root, title:sub(1, columns_of(W, padding)), 0, 0, W, bar, padding, BAR, BAR_INK)
     if not top then
-        add_button(root, "< Back", GAP, foot_y, W - 2 * GAP, bar, (bar - CH) / 2, function() menu.back() end)
+        add_button(root, "< Back", GAP, foot_y, W - 2 * GAP, bar, (bar - CH) / 2,
+                   on_back or function() menu.back() end)
     end
     add_keys(root, on_key)
     build(root, GAP, bar + GAP, W - 2 * GAP, (top and H or foot_y) - GAP - bar - GAP)
@@ -234,10 +236,12 @@ function add_result(root, x, y, w, h)
                lines = {}, part = 1, parts = 1, status = "", colour = PLAIN }
 end
 
--- Buttons in columns from `first` on, the last one leading on to those that there is no room for.
-local function add_grid(root, page, x, y, w, h, columns)
+-- Buttons in columns from `first` on, the last one leading on to those that there is no room for. They are lower
+-- where that helps, down to `least`, if that is given.
+local function add_grid(root, page, x, y, w, h, columns, least)
     local bw = math.floor((w + GAP) / columns) - GAP
     local bh = math.floor(columns == 1 and CH * 3 or CH * 2.25)
+    if least then bh = math.min(bh, math.max(least, math.floor((h + GAP) / math.ceil(#page.items / columns)) - GAP)) end
     local places = math.max(1, math.floor((h + GAP) / (bh + GAP))) * columns
     local left = #page.items - page.first + 1
     local shown = left > places and places - 1 or left
@@ -284,6 +288,28 @@ function menu.open(page)
         add_grid(root, page, x, y, w, h - box - (box > 0 and GAP or 0), box > 0 and 2 or 1)
         if box > 0 then add_result(root, x, y + h - box, w, box) end
     end)
+end
+
+-- A page with buttons above and the answer below a picture of `height` pixels that stands in the middle of the
+-- screen, as a viewfinder does. `leave` runs when the page is left.
+function menu.open_around(page, height, leave)
+    want_started("open_around")
+    want(type(page) == "table" and page.items, "open_around(page) wants what menu.page gives, not " .. type(page))
+    want(type(height) == "number" and type(leave) == "function",
+         "open_around(page, height, leave) wants a number and a function")
+    local function back()
+        leave()
+        menu.back()
+    end
+    local function on_key(code, action)
+        if code == KEY_VOLUME_DOWN and action == KEY_PRESSED then back() end
+    end
+    menu.open_special(page.title, function(root, x, y, w, h)
+        local top = math.max(math.floor((H - height) / 2), y + GAP)
+        local bottom = math.min(math.floor((H + height) / 2) + GAP, y + h)
+        add_grid(root, page, x, y, w, top - GAP - y, 3, math.floor(CH * 1.5))
+        add_result(root, x, bottom, w, y + h - bottom)
+    end, on_key, back)
 end
 
 -- A page that is drawn by a command and nothing else; a touch or volume down leaves it.

@@ -131,15 +131,15 @@ local sensors = menu.page("Sensors", {
 })
 
 local contactless = menu.page("Contactless", {
-    { "Power up", "nfpu" },
-    { "Power down", "nfpd" },
+    { "Power on", "nfpu" },
+    { "Power off", "nfpd" },
     { "Identity", "nfid=1" },
     { "Card", "nfdt" },
-    { "Single wire", "nfcst" },
+    { "One wire", "nfcst" },
     { "Self test", "nfst" },
-    { "First chip", "nfsl=1" },
-    { "Second chip", "nfsl=2" },
-    { "Chip power", "nfpc=1,1" },
+    { "Chip 1", "nfsl=1" },
+    { "Chip 2", "nfsl=2" },
+    { "2: power", "nfpc=1,1" },
     { "Download", "nffd" },
     { "Progress", "nffd=0" },
 })
@@ -154,8 +154,42 @@ local board = menu.page("Board", {
     { "Card size", "mstt=1" },
     { "Chip", "msmv" },
     { "Settings", "syscfg=?" },
-    { "Camera", "camds" },
+    { "Cover", "camds" },
 })
+
+-- The viewfinder of camera 1 or 2; one that is there already goes on.
+local function viewfinder(camera)
+    return function()
+        local status = qat("caml=" .. camera)
+        if status == "OK" then menu.run("camv=1,0") else menu.show("caml=" .. camera .. "  " .. status, false, "") end
+    end
+end
+
+local camera = menu.page("Camera", {
+    { "Main", viewfinder(1) },
+    { "Sub", viewfinder(2) },
+    { "Stop", "camv=0" },
+    { "Focus", function()
+        if qat("caaf=1") == "OK" then menu.run("caaf") else menu.show("caaf=1  ERROR", false, "") end
+    end },
+    { "Shot", "cams=1,0" },
+    { "Go on", "cams=0" },
+    { "Chart", "camg" },
+    { "Marks", "camb=8" },
+    { "Sharp", "camf=6" },
+    { "Tilt", "cama=10,10,100" },
+    { "Mean", "caii" },
+    { "Lines", "camc=0" },
+})
+
+local VIEWFINDER_HEIGHT = 640
+
+local function open_camera()
+    menu.open_around(camera, VIEWFINDER_HEIGHT, function()
+        qat("camv=0")
+        qat("caml=0")
+    end)
+end
 
 -- WLAN is powered up for the one command, as a station (1) or in test mode (0).
 local function wlan(mode, command)
@@ -220,6 +254,23 @@ local sound = menu.page("Sound", {
     { "Bias off", "mpvc=0" },
 })
 
+local tuner = menu.page("TV", {
+    { "Power on", "isdb=0,1" },
+    { "Power off", "isdb=0,0" },
+    { "Circuit 2", "issl=2,0" },
+    { "Circuit 5", "issl=5,0" },
+    { "Chan. 13", "isdb=1,13" },
+    { "Chan. 27", "isdb=1,27" },
+    { "Lock", "isdb=8" },
+    { "Level", "isdb=2,0" },
+    { "Bit err.", "isdb=11,0,2" },
+    { "Pack err.", "isdb=11,1,2" },
+    { "Stream", "isdb=6,0" },
+    { "Pattern", "isdb=6,2" },
+    { "Antenna A", "isdb=10,0" },
+    { "Antenna B", "isdb=10,1" },
+})
+
 local system = menu.page("System", {
     { "Versions", "vers" },
     { "Modem", "vers=3" },
@@ -239,9 +290,11 @@ menu.start(menu.page("Hardware test", {
     { "Lights", lights },
     { "Battery", battery },
     { "Sensors", sensors },
+    { "Camera", open_camera },
     { "Contactless", contactless },
     { "Board", board },
     { "Radio", radio },
     { "Sound", sound },
+    { "TV", tuner },
     { "System", system },
 }))

@@ -1,11 +1,13 @@
 // The one drawing interface: lines, boxes, ellipses, text and pictures on the active screen. It keeps no
 // picture of its own; a back end does the drawing and owns the memory. Nothing drawn is visible before
 // screen_invalidate. With no active screen every drawing operation does nothing. Coordinates are pixels from
-// the top left, colours 0xRRGGBB (bits above are ignored). Calls aren't serialised: one side draws at a time.
+// the top left, colours 0xRRGGBB (bits above are ignored). Calls aren't serialised: one side draws at a time,
+// and holds screen_drawing where another thread may show what there is.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <mutex>
 
 constexpr std::uint32_t SCREEN_NONE = 4; // screen_get_active: no screen is active
 
@@ -54,6 +56,10 @@ struct screen_callouts {
     // One row of `w` pixels, each the bytes blue, green, red.
     void (*bgr)(std::uint32_t x, std::uint32_t y, std::uint32_t w, const std::uint8_t* p_bgr);
 };
+
+// Held by who draws, until the drawing is shown. Who shows a picture of its own over what others draw, on a
+// thread of its own, tries it, and leaves it to them when they have it.
+extern std::recursive_mutex screen_drawing;
 
 void screen_init();
 

@@ -23,10 +23,14 @@ bool is_gone;
 unsigned fixed_rate;
 unsigned fixed_ring;
 
-// Whether a call of the program fails by a bench's will.
-bool fails(const char* operation, card_stream stream)
+// A call of the program: watched, and failing by a bench's will. `call` gives its result.
+template <typename Call>
+int watched(const char* operation, std::string_view what, Call call)
 {
-    return watch_call(operation, card_stream_name(stream)) != fault::none;
+    const int result = watch_call(operation, what) == fault::none ? call() : -EIO;
+    errno = -std::min(result, 0);
+    watch_result(operation, what, result);
+    return result;
 }
 
 int open_unwatched(card_stream stream)
@@ -45,7 +49,7 @@ int open_unwatched(card_stream stream)
 
 int open_stream(card_stream stream)
 {
-    return fails("open", stream) ? -EIO : open_unwatched(stream);
+    return watched("open", card_stream_name(stream), [stream] { return open_unwatched(stream); });
 }
 
 card_limits limits(card_stream stream)
@@ -81,7 +85,7 @@ int set_up_unwatched(card_stream stream, const card_setting& setting)
 
 int set_up(card_stream stream, const card_setting* p_setting)
 {
-    return fails("setup", stream) ? -EIO : set_up_unwatched(stream, *p_setting);
+    return watched("setup", card_stream_name(stream), [&] { return set_up_unwatched(stream, *p_setting); });
 }
 
 int prepare_unwatched(card_stream stream)
@@ -98,7 +102,7 @@ int prepare_unwatched(card_stream stream)
 
 int prepare(card_stream stream)
 {
-    return fails("prepare", stream) ? -EIO : prepare_unwatched(stream);
+    return watched("prepare", card_stream_name(stream), [stream] { return prepare_unwatched(stream); });
 }
 
 int resume(card_stream stream)
@@ -184,12 +188,15 @@ void copy(card_stream stream, std::int16_t* p_frames, std::uint64_t frames)
 
 long transfer(card_stream stream, void* p_frames, unsigned long frames)
 {
-    const fault fault = watch_call(stream == card_playback ? "write" : "read", card_stream_name(stream));
-    if (fault == fault::eio || fault == fault::eof) // a card has no end
-        return -EIO;
-    if (fault == fault::shortened)
+    const char* const operation = stream == card_playback ? "write" : "read";
+    const fault fate = watch_call(operation, card_stream_name(stream));
+    if (fate == fault::shortened)
         frames = std::max(frames / 2, 1UL);
-    return card_transfer_unwatched(stream, p_frames, frames);
+    const bool fails = fate == fault::eio || fate == fault::eof; // a card has no end
+    const long result = fails ? -EIO : card_transfer_unwatched(stream, p_frames, frames);
+    errno = static_cast<int>(-std::min(result, 0L));
+    watch_result(operation, card_stream_name(stream), result);
+    return result;
 }
 
 int wait_descriptor(card_stream stream)
@@ -212,10 +219,10 @@ bool wait_is_over(card_stream stream)
 
 int mixer_open()
 {
-    if (watch_call("open", "mixer") != fault::none)
-        return -EIO;
-    const card_lock lock;
-    return is_gone ? -ENODEV : 0;
+    return watched("open", "mixer", [] {
+        const card_lock lock;
+        return is_gone ? -ENODEV : 0;
+    });
 }
 
 unsigned controls()
@@ -229,19 +236,14 @@ int control_get(unsigned numid)
     return is_gone ? -ENODEV : mixer_value(numid);
 }
 
-int control_write(unsigned numid, long value)
-{
-    if (watch_call("mixer", std::to_string(numid)) != fault::none)
-        return -EIO;
-    const card_lock lock;
-    if (is_gone)
-        return -ENODEV;
-    return mixer_set(numid, value) ? 0 : -EINVAL;
-}
-
 int control_set(unsigned numid, long value)
 {
-    const int result = control_write(numid, value);
+    const int result = watched("mixer", std::to_string(numid), [numid, value] {
+        const card_lock lock;
+        if (is_gone)
+            return -ENODEV;
+        return mixer_set(numid, value) ? 0 : -EINVAL;
+    });
     log_line(log_sound, "control " + std::to_string(numid) + " " + std::to_string(value) +
                             (result < 0 ? " refused" : ""));
     return result;
@@ -292,8 +294,13 @@ void sound_attach()
     setenv("ALSA_PLUGIN_DIR", libraries_place("").c_str(), 1);
     watch_target_add("mixer", {target_number::decimal});
     libraries_offer("card", &card_here);
-    libraries_introduce("libphone_card.so");
     sound_words_attach();
+}
+
+// Behind phone.conf, which may say that there is no such library.
+void sound_start()
+{
+    libraries_introduce("libphone_card.so");
 }
 
 unsigned card_rate()

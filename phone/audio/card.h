@@ -13,8 +13,9 @@
 
 namespace phone {
 
-// Makes the card known to libasound: before the program runs.
+// Make the card known to libasound: before the program runs.
 void sound_attach();
+void sound_start();
 
 // Guards the mixer and all below. Taking it brings card and mixer up to the present moment.
 class card_lock {

@@ -72,7 +72,7 @@ std::string wav_read(std::string_view bytes, wav& w)
         const std::string_view name = bytes.substr(at, 4);
         const std::string_view chunk = bytes.substr(at + chunk_head, number_at(bytes, at + 4, 4));
         if (name == "fmt ") {
-            if (const std::string wrong = read_format(chunk, w); !wrong.empty())
+            if (std::string wrong = read_format(chunk, w); !wrong.empty())
                 return wrong;
         } else if (name == "data" && w.rate != 0) {
             w.samples.resize(chunk.size() / sample_bytes / w.channels * w.channels);

@@ -142,6 +142,13 @@ bool holds(std::uintptr_t address, std::size_t size)
     return memory != nullptr && address - reinterpret_cast<std::uintptr_t>(memory->p) + size <= memory->size;
 }
 
+// A picture is drawn before its time begins, so that a slow host doesn't make it late.
+void draw_ahead(std::uint32_t size)
+{
+    scene_draw(cameras.open, size & 0xFFFF, size >> 16,
+               camera_parameter_word(cameras.open, param_pattern) == 1);
+}
+
 int op_start_preview(std::uintptr_t, std::uint16_t count, std::uintptr_t* const* list)
 {
     if (fails("drns_start_preview"))
@@ -162,6 +169,7 @@ int op_start_preview(std::uintptr_t, std::uint16_t count, std::uintptr_t* const*
     }
     cameras.width = size & 0xFFFF;
     cameras.height = size >> 16;
+    draw_ahead(size);
     cameras.preview = true;
     cameras.frames[cameras.open] = 0;
     cameras.frame_due = clock_now(CLOCK_MONOTONIC) + frame_time;
@@ -225,6 +233,7 @@ int op_take_picture(std::uintptr_t, std::uint16_t count, std::uintptr_t* const* 
     if (count != 1 || cameras.thumbnail == 0)
         return refuse("drns_take_picture without its buffers");
     cameras.picture = list[0][buffer_data_at];
+    draw_ahead(camera_parameter_word(cameras.open, param_thumbnail_size));
     cameras.picture_due = clock_now(CLOCK_MONOTONIC) + picture_time;
     camera_worker_start();
     camera_worker_wake();

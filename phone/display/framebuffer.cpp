@@ -161,13 +161,27 @@ int fb_ioctl(open_file& file, unsigned long request, void* arg)
     }
 }
 
+std::string fb_about(unsigned long request, const void*)
+{
+    switch (request) {
+    case FBIOPAN_DISPLAY:
+        return "pan";
+    case FBIOBLANK:
+        return "blank";
+    case request_output_off:
+        return "off";
+    default:
+        return {};
+    }
+}
+
 void fb_close(open_file& file)
 {
     const std::lock_guard lock(fb_mutex);
     overlay_closed(buffer_of(file).overlays, file.fd);
 }
 
-constexpr node fb_node = {.open = fb_open, .ioctl = fb_ioctl, .close = fb_close};
+constexpr node fb_node = {.open = fb_open, .ioctl = fb_ioctl, .about = fb_about, .close = fb_close};
 
 int console_ioctl(open_file& file, unsigned long request, void* arg)
 {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <deque>
 #include <fcntl.h>
 #include <memory>
@@ -80,9 +79,8 @@ void send_text(const std::string& text)
 
 void append_word(std::string& text, unsigned word)
 {
-    char digits[8];
-    std::snprintf(digits, sizeof digits, "%04X", word & 0xFFFF);
-    text += digits;
+    for (int shift = 12; shift >= 0; shift -= 4)
+        text += "0123456789ABCDEF"[word >> shift & 15];
 }
 
 std::string report_text(unsigned id, unsigned length, const word_list& words)
@@ -138,7 +136,8 @@ void report_frames()
         }
         if (clock_cond_wait(&running, lock, next))
             continue; // the mode has changed, the rhythm stays
-        next += frame_period;
+        next =
+            std::max(next, clock_now(CLOCK_MONOTONIC) - frame_period) + frame_period; // a late frame is lost
         if (running)
             report_next_frame();
     }

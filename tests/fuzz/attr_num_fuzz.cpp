@@ -32,13 +32,6 @@ ssize_t fuzz_read(int, void* buf, std::size_t size)
     return static_cast<ssize_t>(n);
 }
 
-int fuzz_stat(const char*, struct stat* p_out)
-{
-    *p_out = {};
-    p_out->st_size = static_cast<off_t>(input_size);
-    return 0;
-}
-
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -47,7 +40,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     co = plat_linux_co;
     co.open = fuzz_open;
     co.read = fuzz_read;
-    co.stat = fuzz_stat;
     co.close = [](int) { return 0; };
     plat_attach(&co);
     if (size == 0)

@@ -19,8 +19,8 @@ namespace {
 
 using namespace pn65_image;
 
-const bytes RESET_FRAME = frame(1, {});
-const bytes CHECK_FRAME = frame(11, {});
+const bytes reset_frame = frame(1, {});
+const bytes check_frame = frame(11, {});
 
 using frames = std::vector<bytes>;
 
@@ -109,26 +109,26 @@ struct Pn65Download : Joint {
     static void expect_frames(const bytes& image, frames between)
     {
         EXPECT_EQ(run_image(image), 8u + NFC_DNLD_DONE);
-        between.insert(between.begin(), RESET_FRAME);
-        between.push_back(CHECK_FRAME);
-        between.push_back(RESET_FRAME);
+        between.insert(between.begin(), reset_frame);
+        between.push_back(check_frame);
+        between.push_back(reset_frame);
         EXPECT_EQ(recent(between.size()), text_of(between));
     }
 };
 
-constexpr std::uint32_t status_good = 8 + NFC_DNLD_DONE;
-constexpr std::uint32_t status_five_failed = 48 + NFC_DNLD_FAILED;
-constexpr std::uint32_t status_at_once = 8 + NFC_DNLD_FAILED;
+constexpr std::uint32_t good_end = 8 + NFC_DNLD_DONE;
+constexpr std::uint32_t five_failed = 48 + NFC_DNLD_FAILED;
+constexpr std::uint32_t failed_at_once = 8 + NFC_DNLD_FAILED;
 
 TEST_F(Pn65Download, ThePreparationComesOnceInTheLifeOfTheProgram)
 {
     const bytes data = pattern(20, 1);
-    const bytes first = image({{flag_prepare, 0x20000, data}});
+    const bytes first = image({{prepare, 0x20000, data}});
     expect_frames(first, {frame(10, {1}),
                           write(0x1A1E0, {0xA5, 0xD0, 0xFE, 0xA5, 0xD0, 0xFD, 0xA5, 0xD0, 0xFC, 0xA5, 0x02,
                                           0x80, 0xA9, 0x75}),
-                          write(0x825A, {0xA0, 0xA1, 0xE0, 0x80, 0xA9, 0x6C}), RESET_FRAME,
-                          write(0x8002, {0, 0}), frame(10, {0}), RESET_FRAME, write(0x20000, data)});
+                          write(0x825A, {0xA0, 0xA1, 0xE0, 0x80, 0xA9, 0x6C}), reset_frame,
+                          write(0x8002, {0, 0}), frame(10, {0}), reset_frame, write(0x20000, data)});
     expect_frames(first, {write(0x20000, data)});
 }
 
@@ -143,28 +143,28 @@ TEST_F(Pn65Download, ChunksTrailersMarksAndVersionRecords)
                   {write(0x30000, part(0, 504)), write(0x301F8, part(504, 1008)),
                    write(0x303F0, part(1008, 1009)), write(0x40000, {1, 2, 3})});
     expect_frames(image({{0, 0x30000, {4, 5}}}, true, 3), {write(0x30000, {4, 5}, 12)});
-    expect_frames(image({{flag_reset, 0x30000, {4, 5}}, {0, 0x40000, {}}, {flag_reset, 0x50000, {6}}}),
-                  {write(0x30000, {4, 5}), RESET_FRAME, write(0x50000, {6}), RESET_FRAME});
+    expect_frames(image({{reset_behind, 0x30000, {4, 5}}, {0, 0x40000, {}}, {reset_behind, 0x50000, {6}}}),
+                  {write(0x30000, {4, 5}), reset_frame, write(0x50000, {6}), reset_frame});
 }
 
 TEST_F(Pn65Download, AKeepListKeepsWhatTheChipHad)
 {
     ask("pn65dl mem 60000 A0A1A2A3");
-    expect_frames(image({{flag_keep, 0x60000, {1, 2, 3, 4}, {1, 3, 200}}}),
+    expect_frames(image({{keep_list, 0x60000, {1, 2, 3, 4}, {1, 3, 200}}}),
                   {read(0x60000, 4), write(0x60000, {1, 0xA1, 3, 0xA3})});
     // Only the first chunk is read before it is written.
     bytes data = pattern(600, 9);
     bytes first(data.begin(), data.begin() + 504);
     first[0] = 0x01;
     expect_frames(
-        image({{flag_keep, 0x60000, data, {0}}}),
+        image({{keep_list, 0x60000, data, {0}}}),
         {read(0x60000, 504), write(0x60000, first), write(0x601F8, bytes(data.begin() + 504, data.end()))});
 }
 
 TEST_F(Pn65Download, AChunkThatReadsBackWrongIsWrittenFourTimesMore)
 {
     const bytes wrong = {0, 0, 2, 1, 1};
-    const bytes img = image({{flag_read_back, 0x70000, {8, 9}}});
+    const bytes img = image({{read_back, 0x70000, {8, 9}}});
     expect_frames(img, {write(0x70000, {8, 9}), read(0x70000, 2)});
     ask("pn65dl 07 " + hex(wrong) + " 4");
     frames five;
@@ -174,10 +174,10 @@ TEST_F(Pn65Download, AChunkThatReadsBackWrongIsWrittenFourTimesMore)
     }
     expect_frames(img, five);
     ask("pn65dl 07 " + hex(wrong));
-    EXPECT_EQ(run_image(img), status_five_failed);
+    EXPECT_EQ(run_image(img), five_failed);
     EXPECT_EQ(recent(11), text_of([&] {
                   frames all = five;
-                  all.insert(all.begin(), RESET_FRAME);
+                  all.insert(all.begin(), reset_frame);
                   return all;
               }()));
 }
@@ -218,15 +218,15 @@ TEST_F(Pn65Download, EachStatusOfAReply)
         ask("pn65dl 08 " + hex({static_cast<std::uint8_t>(row.status), 0, 0}) + " " +
             std::to_string(row.times));
         // One that fails is good at the second attempt: the rule is used up.
-        EXPECT_EQ(run(), row.good ? status_good : 16 + NFC_DNLD_DONE) << row.status << " " << row.times;
+        EXPECT_EQ(run(), row.good ? good_end : 16 + NFC_DNLD_DONE) << row.status << " " << row.times;
         frames wanted(static_cast<std::size_t>(row.writes), write(0x90000, {1, 2, 3}));
         if (!row.good)
-            wanted.insert(wanted.end(), {RESET_FRAME, write(0x90000, {1, 2, 3})});
-        wanted.insert(wanted.end(), {CHECK_FRAME, RESET_FRAME});
+            wanted.insert(wanted.end(), {reset_frame, write(0x90000, {1, 2, 3})});
+        wanted.insert(wanted.end(), {check_frame, reset_frame});
         EXPECT_EQ(recent(wanted.size()), text_of(wanted)) << row.status << " " << row.times;
     }
     // The length of a reply to a reading has to be right; that of one to another command is told and no more.
-    put(image({{flag_read_back, 0x90000, {1, 2, 3}}}));
+    put(image({{read_back, 0x90000, {1, 2, 3}}}));
     ask("pn65dl 07 000004010203 1");
     EXPECT_EQ(run(), 16 + NFC_DNLD_DONE);
 }
@@ -236,13 +236,13 @@ TEST_F(Pn65Download, TheCheckValuesDecideWhenAllThreeAreKnown)
     const section at_80 = {0, 0x800000, checked(pattern(600, 1), 4)};
     const section at_188 = {0, 0x18800, checked(pattern(30, 2), 4)};
     const section at_82 = {0, 0x8200, checked(pattern(9, 3), 2)};
-    EXPECT_EQ(run_image(image({at_80, at_188, at_82})), status_good);
+    EXPECT_EQ(run_image(image({at_80, at_188, at_82})), good_end);
     for (const std::size_t which : {0, 1, 2}) {
         std::vector<section> damaged = {at_80, at_188, at_82};
         damaged[which].data[2] ^= 0x10;
-        EXPECT_EQ(run_image(image(damaged)), status_five_failed) << which;
+        EXPECT_EQ(run_image(image(damaged)), five_failed) << which;
         damaged.erase(damaged.begin() + (which == 0 ? 1 : 0));
-        EXPECT_EQ(run_image(image(damaged)), status_good) << which << ": one of the places isn't known";
+        EXPECT_EQ(run_image(image(damaged)), good_end) << which << ": one of the places isn't known";
     }
     put(image({at_80, at_188, at_82}));
     ask("pn65dl 0B 000010000000010000000000000000000000FF 1");
@@ -269,22 +269,22 @@ TEST_F(Pn65Download, RawRecordsBySelectorGroupAndKind)
                    {1, 0xE0, nine},
                    {1, 0xEE, frame(0x42, {})},
                    {1, 0x20, a}}));
-    EXPECT_EQ(run(), status_good);
-    EXPECT_EQ(recent(7), text_of({RESET_FRAME, b, c, d, check2, nine, frame(0x42, {})}));
+    EXPECT_EQ(run(), good_end);
+    EXPECT_EQ(recent(7), text_of({reset_frame, b, c, d, check2, nine, frame(0x42, {})}));
     // A reading's reply isn't waited for.
     put(raw_image({{1, 0x10, read(0xA0000, 4)}, {1, 0xFE, a}}));
-    EXPECT_EQ(run(), status_good);
-    EXPECT_EQ(recent(3), text_of({RESET_FRAME, read(0xA0000, 4), a}));
+    EXPECT_EQ(run(), good_end);
+    EXPECT_EQ(recent(3), text_of({reset_frame, read(0xA0000, 4), a}));
     put(raw_image({{1, 0xFE, frame(5, {})}}));
-    EXPECT_EQ(run(), status_five_failed);
+    EXPECT_EQ(run(), five_failed);
     // A walk that comes to no end.
     put(raw_image({{1, 0x10, a}}));
-    EXPECT_EQ(run(), status_five_failed);
+    EXPECT_EQ(run(), five_failed);
     // A refused group gives way to another one, if there is one.
     put(raw_image({{1, 0x10, c}, {1, 0x10, d}, {1, 0xEE, b}}));
     ask("pn65dl 0A 0B0000 1");
-    EXPECT_EQ(run(), status_good);
-    EXPECT_EQ(recent(3), text_of({RESET_FRAME, c, b}));
+    EXPECT_EQ(run(), good_end);
+    EXPECT_EQ(recent(3), text_of({reset_frame, c, b}));
     put(raw_image({{1, 0xF0, c}, {1, 0xFE, b}}));
     ask("pn65dl 0A 1D0000 1");
     EXPECT_EQ(run(), 16 + NFC_DNLD_DONE);
@@ -300,29 +300,29 @@ TEST_F(Pn65Download, ALongRawFrameGoesInPieces)
     };
     const frames pieces = {part(0, 509), part(509, 1018), part(1018, 1108)};
     const bytes img = raw_image({{1, 0xFE, whole}});
-    EXPECT_EQ(run_image(img), status_good);
-    EXPECT_EQ(recent(4), text_of({RESET_FRAME, pieces[0], pieces[1], pieces[2]}));
+    EXPECT_EQ(run_image(img), good_end);
+    EXPECT_EQ(recent(4), text_of({reset_frame, pieces[0], pieces[1], pieces[2]}));
     EXPECT_EQ(ask("pn65dl mem B0000"), hex(bytes(data.begin(), data.begin() + 16)));
     // A strike repeats the piece, status 230 begins the frame anew.
     ask("pn65dl " + hex(pieces[1]).substr(0, 16) + " 020000 1");
-    EXPECT_EQ(run_image(img), status_good);
-    EXPECT_EQ(recent(5), text_of({RESET_FRAME, pieces[0], pieces[1], pieces[1], pieces[2]}));
+    EXPECT_EQ(run_image(img), good_end);
+    EXPECT_EQ(recent(5), text_of({reset_frame, pieces[0], pieces[1], pieces[1], pieces[2]}));
     ask("pn65dl " + hex(pieces[1]).substr(0, 16) + " E60000 1");
-    EXPECT_EQ(run_image(img), status_good);
-    EXPECT_EQ(recent(6), text_of({RESET_FRAME, pieces[0], pieces[1], pieces[0], pieces[1], pieces[2]}));
+    EXPECT_EQ(run_image(img), good_end);
+    EXPECT_EQ(recent(6), text_of({reset_frame, pieces[0], pieces[1], pieces[0], pieces[1], pieces[2]}));
     ask("pn65dl 0D E60000");
-    EXPECT_EQ(run_image(img), status_five_failed);
-    EXPECT_EQ(run_image(raw_image({{1, 0xFE, write(0xB0000, pattern(501, 1), 12)}})), status_good);
-    EXPECT_EQ(recent(2), text_of({RESET_FRAME, write(0xB0000, pattern(501, 1), 12)}));
+    EXPECT_EQ(run_image(img), five_failed);
+    EXPECT_EQ(run_image(raw_image({{1, 0xFE, write(0xB0000, pattern(501, 1), 12)}})), good_end);
+    EXPECT_EQ(recent(2), text_of({reset_frame, write(0xB0000, pattern(501, 1), 12)}));
 }
 
 TEST_F(Pn65Download, ContainersThatCantBeEndEachAttemptBeforeItsFirstFrame)
 {
-    const bytes good = image({{0, 0x30000, {1, 2}}, {flag_keep, 0x40000, {3}, {0}}});
-    ASSERT_EQ(run_image(good), status_good);
+    const bytes good = image({{0, 0x30000, {1, 2}}, {keep_list, 0x40000, {3}, {0}}});
+    ASSERT_EQ(run_image(good), good_end);
     const std::string last = recent(1);
     const auto expect_refused = [&](bytes img, const char* why) {
-        EXPECT_EQ(run_image(img), status_five_failed) << why;
+        EXPECT_EQ(run_image(img), five_failed) << why;
         EXPECT_EQ(recent(1), last) << why;
     };
     const auto changed = [&good](std::size_t at, std::initializer_list<std::uint8_t> with) {
@@ -353,11 +353,11 @@ TEST_F(Pn65Download, ALateReplyCountsAsAFailureEvenWhenItIsGood)
     // With the line held low, the reply is there but isn't told; the reading takes it all the same.
     put(image({{0, 0x30000, {1}}}));
     ask("gpio 59 0");
-    EXPECT_EQ(run(), status_five_failed);
-    EXPECT_EQ(recent(3), text_of({write(0x30000, {1}), CHECK_FRAME, RESET_FRAME}));
+    EXPECT_EQ(run(), five_failed);
+    EXPECT_EQ(recent(3), text_of({write(0x30000, {1}), check_frame, reset_frame}));
     ask("gpio 59 free");
     ask("fail ioctl /dev/i2c-10 1");
-    EXPECT_EQ(run(), status_good) << "a write that failed is made once more";
+    EXPECT_EQ(run(), good_end) << "a write that failed is made once more";
     ask("fail ioctl /dev/i2c-10 2");
     EXPECT_EQ(run(), 16 + NFC_DNLD_DONE);
 }
@@ -375,36 +375,36 @@ TEST_F(Pn65Download, TheGapComesBeforeEachFrameAndTheGuardBehindIt)
     EXPECT_NE(recent(256), before);
     EXPECT_EQ(nfc_pn65_fw_dnld(500, &word), 1) << "one runs";
     ask("clock +20000");
-    EXPECT_EQ(state(), status_good);
+    EXPECT_EQ(state(), good_end);
     // A gap beyond the guard's 16.384 s: nothing is ever sent.
     const std::string behind = recent(256);
-    EXPECT_EQ(run(4'000'000'000u), status_five_failed);
+    EXPECT_EQ(run(4'000'000'000u), five_failed);
     EXPECT_EQ(recent(256), behind);
 }
 
 TEST_F(Pn65Download, WithoutAFirmwareItFailsAtOnce)
 {
     cfg_init();
-    EXPECT_EQ(run(), status_at_once);
+    EXPECT_EQ(run(), failed_at_once);
     cfg_set_str("nfc_pn65_fw_dnld", "nfc_pn65_fw_dnld_path", "libnosuch.so");
-    EXPECT_EQ(run(), status_at_once);
+    EXPECT_EQ(run(), failed_at_once);
     cfg_set_str("nfc_pn65_fw_dnld", "nfc_pn65_fw_dnld_path", "libnvq.so"); // lacks the symbols
-    EXPECT_EQ(run(), status_at_once);
+    EXPECT_EQ(run(), failed_at_once);
     ask("strange off");
 }
 
 TEST_F(Pn65Download, AHundredDownloadsLeaveThreadsAndDescriptorsFlat)
 {
-    const bytes good = image({{flag_read_back, 0x30000, {1, 2, 3}}});
+    const bytes good = image({{read_back, 0x30000, {1, 2, 3}}});
     const bytes bad = image({{0, 0x30000, {1}}}, true);
-    ASSERT_EQ(run_image(good), status_good);
+    ASSERT_EQ(run_image(good), good_end);
     const auto threads = entries("/proc/self/task"), files = entries("/proc/self/fd");
     for (int i = 0; i < 50; i++) {
         put(good);
-        ASSERT_EQ(run(), status_good);
+        ASSERT_EQ(run(), good_end);
         put(bad);
         ask("pn65dl 0C 080000");
-        ASSERT_EQ(run(), status_five_failed);
+        ASSERT_EQ(run(), five_failed);
         ask("pn65dl off");
     }
     // A thread that has ended may still be on its way out of the list.

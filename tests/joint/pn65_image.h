@@ -11,16 +11,16 @@ namespace pn65_image {
 
 using bytes = std::vector<std::uint8_t>;
 
-constexpr std::uint8_t flag_prepare = 1;
-constexpr std::uint8_t flag_keep = 2;
-constexpr std::uint8_t flag_reset = 4;
-constexpr std::uint8_t flag_read_back = 8;
+constexpr std::uint8_t prepare = 1;
+constexpr std::uint8_t keep_list = 2;
+constexpr std::uint8_t reset_behind = 4;
+constexpr std::uint8_t read_back = 8;
 
 struct section {
     std::uint8_t flags;
     std::uint32_t address;
     bytes data;
-    bytes keep = {};         // offsets, for flag_keep
+    bytes keep = {};         // offsets, for keep_list
     std::size_t trailer = 0; // bytes of it
 };
 
@@ -80,7 +80,7 @@ inline bytes head(bool marked, std::uint8_t count, bool raw, std::uint8_t record
 inline void put_section(bytes& b, const section& s)
 {
     bytes keep;
-    if ((s.flags & flag_keep) != 0) {
+    if ((s.flags & keep_list) != 0) {
         keep.push_back(static_cast<std::uint8_t>(s.keep.size()));
         keep.insert(keep.end(), s.keep.begin(), s.keep.end());
         keep.resize((keep.size() + 3) / 4 * 4);

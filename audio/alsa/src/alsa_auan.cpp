@@ -55,7 +55,7 @@ bool auan_setup(alsa_pcm_config* p_config)
         p_config->pcm = nullptr;
         return false;
     }
-    pcm.release(); // the thread closes it
+    [[maybe_unused]] const snd_pcm_t* const of_the_thread = pcm.release();
     capture.runs = true;
     return true;
 }

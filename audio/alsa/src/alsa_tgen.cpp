@@ -18,7 +18,7 @@ struct {
     alsa_ctl_entry* p_route;
     alsa_ctl_entry* p_gain;
     pthread_t thread;
-    const alsa_pcm_config* p_config;
+    alsa_pcm_config* p_config;
     snd_pcm_t* pcm;
     std::shared_ptr<const alsa_wave> wave;
     unsigned transfer_frames;
@@ -126,15 +126,13 @@ bool tgen_setup(alsa_pcm_config* p_config)
                                static_cast<long>(p_config->buffer_size))
         return false;
     tone.p_config = p_config;
-    tone.pcm = p_config->pcm = pcm.get();
+    tone.pcm = pcm.get();
     tone.position = first_position(*p_config, *wave);
     tone.wave = std::move(wave);
     tone.transfer_frames = p_config->transfer_frames;
-    if (pthread_create(&tone.thread, nullptr, alsa_pcm_write_thread, nullptr) != 0) {
-        p_config->pcm = nullptr;
+    if (pthread_create(&tone.thread, nullptr, alsa_pcm_write_thread, nullptr) != 0)
         return false;
-    }
-    pcm.release(); // the thread closes it
+    p_config->pcm = pcm.release(); // the thread closes it
     return true;
 }
 
@@ -198,6 +196,7 @@ int alsa_tgen_stop()
     tgen_running = 0;
     pthread_join(tone.thread, nullptr);
     tone.wave.reset();
+    tone.p_config->pcm = nullptr;
     alsa_ctl_entry* const routes[] = {std::exchange(tone.p_route, nullptr),
                                       std::exchange(tone.p_gain, nullptr)};
     int result = 0;

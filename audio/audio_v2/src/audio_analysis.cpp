@@ -32,7 +32,10 @@ struct workplace {
 bool make_workplace(int n, workplace& w)
 {
     const auto count = static_cast<std::size_t>(n);
-    w = {0, allocate<double>(count), allocate<double>(count), allocate<transform_value>(2 * count)};
+    w.n = 0;
+    w.window = allocate<double>(count);
+    w.values = allocate<double>(count);
+    w.x = allocate<transform_value>(2 * count);
     if (w.window == nullptr || w.values == nullptr || w.x == nullptr)
         return false;
     for (int i = 0; i < n; i++)

@@ -194,7 +194,9 @@ void audio_wcd9320_set_hac_amp()
 
 int audio_wcd9320_write(unsigned reg, unsigned value)
 {
-    return write_once(reg, value, 0) || write_once(reg, value, 0) ? 0 : -1;
+    if (write_once(reg, value, 0))
+        return 0;
+    return write_once(reg, value, 0) ? 0 : -1;
 }
 
 int audio_wcd9320_write_with_delay(unsigned reg, unsigned value)

@@ -263,7 +263,7 @@ int do_aupth(int, int, int, const dcp_word*)
     return DCP_ERROR;
 }
 
-void post(int id, const std::string& text)
+void send_bytes(int id, const std::string& text)
 {
     dcp_bin_tx(id, text.data(), text.size(), nullptr, nullptr);
 }
@@ -279,7 +279,7 @@ void send_register(unsigned reg, unsigned value, void* arg)
     auto* const p_lines = static_cast<register_lines*>(arg);
     char line[32];
     std::snprintf(line, sizeof line, "0x%02x,0x%02x\r\n", reg, value);
-    post(p_lines->id, std::string(p_lines->begun ? "" : "\r\n") + line);
+    send_bytes(p_lines->id, std::string(p_lines->begun ? "" : "\r\n") + line);
     p_lines->begun = true;
 }
 

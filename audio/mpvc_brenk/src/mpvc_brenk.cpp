@@ -50,8 +50,8 @@ bool run(const step (&steps)[size])
 {
     bool done = true;
     for (const step& s : steps) {
-        const auto put = s.delayed ? audio_wcd9320_write_with_delay : audio_wcd9320_write;
-        done = put(s.reg, s.value) == 0 && done;
+        const auto write_register = s.delayed ? audio_wcd9320_write_with_delay : audio_wcd9320_write;
+        done = write_register(s.reg, s.value) == 0 && done;
         if (s.then_ms > 0)
             tmr_msleep(s.then_ms);
     }

@@ -33,19 +33,22 @@ int release(camera_snapshot* p_picture)
     return camera_me.co.release_snapshot == nullptr || camera_release_picture(p_picture) >= 1 ? 1 : 0;
 }
 
-// A frame of the test pattern; the pattern and the viewfinder are off behind it, however it ends.
-bool grab_pattern(const camconf_sizeconfig& size)
+// A frame of the test pattern; the pattern and the viewfinder are off behind it, however it ends, or it has
+// failed.
+bool grab_pattern(const camconf_sizeconfig& size, camera_snapshot* p_picture)
 {
     if (camera_test_pattern(PATTERN_PARALLEL) < 1)
         return false;
-    bool grabbed = false;
+    bool grabbed = false, stopped = true;
     if (camera_start_viewfinder(size, 0) == 1) {
         tmr_usleep(PARALLEL_WAIT_US);
         grabbed = camera_grab_viewfinder_frame(size) >= 1;
-        camera_stop_viewfinder();
+        stopped = camera_stop_viewfinder() == 1;
     }
-    camera_test_pattern(PATTERN_OFF);
-    return grabbed;
+    const bool off = camera_test_pattern(PATTERN_OFF) >= 1;
+    if (grabbed && !(stopped && off))
+        release(p_picture);
+    return grabbed && stopped && off;
 }
 
 int camera_connection_parallel(std::uint32_t limit, std::uint32_t* p_first, std::uint32_t* p_second,
@@ -54,7 +57,7 @@ int camera_connection_parallel(std::uint32_t limit, std::uint32_t* p_first, std:
     camconf_sizeconfig size;
     std::uint32_t step, offset;
     if (camconf_sizeconfig_resolve(SIZE_OF_FRAMES, &size) == 0 || camera_get_yuv_yinfo(&step, &offset) != 1 ||
-        !grab_pattern(size) || p_picture->buffer == nullptr)
+        !grab_pattern(size, p_picture) || p_picture->buffer == nullptr)
         return 0;
     const camera_connection_lines lines =
         camera_connection_walk({p_picture->buffer, p_picture->nbr_of_bytes}, offset, step, limit);

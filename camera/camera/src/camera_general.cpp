@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr std::uint32_t FIRST_ID = 16;
 constexpr std::uint32_t IDS_OF_A_TEST = 16;
 constexpr int TESTS = 5;
 
@@ -32,27 +31,36 @@ struct chroma {
     std::uint32_t step, offset, rows;
 };
 
-// One row of a plane: every second sample of the picture's row.
-void copy_chroma(const std::uint8_t* src, std::uint32_t step, std::uint8_t* dst, std::uint32_t count)
+// One row of both planes: every second sample of the picture's row.
+void copy_chroma(const std::uint8_t* u_src, const std::uint8_t* v_src, std::uint32_t step, std::uint8_t* u,
+                 std::uint8_t* v, std::uint32_t count)
 {
     if (step == 1)
-        for (std::uint32_t i = 0; i < count; i++)
-            dst[i] = src[2 * i];
+        for (std::uint32_t i = 0; i < count; i++) {
+            u[i] = u_src[2 * i];
+            v[i] = v_src[2 * i];
+        }
     else
-        for (std::uint32_t i = 0; i < count; i++)
-            dst[i] = src[2 * i * step];
+        for (std::uint32_t i = 0; i < count; i++) {
+            u[i] = u_src[2 * i * step];
+            v[i] = v_src[2 * i * step];
+        }
 }
 
-void extract_chroma(const camera_general_request& request, const chroma& from, std::uint8_t* plane)
+void extract_chroma(const camera_general_request& request, const chroma& from_u, const chroma& from_v,
+                    const cam_gen_planes& planes)
 {
-    const std::uint32_t count = request.width / 2;
-    for (std::uint32_t r = 0; r < request.height; r++, plane += count) {
-        if (r % from.rows != 0)
-            std::memcpy(plane, plane - count, count);
-        else
-            copy_chroma(request.buffer + from.offset +
-                            std::size_t{request.width} * (r / from.rows) * from.step,
-                        from.step, plane, count);
+    const std::size_t count = request.width / 2;
+    for (std::uint32_t r = 0; r < request.height; r++) {
+        std::uint8_t *const u = planes.u + r * count, *const v = planes.v + r * count;
+        if (r % from_u.rows != 0) {
+            std::memcpy(u, u - count, count);
+            std::memcpy(v, v - count, count);
+            continue;
+        }
+        const std::size_t row = std::size_t{request.width} * (r / from_u.rows) * from_u.step;
+        copy_chroma(request.buffer + from_u.offset + row, request.buffer + from_v.offset + row, from_u.step,
+                    u, v, request.width / 2);
     }
 }
 
@@ -115,8 +123,7 @@ int cam_gen_extract_yuv(const camera_general_request& request, const cam_gen_pla
     else
         for (std::uint32_t i = 0; i < size; i++)
             planes.y[i] = request.buffer[y.offset + std::size_t{i} * y.step];
-    extract_chroma(request, u, planes.u);
-    extract_chroma(request, v, planes.v);
+    extract_chroma(request, u, v, planes);
     return 1;
 }
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 
 #include "camera_general_inner.h"
 #include "camera_inner.h"
@@ -14,6 +15,7 @@ namespace {
 enum { SEARCH_AREA, RED_EXCESS, RUN_LENGTH, EDGE_PARAMS };
 constexpr cam_gen_param edge_defaults[EDGE_PARAMS] = {{20, 0xFF}, {50, 0xFF}, {5, 0xFFFFFFFF}};
 
+constexpr std::int32_t PIECE = 64; // pixels of a row that are looked at together
 constexpr std::uint32_t CORNERS = 4;
 constexpr std::uint32_t NOT_STRAIGHT = 32;
 constexpr std::uint32_t NOT_4_TO_3 = 64;
@@ -72,60 +74,86 @@ bool may_be_red(const std::uint8_t* u, const std::uint8_t* v, std::int32_t count
     return any != 0;
 }
 
-// Marks the red pixels of row `y` from `left` to before `right`; false when there are none.
-bool mark_row(const cam_gen_data& data, const rectangle& r, std::int32_t y, std::int32_t excess,
+// Places along a row; nothing when `first` isn't below `last`.
+struct span {
+    std::int32_t first, last;
+};
+
+// Marks red pixels from `left` to before `right` of a row; false when there are none.
+bool mark(const std::uint8_t* luma, const std::uint8_t* u, const std::uint8_t* v, const span& part,
+          std::int32_t excess, std::uint8_t* marks)
+{
+    int any = 0;
+    for (std::int32_t x = part.first; x < part.last; x++) {
+        const std::int32_t t = (luma[x] - 16) * 1192, du = u[x / 2] - 128, dv = v[x / 2] - 128;
+        const std::int32_t red = std::clamp((t + 1634 * dv) >> 10, 0, 255);
+        const std::int32_t green = std::clamp((t - 833 * dv - 400 * du) >> 10, 0, 255);
+        const std::int32_t blue = std::clamp((t + 2066 * du) >> 10, 0, 255);
+        const int is_red = (red - green >= excess) & (red - blue >= excess);
+        marks[x] = static_cast<std::uint8_t>(is_red);
+        any |= is_red;
+    }
+    return any != 0;
+}
+
+// Marks the red pixels of row `y` of a rectangle: the span of pieces that have any. All else is left
+// unmarked.
+span mark_row(const cam_gen_data& data, const rectangle& r, std::int32_t y, std::int32_t excess,
               std::uint8_t* marks)
 {
     const std::int32_t half = data.size.width / 2;
     const std::uint8_t* luma = data.planes.y + std::ptrdiff_t{y} * data.size.width;
     const std::uint8_t* u = data.planes.u + std::ptrdiff_t{y} * half;
     const std::uint8_t* v = data.planes.v + std::ptrdiff_t{y} * half;
-    const std::int32_t first = r.left / 2, last = (r.right + 1) / 2;
-    if (excess > 0 && !may_be_red(u + first, v + first, last - first, excess))
-        return false;
-    int any = 0;
-    for (std::int32_t x = r.left; x < r.right; x++) {
-        const std::int32_t t = (luma[x] - 16) * 1192, du = u[x / 2] - 128, dv = v[x / 2] - 128;
-        const std::int32_t red = std::clamp((t + 1634 * dv) >> 10, 0, 255);
-        const std::int32_t green = std::clamp((t - 833 * dv - 400 * du) >> 10, 0, 255);
-        const std::int32_t blue = std::clamp((t + 2066 * du) >> 10, 0, 255);
-        const int is_red = (red - green >= excess) & (red - blue >= excess);
-        marks[x - r.left] = static_cast<std::uint8_t>(is_red);
-        any |= is_red;
+    span marked = {r.right, r.left};
+    if (excess > 0 && !may_be_red(u + r.left / 2, v + r.left / 2, (r.right + 1) / 2 - r.left / 2, excess))
+        return marked;
+    for (std::int32_t x = r.left; x < r.right; x += PIECE) {
+        const span part = {x, std::min(x + PIECE, r.right)};
+        const std::int32_t first = part.first / 2, last = (part.last + 1) / 2;
+        if (excess > 0 && !may_be_red(u + first, v + first, last - first, excess))
+            continue;
+        if (mark(luma, u, v, part, excess, marks)) {
+            marked.first = std::min(marked.first, part.first);
+            marked.last = part.last;
+        }
     }
-    return any != 0;
+    return marked;
 }
 
-void scan_row(const std::uint8_t* marks, const rectangle& r, std::uint32_t length, centres& found)
+// Looks at the marks of a row; the pixel behind its span is none.
+void scan_row(const std::uint8_t* marks, const rectangle& r, const span& marked, std::uint32_t length,
+              centres& found)
 {
     red_run line;
-    for (std::int32_t x = r.left; x < r.right && !line.over; x++)
-        take(line, marks[x - r.left] != 0, x, length, found);
+    for (std::int32_t x = marked.first; x < std::min(marked.last + 1, r.right) && !line.over; x++)
+        take(line, marks[x] != 0, x, length, found);
 }
 
-// Looks for the red block of a rectangle; 1 with its centre.
+// Looks for the red block of a rectangle; 1 with its centre. A column is looked at only where this row or the
+// one before has something marked: elsewhere no run goes on or ends.
 int cam_gen_find_redblk(const cam_gen_data& data, const rectangle& r, cam_gen_point* p_blk)
 {
-    const auto width = static_cast<std::size_t>(std::max(r.right - r.left, 0));
-    const auto marks = heap_alloc<std::uint8_t>(width + 1);
-    const auto columns = heap_alloc<red_run>((width + 1) * sizeof(red_run));
+    const auto width = static_cast<std::size_t>(data.size.width);
+    const auto marks = heap_alloc<std::uint8_t>(width);
+    const auto columns = heap_alloc<red_run>(width * sizeof(red_run));
     if (marks == nullptr || columns == nullptr)
         return 0;
     std::uninitialized_fill_n(columns.get(), width, red_run{});
+    std::fill_n(marks.get(), width, std::uint8_t{0});
     const std::uint32_t length = e_prm[RUN_LENGTH].value;
     const auto excess = static_cast<std::int32_t>(e_prm[RED_EXCESS].value);
     centres across, down;
-    bool red_before = false;
+    span before = {r.right, r.left};
     for (std::int32_t y = r.top; y < r.bottom; y++) {
-        const bool red = mark_row(data, r, y, excess, marks.get());
-        if (red)
-            scan_row(marks.get(), r, length, across);
-        if (!red && red_before)
-            std::fill_n(marks.get(), width, std::uint8_t{0});
-        for (std::size_t i = 0; (red || red_before) && i < width; i++)
-            if (!columns.get()[i].over)
-                take(columns.get()[i], marks.get()[i] != 0, y, length, down);
-        red_before = red;
+        if (before.first < before.last)
+            std::fill(marks.get() + before.first, marks.get() + before.last, std::uint8_t{0});
+        const span now = mark_row(data, r, y, excess, marks.get());
+        scan_row(marks.get(), r, now, length, across);
+        for (std::int32_t x = std::min(before.first, now.first); x < std::max(before.last, now.last); x++)
+            if (red_run& column = columns.get()[x]; !column.over)
+                take(column, marks.get()[x] != 0, y, length, down);
+        before = now;
     }
     *p_blk = {across.mean(), down.mean()};
     return p_blk->x != 0 && p_blk->y != 0 ? 1 : 0;

@@ -56,7 +56,9 @@ void show(const camera_frame& frame, std::int32_t rotation)
     if (co.send_yuv_to_screen == nullptr)
         return;
     co.send_yuv_to_screen(0, rotation, &frame);
-    screen_invalidate();
+    const std::unique_lock drawing(screen_drawing, std::try_to_lock);
+    if (drawing.owns_lock())
+        screen_invalidate();
 }
 
 // How the display driver finds a frame that lies in `memory`.

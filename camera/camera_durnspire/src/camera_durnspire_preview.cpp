@@ -13,6 +13,7 @@ constexpr std::int64_t GRAB_LIMIT_US = 2'000'000;
 
 void clear_screen()
 {
+    const std::lock_guard drawing(screen_drawing);
     screen_clear(0);
     screen_invalidate();
 }

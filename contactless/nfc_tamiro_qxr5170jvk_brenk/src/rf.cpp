@@ -173,8 +173,8 @@ bool delete_pipe(unsigned pipe)
 }
 
 // What counts of all that is sent is that the pipe could be deleted in the end.
-int polling_series_hci(std::uint16_t rounds, bool handshake, unsigned* p_pipe, std::uint8_t* out,
-                       std::uint8_t* p_outlen)
+int polling_series_by_hci(std::uint16_t rounds, bool handshake, unsigned* p_pipe, std::uint8_t* out,
+                          std::uint8_t* p_outlen)
 {
     constexpr std::size_t PIPE_AT = 6;
     if (rounds == 0)
@@ -231,7 +231,7 @@ int rf_func(const std::uint16_t* values, std::size_t count, unsigned* p_pipe, st
     case 6:
         return give_block(out, p_outlen);
     case 7:
-        return polling_series_hci(v[1], v[2] == 1, p_pipe, out, p_outlen);
+        return polling_series_by_hci(v[1], v[2] == 1, p_pipe, out, p_outlen);
     case 8:
         return switch_rf(v[1]);
     default:

@@ -4,10 +4,10 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
+#include <string_view>
 
 #include "attr/attr.h"
-#include "file_linux/file_linux.h"
+#include "plat/plat.h"
 
 namespace {
 
@@ -15,8 +15,22 @@ constexpr const char* BLANKS = " \t\r";
 constexpr int DECIMAL = 10;
 constexpr int HEXADECIMAL = 16;
 
-struct file_closer {
-    void operator()(file_hnd* p_hnd) const { file_close(p_hnd); }
+// The last line of a text that comes in pieces; of a long line the beginning.
+struct last_line {
+    char text[ATTR_NUM_LINE] = "";
+    std::size_t len = 0;
+    bool ended = false;
+
+    void take(std::string_view piece)
+    {
+        for (const char c : piece) {
+            len = ended ? 0 : len;
+            ended = c == '\n';
+            if (!ended && len + 1 < sizeof text)
+                text[len++] = c;
+            text[len] = '\0';
+        }
+    }
 };
 
 // The number that `text` begins with; `*p_end` is behind it. False when there is none, or it is no int.
@@ -84,13 +98,15 @@ int attr_num_bytes(const char* path, std::uint8_t* p_bytes, std::size_t size)
 
 bool attr_num_last(const char* path, int* p_value)
 {
-    const std::unique_ptr<file_hnd, file_closer> file(file_open(path, "r"));
-    if (file == nullptr)
+    const int fd = plat_open(path, O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
         return false;
-    char line[ATTR_NUM_LINE];
-    bool any = false;
-    while (file_gets(line, sizeof line, file.get()) != nullptr)
-        any = true;
+    last_line line;
+    char piece[256];
+    ssize_t n;
+    while ((n = plat_read(fd, piece, sizeof piece)) > 0)
+        line.take({piece, static_cast<std::size_t>(n)});
+    plat_close(fd);
     char* p_end;
-    return any && scan(line, p_value, &p_end);
+    return n == 0 && scan(line.text, p_value, &p_end);
 }

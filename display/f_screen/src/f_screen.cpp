@@ -1,6 +1,7 @@
 #include "f_screen/f_screen.h"
 
 #include <cstring>
+#include <mutex>
 
 #include "check/check.h"
 #include "dcp/dcp.h"
@@ -37,6 +38,7 @@ int show()
 int do_dbox(int id, int action, int argc, const dcp_word* argv)
 {
     check_action(action);
+    const std::lock_guard drawing(screen_drawing);
     if (action == DCP_ACTION_TEST)
         return dcp_answer(id, "dbox", " ", DCP_OK);
     if (no_screen())
@@ -50,6 +52,7 @@ int do_dbox(int id, int action, int argc, const dcp_word* argv)
 int do_dpat(int id, int action, int argc, const dcp_word* argv)
 {
     check_action(action);
+    const std::lock_guard drawing(screen_drawing);
     if (action == DCP_ACTION_TEST) {
         dcp_printf(id, "dpat", "mode(0x0=tv,0x1=chess,0x2=invers chess,0x3=white,0x4=black)");
         dcp_printf(id, "dpat", "mode(0x5=black on grey,0x6=medium grey,0x7=rgb stripes)");
@@ -68,6 +71,7 @@ int do_dpat(int id, int action, int argc, const dcp_word* argv)
 int do_dfig(int id, int action, int argc, const dcp_word* argv)
 {
     check_action(action);
+    const std::lock_guard drawing(screen_drawing);
     if (action == DCP_ACTION_TEST)
         return dcp_answer(id, "dfig", " ", DCP_OK);
     if (no_screen())
@@ -80,6 +84,7 @@ int do_dfig(int id, int action, int argc, const dcp_word* argv)
 int do_dclr(int id, int action, int argc, const dcp_word* argv)
 {
     check_action(action);
+    const std::lock_guard drawing(screen_drawing);
     if (action == DCP_ACTION_TEST)
         return dcp_answer(id, "dclr", " ", DCP_OK);
     if (no_screen())
@@ -91,6 +96,7 @@ int do_dclr(int id, int action, int argc, const dcp_word* argv)
 int do_dtxt(int id, int action, int argc, const dcp_word* argv)
 {
     check_action(action);
+    const std::lock_guard drawing(screen_drawing);
     if (action == DCP_ACTION_TEST)
         return dcp_answer(id, "dtxt", " ", DCP_OK);
     const char* text = argc > 5 ? dcp_text(argv[5]) : nullptr;
@@ -117,6 +123,7 @@ int load_screen(uint32_t n, bool draw_given, uint32_t draw)
 int do_lcdl(int id, int action, int argc, const dcp_word* argv)
 {
     check_action(action);
+    const std::lock_guard drawing(screen_drawing);
     if (action == DCP_ACTION_TEST)
         return dcp_answer(id, "lcdl", " ", DCP_OK);
     return dcp_answer(id, "lcdl", " ",
@@ -181,6 +188,7 @@ int do_lcid(int id, int action, int argc, const dcp_word* argv)
 int do_dimg(int id, int action, int argc, const dcp_word* argv)
 {
     check_action(action);
+    const std::lock_guard drawing(screen_drawing);
     if (action == DCP_ACTION_TEST)
         return dcp_answer(id, "dimg", "Load and display image file", DCP_OK);
     const char* path = argc > 0 ? dcp_text(argv[0]) : nullptr;

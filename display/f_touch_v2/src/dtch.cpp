@@ -82,6 +82,7 @@ void draw_cross(const touch_event& e)
 {
     if (screen_get_active() == SCREEN_NONE)
         return;
+    const std::lock_guard drawing(screen_drawing);
     draw_bar(e, 1, 2, 2, 4);
     draw_bar(e, 2, 1, 4, 2);
     screen_invalidate();

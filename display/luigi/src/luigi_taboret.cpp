@@ -153,6 +153,7 @@ int luigi_pass_event(lua_State* L, const luigi_message* p_msg)
 
 void luigi_taboret_update(lua_State* L)
 {
+    const std::lock_guard drawing(screen_drawing);
     if (canvas_count > 0) {
         luigi_canvas* const p_top = canvas_list[canvas_count - 1].p_canvas;
         luigi_push(L, p_top);

@@ -9,6 +9,7 @@
 screen_callouts screen_pf_co;
 std::uint32_t active_screen = SCREEN_NONE;
 std::uint32_t font_scale_factor = 1;
+std::recursive_mutex screen_drawing;
 
 namespace {
 

@@ -222,7 +222,7 @@ void transform_reals(int n, const double* p_in, transform_value* p_x, bool whole
     const int half = t.size / 2;
     const int room = half + PACK;          // the last four entries reach behind the end
     thread_local std::vector<double> work; // kept from call to call
-    work.resize(static_cast<std::size_t>(4 * room));
+    work.resize(4 * static_cast<std::size_t>(room));
     const halves from{work.data(), work.data() + half}; // one behind the other, as the places count
     std::fill(from.re, from.re + t.size, 0.0);
     const halves x{work.data() + 2 * room, work.data() + 3 * room};

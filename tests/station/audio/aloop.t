@@ -550,6 +550,45 @@ a fast phone makes no underrun
   phone    listen ear -> silent
   phone    sound 3 -> playback start\ncontrol 36 1\ncontrol 36 70
 
+a restart and a power-off while both run
+  send     aloop=1,1,1
+  expect   ALOOP:,OK
+  send     aloop=2,1,1
+  expect   ALOOP:,OK
+  send     kill
+  reboots
+  phone    clock hold
+  # the card has its reset values again
+  phone    mixer 337 -> 0
+  phone    mixer 36 -> 84
+  send     aloop=1,1,1
+  expect   ALOOP:,OK
+  phone    clock +500
+  phone    listen speaker -> 1000 1197
+  phone    clock run
+  send     aloop=2,1,1
+  expect   ALOOP:,OK
+  send     poff
+  off
+
+a phone without the card's library has no card
+  conf     without libphone_card.so
+  send     aloop=1,1,1
+  expect   ALOOP:,ERROR
+  send     aloop=5,1
+  expect   ALOOP:,ERROR
+
+what the card is asked can be seen
+  phone    clock hold
+  phone    calls on
+  send     aloop=1,1,1
+  expect   ALOOP:,OK
+  phone    calls off
+  # set-up prepares by itself; the write is the first filling
+  phone    calls -> read /dev/ttyGS0\nmixer 337\nmixer 462\nmixer 556\nmixer 441\nmixer 36\nopen playback\nsetup playback\n
+  + prepare playback\nprepare playback\nwrite playback\nmixer 36\nmixer 36\n
+  + write /dev/ttyGS0\nwrite /dev/ttyGS0\nwrite /dev/ttyGS0\nwrite /dev/ttyGS0
+
 how it is asked for
   send     aloop
   expect   ALOOP:,ERROR

@@ -28,7 +28,8 @@ at most 64 bytes are taken
   phone    i2c 4 49 3E -> 3F
   phone    i2c 4 49 3F -> 00
 
-the contactless chip acknowledges while its enable line is low, though it makes nothing of such a frame
+the contactless chip acknowledges while its enable line is low
+  # one byte is no frame of its
   strange  any
   send     i2cw=2,28,0
   expect   I2CW:no ack,ERROR

@@ -11,7 +11,6 @@
 #: an odd size, or no such limit.
 
 the chart passes at every size
-  phone    speed 20
   send     caml=1
   expect   CAML:,OK
   send     cams=1,0

@@ -20,7 +20,6 @@ the first start loads the module and starts the service, and a camera that is ac
   send     caml=0
   expect   CAML:,OK
   phone    camera 1 -> closed frames 0 held 0 heaps 0
-  phone    files -> /dev/input/event0\n/dev/input/event1\nuevent\n/dev/diag\n/dev/ttyGS0\npipe\npipe
   send     caml=0
   expect   CAML:,OK
 
@@ -75,7 +74,6 @@ a library that is lacking makes the start fail and nothing else
   expect   CAMV:,ERROR
   send     cams=2,0
   expect   CAMS:,ERROR
-  phone    files -> /dev/input/event0\n/dev/input/event1\nuevent\n/dev/diag\n/dev/ttyGS0\npipe\npipe\n/dev/graphics/fb0
 
 without the library that the others need to be there nothing is loaded
   conf     without liboemcamera.so

@@ -20,7 +20,6 @@ the sizes of a camera
   +        \n\r4,\t1600,\t1200\tYUV\n\r99,\t800,\t480\tYUV\n\r105,\t1944,\t1720\tJPEG\n\r199,\t1944,\t1720\tJPEG\n\r,OK
 
 a snapshot of each size is taken, decimal or hexadecimal, and given back
-  phone    speed 20
   send     caml=1
   expect   CAML:,OK
   #:
@@ -188,6 +187,7 @@ what belongs to a viewfinder goes with it, and what doesn't stays
   expect   CAML:,OK
   send     camf=5
   expect   CAMF:210,30,14,OK
+  phone    clock hold
   send     camv=1,0
   expect   CAMV:,OK
   send     camv=0

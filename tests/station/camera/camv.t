@@ -94,7 +94,6 @@ a second start keeps memory and size
   expect   CAMV:,OK
 
 without a screen the viewfinder runs all the same, and a frame that can't be shown is given back
-  phone    speed 20
   send     caml=2
   expect   CAML:,OK
   phone    clock hold
@@ -143,6 +142,30 @@ a stop behind caml=0 is still answered
   expect   CAMV:,OK
   send     camv=0
   expect   CAMV:,ERROR
+
+the menu's page shows the viewfinder between its buttons and its answer, and closes the camera when it is left
+  phone    scene 1 flat 16
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  phone    touch 250 1328 tap
+  phone    clock +140
+  phone    idle
+  phone    touch 100 180 tap
+  phone    clock +140
+  phone    idle
+  phone    clock +200
+  # The picture from 640 to 1279; white paper lies above and below it
+  phone    pixel 540 640 -> 000000
+  phone    pixel 540 1279 -> 000000
+  phone    pixel 540 630 -> F1F4F8
+  phone    pixel 540 1285 -> F1F4F8
+  phone    touch 500 1850 tap
+  phone    clock +140
+  phone    idle
+  # "Sensors" and "Camera" again, and no memory left
+  phone    pixel 540 960 -> FFFFFF
+  phone    camera 2 -> closed frames 0 held 0 heaps 0
 
 it needs a camera, one to three values and at most three turns
   send     camv=1,0

@@ -21,14 +21,13 @@
 #: What can't be done is `ERROR` without a result line. Values behind the third are passed over.
 
 power, a channel, its lock and level
-  # A broadcast on channel 20, received through the wide path of circuit 2:
   phone    broadcast 20 level -61.5
   #: The receiver is powered:
   send     isdb=0,1
   expect   ISDB:,OK
   send     issl=2,0
   expect   ISSL:,OK
-  #: A channel is tuned on circuit 2:
+  #: A channel is tuned, here on circuit 2:
   send     isdb=1,20
   expect   ISDB:0x14,OK
   #: Its lock:

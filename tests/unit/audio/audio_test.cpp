@@ -58,7 +58,8 @@ struct signal_row {
 
 double wave_of(int i, double hz)
 {
-    return std::sin(2 * std::numbers::pi * hz * (i / 2) / 48000);
+    const int frame = i / 2;
+    return std::sin(2 * std::numbers::pi * hz * frame / 48000);
 }
 
 // clang-format off
@@ -98,7 +99,7 @@ bool measure(int n, const std::int16_t* s, double rate, double channels, audio_r
         }
         power += 2 * std::pow(magnitude(i) / n, 2);
     }
-    r = {0, 0, static_cast<std::int32_t>(power / 1.5 + 0.5)};
+    r = {0, 0, static_cast<std::int32_t>(std::floor(power / 1.5 + 0.5))};
     if (peak < 8 || peak > n / 2 - 8)
         return false;
     double sum = 0;
@@ -108,8 +109,8 @@ bool measure(int n, const std::int16_t* s, double rate, double channels, audio_r
         sum += p;
         weighted += j * p * (rate / n);
     }
-    r.frequency = static_cast<std::int32_t>(channels * weighted / sum + 0.5);
-    r.level = static_cast<std::int32_t>(std::sqrt(sum / 1.5) + 0.5);
+    r.frequency = static_cast<std::int32_t>(std::floor(channels * weighted / sum + 0.5));
+    r.level = static_cast<std::int32_t>(std::floor(std::sqrt(sum / 1.5) + 0.5));
     return true;
 }
 
