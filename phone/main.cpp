@@ -10,7 +10,6 @@
 #include "core/log.h"
 #include "core/table.h"
 #include "core/text.h"
-#include "luigi/luigi.h"
 #include "plat/plat.h"
 #include "s_qat_korvat/s_qat_korvat.h"
 
@@ -76,7 +75,7 @@ int main(int argc, char** argv)
     }
     plat_attach(&phone::phone_co);
     check_watch(phone::life_program_stopped);
-    luigi_watch_print(show_print);
+    s_watch_print(show_print);
     hand_on_settings();
     const int status = s_main(argc, argv);
     phone::log_flush();

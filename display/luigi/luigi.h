@@ -44,6 +44,6 @@ int luigi_send_message(luigi_message* p_msg);
 // when sent, 0 when none is configured, -1 when it isn't taken.
 int luigi_toggle_default(int mode);
 
-// On the phone what a script prints is dropped. A bench can read it: from now on `fn` gets the text of each print,
-// on the script's thread; NULL ends that. Comes before luigi_init.
+// What a script prints is dropped, unless somebody watches: `fn` gets the text of each print from now on, on
+// the script's thread.
 void luigi_watch_print(void (*fn)(std::string_view text));

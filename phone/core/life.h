@@ -10,7 +10,7 @@ namespace phone {
 struct start_options {
     std::string dir;
     double speed = 1;
-    bool background = false; // the caller gets its terminal back when the program serves its console
+    bool background = false;      // the caller gets its terminal back when the program serves its console
     bool outlives_folder = false; // for who clears its folder away and goes on; other phones end with theirs
 };
 

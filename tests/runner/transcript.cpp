@@ -7,7 +7,7 @@
 
 namespace {
 
-const std::set<std::string> with_text = {"send",  "expect", "raw",  "read",    "phone",  "fails",
+const std::set<std::string> with_text = {"send",  "expect", "raw",  "read",    "phone",   "fails",
                                          "write", "file",   "conf", "strange", "silence", "awaits"};
 const std::set<std::string> without_text = {"restart", "reboots", "off"};
 
