@@ -18,6 +18,9 @@ constexpr std::string_view tail_wanted = "[COUNT|all] [eio|short|eof|slow MS]";
 
 constexpr std::array kinds = {"all", "eio", "short", "eof", "slow"};
 
+// What nodes call their requests in words (`about` of a node).
+constexpr std::array requests = {"timeout", "retries", "pan", "blank", "off"};
+
 std::map<std::string, std::vector<target_number>, std::less<>> target_grammars; // before the program runs
 
 // Reads [COUNT|all] [KIND [MS]] from `args` at `at`.
@@ -147,7 +150,7 @@ std::size_t pattern_words(const std::vector<std::string>& args, std::size_t leas
     if (first == "ioctl") {
         std::size_t count = std::min(args.size(), std::size_t{2});
         while (count < args.size() &&
-               (hex_number(args[count]) || args[count] == "timeout" || args[count] == "retries"))
+               (hex_number(args[count]) || std::ranges::find(requests, args[count]) != requests.end()))
             count++;
         return count;
     }

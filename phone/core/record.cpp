@@ -10,6 +10,7 @@
 #include <deque>
 #include <fstream>
 #include <mutex>
+#include <utility>
 
 #include "core/clock.h"
 #include "core/control.h"
@@ -40,7 +41,7 @@ std::deque<step_line> steps; // that aren't in the file yet: behind one whose an
 int last_id;
 std::string typed; // from the station, without its end yet
 std::string said;  // to the station, the same
-nanoseconds last;  // when something was said last
+nanoseconds last;  // when something was said last; 0 before the first
 bool awaiting;     // a line was sent and nothing has come since
 int clock_steps;   // requests that move the clock on, being carried out
 
@@ -92,9 +93,9 @@ void flush_said_locked()
 void pause_locked()
 {
     const nanoseconds now = clock_now(CLOCK_MONOTONIC);
-    const nanoseconds pause = now - last;
-    last = now;
-    if (awaiting || clock_steps > 0 || pause < shortest_pause)
+    const nanoseconds before = std::exchange(last, now);
+    const nanoseconds pause = now - before;
+    if (before == 0 || awaiting || clock_steps > 0 || pause < shortest_pause)
         return;
     flush_typed_locked();
     flush_said_locked();
@@ -134,7 +135,7 @@ std::string begin_locked(const std::string& name)
     said.clear();
     awaiting = false;
     clock_steps = 0;
-    last = clock_now(CLOCK_MONOTONIC);
+    last = 0;
     if (clock_speed() > 1) {
         char text[32];
         std::snprintf(text, sizeof text, "speed %g", clock_speed());

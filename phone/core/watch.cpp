@@ -214,6 +214,12 @@ std::string word_log(request& rq)
     return {};
 }
 
+// A call without a path ends in a blank, and so would have two of them.
+std::string ended_text(std::string_view text, std::string_view outcome)
+{
+    return std::string(trimmed(text)) + std::string(outcome);
+}
+
 std::string word_calls(request& rq)
 {
     const std::lock_guard lock(watch_mutex);
@@ -233,7 +239,7 @@ std::string word_calls(request& rq)
     if (!rq.args.empty() && !bare)
         return "on, line, off, text or nothing is wanted";
     for (const call& c : calls)
-        rq.answer += (rq.answer.empty() ? "" : "\n") + c.text + (bare ? "" : c.outcome);
+        rq.answer += (rq.answer.empty() ? "" : "\n") + (bare ? c.text : ended_text(c.text, c.outcome));
     return {};
 }
 
@@ -288,7 +294,7 @@ void end_call(const char* operation, std::string_view path, const std::string& r
     if (c.entry > 0 && c.recording == recordings)
         calls[c.entry - 1].outcome = outcome;
     if (is_shown_locked(operation, c.text, value, c.by_fail))
-        std::fprintf(stderr, "%s%s\n", c.text.c_str(), outcome.c_str());
+        std::fprintf(stderr, "%s\n", ended_text(c.text, outcome).c_str());
 }
 
 } // namespace

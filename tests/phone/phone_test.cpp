@@ -309,7 +309,7 @@ TEST_F(Phone, TheLogLeavesOutWhatAnIdlePhoneDoes)
     ask("log all");
     testing::internal::CaptureStderr();
     phone_co.timer_delete(nullptr);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "timer_delete  = -1 (EINVAL)\n");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "timer_delete = -1 (EINVAL)\n");
     ask("log off");
 }
 

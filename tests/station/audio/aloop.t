@@ -585,7 +585,7 @@ what the card is asked can be seen
   expect   ALOOP:,OK
   phone    calls off
   # set-up prepares by itself; the write is the first filling
-  phone    calls -> read /dev/ttyGS0\nmixer 337\nmixer 462\nmixer 556\nmixer 441\nmixer 36\nopen playback\nsetup playback\n
+  phone    calls text -> read /dev/ttyGS0\nmixer 337\nmixer 462\nmixer 556\nmixer 441\nmixer 36\nopen playback\nsetup playback\n
   + prepare playback\nprepare playback\nwrite playback\nmixer 36\nmixer 36\n
   + write /dev/ttyGS0\nwrite /dev/ttyGS0\nwrite /dev/ttyGS0\nwrite /dev/ttyGS0
 
