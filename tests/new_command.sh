@@ -12,36 +12,36 @@ tar -cf - --exclude=./build --exclude=./.git . | tar -xf - -C "$dir"
 cd "$dir"
 find . -type f ! -name out -exec cksum {} + | sort >"$dir.before"
 
-for wrong in "command Blink" "command b" "command tenletters" "command case" "command blnk kitchen" "command blnk runtime"; do
+for wrong in "command Blink" "command b" "command tenletters" "command case" "command zzempty kitchen" "command zzempty runtime"; do
     # shellcheck disable=SC2086
     docs/make/new $wrong >out 2>&1 && bad "new $wrong isn't refused"
     grep -q "^hvt: " out || bad "new $wrong says nothing"
 done
 find . -type f ! -name out -exec cksum {} + | sort | diff "$dir.before" - >out || bad "what is refused leaves something"
 
-docs/make/new command blnk display >out 2>&1 || bad "new fails"
-docs/make/new command blnk display >out 2>&1 && bad "a second one isn't refused"
-mkdir doors && ln -s "$dir/display/f_blnk" doors/f_blnk
+docs/make/new command zzempty display >out 2>&1 || bad "new fails"
+docs/make/new command zzempty display >out 2>&1 && bad "a second one isn't refused"
+mkdir doors && ln -s "$dir/display/f_zzempty" doors/f_zzempty
 "$compiler" -std=c++20 -D_GNU_SOURCE -Wall -Wextra -Wshadow -Werror -fsyntax-only -Idoors -I"$doors/dcp" -I"$doors/dlnk" \
-    display/f_blnk/src/f_blnk.cpp >out 2>&1 || bad "it doesn't compile"
-grep -q '^hvt_module(f_blnk STANDS_ON dcp)$' display/CMakeLists.txt || bad "the build list lacks it"
-[ "$(grep -c 'f_blnk' product/s_qat_korvat/src/tiers.cpp)" = 2 ] || bad "the tier lacks it"
+    display/f_zzempty/src/f_zzempty.cpp >out 2>&1 || bad "it doesn't compile"
+grep -q '^hvt_module(f_zzempty STANDS_ON dcp)$' display/CMakeLists.txt || bad "the build list lacks it"
+[ "$(grep -c 'f_zzempty' product/s_qat_korvat/src/tiers.cpp)" = 2 ] || bad "the tier lacks it"
 grep '^#include "f' product/s_qat_korvat/src/tiers.cpp | LC_ALL=C sort -c 2>out || bad "its include isn't in its place"
-grep -B1 '^    f_blnk_init,$' product/s_qat_korvat/src/tiers.cpp | grep -q 't_vreg_init' || bad "its row isn't the last"
-grep -q '^## blnk$' docs/commands/display.md || bad "the reference lacks it"
-grep -q '^  expect   BLNK:,OK$' tests/station/display/blnk.t || bad "the transcript lacks its reply"
+grep -B1 '^    f_zzempty_init,$' product/s_qat_korvat/src/tiers.cpp | grep -q 't_vreg_init' || bad "its row isn't the last"
+grep -q '^## zzempty$' docs/commands/display.md || bad "the reference lacks it"
+grep -q '^  expect   ZZEMPTY:,OK$' tests/station/display/zzempty.t || bad "the transcript lacks its reply"
 rm out
 
 cat >log <<END
-[5/9] Building CXX object display/CMakeFiles/m_f_blnk.dir/f_blnk/src/f_blnk.cpp.o
-$dir/display/f_blnk/src/f_blnk.cpp:3:10: fatal error: light/light.h: No such file or directory
+[5/9] Building CXX object display/CMakeFiles/m_f_zzempty.dir/f_zzempty/src/f_zzempty.cpp.o
+$dir/display/f_zzempty/src/f_zzempty.cpp:3:10: fatal error: light/light.h: No such file or directory
 $dir/build/sanitize/doors/f_rtc/f_rtc/f_rtc.h:5:10: fatal error: rtc/rtc.h: No such file or directory
-$dir/display/f_blnk/src/f_blnk.cpp:4:10: fatal error: lihgt/lihgt.h: No such file or directory
-$dir/display/f_blnk/src/f_blnk.cpp:5:10: fatal error: zlib.h: No such file or directory
+$dir/display/f_zzempty/src/f_zzempty.cpp:4:10: fatal error: lihgt/lihgt.h: No such file or directory
+$dir/display/f_zzempty/src/f_zzempty.cpp:5:10: fatal error: zlib.h: No such file or directory
 END
 cat >wanted <<'END'
-hvt: f_blnk includes the door of light, which hvt_module(f_blnk ...) in display/CMakeLists.txt doesn't name: it belongs behind STANDS_ON
+hvt: f_zzempty includes the door of light, which hvt_module(f_zzempty ...) in display/CMakeLists.txt doesn't name: it belongs behind STANDS_ON
 hvt: f_rtc includes the door of rtc, which hvt_module(f_rtc ...) in board/CMakeLists.txt doesn't name: it belongs behind OPENS, since its own door includes that
-hvt: there is no module "lihgt", of which f_blnk includes a door; "./hvt map" lists all
+hvt: there is no module "lihgt", of which f_zzempty includes a door; "./hvt map" lists all
 END
 docs/make/explain log | diff wanted - >out || bad "a missing arrow is told otherwise"

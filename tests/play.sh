@@ -38,12 +38,14 @@ grep -q '^2 passed, 0 failed, 0 skipped$' out || bad "it isn't played twice"
 # A late report that comes by itself, with the pause before it.
 "$phone/hvt-virtual" --background phone
 ask record late.t
+sleep 0.7 # before anything is said: no pause of the session
 printf 'dtch=1\n' | "$phone/hvt-station" phone >out 2>&1
 sleep 1.2
 ask touch 10 20 down
 ask idle
 ask record off
 grep -Eq '^  phone    clock \+1[0-9]{3}$' late.t || bad "$(cat late.t)"
+grep '^  [a-z]' late.t | sed -n 2p | grep -q '^  send     dtch=1$' || bad "$(cat late.t)"
 "$play" --phone "$phone/hvt-virtual" late.t >out 2>&1 || bad "the late report isn't played"
 
 # What fails, in all forms.
