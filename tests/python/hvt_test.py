@@ -62,6 +62,7 @@ class ClientTest(unittest.TestCase):
         self.control("touch", "540", "960", "up")
         self.control("clock", "+100")
         self.control("touch", "10", "20", "tap")
+        self.control("clock", "+140")  # the panel is polled
         self.control("idle")
         self.assertEqual(self.phone.ask("batc=1").text, "BATC:3812,OK")
         self.assertEqual(list(self.phone.reports(0)), ["DTCH:10,20,10,20,OK"])
