@@ -9,6 +9,7 @@
 #include "core/life.h"
 #include "core/log.h"
 #include "core/table.h"
+#include "core/text.h"
 #include "plat/plat.h"
 #include "s_qat_korvat/s_qat_korvat.h"
 
@@ -53,6 +54,13 @@ void hand_on_settings()
     s_set_open(all);
 }
 
+// What a menu script prints, for its author.
+void show_print(std::string_view text)
+{
+    constexpr std::size_t most_shown = 1000;
+    phone::log_line(phone::log_kmsg, "phone: print: " + phone::escaped(text.substr(0, most_shown)));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -67,6 +75,7 @@ int main(int argc, char** argv)
     }
     plat_attach(&phone::phone_co);
     check_watch(phone::life_program_stopped);
+    s_watch_print(show_print);
     hand_on_settings();
     const int status = s_main(argc, argv);
     phone::log_flush();

@@ -21,6 +21,7 @@
 #include "core/files.h"
 #include "core/log.h"
 #include "core/notice.h"
+#include "core/record.h"
 #include "core/toolbox.h"
 #include "core/uevents.h"
 #include "core/watch.h"
@@ -71,6 +72,7 @@ constexpr phone_part parts[] = {
     { "files",  files_attach,    nullptr,          nullptr },
     { "clock",  clock_words_attach, nullptr,       nullptr },
     { "watch",  watch_attach,    nullptr,          nullptr },
+    { "record", record_attach,   nullptr,          nullptr },
     { "conf",   conf_attach,     nullptr,          nullptr },
     { "shell",  toolbox_attach,  nullptr,          nullptr },
     { "tools",  tools_attach,    nullptr,          nullptr },

@@ -9,9 +9,9 @@
 --   })
 --   menu.start(battery)
 --
--- Captions have up to nine characters; buttons that don't fit go to a next page by themselves. A page without
--- a command has wide buttons and no place for answers. Volume down goes back, wherever one is. Everything is
--- measured in characters, so any panel will do.
+-- Captions have up to nine characters, what is longer is cut; buttons that don't fit go to a next page by
+-- themselves. A page without a command has wide buttons and no place for answers. Volume down goes back, wherever
+-- one is. Everything is measured in characters, so any panel will do.
 
 local menu = {}
 
@@ -38,6 +38,21 @@ local function measure()
     GAP = math.floor(CH / 3)
 end
 
+-- What an author has given wrongly is an error at the author's own line, not somewhere in here.
+local function want(good, what)
+    if not good then error("menu: " .. what, 3) end
+end
+
+-- What shows something needs to know how large the panel is.
+local function want_started(name)
+    if not W then error("menu: " .. name .. " before menu.start", 3) end
+end
+
+-- How many characters a label of this width and padding has in a line: it breaks one earlier than it must.
+local function columns_of(w, padding)
+    return math.max(1, math.ceil((w - 2 * math.floor(padding)) / CW) - 1)
+end
+
 local function place(widget, x, y, w, h)
     canvas.set_position(widget, math.floor(x), math.floor(y))
     canvas.set_size(widget, math.floor(w), math.floor(h))
@@ -49,7 +64,7 @@ local function colours(widget, back, edge)
 end
 
 local function add_button(parent, caption, x, y, w, h, padding, handler)
-    local b = button.new(caption, handler)
+    local b = button.new(caption:sub(1, columns_of(w, padding)), handler)
     place(b, x, y, w, h)
     canvas.set_padding(b, math.floor(padding))
     colours(b, BUTTON, EDGE)
@@ -110,6 +125,9 @@ end
 -- Shows a status in green (good), red (not good) or grey (nil), and a text below it. A long text has parts:
 -- a touch shows the next. On a page that has no place for it a page opens.
 function menu.show(status, good, text)
+    want_started("show")
+    want(type(status) == "string", "show(status, good, text) wants a text as status, not " .. type(status))
+    want(text == nil or type(text) == "string", "show(status, good, text) wants a text, not " .. type(text))
     if not result then menu.open_special("Result", add_result) end
     local r = result
     r.lines = cut(text or "", r.columns)
@@ -137,6 +155,8 @@ end
 
 -- Runs a command, shows what came of it, and gives both back. The status is never cut, a long command is.
 function menu.run(command)
+    want_started("run")
+    want(type(command) == "string", "run(command) wants a command line, not " .. type(command))
     menu.show(command .. " ...", nil, "")
     taboret.update()
     local status, text = qat(command)
@@ -172,13 +192,17 @@ end
 -- A page of one's own making: `build(root, x, y, w, h)` fills the place between bar and back button. `on_key` and
 -- `on_back` take the place of what volume down and the back button do.
 function menu.open_special(title, build, on_key, on_back)
+    want_started("open_special")
+    want(type(title) == "string", "open_special(title, build) wants a title, not " .. type(title))
+    want(type(build) == "function", "open_special(title, build) wants a function, not " .. type(build))
     local root = canvas.new()
     colours(root, PAPER, PAPER)
     local bar = math.floor(CH * 2.5)
     local foot_y = H - bar - GAP
     push(root)
     local top = #below == 1
-    add_label(root, title, 0, 0, W, bar, (bar - CH) / 2, BAR, BAR_INK)
+    local padding = (bar - CH) / 2
+    add_label(root, title:sub(1, columns_of(W, padding)), 0, 0, W, bar, padding, BAR, BAR_INK)
     if not top then
         add_button(root, "< Back", GAP, foot_y, W - 2 * GAP, bar, (bar - CH) / 2,
                    on_back or function() menu.back() end)
@@ -207,7 +231,7 @@ function add_result(root, x, y, w, h)
     for i = 1, rows do
         labels[i] = add_label(root, "", x + pad, y + row + pad + (i - 1) * row, w - 2 * pad, CH, 0, BUTTON, INK)
     end
-    local columns = math.max(1, math.ceil((w - 2 * pad) / CW) - 1)
+    local columns = columns_of(w, pad)
     result = { head = head, labels = labels, rows = rows, columns = columns,
                lines = {}, part = 1, parts = 1, status = "", colour = PLAIN }
 end
@@ -236,6 +260,16 @@ local function add_grid(root, page, x, y, w, h, columns, least)
 end
 
 function menu.page(title, items)
+    want(type(title) == "string", "page(title, list) wants a title, not " .. type(title))
+    want(type(items) == "table", "page(title, list) wants a list, not " .. type(items))
+    for i, item in ipairs(items) do
+        local caption = type(item) == "table" and item[1]
+        want(type(caption) == "string", "page \"" .. title .. "\": item " .. i .. " has no caption")
+        local what = item[2]
+        want(type(what) == "string" or type(what) == "function" or type(what) == "table" and what.items,
+             "page \"" .. title .. "\": item " .. i .. ", \"" .. caption ..
+             "\", wants a command, a function or a page, not " .. type(what))
+    end
     return { title = title, items = items, first = 1 }
 end
 
@@ -247,6 +281,8 @@ local function has_command(page)
 end
 
 function menu.open(page)
+    want_started("open")
+    want(type(page) == "table" and page.items, "open(page) wants what menu.page gives, not " .. type(page))
     menu.open_special(page.title, function(root, x, y, w, h)
         local box = has_command(page) and math.floor(h * 0.42) or 0
         add_grid(root, page, x, y, w, h - box - (box > 0 and GAP or 0), box > 0 and 2 or 1)
@@ -257,6 +293,10 @@ end
 -- A page with buttons above and the answer below a picture of `height` pixels that stands in the middle of the
 -- screen, as a viewfinder does. `leave` runs when the page is left.
 function menu.open_around(page, height, leave)
+    want_started("open_around")
+    want(type(page) == "table" and page.items, "open_around(page) wants what menu.page gives, not " .. type(page))
+    want(type(height) == "number" and type(leave) == "function",
+         "open_around(page, height, leave) wants a number and a function")
     local function back()
         leave()
         menu.back()
@@ -274,6 +314,7 @@ end
 
 -- A page that is drawn by a command and nothing else; a touch or volume down leaves it.
 function menu.full_screen(command)
+    want(type(command) == "string", "full_screen(command) wants a command line, not " .. type(command))
     local root = canvas.new()
     local picture = custom.new()
     custom.set_event_draw(picture, function() qat(command) end)
@@ -287,6 +328,8 @@ end
 
 -- Asks before something that can't be undone; what the command answers stands on the page before.
 function menu.ask(question, command)
+    want_started("ask")
+    want(type(question) == "string" and type(command) == "string", "ask(question, command) wants two texts")
     menu.open_special("Sure?", function(root, x, y, w, h)
         local row = math.floor(CH * 2.5)
         for i, line in ipairs(cut(question, math.floor(w / CW) - 1)) do
@@ -331,6 +374,7 @@ end
 
 -- Where a finger is and which keys were pressed, as they come.
 function menu.live()
+    want_started("live")
     local trail, keys, place_text, touched = {}, {}, "Draw, or press keys", false
     local function back()
         qat("dtch=3")

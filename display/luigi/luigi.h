@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 constexpr std::uint32_t LUIGI_MSG_START = 0;
 constexpr std::uint32_t LUIGI_MSG_STOP = 1;
@@ -42,3 +43,7 @@ int luigi_send_message(luigi_message* p_msg);
 // Asks for the configured start script (1), stop script (0) or the one whose turn it is (any other value): 1
 // when sent, 0 when none is configured, -1 when it isn't taken.
 int luigi_toggle_default(int mode);
+
+// What a script prints is dropped, unless somebody watches: `fn` gets the text of each print from now on, on
+// the script's thread.
+void luigi_watch_print(void (*fn)(std::string_view text));

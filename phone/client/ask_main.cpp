@@ -1,24 +1,8 @@
 // hvt-ask: sends one request to a phone's control port and prints the answer.
-#include <cerrno>
 #include <cstdio>
-#include <filesystem>
 #include <string>
-#include <system_error>
 
 #include "client/control_client.h"
-
-namespace {
-
-// Files that a request names lie on this desk, and the phone may have another working folder.
-bool tell_folder(int fd)
-{
-    std::error_code error;
-    const std::string folder = std::filesystem::current_path(error).string();
-    std::string answer;
-    return error || folder.find('\n') != folder.npos || control_ask(fd, "from " + folder, answer);
-}
-
-} // namespace
 
 int main(int argc, char** argv)
 {
@@ -35,7 +19,7 @@ int main(int argc, char** argv)
     for (int i = 2; i < argc; i++)
         line += (i > 2 ? " " : "") + std::string(argv[i]);
     std::string answer;
-    const bool done = tell_folder(fd) && control_ask(fd, line, answer);
+    const bool done = control_tell_folder(fd) && control_ask(fd, line, answer);
     if (!done)
         std::fprintf(stderr, "error: %s\n", answer.c_str());
     else if (!answer.empty())

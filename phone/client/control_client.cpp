@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
+#include <filesystem>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -88,4 +89,12 @@ bool control_ask(int fd, std::string_view line, std::string& answer, int timeout
     }
     answer = std::string(last.substr(7));
     return false;
+}
+
+bool control_tell_folder(int fd)
+{
+    std::error_code error;
+    const std::string folder = std::filesystem::current_path(error).string();
+    std::string answer;
+    return error || folder.find('\n') != folder.npos || control_ask(fd, "from " + folder, answer);
 }

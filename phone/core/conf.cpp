@@ -26,11 +26,24 @@ std::map<std::string, conf_fn, std::less<>> keys;
 std::set<std::string, std::less<>> word_keys;
 std::map<std::string, void (*)(), std::less<>> offers;
 std::vector<word_line> word_lines;
+std::vector<word_line> taken_away; // paths of `without`
+int line_read;                     // the line that a key is called for
 std::deque<conf_setting> settings;
 
 std::string wrong_line(int line, const std::string& what)
 {
     return home_path("phone.conf") + ", line " + std::to_string(line) + ": " + what;
+}
+
+std::string list_of_keys()
+{
+    std::set<std::string> names(word_keys.begin(), word_keys.end());
+    for (const auto& [name, fn] : keys)
+        names.insert(name);
+    std::string list;
+    for (const std::string& name : names)
+        list += (list.empty() ? "" : ", ") + name;
+    return list;
 }
 
 std::string read_line(int line, std::string_view text)
@@ -46,7 +59,8 @@ std::string read_line(int line, std::string_view text)
     }
     const auto key = keys.find(found[0]);
     if (key == keys.end())
-        return wrong_line(line, "\"" + found[0] + "\" isn't understood");
+        return wrong_line(line, "\"" + found[0] + "\" isn't understood; the keys are " + list_of_keys());
+    line_read = line;
     const std::string wrong = key->second({found.begin() + 1, found.end()});
     return wrong.empty() ? "" : wrong_line(line, wrong);
 }
@@ -58,6 +72,8 @@ std::string conf_without(const std::vector<std::string>& args)
     if (args[0][0] != '/' && !libraries_has(args[0]))
         return "no closed library has the name " + args[0];
     path_without(args[0]);
+    if (args[0][0] == '/')
+        taken_away.push_back({line_read, args[0]});
     return {};
 }
 
@@ -125,6 +141,10 @@ std::string conf_read()
 
 std::string conf_run_words()
 {
+    // Not before: what the phone has is only known when all devices have started.
+    for (const word_line& line : taken_away)
+        if (!path_is_known(line.text))
+            return wrong_line(line.number, "no phone has " + line.text + ", so none can be without it");
     for (const word_line& line : word_lines) {
         const std::string answer = control_request(line.text);
         if (answer.starts_with("error: "))

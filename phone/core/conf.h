@@ -22,7 +22,7 @@ void conf_add_word(std::string_view word);
 // Reads the file. The result is empty, or a message that names file, line and fault.
 std::string conf_read();
 
-// Carries out the lines of conf_add_word.
+// Carries out the lines of conf_add_word, and says of a line `without` that it names what no phone has.
 std::string conf_run_words();
 
 // A line `setting MODULE KEY VALUE`: a named setting of the program that its product leaves open.

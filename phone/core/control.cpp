@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 #include "core/home.h"
+#include "core/record.h"
 #include "core/text.h"
 
 namespace phone {
@@ -187,6 +188,18 @@ std::string request_file(const request& rq, std::string_view file)
     return (p != nullptr && !p->from.empty() ? p->from + "/" : home_path("")) + std::string(file);
 }
 
+std::string request_text(const request& rq, std::size_t before, std::size_t behind)
+{
+    std::string_view text = rq.rest;
+    for (; before > 0; before--)
+        text = trimmed(text.substr(std::min(text.find_first_of(" \t"), text.size())));
+    for (; behind > 0; behind--)
+        text = trimmed(text.substr(0, text.find_last_of(" \t") + 1));
+    if (text.size() >= 2 && text.front() == '"' && text.back() == '"')
+        text = text.substr(1, text.size() - 2);
+    return std::string(text);
+}
+
 std::string control_request(std::string_view line, connection* p_connection)
 {
     line = trimmed(line);
@@ -199,9 +212,11 @@ std::string control_request(std::string_view line, connection* p_connection)
     rq.p_connection = p_connection;
     rq.rest = std::string(trimmed(line.substr(name.size())));
     rq.args = words(rq.rest);
+    const int recorded = record_request(line);
     const std::string wrong = found->second.usage.empty() && !rq.args.empty()
                                   ? std::string(name) + " takes nothing behind it"
                                   : found->second.fn(rq);
+    record_answer(recorded, wrong, rq.answer);
     if (!wrong.empty())
         return "error: " + wrong + "\n";
     if (is_noticed(rq))

@@ -34,6 +34,10 @@ struct request {
 // `within`) that folder is the root of all paths.
 std::string request_file(const request& rq, std::string_view file);
 
+// The text of a request behind its first `before` words but for the last `behind`, blanks as given: a file's
+// name may hold some. Quotes around it go.
+std::string request_text(const request& rq, std::size_t before, std::size_t behind);
+
 // Carries out a request; the result is empty, or why it can't be done.
 using word_fn = std::string (*)(request& rq);
 

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <filesystem>
 #include <map>
 #include <mutex>
 #include <set>
@@ -17,6 +18,7 @@
 #include "core/files_table.h"
 #include "core/home.h"
 #include "core/text.h"
+#include "core/toolbox.h"
 #include "core/watch.h"
 
 namespace phone {
@@ -133,6 +135,30 @@ void path_optional(std::string_view path)
 bool path_is_lacking(std::string_view path)
 {
     return lacking.contains(path);
+}
+
+bool path_is_known(std::string_view path, bool beginning)
+{
+    const auto fits = [&](std::string_view known) {
+        return beginning ? known.starts_with(path) : known == path;
+    };
+    constexpr std::string_view tools_folder = "/system/bin/";
+    if (std::ranges::any_of(nodes, [&](const auto& n) { return fits(n.first); }) ||
+        std::ranges::any_of(attributes, [&](const auto& a) { return fits(a.first); }) ||
+        std::ranges::any_of(optional_paths, fits) || home_seed_waits(path, beginning) ||
+        (path.starts_with(tools_folder) && toolbox_has(path.substr(tools_folder.size()))))
+        return true;
+    const std::string host = host_path(path, false);
+    struct stat st;
+    if (!host.empty() && lstat(host.c_str(), &st) == 0)
+        return true;
+    const std::size_t name_at = host.rfind('/') + 1;
+    std::error_code none;
+    for (const auto& entry :
+         std::filesystem::directory_iterator(beginning ? host.substr(0, name_at) : "", none))
+        if (entry.path().filename().string().starts_with(host.substr(name_at)))
+            return true;
+    return false;
 }
 
 void path_mount(std::string_view dir, const std::string& host)

@@ -61,6 +61,10 @@ void path_without(std::string_view path);
 // A path that not every phone has: that it isn't there is nothing strange.
 void path_optional(std::string_view path);
 
+// Whether the phone has `path`: a node, a file or a folder of its tree, a tool, or what isn't always there.
+// With `beginning` a path that begins so is enough.
+bool path_is_known(std::string_view path, bool beginning = false);
+
 // From now on what is below `dir` of the phone lies in the folder `host` of the host; an empty one ends that.
 void path_mount(std::string_view dir, const std::string& host);
 

@@ -5,8 +5,11 @@
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
+#include <filesystem>
+#include <fstream>
 #include <map>
 #include <mutex>
+#include <set>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -18,9 +21,12 @@ namespace {
 std::string home_dir;
 int lock_fd = -1;
 std::atomic<bool> first_start;
+std::atomic<bool> seeds_wait; // there are some that aren't laid
 
-std::mutex seeds_mutex;                                // guards the two below and the laying of a seed
+std::mutex seeds_mutex;                                // guards all below and the laying of a seed
 std::map<std::string, std::string, std::less<>> seeds; // by path, not laid yet
+std::set<std::string, std::less<>> laid;               // paths of all seeds that this DIR has had, DIR/seeds
+bool laid_changed;
 std::string seed_trouble;
 
 std::string trouble(const std::string& path, const char* what)
@@ -111,6 +117,45 @@ void lay_locked(const std::string& path, const std::string& text)
     unlink(half.c_str());
 }
 
+bool is_there(const std::string& path)
+{
+    struct stat st;
+    return lstat(path.c_str(), &st) == 0;
+}
+
+// A folder with something in it has to be a phone's, or be prepared to become one: nobody's own files are to
+// be mixed with a phone's by a slip. The root folder of a system has a folder `root` too.
+std::string check_own()
+{
+    std::error_code none;
+    if (std::filesystem::directory_iterator(home_dir + "/", none) == std::filesystem::directory_iterator())
+        return {};
+    for (const char* own : {"hvt.pid", "phone.conf", "units"})
+        if (is_there(home_path(own)))
+            return {};
+    if (is_there(home_path("root")) && !is_there(home_path("etc")))
+        return {};
+    return home_dir +
+           ": isn't a phone's folder: it has files, and none of hvt.pid, phone.conf, units and root; "
+           "name a new folder, or an empty one";
+}
+
+void read_laid()
+{
+    std::ifstream file(home_path("seeds"));
+    for (std::string path; std::getline(file, path);)
+        laid.insert(path);
+}
+
+bool write_laid_locked()
+{
+    std::string text;
+    for (const std::string& path : laid)
+        text += path + "\n";
+    const std::string half = home_path("seeds.new");
+    return write_whole(half, text) && rename(half.c_str(), home_path("seeds").c_str()) == 0;
+}
+
 } // namespace
 
 std::string home_take(const std::string& dir)
@@ -120,6 +165,8 @@ std::string home_take(const std::string& dir)
         home_dir.pop_back();
     if (!make_dirs(home_dir))
         return trouble(home_dir, "be made");
+    if (std::string wrong = check_own(); !wrong.empty())
+        return wrong;
     if (std::string wrong = lock(); !wrong.empty())
         return wrong;
     struct stat st;
@@ -131,6 +178,8 @@ std::string home_take(const std::string& dir)
         errno = S_ISDIR(st.st_mode) ? errno : ENOTDIR;
         return trouble(home_path("log"), "be used");
     }
+    if (!first_start)
+        read_laid();
     return {};
 }
 
@@ -141,15 +190,17 @@ bool home_is_first_start()
 
 void home_seed(std::string_view path, std::string_view text)
 {
-    if (!first_start)
-        return;
     const std::lock_guard lock(seeds_mutex);
+    if (!laid.emplace(path).second && !first_start)
+        return;
+    laid_changed = true;
     seeds.emplace(path, text);
+    seeds_wait = true;
 }
 
 void home_lay(std::string_view path)
 {
-    if (!first_start)
+    if (!seeds_wait)
         return;
     const std::lock_guard lock(seeds_mutex);
     if (const auto exact = seeds.find(path); exact != seeds.end()) {
@@ -167,6 +218,16 @@ void home_lay(std::string_view path)
     }
 }
 
+bool home_seed_waits(std::string_view path, bool beginning)
+{
+    const std::lock_guard lock(seeds_mutex);
+    if (seeds.contains(path))
+        return true;
+    const std::string part = std::string(path) + (beginning || path.ends_with('/') ? "" : "/");
+    const auto next = seeds.lower_bound(part);
+    return next != seeds.end() && next->first.starts_with(part);
+}
+
 std::string home_lay_seeds()
 {
     for (;;) {
@@ -178,6 +239,10 @@ std::string home_lay_seeds()
         lay_locked(seeds.begin()->first, seeds.begin()->second);
         seeds.erase(seeds.begin());
     }
+    const std::lock_guard lock(seeds_mutex);
+    seeds_wait = false;
+    if (laid_changed && !write_laid_locked())
+        return trouble(home_path("seeds"), "be written");
     // The log folder comes last: it tells the next start that the seeds are whole.
     if (first_start && !make_dirs(home_path("log")))
         return trouble(home_path("log"), "be made");
@@ -188,6 +253,12 @@ std::string home_lay_seeds()
 std::string home_path(std::string_view below)
 {
     return home_dir + "/" + std::string(below);
+}
+
+bool home_is_gone()
+{
+    struct stat st {};
+    return fstat(lock_fd, &st) == 0 && st.st_nlink == 0;
 }
 
 int home_lock_fd()

@@ -26,7 +26,9 @@ bool host_call(const char* operation, std::uint32_t number)
         return false;
     char text[16];
     std::snprintf(text, sizeof text, "0x%X", number);
-    return watch_call(operation, text) == fault::eio;
+    const bool fails = watch_call(operation, text) == fault::eio;
+    watch_no_result(operation, text);
+    return fails;
 }
 
 phone_call_fate host_call_on(const char* operation, const char* what)

@@ -18,7 +18,7 @@ struct phone_library_host {
     // Watches a call of the library as a platform call, "OPERATION 0xNUMBER"; true: it has to fail.
     bool (*call)(const char* operation, std::uint32_t number);
     // The same, "OPERATION WHAT". Short and end of file come for the operations "read" and "write" alone.
-    // Behind it, `result` for `log on`.
+    // Behind it, `result` for `log` and `calls`.
     phone_call_fate (*call_on)(const char* operation, const char* what);
     void (*result)(const char* operation, const char* what, long long result);
     // An inner target such as "mixer 36": true when it has to fail.

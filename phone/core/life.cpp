@@ -18,6 +18,7 @@
 #include "core/home.h"
 #include "core/log.h"
 #include "core/parts.h"
+#include "core/record.h"
 #include "core/watch.h"
 
 namespace phone {
@@ -68,6 +69,16 @@ void block_signals()
     sigaddset(&set, SIGHUP);
     pthread_sigmask(SIG_BLOCK, &set, nullptr);
     std::signal(SIGPIPE, SIG_IGN);
+}
+
+// A phone whose folder is deleted has nothing to live in; it would go on unseen.
+void home_loop()
+{
+    while (!home_is_gone())
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    std::fprintf(stderr, "hvt: %s has been deleted; the phone ends\n", home_path("").c_str());
+    station_port.stop();
+    _exit(1);
 }
 
 // Leaves the terminal to the caller and waits there for the child's word; only the child returns.
@@ -183,6 +194,8 @@ std::string life_on(const start_options& options, char** argv)
     if (!wrong.empty())
         return wrong;
     std::thread(signal_loop).detach();
+    if (!options.outlives_folder)
+        std::thread(home_loop).detach();
     std::thread(finish_start).detach();
     return {};
 }
@@ -200,6 +213,7 @@ void life_program_stopped(const char* expr, const char* file, int line)
 
 void life_off()
 {
+    record_end("off");
     station_port.stop();
     unlink(home_path("control").c_str());
     log_line(log_kmsg, "phone: power off");
@@ -209,6 +223,7 @@ void life_off()
 
 void life_restart()
 {
+    record_end("reboots");
     log_line(log_kmsg, "phone: restart");
     log_flush();
     int master;

@@ -10,7 +10,8 @@ namespace phone {
 struct start_options {
     std::string dir;
     double speed = 1;
-    bool background = false; // the caller gets its terminal back when the program serves its console
+    bool background = false;      // the caller gets its terminal back when the program serves its console
+    bool outlives_folder = false; // for who clears its folder away and goes on; other phones end with theirs
 };
 
 // What the phone's life needs of the station's port: it is opened last, and kept open over a restart.

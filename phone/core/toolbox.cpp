@@ -339,6 +339,11 @@ void tool_add(std::string_view name, tool_fn fn, std::string_view result_file)
     tools.emplace(name, tool{fn, std::string(result_file)});
 }
 
+bool toolbox_has(std::string_view name)
+{
+    return tools.contains(name);
+}
+
 void toolbox_attach()
 {
     word_add(

@@ -25,6 +25,9 @@ using tool_fn = int (*)(tool_call& call);
 // what it prints, or, with a `result_file`, the whole content of that.
 void tool_add(std::string_view name, tool_fn fn, std::string_view result_file = "");
 
+// Whether there is a tool of that bare name.
+bool toolbox_has(std::string_view name);
+
 // Adds the word `tool`.
 void toolbox_attach();
 

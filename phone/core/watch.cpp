@@ -14,6 +14,7 @@
 
 #include "core/clock.h"
 #include "core/control.h"
+#include "core/fault_rule.h"
 #include "core/log.h"
 #include "core/text.h"
 #include "core/thread_look.h"
@@ -22,60 +23,50 @@ namespace phone {
 
 namespace {
 
-enum class fault_kind { eio, shortened, eof, slow };
-
-// How much of a call's or target's text a pattern has to be.
-enum class match { part, whole, words };
-
-struct rule {
-    std::string pattern; // empty: any call
-    std::int64_t skip;   // calls that fit and are let pass first
-    std::int64_t left;   // how many still fail; -1 for good
-    fault_kind kind;
-    std::int64_t slow_ms;
-    bool reached;
-    match how = match::part;
-    bool counted_only = false; // calls that `calls` lists
+struct call {
+    std::string text;
+    std::string outcome; // " = 3", and what the bench has to do with it
 };
+
+// A call between its begin and its result, on its thread.
+struct open_call {
+    std::string text;
+    std::string targets = {}; // registers that it has met
+    int target_count = 0;
+    bool by_fail = false;
+    std::size_t entry = 0; // in `calls`, from 1; 0: not recorded
+    unsigned recording = 0;
+};
+
+enum class show { none, lines, busy, all };
 
 constexpr std::size_t calls_limit = 100'000;
 constexpr std::size_t strange_limit = 1000;
+constexpr std::size_t nested_limit = 16; // calls of a library may end without a result
+constexpr int targets_shown = 8;
+constexpr std::size_t rules_limit = 10'000;
 
 std::atomic<bool> watching; // anything at all to do in watch_call
-std::atomic<bool> showing;
+std::atomic<show> showing;
 std::atomic<bool> lines_only; // only what a command line does counts as a call
 thread_local bool in_line;    // between the read of the station's port and the loop's next wait
 std::mutex watch_mutex;       // guards all below
-std::vector<rule> rules;
+std::vector<fault_rule> rules;
 bool recording;
-std::vector<std::string> calls;
+unsigned recordings; // counts them
+std::vector<call> calls;
+std::set<std::string, std::less<>> known_failures; // of the idle phone, shown once
 std::map<std::string, std::int64_t, std::less<>> strange_things;
-std::map<std::string, std::vector<target_number>, std::less<>> target_grammars; // before the program runs
+thread_local std::vector<open_call> open_calls;
 
-// Threads that were there when `calls line` was said last. Those that came since are a command line's.
+// Threads that were there when `calls line` or `log line` was said last. Those that came since are a command
+// line's.
 std::set<pid_t> old_threads;
 std::atomic<unsigned> line_turn; // counts these moments
 
 void update_watching_locked()
 {
-    watching = showing || recording || !rules.empty();
-}
-
-bool fits(const rule& r, std::string_view text, bool transfer)
-{
-    if ((r.kind == fault_kind::shortened || r.kind == fault_kind::eof) && !transfer)
-        return false;
-    if (r.left == 0)
-        return false;
-    switch (r.how) {
-    case match::whole:
-        return trimmed(text) == r.pattern; // a call without a path ends in a blank
-    case match::words:
-        return text == r.pattern || text.starts_with(r.pattern + " ");
-    case match::part:
-        break;
-    }
-    return text.find(r.pattern) != text.npos;
+    watching = showing.load() != show::none || recording || !rules.empty();
 }
 
 // Whether the calling thread was started by a command line: told once a turn.
@@ -97,22 +88,52 @@ bool is_rhythm(std::string_view operation)
     return operation == "select" || operation == "clock_gettime" || operation == "nanosleep";
 }
 
+bool is_of_line_locked()
+{
+    return in_line || is_of_a_line_locked();
+}
+
 bool counts_locked(std::string_view operation)
 {
-    return !is_rhythm(operation) && (!lines_only || in_line || is_of_a_line_locked());
+    return !is_rhythm(operation) && (!lines_only || is_of_line_locked());
+}
+
+// What an idle phone does all the time: its timers, its looks at nodes, the program's own pipe, and attempts
+// that fail again and again.
+bool is_idle_locked(std::string_view text, long long result)
+{
+    if (is_of_line_locked())
+        return false;
+    return text.starts_with("timer_") || text.starts_with("poll ") || text.ends_with(" pipe") ||
+           (result < 0 && !known_failures.emplace(text).second);
+}
+
+bool is_shown_locked(std::string_view operation, std::string_view text, long long result, bool by_fail)
+{
+    switch (showing.load()) {
+    case show::none:
+        return false;
+    case show::lines:
+        return !is_rhythm(operation) && is_of_line_locked();
+    case show::busy:
+        return !is_rhythm(operation) && (by_fail || !is_idle_locked(text, result));
+    case show::all:
+        break;
+    }
+    return true;
 }
 
 // The first rule that fits is used up; a rule that still lets pass counts down.
-const rule* take_locked(std::string_view text, bool transfer, bool counted)
+const fault_rule* take_locked(std::string_view text, bool transfer, bool counted)
 {
-    for (rule& r : rules) {
-        if (!fits(r, text, transfer) || (r.counted_only && !counted))
+    for (fault_rule& r : rules) {
+        if (!fault_rule_fits(r, text, transfer) || (r.counted_only && !counted))
             continue;
-        if (r.skip > 0) {
-            r.skip--;
+        if (r.passed < r.skip) {
+            r.passed++;
             continue;
         }
-        r.reached = true;
+        r.hits++;
         if (r.left > 0)
             r.left--;
         return &r;
@@ -120,169 +141,83 @@ const rule* take_locked(std::string_view text, bool transfer, bool counted)
     return nullptr;
 }
 
-std::string add_rule(rule r)
-{
-    const std::lock_guard lock(watch_mutex);
-    rules.push_back(std::move(r));
-    update_watching_locked();
-    return {};
-}
-
 std::string fail_off(request& rq)
 {
     const std::lock_guard lock(watch_mutex);
+    std::size_t count = 0;
+    std::string names;
+    for (const fault_rule& r : rules) {
+        if (r.hits > 0)
+            continue;
+        count++;
+        names += (names.empty() ? ": " : "; ") + fault_rule_name(r);
+    }
     rq.answer =
-        std::to_string(std::count_if(rules.begin(), rules.end(), [](const rule& r) { return !r.reached; }));
+        std::to_string(count) + (count == 1 ? " fault was" : " faults were") + " never reached" + names;
     rules.clear();
     update_watching_locked();
     return {};
 }
 
-// Reads [COUNT|all] [KIND [MS]] from `args` at `at`.
-std::string read_count_and_kind(const std::vector<std::string>& args, std::size_t at, rule& r)
+std::string fail_list(request& rq)
 {
-    if (at < args.size() && args[at] == "all") {
-        r.left = -1;
-        at++;
-    } else if (at < args.size() && number(args[at])) {
-        r.left = *number(args[at++]);
-        if (r.left < 1)
-            return "a count from 1, or \"all\", is wanted";
-    }
-    if (at < args.size()) {
-        const std::string& kind = args[at++];
-        if (kind == "eio") {
-            r.kind = fault_kind::eio;
-        } else if (kind == "short") {
-            r.kind = fault_kind::shortened;
-        } else if (kind == "eof") {
-            r.kind = fault_kind::eof;
-        } else if (kind == "slow") {
-            const auto ms = at < args.size() ? number(args[at++]) : std::nullopt;
-            if (!ms || *ms < 0 || *ms > 3'600'000)
-                return "slow wants 0 to 3600000 ms";
-            r.kind = fault_kind::slow;
-            r.slow_ms = *ms;
-        } else {
-            return "the kinds are eio, short, eof and slow MS, not \"" + kind + "\"";
-        }
-    }
-    return at == args.size() ? "" : "\"" + args[at] + "\" is too much";
+    const std::lock_guard lock(watch_mutex);
+    for (const fault_rule& r : rules)
+        rq.answer += (rq.answer.empty() ? "" : "\n") + fault_rule_text(r);
+    if (rules.empty())
+        rq.answer = "nothing is armed";
+    return {};
 }
 
-std::string target_text(const std::string& word, target_number kind)
-{
-    const auto value =
-        kind == target_number::decimal
-            ? number(word).value_or(-1)
-            : static_cast<std::int64_t>(hex_number(word).value_or(static_cast<std::uint64_t>(-1)));
-    if (value < 0)
-        return {};
-    char text[32];
-    switch (kind) {
-    case target_number::decimal:
-        return std::to_string(value);
-    case target_number::hex:
-        std::snprintf(text, sizeof text, "%llX", static_cast<unsigned long long>(value));
-        break;
-    case target_number::hex2:
-        std::snprintf(text, sizeof text, "%02llX", static_cast<unsigned long long>(value));
-        break;
-    case target_number::hex5:
-        std::snprintf(text, sizeof text, "%05llX", static_cast<unsigned long long>(value));
-        break;
-    case target_number::hex_0x:
-        std::snprintf(text, sizeof text, "0x%llX", static_cast<unsigned long long>(value));
-        break;
-    }
-    return text;
-}
-
-// Writes the numbers of a target as its texts have them. The result is how many words belong to the pattern
-// at least: those numbers aren't counts.
-std::size_t take_target(std::vector<std::string>& args)
-{
-    const auto grammar = args.empty() ? target_grammars.end() : target_grammars.find(args[0]);
-    if (grammar == target_grammars.end())
-        return 1;
-    std::size_t words = 1;
-    for (const target_number kind : grammar->second) {
-        const std::string text = words < args.size() ? target_text(args[words], kind) : "";
-        if (text.empty())
-            break;
-        args[words++] = text;
-    }
-    return words;
-}
-
-// What is wrong with a count or a kind at the end, which is no part of the pattern whatever its value.
-std::string wrong_end(const std::vector<std::string>& args, std::size_t least)
-{
-    const std::size_t words = args.size();
-    if (words <= least)
-        return {};
-    rule ignored{};
-    if (args[words - 2] == "slow")
-        return read_count_and_kind(args, words - 2, ignored);
-    return args[words - 1] == "slow" || number(args[words - 1])
-               ? read_count_and_kind(args, words - 1, ignored)
-               : "";
-}
-
-// `call N [COUNT|all] [KIND]`: the Nth of all recorded calls; `nth N TEXT`: the Nth of those with this text.
-std::string fail_nth(const request& rq)
-{
-    rule r{"", 0, 1, fault_kind::eio, 0, false, match::part, true};
-    const auto nth = rq.args.size() >= 2 ? number(rq.args[1]) : std::nullopt;
-    if (!nth || *nth < 1)
-        return "the number of a call, from 1, is wanted";
-    r.skip = *nth - 1;
-    if (rq.args[0] == "call") {
-        const std::string wrong = read_count_and_kind(rq.args, 2, r);
-        return wrong.empty() ? add_rule(r) : wrong;
-    }
-    const std::string_view behind = trimmed(std::string_view(rq.rest).substr(rq.args[0].size()));
-    r.pattern = trimmed(behind.substr(rq.args[1].size()));
-    r.how = match::whole;
-    return r.pattern.empty() ? "the text of a call is wanted" : add_rule(r);
-}
-
-// The pattern may hold blanks: it ends before a count or a kind.
 std::string word_fail(request& rq)
 {
+    if (rq.args.empty())
+        return fail_list(rq);
     if (rq.args.size() == 1 && rq.args[0] == "off")
         return fail_off(rq);
-    if (rq.args.size() >= 2 && (rq.args[0] == "call" || rq.args[0] == "nth"))
-        return fail_nth(rq);
-    rule r{"", 0, 1, fault_kind::eio, 0, false};
-    const std::size_t least = take_target(rq.args);
-    if (least > 1)
-        r.how = match::words;
-    if (std::string wrong = wrong_end(rq.args, least); !wrong.empty())
+    fault_rule r;
+    if (std::string wrong = fault_rule_read(rq.args, rq.rest, r, rq.answer); !wrong.empty())
         return wrong;
-    std::size_t end = rq.args.size();
-    for (std::size_t i = least; i < end; i++) {
-        rule probe = r;
-        if (read_count_and_kind(rq.args, i, probe).empty()) {
-            end = i;
-            r = probe;
-        }
-    }
-    for (std::size_t i = 0; i < end; i++)
-        r.pattern += (i > 0 ? " " : "") + rq.args[i];
-    return r.pattern.empty()
-               ? "PATTERN [COUNT|all] [eio|short|eof|slow MS], call N ..., nth N TEXT, or off is wanted"
-               : add_rule(r);
+    const std::lock_guard lock(watch_mutex);
+    if (rules.size() >= rules_limit)
+        return "there are " + std::to_string(rules_limit) + " faults already; \"fail off\" clears them";
+    rules.push_back(std::move(r));
+    update_watching_locked();
+    return {};
+}
+
+// From here on the calls of command lines and of threads that they start can be told from the others.
+void begin_lines_locked()
+{
+    old_threads = thread_ids();
+    line_turn++;
 }
 
 std::string word_log(request& rq)
 {
-    if (rq.args.size() != 1 || (rq.args[0] != "on" && rq.args[0] != "off"))
-        return "on or off is wanted";
+    const std::string what = rq.args.size() == 1 ? rq.args[0] : "";
     const std::lock_guard lock(watch_mutex);
-    showing = rq.args[0] == "on";
+    if (what == "off")
+        showing = show::none;
+    else if (what == "line")
+        showing = show::lines;
+    else if (what == "on")
+        showing = show::busy;
+    else if (what == "all")
+        showing = show::all;
+    else
+        return "on, line, all or off is wanted";
+    known_failures.clear();
+    if (what != "off")
+        begin_lines_locked();
     update_watching_locked();
     return {};
+}
+
+// A call without a path ends in a blank, and so would have two of them.
+std::string ended_text(std::string_view text, std::string_view outcome)
+{
+    return std::string(trimmed(text)) + std::string(outcome);
 }
 
 std::string word_calls(request& rq)
@@ -291,19 +226,20 @@ std::string word_calls(request& rq)
     if (rq.args.size() == 1 && (rq.args[0] == "on" || rq.args[0] == "line" || rq.args[0] == "off")) {
         recording = rq.args[0] != "off";
         lines_only = rq.args[0] == "line" || (lines_only && !recording);
-        if (recording)
+        if (recording) {
             calls.clear();
-        if (rq.args[0] == "line") {
-            old_threads = thread_ids();
-            line_turn++;
+            recordings++;
         }
+        if (rq.args[0] == "line")
+            begin_lines_locked();
         update_watching_locked();
         return {};
     }
-    if (!rq.args.empty())
-        return "on, line, off or nothing is wanted";
-    for (const std::string& line : calls)
-        rq.answer += (rq.answer.empty() ? "" : "\n") + line;
+    const bool bare = rq.args.size() == 1 && rq.args[0] == "text";
+    if (!rq.args.empty() && !bare)
+        return "on, line, off, text or nothing is wanted";
+    for (const call& c : calls)
+        rq.answer += (rq.answer.empty() ? "" : "\n") + (bare ? c.text : ended_text(c.text, c.outcome));
     return {};
 }
 
@@ -321,26 +257,74 @@ std::string word_strange(request& rq)
     return {};
 }
 
+// The call of this thread that `text` ends: those above it have ended without a result.
+open_call take_open_call(const std::string& text)
+{
+    for (std::size_t i = open_calls.size(); i-- > 0;) {
+        if (open_calls[i].text != text)
+            continue;
+        open_call found = std::move(open_calls[i]);
+        open_calls.resize(i);
+        return found;
+    }
+    return {text};
+}
+
+// " = -1 (ENXIO, by fail) [i2c 5 18 02]"
+std::string outcome_of(const open_call& c, const std::string& result, int error)
+{
+    std::string why = error != 0 ? strerrorname_np(error) != nullptr ? strerrorname_np(error) : "" : "";
+    if (c.by_fail)
+        why += why.empty() ? "by fail" : ", by fail";
+    std::string text = result.empty() ? "" : " = " + result;
+    if (!why.empty())
+        text += " (" + why + ")";
+    if (c.target_count > 0)
+        text += " [" + c.targets + (c.target_count > targets_shown ? ", ...]" : "]");
+    return text;
+}
+
+// Writes down and shows how a call has ended; `result` is empty where that isn't known.
+void end_call(const char* operation, std::string_view path, const std::string& result, long long value,
+              int error)
+{
+    const open_call c = take_open_call(std::string(operation) + " " + escaped(path));
+    const std::string outcome = outcome_of(c, result, error);
+    const std::lock_guard lock(watch_mutex);
+    if (c.entry > 0 && c.recording == recordings)
+        calls[c.entry - 1].outcome = outcome;
+    if (is_shown_locked(operation, c.text, value, c.by_fail))
+        std::fprintf(stderr, "%s\n", ended_text(c.text, outcome).c_str());
+}
+
 } // namespace
 
 fault watch_call(const char* operation, std::string_view path)
 {
     if (!watching.load(std::memory_order_relaxed))
         return fault::none;
-    const std::string text = std::string(operation) + " " + escaped(path);
-    const bool transfer = text.starts_with("read ") || text.starts_with("write ");
-    rule hit{};
+    open_call c{std::string(operation) + " " + escaped(path)};
+    const bool transfer = c.text.starts_with("read ") || c.text.starts_with("write ");
+    fault_rule hit;
     {
         const std::lock_guard lock(watch_mutex);
         const bool counted = counts_locked(operation);
-        if (recording && counted && calls.size() < calls_limit)
-            calls.push_back(text);
+        if (recording && counted && calls.size() < calls_limit) {
+            calls.push_back({c.text, ""});
+            c.entry = calls.size();
+            c.recording = recordings;
+        }
         // A rule without a pattern counts calls, and those are the recorded ones.
-        const rule* p = is_rhythm(operation) ? nullptr : take_locked(text, transfer, counted);
-        if (p == nullptr)
-            return fault::none;
-        hit = *p;
+        const fault_rule* p = is_rhythm(operation) ? nullptr : take_locked(c.text, transfer, counted);
+        c.by_fail = p != nullptr;
+        if (p != nullptr)
+            hit = *p;
     }
+    if (open_calls.size() >= nested_limit)
+        open_calls.erase(open_calls.begin());
+    open_calls.push_back(std::move(c));
+    if (!open_calls.back().by_fail)
+        return fault::none;
     switch (hit.kind) {
     case fault_kind::slow:
         clock_sleep_until(clock_now(CLOCK_MONOTONIC) + hit.slow_ms * 1'000'000);
@@ -365,13 +349,18 @@ bool watch_target(std::string_view target)
 {
     if (!watching.load(std::memory_order_relaxed))
         return false;
+    open_call* const p_call = open_calls.empty() ? nullptr : &open_calls.back();
+    if (p_call != nullptr && ++p_call->target_count <= targets_shown)
+        p_call->targets.append(p_call->targets.empty() ? "" : ", ").append(target);
     const std::lock_guard lock(watch_mutex);
-    for (rule& r : rules) {
-        if (r.counted_only || r.kind == fault_kind::slow || !fits(r, target, true))
+    for (fault_rule& r : rules) {
+        if (r.counted_only || r.kind == fault_kind::slow || !fault_rule_fits(r, target, true))
             continue;
-        r.reached = true;
+        r.hits++;
         if (r.left > 0)
             r.left--;
+        if (p_call != nullptr)
+            p_call->by_fail = true;
         return true;
     }
     return false;
@@ -384,14 +373,19 @@ bool watch_active()
 
 void watch_result(const char* operation, std::string_view path, long long result)
 {
-    if (!showing.load(std::memory_order_relaxed))
+    if (!watching.load(std::memory_order_relaxed) && open_calls.empty())
         return;
     const int error = errno;
-    if (result < 0)
-        std::fprintf(stderr, "%s %s = %lld (%s)\n", operation, escaped(path).c_str(), result,
-                     strerrorname_np(error));
-    else
-        std::fprintf(stderr, "%s %s = %lld\n", operation, escaped(path).c_str(), result);
+    end_call(operation, path, std::to_string(result), result, result < 0 ? error : 0);
+    errno = error;
+}
+
+void watch_no_result(const char* operation, std::string_view path)
+{
+    if (!watching.load(std::memory_order_relaxed) && open_calls.empty())
+        return;
+    const int error = errno;
+    end_call(operation, path, "", 0, 0);
     errno = error;
 }
 
@@ -405,27 +399,22 @@ void strange(std::string_view what)
     errno = error;
 }
 
-void watch_target_add(std::string_view name, std::initializer_list<target_number> numbers)
-{
-    target_grammars[std::string(name)] = numbers;
-}
-
 void watch_attach()
 {
     word_add(
-        "fail", "PATTERN|call N [COUNT|all] [KIND] | nth N TEXT | off",
-        "makes the next platform calls that contain PATTERN fail, the Nth recorded one, or the Nth of those "
-        "with exactly TEXT; KIND is eio, short, eof or slow MS; a target such as i2c 5 18 0f is met by its "
-        "numbers; off tells how many faults were never reached",
+        "fail", "[PATTERN [COUNT|all] [KIND] | call N [COUNT|all] [KIND] | nth N TEXT | off]",
+        "makes the next platform calls that contain PATTERN fail, the Nth recorded one, or the Nth of "
+        "those with exactly TEXT; KIND is eio, short, eof or slow MS; a target such as i2c 5 18 0F is met "
+        "by its numbers; alone, lists what is armed; off clears it and tells what was never reached",
         word_fail);
-    word_add("log", "on|off",
-             "shows every platform call on the phone's standard error, in the background in DIR/log/output",
+    word_add("log", "on|line|all|off",
+             "shows platform calls and their results on the phone's standard error, in the background in "
+             "DIR/log/output: those that aren't an idle phone's own, those of command lines, or all",
              word_log);
-    word_add(
-        "calls", "[on|line|off]",
-        "records the platform calls from now on, or those of command lines and of threads that they start; "
-        "without a word, lists them",
-        word_calls);
+    word_add("calls", "[on|line|off|text]",
+             "records the platform calls from now on, or those of command lines and of threads that they "
+             "start; without a word, lists them with their results, text without",
+             word_calls);
     word_add("strange", "[off]", "what the program asked of the phone that no model knows; off forgets it",
              word_strange);
 }

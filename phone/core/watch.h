@@ -40,8 +40,10 @@ void watch_target_add(std::string_view name, std::initializer_list<target_number
 // Whether anybody watches at all: for callers to whom forming the text of a call is dear.
 bool watch_active();
 
-// The result of a call, for `log on`. Keeps errno.
+// The end of a call that watch_call has seen, on the same thread, for `log` and `calls`. Keeps errno.
 void watch_result(const char* operation, std::string_view path, long long result);
+// The same where nobody says how it has ended.
+void watch_no_result(const char* operation, std::string_view path);
 
 // Something that no model of the phone knows: a path, a request, a register, a tool.
 void strange(std::string_view what);

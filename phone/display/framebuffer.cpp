@@ -260,9 +260,14 @@ std::string write_png(const framebuffer& fb, const std::string& path)
     image.width = fb.var.xres;
     image.height = fb.var.yres;
     image.format = PNG_FORMAT_RGB;
-    if (png_image_write_to_file(&image, path.c_str(), 0, rgb.data(), 0, nullptr) == 0)
-        return path + ": can't be written: " + image.message;
-    return {};
+    errno = 0;
+    if (png_image_write_to_file(&image, path.c_str(), 0, rgb.data(), 0, nullptr) != 0)
+        return {};
+    const int error = errno;
+    const std::string folder = path.substr(0, path.rfind('/'));
+    if (error == ENOENT && access(folder.c_str(), F_OK) != 0)
+        return path + ": can't be written: there is no folder " + folder;
+    return path + ": can't be written: " + (error != 0 ? std::strerror(error) : image.message);
 }
 
 framebuffer* buffer_in_slot(const std::string& text)
@@ -355,21 +360,20 @@ std::string share(const framebuffer& fb, request& rq)
 
 std::string word_screen(request& rq)
 {
-    std::vector<std::string> args = rq.args;
     framebuffer* p_fb = &buffers[0];
-    if (!args.empty() && number(args.back())) {
-        p_fb = buffer_in_slot(args.back());
-        args.pop_back();
-    }
+    const bool slot = !rq.args.empty() && number(rq.args.back());
+    if (slot)
+        p_fb = buffer_in_slot(rq.args.back());
+    const std::string file = request_text(rq, 0, slot ? 1 : 0);
     if (p_fb == nullptr)
         return "the slots are 0, the panel, and 2, the HDMI output";
-    if (args.size() == 1 && args[0] == "share")
+    if (file == "share")
         return share(*p_fb, rq);
-    if (args.size() > 1 || (!args.empty() && !args[0].ends_with(".png")))
+    if (!file.empty() && !file.ends_with(".png"))
         return "[FILE.png|share] [SLOT] is wanted";
     const std::lock_guard lock(fb_mutex);
-    if (!args.empty())
-        return write_png(*p_fb, request_file(rq, args[0]));
+    if (!file.empty())
+        return write_png(*p_fb, request_file(rq, file));
     rq.answer = about(*p_fb);
     return {};
 }

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <fcntl.h>
 #include <fstream>
 #include <iterator>
@@ -213,7 +215,9 @@ bool replace(const std::string& path, const std::string& text)
     file.close();
     if (file && std::rename(half.c_str(), path.c_str()) == 0)
         return true;
+    const int error = errno;
     unlink(half.c_str());
+    errno = error;
     return false;
 }
 
@@ -230,13 +234,14 @@ std::string store_text_locked()
     return text;
 }
 
-// Brings the attributes up to date, except those that are gone or that somebody else has written. False when
-// one couldn't be written: it is tried again the next time.
-bool publish_locked(bool all)
+// Brings the attributes up to date, except those that are gone or that somebody else has written. The result
+// is empty, or what couldn't be written: an attribute is tried again the next time. `told`: by the bench,
+// which a restart has to know.
+std::string publish_locked(bool all, bool told = false)
 {
     const auto texts = texts_locked();
-    bool changed = false;
-    bool written = true;
+    bool changed = told;
+    std::string wrong;
     for (std::size_t i = 0; i < live.size(); i++) {
         if (texts[i] == live[i].text && !all)
             continue;
@@ -245,23 +250,16 @@ bool publish_locked(bool all)
         if (path.empty() || !read_whole(path, found) || (found != live[i].text && !all))
             continue;
         if (!replace(path, texts[i])) {
-            written = false;
+            wrong = "the attributes can't be written, is the disk full? They follow when they can";
             continue;
         }
         live[i].text = texts[i];
         changed = true;
     }
-    if (changed)
-        written = replace(home_path("battery"), store_text_locked()) && written;
-    return written;
-}
-
-// The same as the answer of a word.
-std::string answer_published_locked(bool all)
-{
-    return publish_locked(all)
-               ? ""
-               : "the attributes can't be written, is the disk full? They follow when they can";
+    const std::string path = home_path("battery");
+    if (changed && !replace(path, store_text_locked()) && wrong.empty())
+        wrong = path + ": can't be written: " + std::strerror(errno) + "; a restart won't know of this";
+    return wrong;
 }
 
 void before_read(std::string_view)
@@ -309,7 +307,7 @@ std::string word_charger(request& rq)
     kind = *wanted;
     show_kind_locked();
     take_registers_locked();
-    return answer_published_locked(false);
+    return publish_locked(false, true);
 }
 
 constexpr int most_mv = 5000;
@@ -357,7 +355,7 @@ std::string word_battery(request& rq)
     }
     if (std::string wrong = set_battery_locked(rq.args); !wrong.empty())
         return wrong;
-    return answer_published_locked(true);
+    return publish_locked(true, true);
 }
 
 // What the last life of this phone has left: a word and its value a line.

@@ -20,6 +20,7 @@
 #include "core/home.h"
 #include "core/life.h"
 #include "core/log.h"
+#include "core/record.h"
 #include "core/text.h"
 #include "core/uevents.h"
 #include "core/watch.h"
@@ -33,6 +34,7 @@ int master = -1; // the program's end
 int slave = -1;  // kept open here, so that the program's end doesn't hang up when no station is there
 
 std::atomic<bool> station_reads = true;
+std::atomic<bool> station_hung_up;
 
 std::mutex port_mutex; // guards the two below and every change of a descriptor of the program
 bool cable_in = true;
@@ -96,8 +98,11 @@ ssize_t port_read(open_file& file, void* buf, std::size_t size)
 {
     const ssize_t n = read(file.fd, buf, size);
     watch_command(n > 0);
-    if (n > 0)
-        log_line(log_port, "< " + escaped({static_cast<const char*>(buf), static_cast<std::size_t>(n)}));
+    if (n > 0) {
+        const std::string_view bytes(static_cast<const char*>(buf), static_cast<std::size_t>(n));
+        record_port(true, bytes);
+        log_line(log_port, "< " + escaped(bytes));
+    }
     return n;
 }
 
@@ -133,8 +138,11 @@ ssize_t port_write(open_file& file, const void* buf, std::size_t size)
         }
     }
     const ssize_t n = write_patiently(file.fd, static_cast<const char*>(buf), size);
-    if (n > 0)
-        log_line(log_port, "> " + escaped({static_cast<const char*>(buf), static_cast<std::size_t>(n)}));
+    if (n > 0) {
+        const std::string_view bytes(static_cast<const char*>(buf), static_cast<std::size_t>(n));
+        record_port(false, bytes);
+        log_line(log_port, "> " + escaped(bytes));
+    }
     return n;
 }
 
@@ -166,6 +174,51 @@ void plug(bool in)
     usb_state_announce(in);
 }
 
+// Opens a pseudo terminal for both ends; the result is empty, or what is wrong.
+std::string open_terminal()
+{
+    termios raw{};
+    cfmakeraw(&raw);
+    cfsetspeed(&raw, B115200);
+    raw.c_cflag |= CREAD | CLOCAL;
+    if (openpty(&master, &slave, nullptr, &raw, nullptr) != 0)
+        return "no pseudo terminal can be had: " + std::string(std::strerror(errno));
+    fcntl(master, F_SETFD, FD_CLOEXEC);
+    fcntl(slave, F_SETFD, FD_CLOEXEC);
+    fcntl(master, F_SETFL, O_RDWR | O_NONBLOCK);
+    return {};
+}
+
+// Lays the link DIR/ttyGS0 to the station's end.
+std::string lay_link()
+{
+    const std::string link = home_path("ttyGS0");
+    char name[128];
+    if (ttyname_r(slave, name, sizeof name) != 0)
+        return "the pseudo terminal has no name: " + std::string(std::strerror(errno));
+    unlink(link.c_str());
+    return symlink(name, link.c_str()) == 0 ? "" : link + ": can't be made: " + std::strerror(errno);
+}
+
+// The station's adapter is pulled too: what the station has open is hung up, and there is no port until the
+// cable is plugged in, when a new one comes.
+std::string hang_up()
+{
+    const std::lock_guard lock(port_mutex);
+    const int old_master = master;
+    const int old_slave = slave;
+    if (std::string wrong = open_terminal(); !wrong.empty()) {
+        master = old_master;
+        slave = old_slave;
+        return wrong;
+    }
+    unlink(home_path("ttyGS0").c_str());
+    close(old_slave);
+    close(old_master);
+    station_hung_up = true;
+    return {};
+}
+
 std::string word_usb(request& rq)
 {
     if (rq.args.empty()) {
@@ -173,31 +226,24 @@ std::string word_usb(request& rq)
         rq.answer = cable_in ? "on" : "off";
         return {};
     }
-    if (rq.args.size() != 1 || (rq.args[0] != "on" && rq.args[0] != "off"))
-        return "on or off is wanted";
-    plug(rq.args[0] == "on");
-    return {};
+    const bool hangup = rq.args.size() == 2 && rq.args[0] == "off" && rq.args[1] == "hangup";
+    if (!hangup && (rq.args.size() != 1 || (rq.args[0] != "on" && rq.args[0] != "off")))
+        return "on, off or off hangup is wanted";
+    const bool in = rq.args[0] == "on";
+    if (in && station_hung_up.exchange(false))
+        if (std::string wrong = lay_link(); !wrong.empty())
+            return wrong;
+    plug(in);
+    return hangup ? hang_up() : "";
 }
 
-// Opens the pseudo terminal and lays the link DIR/ttyGS0.
 std::string start()
 {
-    const std::string link = home_path("ttyGS0");
-    termios raw{};
-    cfmakeraw(&raw);
-    cfsetspeed(&raw, B115200);
-    raw.c_cflag |= CREAD | CLOCAL;
-    if (master < 0 && openpty(&master, &slave, nullptr, &raw, nullptr) != 0)
-        return "no pseudo terminal can be had: " + std::string(std::strerror(errno));
-    char name[128];
-    if (ttyname_r(slave, name, sizeof name) != 0)
-        return "the pseudo terminal has no name: " + std::string(std::strerror(errno));
-    unlink(link.c_str());
-    if (symlink(name, link.c_str()) != 0)
-        return link + ": can't be made: " + std::strerror(errno);
-    fcntl(master, F_SETFL, O_RDWR | O_NONBLOCK);
+    if (master < 0)
+        if (std::string wrong = open_terminal(); !wrong.empty())
+            return wrong;
     cable_in = usb_state_configured();
-    return {};
+    return lay_link();
 }
 
 void hand_on(int* p_master, int* p_slave)
@@ -224,7 +270,11 @@ void port_attach()
     node_add("/dev/ttyGS0", &port_node);
     path_optional("/dev/ttyGS1");
     conf_offer("/dev/ttyGS1", [] { node_add("/dev/ttyGS1", &port_node); });
-    word_add("usb", "[on|off]", "plugs or pulls the station's cable; alone: says it", word_usb);
+    word_add("usb", "[on|off [hangup]]",
+             "plugs or pulls the station's cable; off leaves the station's open port as it is, off hangup "
+             "hangs it "
+             "up, as an adapter that is pulled does: a new port comes with on; alone: says it",
+             word_usb);
     conf_add_word("usb");
     life_port_attach({start, stop, hand_on, inherit});
 }

@@ -61,7 +61,7 @@ std::string word_unit(request& rq)
 {
     const auto unit = rq.args.empty() ? std::nullopt : hex_number(rq.args[0]);
     if (!unit || *unit > 0xFFFFFFFF || rq.args.size() > 2)
-        return "NUMBER [HEX|-] is wanted, the number in hexadecimal";
+        return "NUMBER [HEX|-] is wanted, both in hexadecimal, such as 80001363 02FE05";
     const auto number = static_cast<std::uint32_t>(*unit);
     if (rq.args.size() == 2)
         return unit_set(number, rq.args[1]);
@@ -78,7 +78,9 @@ void store_attach()
     units::sweep(units_dir);
     units_host = {units_dir.c_str(), &units_changed};
     libraries_offer("units", &units_host);
-    word_add("unit", "NUMBER [HEX|-]", "reads, sets or removes a persistent unit", word_unit);
+    word_add("unit", "NUMBER [HEX|-]",
+             "reads, sets or removes a persistent unit; NUMBER is hexadecimal, with or without 0x",
+             word_unit);
 }
 
 // Syncing each would cost a new phone more than its other seeds together; a first start that is cut short

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string_view>
 
 // A named setting (see cfg) that the product leaves open and that the program's main makes.
 struct s_setting {
@@ -17,6 +18,10 @@ struct s_setting {
 // change: such a setting is left out, which the kernel log tells. To be called before s_main; the records and
 // their texts live as long as the program.
 void s_set_open(std::span<const s_setting> settings);
+
+// On the phone what a menu script prints is dropped. For who looks at the program from outside, as the
+// virtual phone does: `fn` gets the text of each print, on the script's thread. To be called before s_main.
+void s_watch_print(void (*fn)(std::string_view text));
 
 // The whole program: initialises the core modules, then s_entry. plat_attach must have been called. Returns
 // 0 when the event loop couldn't start, and not at all otherwise.

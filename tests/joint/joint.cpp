@@ -19,7 +19,7 @@ void Joint::SetUpTestSuite()
     ASSERT_NE(mkdtemp(pattern), nullptr);
     dir = pattern;
     static char* argv[] = {nullptr};
-    ASSERT_EQ(phone::life_on({.dir = dir}, argv), "");
+    ASSERT_EQ(phone::life_on({.dir = dir, .outlives_folder = true}, argv), "");
     ASSERT_EQ(phone::home_lay_seeds(), "");
     plat_attach(&phone::phone_co);
     ask("clock hold");

@@ -62,13 +62,13 @@ TEST_F(Library, ItsCallsAreWatchedByTheirNames)
     ask("fail drns_set_parameter 0x2A 1");
     EXPECT_FALSE(p_host->call("drns_set_parameter", 0x28));
     EXPECT_TRUE(p_host->call("drns_set_parameter", 0x2A));
-    EXPECT_EQ(ask("calls"),
-              "write playback\nwrite playback\ndrns_set_parameter 0x28\ndrns_set_parameter 0x2A");
+    EXPECT_EQ(ask("calls"), "write playback = 1 (by fail)\nwrite playback = 0\ndrns_set_parameter 0x28\n"
+                            "drns_set_parameter 0x2A (by fail)");
     ask("calls off");
     p_host->strange("probe 7");
     EXPECT_TRUE(ask("strange").ends_with("1 probe 7"));
     ask("strange off");
-    EXPECT_EQ(ask("fail off"), "0");
+    EXPECT_EQ(ask("fail off"), "0 faults were never reached");
 }
 
 TEST_F(Library, ItFindsLogsPlacesAndWhatDevicesOffer)

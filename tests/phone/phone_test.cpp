@@ -271,17 +271,65 @@ TEST_F(Phone, Faults)
     EXPECT_EQ(ask("fail read all eof"), "ok\n");
     EXPECT_EQ(read_first(), 0);
     EXPECT_EQ(read_first(), 0);
-    EXPECT_EQ(ask("fail lseek /other"), "ok\n");
-    EXPECT_EQ(ask("fail off"), "1\nok\n") << "one was never reached";
+    EXPECT_EQ(ask("fail lseek /other"),
+              "note: this phone has no /other; the fault waits until a call names it\nok\n");
+    EXPECT_EQ(ask("fail"), "read /data/text, none left, eio, 2 hits\n/data/text, none left, short, 1 hit\n"
+                           "read, for good, eof, 2 hits\nlseek /other, 1 left, eio, 0 hits\nok\n");
+    EXPECT_EQ(ask("fail off"), "1 fault was never reached: lseek /other\nok\n");
     EXPECT_EQ(read_first(), 3);
     EXPECT_EQ(ask("fail call 3"), "ok\n");
     EXPECT_EQ(read_first(), 3);                     // calls 1 and 2
     EXPECT_EQ(phone_co.lseek(fd, 0, SEEK_SET), -1); // call 3
     EXPECT_EQ(read_first(), 3);
-    EXPECT_EQ(ask("fail off"), "0\nok\n");
+    EXPECT_EQ(ask("fail off"), "0 faults were never reached\nok\n");
     ask("calls on");
     read_first();
-    EXPECT_EQ(ask("calls"), "lseek /data/text\nread /data/text\nok\n");
+    EXPECT_EQ(ask("calls text"), "lseek /data/text\nread /data/text\nok\n");
+    EXPECT_EQ(ask("fail"), "nothing is armed\nok\n");
+}
+
+TEST_F(Phone, CallsTellTheirResultsAndWhatTheBenchHasDoneToThem)
+{
+    char buf[4] = {};
+    const int fd = phone_co.open("/data/text", O_RDWR, 0);
+    ask("fail read /data/text");
+    ask("fail read /data/text eof");
+    ask("calls on");
+    for (int i = 0; i < 3; i++)
+        phone_co.read(fd, buf, 3);
+    phone_co.open("/data/lacks", O_RDONLY, 0);
+    const std::string close_text = "close /data/text = 0\nok\n";
+    phone_co.close(fd);
+    EXPECT_EQ(ask("calls"), "read /data/text = -1 (EIO, by fail)\nread /data/text = 0 (by fail)\n"
+                            "read /data/text = 3\nopen /data/lacks = -1 (ENOENT)\n" +
+                                close_text);
+    ask("calls off");
+    ask("fail off");
+}
+
+TEST_F(Phone, TheLogLeavesOutWhatAnIdlePhoneDoes)
+{
+    ask("log on");
+    testing::internal::CaptureStderr();
+    for (int i = 0; i < 2; i++) {
+        phone_co.open("/data/lacks", O_RDONLY, 0);
+        phone_co.timer_delete(nullptr);
+        phone_co.access("/data/text", F_OK);
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "open /data/lacks = -1 (ENOENT)\naccess /data/text = 0\naccess /data/text = 0\n");
+    ask("log line");
+    testing::internal::CaptureStderr();
+    phone_co.access("/data/text", F_OK);
+    watch_command(true);
+    phone_co.access("/data/line", F_OK);
+    watch_command(false);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "access /data/line = -1 (ENOENT)\n");
+    ask("log all");
+    testing::internal::CaptureStderr();
+    phone_co.timer_delete(nullptr);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "timer_delete = -1 (EINVAL)\n");
+    ask("log off");
 }
 
 TEST_F(Phone, FaultsOfTargetsGoByTheirNumbers)
@@ -301,11 +349,13 @@ TEST_F(Phone, FaultsOfTargetsGoByTheirNumbers)
     EXPECT_TRUE(watch_target("bus 5 0F"));
     EXPECT_FALSE(watch_target("bus 5 F0"));
     EXPECT_TRUE(watch_target("bus 5 0F"));
-    EXPECT_EQ(ask("fail off"), "0\nok\n");
+    EXPECT_EQ(ask("fail off"), "0 faults were never reached\nok\n");
     EXPECT_EQ(ask("fail bus 5 all"), "ok\n");
     EXPECT_TRUE(watch_target("bus 5 F0")) << "all of bus 5";
     EXPECT_FALSE(watch_target("bus 51 F0"));
-    EXPECT_EQ(ask("fail off"), "0\nok\n");
+    EXPECT_EQ(ask("fail bus 5 f once"), "error: \"once\" isn't understood; behind the pattern \"bus 5 0F\" "
+                                        "stands [COUNT|all] [eio|short|eof|slow MS]\n");
+    EXPECT_EQ(ask("fail off"), "0 faults were never reached\nok\n");
 }
 
 TEST_F(Phone, CallsOfALineAreThoseOfItsThreadsToo)
@@ -329,12 +379,12 @@ TEST_F(Phone, CallsOfALineAreThoseOfItsThreadsToo)
         phone_co.access("/data/text2", F_OK);
     }).join();
     phone_co.access("/data/text", F_OK); // outside of a line
-    EXPECT_EQ(ask("calls"),
+    EXPECT_EQ(ask("calls text"),
               "access /data/text\naccess /data/text\naccess /data/text\naccess /data/text2\nok\n");
     EXPECT_EQ(results[0], 0);
     EXPECT_EQ(results[1], -1);
     EXPECT_EQ(results[2], 0);
-    EXPECT_EQ(ask("fail off"), "0\nok\n");
+    EXPECT_EQ(ask("fail off"), "0 faults were never reached\nok\n");
     ask("calls on");
     ask("calls off");
     old_thread.join();
@@ -353,11 +403,18 @@ TEST_F(Phone, WordsRefuseWhatTheyDoNotTake)
         {"clock 5", "hold, run or +MS with 0 to 2147483647 ms is wanted"},
         {"fail read /x 0", "a count from 1, or \"all\", is wanted"},
         {"fail read /x slow", "slow wants 0 to 3600000 ms"},
-        {"log", "on or off is wanted"},
+        {"fail read /x forever", "\"forever\" isn't understood; behind the pattern \"read /x\" stands "
+                                 "[COUNT|all] [eio|short|eof|slow MS]"},
+        {"fail /x EIO", "\"EIO\" isn't understood; behind the pattern \"/x\" stands "
+                        "[COUNT|all] [eio|short|eof|slow MS]"},
+        {"fail system reboot -p alll", "\"alll\" isn't understood; behind the pattern \"system reboot -p\" "
+                                       "stands [COUNT|all] [eio|short|eof|slow MS]"},
+        {"log", "on, line, all or off is wanted"},
+        {"calls some", "on, line, off, text or nothing is wanted"},
     };
     for (const auto& [line, reason] : rows)
         EXPECT_EQ(ask(line), "error: " + std::string(reason) + "\n") << line;
-    EXPECT_EQ(ask("fail off"), "0\nok\n");
+    EXPECT_EQ(ask("fail off"), "0 faults were never reached\nok\n");
 }
 
 // Expiries in the order in which they came.

@@ -117,7 +117,7 @@ TEST_F(Sockets, ADeviceClaimsAFamily)
     ask("calls on");
     ask("fail read hci0 short");
     EXPECT_EQ(phone_co.read(fd, packet, 2), 1);
-    EXPECT_EQ(ask("calls"), "read hci0\nok\n");
+    EXPECT_EQ(ask("calls"), "read hci0 = 1 (by fail)\nok\n");
     EXPECT_EQ(phone_co.close(fd), 0);
     EXPECT_FALSE(is_open("hci0"));
     EXPECT_EQ(ask("strange"), "ok\n");

@@ -7,8 +7,8 @@
 
 namespace {
 
-const std::set<std::string> with_text = {"send",  "expect", "raw",  "read", "phone",
-                                         "fails", "write",  "file", "conf", "strange"};
+const std::set<std::string> with_text = {"send",  "expect", "raw",  "read",    "phone",   "fails",
+                                         "write", "file",   "conf", "strange", "silence", "awaits"};
 const std::set<std::string> without_text = {"restart", "reboots", "off"};
 
 // Splits "verb  text -> answer".
@@ -29,8 +29,11 @@ std::string read_step(const std::string& line, int number, std::vector<step>& st
         return "no step \"" + verb + "\"";
     if (without_text.contains(verb) && !text.empty())
         return verb + " takes no text";
+    if (verb == "silence" &&
+        (text.empty() || text.size() > 9 || text.find_first_not_of("0123456789") != text.npos))
+        return "silence MS is wanted, not \"" + text + "\"";
     step s{number, verb, text, "", false};
-    if (verb == "phone" || verb == "fails" || verb == "file") {
+    if (verb == "phone" || verb == "fails" || verb == "file" || verb == "awaits") {
         const std::string arrow = text.ends_with(" ->") ? " ->" : " -> ";
         if (const std::size_t at = text.find(arrow); at != text.npos) {
             s.text = text.substr(0, at);
@@ -38,8 +41,8 @@ std::string read_step(const std::string& line, int number, std::vector<step>& st
                 s.text.pop_back();
             s.answer = text.substr(at + arrow.size());
             s.has_answer = true;
-        } else if (verb == "file") {
-            return "file PATH -> CONTENT is wanted";
+        } else if (verb == "file" || verb == "awaits") {
+            return verb == "file" ? "file PATH -> CONTENT is wanted" : "awaits WORDS -> ANSWER is wanted";
         }
     }
     steps.push_back(s);

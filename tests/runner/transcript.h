@@ -7,9 +7,9 @@
 #include <vector>
 
 struct step {
-    int line; // in the file, from 1
-    std::string
-        verb; // send, expect, raw, read, phone, fails, write, file, conf, restart, reboots, off, strange
+    int line;           // in the file, from 1
+    std::string verb;   // send, expect, raw, read, silence, phone, fails, awaits, write, file, conf, restart,
+                        // reboots, off, strange
     std::string text;   // what follows, escapes as they stand
     std::string answer; // what follows " -> "
     bool has_answer;

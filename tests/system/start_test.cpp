@@ -1,6 +1,7 @@
 // How a phone starts, or says why it can't.
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -44,7 +45,52 @@ TEST(Start, WhatLiesInTheFolderSurvives)
     ASSERT_EQ(phone.down(), "");
     std::filesystem::remove(phone.dir + "/root" + state);
     ASSERT_EQ(phone.up(), "");
-    EXPECT_FALSE(std::filesystem::exists(phone.dir + "/root" + state)) << "only a first start lays seeds";
+    EXPECT_FALSE(std::filesystem::exists(phone.dir + "/root" + state)) << "a seed is laid once";
+}
+
+TEST(Start, AFolderGetsWhatIsNewSinceItsFirstStart)
+{
+    phone_fixture phone;
+    ASSERT_EQ(phone.up(), "");
+    ASSERT_EQ(phone.down(), "");
+    const std::string state = "/sys/devices/virtual/android_usb/android0/state";
+    // As an older phone has left it, which knew nothing of this file.
+    std::string seeds = file_text(phone.dir + "/seeds");
+    const std::size_t at = seeds.find(state + "\n");
+    ASSERT_NE(at, seeds.npos);
+    seeds.erase(at, state.size() + 1);
+    std::ofstream(phone.dir + "/seeds") << seeds;
+    std::filesystem::remove(phone.dir + "/root" + state);
+    ASSERT_EQ(phone.up(), "");
+    EXPECT_EQ(file_text(phone.dir + "/root" + state), "CONFIGURED\n");
+}
+
+TEST(Start, AFolderOfSomebodyElseIsRefused)
+{
+    phone_fixture phone;
+    std::ofstream(phone.dir + "/letter.txt") << "mine";
+    EXPECT_NE(phone.up().find("hvt: " + phone.dir + ": isn't a phone's folder: it has files"),
+              std::string::npos);
+    EXPECT_FALSE(std::filesystem::exists(phone.dir + "/hvt.pid"));
+    std::filesystem::create_directories(phone.dir + "/root");
+    std::filesystem::create_directories(phone.dir + "/etc");
+    EXPECT_NE(phone.up(), "") << "a system's own root folder";
+    std::filesystem::remove(phone.dir + "/etc");
+    EXPECT_EQ(phone.up(), "") << "a folder that a bench has prepared";
+}
+
+TEST(Start, APhoneWhoseFolderIsDeletedEnds)
+{
+    phone_fixture phone;
+    ASSERT_EQ(phone.up(), "");
+    const int pid = std::atoi(file_text(phone.dir + "/hvt.pid").c_str());
+    std::filesystem::remove_all(phone.dir);
+    for (int turn = 0; turn < 2000 && kill(pid, 0) == 0; turn++)
+        usleep(5000);
+    EXPECT_NE(kill(pid, 0), 0);
+    std::string got;
+    phone.receive(got, 1);
+    EXPECT_EQ(got, "");
 }
 
 TEST(Start, ADamagedFolderIsNamed)
@@ -56,6 +102,7 @@ TEST(Start, ADamagedFolderIsNamed)
             std::filesystem::create_directory(path);
         else
             std::ofstream(path) << "not a folder";
+        std::ofstream(phone.dir + "/phone.conf") << "\n";
         const std::string wrong = phone.up();
         EXPECT_NE(wrong.find("hvt: " + path + ": can't be "), std::string::npos) << part << ": " << wrong;
     }
@@ -131,11 +178,13 @@ TEST(Start, ABatteryThatCantBeWrittenSaysSoAndFollowsLater)
 TEST(Start, AWrongLineOfPhoneConfIsNamed)
 {
     const char* const lines[][2] = {
-        {"\n# fine\ncolour red\n", "line 3: \"colour\" isn't understood"},
+        {"\n# fine\ncolour red\n", "line 3: \"colour\" isn't understood; the keys are battery, "},
+        {"without /dev/i2c-5\nwithout /sys/class\nwithout /dev/i2c-6\n",
+         "line 3: no phone has /dev/i2c-6, so none can be without it"},
         {"with /dev/nonsense\n", "line 1: no phone has /dev/nonsense"},
         {"without\n", "line 1: without wants one path, or the bare name of a closed library"},
         {"without libnvqq.so\n", "line 1: no closed library has the name libnvqq.so"},
-        {"usb sideways\n", "line 1: on or off is wanted"},
+        {"usb sideways\n", "line 1: on, off or off hangup is wanted"},
         {"speed\n", "line 1: speed wants a value"},
         {"setting luigi start_key\n", "line 1: setting wants a module, a key and a value"},
         {"setting luigi start-key x\n", "line 1: \"start-key\" is no name"},
@@ -160,7 +209,8 @@ TEST(Start, TheConsoleIsOnTheSecondPortWhereThereIsOne)
         ASSERT_GT(write(phone.port, "case?\r", 6), 0);
         ASSERT_TRUE(phone.ask("idle", answer));
         ASSERT_TRUE(phone.ask("calls", answer));
-        EXPECT_EQ(answer.substr(0, answer.find('\n')), second ? "write /dev/ttyGS1" : "write /dev/ttyGS0");
+        EXPECT_EQ(answer.substr(0, answer.find('\n')),
+                  second ? "write /dev/ttyGS1 = 10" : "write /dev/ttyGS0 = 10");
     }
 }
 

@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <lua.hpp>
+#include <string>
+#include <string_view>
 
 #include "cfg/cfg.h"
 #include "luigi_canvas.h"
@@ -28,6 +30,8 @@ std::size_t memory_used;
 // When the script that is running was first seen to run on though a stop is wanted; 0 if it wasn't.
 std::uint64_t runs_on_since;
 bool ended_for_stop;
+
+void (*print_watcher)(std::string_view);
 
 // "file:line: " of the innermost function of a script that runs; empty when there is none.
 using place_text = std::array<char, LUA_IDSIZE + 16>;
@@ -102,10 +106,33 @@ int panic(lua_State*)
     return 0;
 }
 
-// A script may print, and nobody reads it.
+// What tostring would say, where that needs no code of the script's; else the kind of value.
+std::string plain_text(lua_State* state, int index)
+{
+    char number[64];
+    switch (lua_type(state, index)) {
+    case LUA_TSTRING:
+        return lua_tostring(state, index);
+    case LUA_TNUMBER:
+        std::snprintf(number, sizeof number, LUA_NUMBER_FMT, lua_tonumber(state, index));
+        return number;
+    case LUA_TBOOLEAN:
+        return lua_toboolean(state, index) != 0 ? "true" : "false";
+    default:
+        return luaL_typename(state, index);
+    }
+}
+
+// A script may print, and on the phone nobody reads it.
 int silent_print(lua_State* state)
 {
     luaL_checktype(state, 1, LUA_TSTRING);
+    if (print_watcher == nullptr)
+        return 0;
+    std::string text = plain_text(state, 1);
+    for (int i = 2; i <= lua_gettop(state); i++)
+        text += "\t" + plain_text(state, i);
+    print_watcher(text);
     return 0;
 }
 
@@ -210,6 +237,11 @@ void* as_argument(const char* path)
 bool luigi_state_exists()
 {
     return L != nullptr;
+}
+
+void luigi_watch_print(void (*fn)(std::string_view text))
+{
+    print_watcher = fn;
 }
 
 bool luigi_state_awaits_stop()

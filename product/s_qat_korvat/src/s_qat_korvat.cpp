@@ -21,6 +21,7 @@
 #include "i2c/i2c.h"
 #include "irda_rpm841/irda_rpm841.h"
 #include "light/light.h"
+#include "luigi/luigi.h"
 #include "nfc_pn65/nfc_pn65.h"
 #include "pin/pin.h"
 #include "plat/plat.h"
@@ -212,6 +213,11 @@ int s_entry(int, char**)
 void s_set_open(std::span<const s_setting> settings)
 {
     open_settings = settings;
+}
+
+void s_watch_print(void (*fn)(std::string_view text))
+{
+    luigi_watch_print(fn);
 }
 
 int s_main(int argc, char** argv)

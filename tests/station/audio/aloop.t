@@ -424,7 +424,7 @@ a refused control and a card that doesn't come up fail the start, which can be r
   send     aloop=2,1,1
   expect   ALOOP:,OK
   phone    idle
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
 
 a tone goes on behind an underrun, a suspended card and a failing write
   phone    clock hold
@@ -441,7 +441,7 @@ a tone goes on behind an underrun, a suspended card and a failing write
   phone    fail write playback 3
   phone    clock +1000
   phone    listen speaker -> 1000 1197
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
 
 a capture goes on behind an overrun and a failing read, and stays with a suspended card
   phone    clock hold
@@ -585,7 +585,7 @@ what the card is asked can be seen
   expect   ALOOP:,OK
   phone    calls off
   # set-up prepares by itself; the write is the first filling
-  phone    calls -> read /dev/ttyGS0\nmixer 337\nmixer 462\nmixer 556\nmixer 441\nmixer 36\nopen playback\nsetup playback\n
+  phone    calls text -> read /dev/ttyGS0\nmixer 337\nmixer 462\nmixer 556\nmixer 441\nmixer 36\nopen playback\nsetup playback\n
   + prepare playback\nprepare playback\nwrite playback\nmixer 36\nmixer 36\n
   + write /dev/ttyGS0\nwrite /dev/ttyGS0\nwrite /dev/ttyGS0\nwrite /dev/ttyGS0
 

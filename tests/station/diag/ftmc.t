@@ -116,7 +116,7 @@ a failing driver is waited for
   phone    fail diag 101 3
   send     ftmc=75,11,14,0
   expect   FTMC:0x4b,0x0b,0x0e,0x00,OK
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
 
 stored records are counted, read one after the other with their length, and dropped
   phone    diag log 0102030405

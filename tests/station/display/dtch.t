@@ -100,7 +100,7 @@ a driver whose node comes up late is asked for it six times
   phone    fail open /dev/max1187x_ctrl 5
   send     dtch=1
   expect   DTCH: ,OK
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
 
 each report leaves a small cross on the screen
   send     lcdl=1,0

@@ -156,7 +156,7 @@ a request for the end that the framebuffer refuses counts as the end
   phone    fail ioctl /dev/graphics/fb1 off
   send     hdmi=2,0
   expect   HDMI:HDMI set output video error,ERROR
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   # no TMDS line, and nothing is left to end
   phone    shell 1 -> 0 echo 1 > /sys/class/graphics/fb1/hpd
   send     hdmi=2,0
@@ -232,11 +232,11 @@ a monitor comes and goes
   phone    fail nth 2 open /sys/class/graphics/fb1/connected
   send     hdmi=5
   expect   HDMI:0x1,OK
-  phone    fail off -> 1
+  phone    fail off -> 1 fault was never reached: nth 2 open /sys/class/graphics/fb1/connected
   phone    fail nth 2 open /sys/class/graphics/fb1/connected
   send     hdmi=5,1
   expect   HDMI:0x1,OK
-  phone    fail off -> 1
+  phone    fail off -> 1 fault was never reached: nth 2 open /sys/class/graphics/fb1/connected
   phone    fail nth 2 open /sys/class/graphics/fb1/connected
   send     hdmi=5,0
   expect   HDMI:HDMI sink service detection error,ERROR
@@ -244,7 +244,7 @@ a monitor comes and goes
   phone    fail nth 2 open /sys/class/graphics/fb1/connected
   send     hdmi=5,0
   expect   HDMI:0x0,OK
-  phone    fail off -> 1
+  phone    fail off -> 1 fault was never reached: nth 2 open /sys/class/graphics/fb1/connected
   phone    sink in
   send     hdmi=0
   expect   HDMI: ,OK

@@ -79,4 +79,4 @@ a console in front of the panel is put into graphics mode; one that can't be ope
   phone    fail ioctl /dev/tty0
   send     lcdl=1,0
   expect   LCDL: ,OK
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached

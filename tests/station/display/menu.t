@@ -240,9 +240,8 @@ a start script that never returns doesn't hold the console, and the power key en
   phone    key 116 tap
   phone    clock +40
   phone    speed 1000
-  phone    idle
+  awaits   kmsg                    -> Korvat HVT is starting up...\nphone: wcnss: calibration korvat_sella_WCNSS_qcom_wlan_nv.bin\nQAT: luigi: /system/scripts/start_korvat.lua:1: the script doesn't return, and the menu was to stop
   phone    speed 1
-  phone    kmsg                    -> Korvat HVT is starting up...\nphone: wcnss: calibration korvat_sella_WCNSS_qcom_wlan_nv.bin\nQAT: luigi: /system/scripts/start_korvat.lua:1: the script doesn't return, and the menu was to stop
 
 a stop waits for a handler that computes; one that neither returns nor finishes a command for a minute is ended
   write    /system/scripts/start_korvat.lua qat("lctr=13,1,5,1") qat("lctr=13,1,5,2")
@@ -293,6 +292,50 @@ a stop waits for a handler that computes; one that neither returns nor finishes 
   phone    clock +40
   phone    idle
   file     /sys/class/leds/red/brightness   -> 11
+
+what a script prints is in the kernel log of this phone, and nowhere else; its first argument is a text
+  write    /system/scripts/start_korvat.lua screen.init()
+  + \nprint("here", 2.5, nil, true, canvas)
+  + \nprint("two\\nlines")
+  + \nprint(2)
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  phone    kmsg 3                  -> phone: print: here\\t2.5\\tnil\\ttrue\\ttable\nphone: print: two\\nlines\nQAT: luigi: /system/scripts/start_korvat.lua:4: bad argument #1 to 'print' (string expected, got number)
+
+a mistake in a call of the menu's building blocks is told at the author's own line
+  write    /system/scripts/start_korvat.lua local menu = dofile(luigi_scripts_path .. "hvt_menu.lua")
+  + \nlocal function try(f, ...) print((select(2, pcall(f, ...)):gsub("^.*/", ""))) end
+  + \ntry(function() menu.show("early", true, "") end)
+  + \ntry(function()
+  + \n  menu.page("Mine", { { "Fine", "batc=1" }, { "Bare" } })
+  + \nend)
+  + \nmenu.start(menu.page("Mine", { { "Wrong", function()
+  + \n  menu.show("OK", true, 5)
+  + \nend } }))
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  phone    touch 216 250 tap
+  phone    clock +140
+  phone    idle
+  phone    kmsg 3                  -> phone: print: start_korvat.lua:3: menu: show before menu.start\n
+  +        phone: print: start_korvat.lua:5: menu: page "Mine": item 2, "Bare", wants a command, a function or a page, not nil\n
+  +        QAT: luigi: /system/scripts/start_korvat.lua:8: menu: show(status, good, text) wants a text, not number
+
+a caption and a title that are too long are cut where the button ends
+  write    /system/scripts/start_korvat.lua local menu = dofile(luigi_scripts_path .. "hvt_menu.lua")
+  + \nlocal seen = label.new
+  + \nlabel.new = function(t) print("title " .. t) return seen(t) end
+  + \nlocal made = button.new
+  + \nbutton.new = function(t, f) print("button " .. t) return made(t, f) end
+  + \nmenu.start(menu.page(("t"):rep(99), { { "123456789abcdefgh", "batc=1" } }))
+  phone    key 116 tap
+  phone    clock +140
+  phone    idle
+  # 1080 - 2 * 36 pixels are 21 characters of 48, (1080 - 3 * 16) / 2 - 2 * 30 are 9.5; a line ends where it would be full
+  phone    kmsg 15                 -> phone: print: title tttttttttttttttttttt\nphone: print: button 123456789\n
+  +        phone: print: title Choose a test\nphone: print: button \*11{\nphone: print: title }
 
 wrong arguments and wrong widgets are told in words
   write    /system/scripts/start_korvat.lua -- start

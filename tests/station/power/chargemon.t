@@ -198,7 +198,7 @@ a reading that fails decides nothing: a full battery goes on discharging, and on
   file     /system/chargemon.txt -> (cut)\n
   +        [   122.000] 0%, 0mV, 0mA\n
   +        [   122.000] enough time have passed for stable voltage and current.\n
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   phone    battery 3918 -200
   phone    clock +122000
   phone    pixel 1000 1800 -> 00FF00
@@ -209,7 +209,7 @@ a reading that fails decides nothing: a full battery goes on discharging, and on
   file     /system/chargemon.txt -> (cut)\n
   +        [   364.000] 0%, 0mV, 0mA\n
   +        [   364.000] check if capacity keeps higher than recharge_cap.\n
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   phone    pixel 1000 1800 -> 00FF00
   phone    spmi 1049 -> 01
 
@@ -246,7 +246,7 @@ a log that can't be written is done without, and a temperature that can't be rea
   phone    charger wall
   phone    clock +2000
   phone    spmi 1049 -> 80
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   phone    clock +2000
   file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
   +        [     0.000] No charger connected.\n

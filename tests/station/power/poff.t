@@ -21,7 +21,7 @@ after a time it answers first, the newest time counts, and what is in memory is 
   phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
   phone    clock +1
   phone    shell 1 -> 0 sync
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   send     poff=0x64
   expect   POFF: ,OK
   phone    clock +99

@@ -78,7 +78,7 @@ the dump reads the charger's nine registers, whatever comes of it
   phone    fail spmi 1A046
   send     vbcct=2
   expect   VBCCT: ,OK
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
 
 one to three values, and an action up to 2, and the help
   send     vbcct

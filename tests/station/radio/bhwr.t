@@ -101,7 +101,7 @@ a command that isn't answered or can't be sent has failed
   phone    fail insmod
   send     bhwr=1,9,4,0
   expect   BHWR:,0x00,0x5C,0x8E,0x2D,0x90,0x76,0x00,OK
-  phone    fail off -> 1
+  phone    fail off -> 1 fault was never reached: insmod
 
 fewer than four values, or a mode above 1, send nothing
   send     bhwr=1,9,4

@@ -57,7 +57,7 @@ a vendor event that is too short, or none, is a failed read; other events in bet
   phone    fail hci_send_cmd hci0
   send     bsrx=0,0
   expect   BSRX: ,ERROR
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   send     bsrx=0,0
   expect   BSRX:0x41A,0x3F1,0.095238,0x1B,OK
 

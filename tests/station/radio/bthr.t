@@ -26,7 +26,7 @@ a reset that the controller refuses, or doesn't hear of, is an error
   phone    fail poll hci0 all
   send     bthr=0
   expect   BTHR: ,ERROR
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   send     bthr=0
   expect   BTHR: ,OK
 

@@ -132,7 +132,7 @@ a start that fails leads back to stopped, and the next command starts anew; a lo
   phone    clock +3200
   expect   ERROR
   phone    clock run
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   send     btid
   expect   BTID:BTFM 4.1.7 KORVAT,OK
   phone    shell 3 -> 0 hciconfig hci0 up\n0 echo 1 > /sys/module/hci_smd/parameters/hcismd_set\n0 hciconfig hci0 up

@@ -46,7 +46,7 @@ a tool that can't be run, a reset that fails and a controller that isn't up are 
   phone    fail hciconfig hci0 reset
   send     btscan
   expect   BTSCAN:Other error,ERROR
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   send     btscan
   expect   BTSCAN:00:1B:DC:06:4F:2E,OK
 

@@ -78,7 +78,7 @@ each step of opening that fails is an error that leaves nothing open
   phone    fail irda CC0B
   send     irpa
   expect   IRPA:,ERROR
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   phone    files HSL2 ->
   phone    files irda ->
   send     irpa
@@ -96,7 +96,7 @@ a setting that fails is an error with the port open
   phone    fail irda CC10
   send     irpa=0
   expect   IRPA:,ERROR
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   send     irpa=0
   expect   IRPA:,OK
 

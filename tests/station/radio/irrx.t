@@ -131,7 +131,7 @@ a reading that fails is made again
   phone    fail read /dev/ttyHSL2 3
   phone    irda 01020304 -> heard
   read     IRRX:0x4,0x100,OK\r\n
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
 
 what is read when the test has just ended is dropped
   send     irpa
@@ -146,7 +146,7 @@ what is read when the test has just ended is dropped
   phone    clock +60
   expect   IRRX:,OK
   phone    clock run
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   send     irrx=1
   expect   IRRX:,OK
   phone    irda 0102030405 -> heard

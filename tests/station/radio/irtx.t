@@ -127,7 +127,7 @@ a line that takes no bytes ends a packet after a second, and one that fails at o
   phone    clock +20
   expect   IRTX:,ERROR
   phone    clock run
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   phone    fail write /dev/ttyHSL2
   send     irtx=1
   expect   IRTX:,ERROR

@@ -79,7 +79,7 @@ a request that fails is asked again
   expect   MDMB:,ERROR
   send     mdmb=1
   expect   MDMB:,OK
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
 
 any number is a mode, and the help has four lines
   send     mdmb=-1

@@ -49,7 +49,7 @@ a tool that fails leaves the driver as it was, and the station's view is down al
   phone    fail wlanftmtest -d
   send     wlpd
   expect   WLPD: ,OK
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   send     wlid
   expect   WLID: ,ERROR
   send     wlpu

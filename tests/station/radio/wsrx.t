@@ -69,7 +69,7 @@ a tool that fails or leaves no number shows nothing received
   phone    fail wlanftmtest -m
   send     wsrx=1,6
   expect   WSRX: ,ERROR
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   send     wsrx=1,6
   expect   WSRX: ,OK
 
@@ -92,7 +92,7 @@ a burst before it is stopped, and ended once
   phone    fail wlanftmtest -q
   send     wsrx=1,6
   expect   WSRX: ,ERROR
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   # that end isn't asked for again
   send     wsrx=1,6
   expect   WSRX: ,OK
