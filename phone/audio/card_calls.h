@@ -2,6 +2,8 @@
 // that libasound opens and that only hands on. Results are 0 or more, or a negative errno.
 #pragma once
 
+#include <cstdint>
+
 extern "C" {
 
 enum card_stream { card_playback, card_capture };
@@ -23,7 +25,7 @@ struct card_setting {
 // Where a stream is.
 struct card_place {
     int error;          // 0, or why it is nowhere: EPIPE, ESTRPIPE, ENODEV
-    unsigned long done; // frames that have left, or come into, the ring since the last prepare
+    std::uint64_t done; // frames that have left, or come into, the ring since the last prepare
 };
 
 struct card_calls {

@@ -102,7 +102,7 @@ nanoseconds bearable()
         if (!runs(s))
             continue;
         const std::uint64_t left = stream == card_playback ? filled(stream) : s.setting.ring - filled(stream);
-        frames = std::min(frames, left - std::min(left, s.setting.ring / 2));
+        frames = std::min(frames, left - std::min<std::uint64_t>(left, s.setting.ring / 2));
     }
     return static_cast<nanoseconds>(frames) * ns_per_s / rate;
 }

@@ -6,6 +6,7 @@
 #include <alsa/control_external.h>
 #include <alsa/pcm_external.h>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <memory>
 
@@ -155,6 +156,16 @@ int on_stop(snd_pcm_ioplug_t* io)
     return 0;
 }
 
+// Where the library lets its positions begin anew: the largest multiple of the ring by a power of two that its
+// signed numbers hold.
+snd_pcm_uframes_t boundary_of(const snd_pcm_ioplug_t* io)
+{
+    snd_pcm_uframes_t boundary = io->buffer_size;
+    while (boundary != 0 && boundary <= (LONG_MAX - io->buffer_size) / 2)
+        boundary *= 2;
+    return boundary;
+}
+
 // A negative result is an underrun to the library. A suspended or missing card has states of their own, and
 // its ring shows as one that wants a transfer, which then meets that state.
 snd_pcm_sframes_t on_pointer(snd_pcm_ioplug_t* io)
@@ -162,7 +173,7 @@ snd_pcm_sframes_t on_pointer(snd_pcm_ioplug_t* io)
     const card_place place = p_card->place(stream_of(io).which);
     switch (place.error) {
     case 0:
-        return static_cast<snd_pcm_sframes_t>(place.done);
+        return static_cast<snd_pcm_sframes_t>(place.done % boundary_of(io));
     case ESTRPIPE:
         snd_pcm_ioplug_set_state(io, SND_PCM_STATE_SUSPENDED);
         break;

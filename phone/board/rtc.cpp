@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <ctime>
@@ -19,7 +20,8 @@ namespace {
 
 constexpr nanoseconds second = 1'000'000'000;
 constexpr int years_from = 1900;
-constexpr std::time_t limit = INT64_C(4102444800); // the register counts to the end of 2099
+constexpr int first_year = 1970;
+constexpr int end_year = 2100; // the register counts to the end of 2099
 
 std::atomic<std::int64_t> ahead; // of the wall clock, in seconds
 
@@ -43,42 +45,50 @@ void keep()
     std::fclose(p_file);
 }
 
+// The calendar is counted by hand: the host's own time may end in 2038.
+std::chrono::year_month_day date_of(const rtc_time& tm)
+{
+    return {std::chrono::year{tm.tm_year + years_from},
+            std::chrono::month{static_cast<unsigned>(tm.tm_mon + 1)},
+            std::chrono::day{static_cast<unsigned>(tm.tm_mday)}};
+}
+
 bool is_date(const rtc_time& tm)
 {
-    constexpr int days[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    if (tm.tm_year < 70 || tm.tm_mon < 0 || tm.tm_mon > 11 || tm.tm_hour < 0 || tm.tm_hour > 23 ||
-        tm.tm_min < 0 || tm.tm_min > 59 || tm.tm_sec < 0 || tm.tm_sec > 59)
-        return false;
-    const int year = tm.tm_year + years_from;
-    const bool leap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-    return tm.tm_mday >= 1 && tm.tm_mday <= days[tm.tm_mon] + (leap && tm.tm_mon == 1 ? 1 : 0);
+    const auto below = [](int value, int end) { return value >= 0 && value < end; };
+    return tm.tm_year >= first_year - years_from && tm.tm_year < end_year - years_from &&
+           below(tm.tm_mon, 12) && below(tm.tm_mday, 32) && date_of(tm).ok() && below(tm.tm_hour, 24) &&
+           below(tm.tm_min, 60) && below(tm.tm_sec, 60);
 }
 
 int read_time(rtc_time* p_tm)
 {
-    const std::time_t now = wall() + ahead;
-    std::tm tm;
-    gmtime_r(&now, &tm);
-    *p_tm = {tm.tm_sec,  tm.tm_min,  tm.tm_hour, tm.tm_mday, tm.tm_mon,
-             tm.tm_year, tm.tm_wday, tm.tm_yday, tm.tm_isdst};
+    const std::chrono::sys_seconds now{std::chrono::seconds{wall() + ahead}};
+    const auto day = std::chrono::floor<std::chrono::days>(now);
+    const std::chrono::year_month_day date{day};
+    const std::chrono::hh_mm_ss time{now - day};
+    *p_tm = {};
+    p_tm->tm_sec = static_cast<int>(time.seconds().count());
+    p_tm->tm_min = static_cast<int>(time.minutes().count());
+    p_tm->tm_hour = static_cast<int>(time.hours().count());
+    p_tm->tm_mday = static_cast<int>(unsigned{date.day()});
+    p_tm->tm_mon = static_cast<int>(unsigned{date.month()}) - 1;
+    p_tm->tm_year = int{date.year()} - years_from;
+    p_tm->tm_wday = static_cast<int>(std::chrono::weekday{day}.c_encoding());
+    p_tm->tm_yday = static_cast<int>((day - std::chrono::sys_days{date.year() / 1 / 1}).count());
     return 0;
 }
 
 int set_time(const rtc_time& want)
 {
-    std::tm tm{};
-    tm.tm_sec = want.tm_sec;
-    tm.tm_min = want.tm_min;
-    tm.tm_hour = want.tm_hour;
-    tm.tm_mday = want.tm_mday;
-    tm.tm_mon = want.tm_mon;
-    tm.tm_year = want.tm_year;
-    const std::time_t time = timegm(&tm);
-    if (!is_date(want) || time >= limit) {
+    if (!is_date(want)) {
         errno = EINVAL;
         return -1;
     }
-    ahead = time - wall();
+    const std::chrono::sys_seconds time =
+        std::chrono::sys_days{date_of(want)} + std::chrono::hours{want.tm_hour} +
+        std::chrono::minutes{want.tm_min} + std::chrono::seconds{want.tm_sec};
+    ahead = time.time_since_epoch().count() - wall();
     keep();
     return 0;
 }

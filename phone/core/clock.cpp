@@ -60,9 +60,9 @@ void count_due_waiters_locked()
 
 std::mutex clock_inner::clock_mutex;
 
-timespec clock_inner::to_timespec(nanoseconds t)
+timespec clock_timespec(nanoseconds t)
 {
-    return {t / ns_per_s, t % ns_per_s};
+    return {static_cast<std::time_t>(t / ns_per_s), static_cast<long>(t % ns_per_s)};
 }
 
 nanoseconds clock_inner::now_locked()

@@ -18,6 +18,7 @@ constexpr nanoseconds forever = INT64_MAX;
 
 // CLOCK_REALTIME, or for any other clock the monotonic one.
 nanoseconds clock_now(clockid_t clock);
+timespec clock_timespec(nanoseconds t);
 
 // Blocks the calling thread until the monotonic clock reaches `deadline`.
 void clock_sleep_until(nanoseconds deadline);

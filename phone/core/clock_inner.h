@@ -19,7 +19,6 @@ constexpr nanoseconds ns_per_s = 1'000'000'000;
 
 extern std::mutex clock_mutex; // guards all that the files of the clock have
 
-timespec to_timespec(nanoseconds t);
 nanoseconds now_locked();
 
 // How long the host waits for `deadline`; forever while the clock stands before it.

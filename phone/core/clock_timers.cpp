@@ -148,7 +148,7 @@ void clock_inner::set_host_timer_locked()
         return;
     p_later->deadline = next;
     itimerspec t{};
-    t.it_value = to_timespec(std::max<nanoseconds>(timeout, 1));
+    t.it_value = clock_timespec(std::max<nanoseconds>(timeout, 1));
     timerfd_settime(p_later->fd, 0, &t, nullptr);
 }
 

@@ -29,7 +29,7 @@ void set_timer(int timer_fd, nanoseconds timeout)
 {
     itimerspec t{};
     if (timeout != forever)
-        t.it_value = to_timespec(std::max<nanoseconds>(timeout, 1));
+        t.it_value = clock_timespec(std::max<nanoseconds>(timeout, 1));
     timerfd_settime(timer_fd, 0, &t, nullptr);
 }
 
@@ -84,7 +84,7 @@ int block(waiter& w, const select_sets* p_loop, Wait wait_host)
 void wait_for_kick(nanoseconds timeout)
 {
     pollfd fd{own_mark().kick_fd, POLLIN, 0};
-    const timespec t = to_timespec(timeout);
+    const timespec t = clock_timespec(timeout);
     if (::ppoll(&fd, 1, timeout == forever ? nullptr : &t, nullptr) > 0)
         take_kick();
 }
@@ -108,7 +108,7 @@ int select_or_kick(select_sets& sets, nanoseconds timeout)
     const int kick_fd = own_mark().kick_fd;
     std::copy(std::begin(sets.wanted), std::end(sets.wanted), std::begin(sets.found));
     FD_SET(kick_fd, &sets.found[0]);
-    const timespec t = to_timespec(timeout);
+    const timespec t = clock_timespec(timeout);
     return ::pselect(std::max(sets.nfds, kick_fd + 1), &sets.found[0], &sets.found[1], &sets.found[2],
                      timeout == forever ? nullptr : &t, nullptr);
 }
@@ -297,7 +297,7 @@ int clock_poll(pollfd* fds, nfds_t count, nanoseconds timeout)
     waiter w{timeout == forever ? forever : clock_now(CLOCK_MONOTONIC) + timeout};
     w.ready = [asked = std::vector<pollfd>(fds, fds + count)] { return any_ready(asked); };
     const int result = block(w, nullptr, [&](nanoseconds host) {
-        const timespec t = to_timespec(host);
+        const timespec t = clock_timespec(host);
         int n = ::ppoll(all.data(), all.size(), host == forever ? nullptr : &t, nullptr);
         if (n > 0 && all.back().revents != 0) {
             take_kick();

@@ -40,7 +40,7 @@ struct phone_library_host {
                       std::int64_t moment);
     void (*cond_wake)(std::condition_variable* p_cond);
     // Around a wait in another library's poll: see clock_library_waits (core/clock.h).
-    void (*poll_begins)(const pollfd* fds, std::size_t count);
+    void (*poll_begins)(const pollfd* fds, nfds_t count);
     void (*poll_is_over)();
 
     // One line, without its end, into the log of that name ("kmsg").

@@ -25,7 +25,7 @@ namespace phone {
 
 namespace {
 
-constexpr long ns_per_s = 1'000'000'000;
+constexpr nanoseconds ns_per_s = 1'000'000'000;
 
 // Every call is watched in the same way: an armed fault fails it, otherwise `work` is done.
 template <typename Result, typename Work>
@@ -343,7 +343,7 @@ int co_clock_gettime(clockid_t clock, timespec* p_out)
 {
     return watched("clock_gettime", "", -1, [&] {
         const nanoseconds now = clock_now(clock);
-        *p_out = {now / ns_per_s, now % ns_per_s};
+        *p_out = clock_timespec(now);
         return 0;
     });
 }
@@ -396,8 +396,8 @@ int gettime(timer_t timer, itimerspec* p_out)
         errno = EINVAL;
         return -1;
     }
-    p_out->it_value = {left / ns_per_s, left % ns_per_s};
-    p_out->it_interval = {interval / ns_per_s, interval % ns_per_s};
+    p_out->it_value = clock_timespec(left);
+    p_out->it_interval = clock_timespec(interval);
     return 0;
 }
 

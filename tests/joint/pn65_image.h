@@ -117,7 +117,8 @@ inline bytes frame(std::uint8_t command, const bytes& payload)
 {
     bytes b = {command, static_cast<std::uint8_t>(payload.size() >> 8),
                static_cast<std::uint8_t>(payload.size())};
-    b.insert(b.end(), payload.begin(), payload.end());
+    b.resize(b.size() + payload.size());
+    std::copy(payload.begin(), payload.end(), b.end() - static_cast<long>(payload.size()));
     return b;
 }
 

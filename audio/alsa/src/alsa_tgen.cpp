@@ -72,10 +72,10 @@ bool take_wave()
 
 long write_once()
 {
-    const unsigned frames = tone.transfer_frames;
-    const long written = snd_pcm_writei(tone.pcm, tone.wave->samples.get() + tone.position, frames);
+    const unsigned long frames = tone.transfer_frames;
+    const snd_pcm_sframes_t written = snd_pcm_writei(tone.pcm, tone.wave->samples.get() + tone.position, frames);
     const unsigned long unit = wave_unit(*tone.wave);
-    if (written == frames && frames % unit != 0)
+    if (written == static_cast<snd_pcm_sframes_t>(frames) && frames % unit != 0)
         tone.position = (tone.position + frames) % unit;
     snd_pcm_avail_update(tone.pcm);
     return written;

@@ -114,7 +114,8 @@ int run_sub_list(const pin_sub_row* p_row, int state, int result)
             result = pin_set_cnt(p_row->grp, p_row->pin, pin_level[p_row->act][state],
                                  cnt_val[p_row->cnt][state], p_row->attr);
         if (p_row->delay_ms != 0) {
-            const timespec delay{p_row->delay_ms / 1000, p_row->delay_ms % 1000 * 1'000'000L};
+            const auto ms = static_cast<long>(p_row->delay_ms);
+            const timespec delay{ms / 1000, ms % 1000 * 1'000'000};
             plat_nanosleep(&delay, nullptr);
         }
     }

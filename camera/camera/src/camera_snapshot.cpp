@@ -131,7 +131,7 @@ int camera_load_snapshot(const char* path)
     if (file.fd < 0)
         return 0;
     const off_t length = plat_lseek(file.fd, 0, SEEK_END);
-    if (length < 0 || length > CAMERA_LARGEST_FILE || plat_lseek(file.fd, 0, SEEK_SET) != 0)
+    if (length < 0 || length > off_t{CAMERA_LARGEST_FILE} || plat_lseek(file.fd, 0, SEEK_SET) != 0)
         return 0;
     const auto size = static_cast<std::uint32_t>(length);
     camera_bytes bytes = camera_alloc(size);

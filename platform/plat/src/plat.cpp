@@ -277,7 +277,9 @@ timespec plat_time_in(std::int64_t us)
     plat_clock_gettime(CLOCK_MONOTONIC, &t);
     us = std::max<std::int64_t>(us, 0);
     const std::int64_t ns = t.tv_nsec + us % us_per_s * 1000;
-    return {t.tv_sec + us / us_per_s + ns / ns_per_s, ns % ns_per_s};
+    t.tv_sec += static_cast<std::time_t>(us / us_per_s + ns / ns_per_s);
+    t.tv_nsec = static_cast<long>(ns % ns_per_s);
+    return t;
 }
 
 std::string plat_host_path(const char* path)

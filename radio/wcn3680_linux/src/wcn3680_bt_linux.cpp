@@ -28,7 +28,7 @@ constexpr int THE_DEVICE = 0;
 constexpr int UP_ROUNDS = 300;
 constexpr std::uint32_t UP_PAUSE_US = 10000;
 
-constexpr long EVENT_TIME_MS = 2000; // for one that is waited for, whatever else comes
+constexpr std::int64_t EVENT_TIME_MS = 2000; // for one that is waited for, whatever else comes
 constexpr int MOST_UNREAD = 64;      // events that are thrown away before a command
 
 constexpr std::size_t MOST_READ = 260;
@@ -156,20 +156,20 @@ bool is_ready()
     return wcn3680_bt_linux_pending_startup() == BT_OK && bt_state == state::ready && hci_sock >= 0;
 }
 
-long now_ms()
+std::int64_t now_ms()
 {
     timespec now{};
     plat_clock_gettime(CLOCK_MONOTONIC, &now);
-    return now.tv_sec * 1000 + now.tv_nsec / 1000000;
+    return std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1000000;
 }
 
 // Waits until the socket can be read: 1 when it can, 0 when it can't within the time, -1 for a failure.
-int wait_for_input(long time_ms)
+int wait_for_input(std::int64_t time_ms)
 {
-    const long end = now_ms() + time_ms;
+    const std::int64_t end = now_ms() + time_ms;
     for (;;) {
         pollfd p = {hci_sock, POLLIN, 0};
-        const int ready = plat_poll(&p, 1, static_cast<int>(std::max(end - now_ms(), 0L)));
+        const int ready = plat_poll(&p, 1, static_cast<int>(std::max<std::int64_t>(end - now_ms(), 0)));
         if (ready >= 0 || errno != EINTR)
             return ready;
     }
@@ -221,8 +221,8 @@ std::size_t poll_event(bool (*is_wanted)())
     readbufferlength = 0;
     if (!is_ready())
         return 0;
-    const long end = now_ms() + EVENT_TIME_MS;
-    for (long left = EVENT_TIME_MS; left > 0; left = end - now_ms()) {
+    const std::int64_t end = now_ms() + EVENT_TIME_MS;
+    for (std::int64_t left = EVENT_TIME_MS; left > 0; left = end - now_ms()) {
         if (wait_for_input(left) <= 0)
             return 0;
         const ssize_t n = plat_read(hci_sock, readbuffer, sizeof readbuffer);

@@ -38,7 +38,7 @@ bool parse(const char* line, tunerx_reg_line& out)
         value[line_reader::ROOM];
     if (std::sscanf(line, "%127[^,] , %127[^,] , %127[^,] , %127[^,]", label, device, reg, value) != 4)
         return false;
-    const long unit = std::strtol(device, nullptr, 10);
+    const unsigned long unit = std::strtoul(device, nullptr, 10);
     const int adr = tuner_hex2int(reg);
     const int byte = tuner_hex2int(value);
     if (unit < TUNER_A || unit > TUNER_C || adr == NO_BYTE || byte == NO_BYTE)
