@@ -54,9 +54,12 @@ struct block {
 constexpr block blocks[] = {{0x0001, 65}, {0x0010, 74}, {0x0003, 34}, {0x0030, 8}, {0x0030, 8}};
 
 struct listener {
-    int fd; // the controller's end
     explicit listener(int end) : fd(end) {}
     ~listener() { close(fd); }
+    listener(const listener&) = delete;
+    listener& operator=(const listener&) = delete;
+
+    const int fd; // the controller's end
 };
 
 std::mutex controller_mutex; // guards all below, and the sensor
