@@ -6,8 +6,8 @@
 #: aloop=2,INPUT,0 | stops it, and a tone that runs, and measures its last 80 ms: the frequency of the strongest tone in Hz,
 #:   its level, the power of all there is. Without a tone that can be measured `0,0,` and the power, and `ERROR`; an
 #:   empty line and `ERROR` without a capture
-#: aloop=3,PATH,START | both: PATH 1 plug left and 2 plug right into the microphone of a headset, 3 and 4 plug left into the
-#:   left and the right line input. Stopping measures
+#: aloop=3,PATH,START | both: PATH 1 plug left and 2 plug right into the microphone of a headset, 3 plug left into the
+#:   left, 4 plug right into the right line input. Stopping measures
 #: aloop=5,OUTPUT | joins an output to the microphone of a headset: OUTPUT 1 ear, 2 or 3 speaker. It stays until `aurst=3`
 #: aloop=6,INPUT | joins an input to the plug: INPUT 1 first, 2 second microphone, 9 that of a headset
 #: An answer is an empty line unless it has numbers. Tone and capture run on behind it. Each test writes what it played
@@ -342,7 +342,8 @@ the test plug brings the tone back into the inputs of the jack
   send     aloop=3,3,0
   phone    clock +90
   expect   ALOOP:1000,548,1158306,OK
-  # the right line input, and plug left all the same
+  # the right line input, which the test plug joins with plug left alone
+  phone    loop right line -7
   send     aloop=3,4,1
   expect   ALOOP:,OK
   phone    idle

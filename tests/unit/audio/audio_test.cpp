@@ -140,7 +140,7 @@ const touch_row touches[] = {
     { audio_tgen_auan_start, 0x03010001, { 14, 15, 30, 31 } },
     { audio_tgen_auan_start, 0x03020001, { 14, 16, 30, 31 } },
     { audio_tgen_auan_start, 0x03030001, { 14, 15, 18, 34 } },
-    { audio_tgen_auan_start, 0x03040001, { 14, 15, 18, 33 } },
+    { audio_tgen_auan_start, 0x03040001, { 14, 16, 18, 33 } },
     { audio_loopback,        0x0501FFFF, { 11 } },
     { audio_loopback,        0x0502FFFF, {  5 } },
     { audio_loopback,        0x0503FFFF, {  4 } },
