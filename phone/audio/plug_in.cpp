@@ -156,8 +156,8 @@ int on_stop(snd_pcm_ioplug_t* io)
     return 0;
 }
 
-// Where the library lets its positions begin anew: the largest multiple of the ring by a power of two that its
-// signed numbers hold.
+// Where the library lets its positions begin anew: the largest multiple of the ring by a power of two that
+// its signed numbers hold.
 snd_pcm_uframes_t boundary_of(const snd_pcm_ioplug_t* io)
 {
     snd_pcm_uframes_t boundary = io->buffer_size;

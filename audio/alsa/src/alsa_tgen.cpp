@@ -73,7 +73,8 @@ bool take_wave()
 long write_once()
 {
     const unsigned long frames = tone.transfer_frames;
-    const snd_pcm_sframes_t written = snd_pcm_writei(tone.pcm, tone.wave->samples.get() + tone.position, frames);
+    const snd_pcm_sframes_t written =
+        snd_pcm_writei(tone.pcm, tone.wave->samples.get() + tone.position, frames);
     const unsigned long unit = wave_unit(*tone.wave);
     if (written == static_cast<snd_pcm_sframes_t>(frames) && frames % unit != 0)
         tone.position = (tone.position + frames) % unit;

@@ -29,7 +29,7 @@ constexpr int UP_ROUNDS = 300;
 constexpr std::uint32_t UP_PAUSE_US = 10000;
 
 constexpr std::int64_t EVENT_TIME_MS = 2000; // for one that is waited for, whatever else comes
-constexpr int MOST_UNREAD = 64;      // events that are thrown away before a command
+constexpr int MOST_UNREAD = 64;              // events that are thrown away before a command
 
 constexpr std::size_t MOST_READ = 260;
 constexpr std::size_t EVENT_HEAD = 3; // packet type, code, length

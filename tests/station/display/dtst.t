@@ -383,7 +383,7 @@ a closing command that isn't taken doesn't keep the others back, or the next tes
   phone    fail open /sys/bus/i2c/devices/0-0048/command
   phone    clock +20000
   expect   DTST: ,ERROR
-  phone    fail off -> 0
+  phone    fail off -> 0 faults were never reached
   send     dtst=7,1
   phone    clock +12000
   expect   DTST:3,2,OK
