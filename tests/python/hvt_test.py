@@ -1,11 +1,12 @@
 """The Python client against a virtual phone. Usage: hvt_test.py HVT_VIRTUAL HVT_ASK"""
 
+import fcntl
 import os
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
-import time
 import unittest
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "clients", "python"))
@@ -25,14 +26,8 @@ class ClientTest(unittest.TestCase):
     def tearDown(self):
         self.phone.close()
         with open(os.path.join(self.dir, "hvt.pid")) as file:
-            pid = int(file.read())
-        try:
-            os.kill(pid, 15)
-            while True:
-                os.kill(pid, 0)
-                time.sleep(0.01)
-        except ProcessLookupError:
-            pass
+            os.kill(int(file.read()), signal.SIGTERM)
+            fcntl.flock(file, fcntl.LOCK_EX)  # the phone holds it as long as it is
         shutil.rmtree(self.dir)
 
     def port(self):

@@ -6,6 +6,7 @@ import pty
 import re
 import select
 import shutil
+import signal
 import struct
 import subprocess
 import sys
@@ -78,14 +79,8 @@ class PromptTest(unittest.TestCase):
 
     def tearDown(self):
         with open(os.path.join(self.dir, "hvt.pid")) as file:
-            pid = int(file.read())
-        try:
-            os.kill(pid, 15)
-            while True:
-                os.kill(pid, 0)
-                time.sleep(0.01)
-        except ProcessLookupError:
-            pass
+            os.kill(int(file.read()), signal.SIGTERM)
+            fcntl.flock(file, fcntl.LOCK_EX)  # the phone holds it as long as it is
         shutil.rmtree(self.dir)
 
     def control(self, *words):
