@@ -350,6 +350,7 @@ the channel table is computed and dumped, up to the line that isn't one
   expect   ISDB:255,255,255,0,OK
 
 a chip that doesn't start is powered all the same, and can be started again
+  phone    speed 10
   phone    tuner noload
   send     isdb=0,1
   expect   ISDB:,OK
@@ -528,6 +529,7 @@ the pattern test wants ten packets that are right
   phone    i2c 4 69 E7 -> 05
 
 a pattern that stops ends its test, and bit 7 of its register is off again
+  phone    speed 10
   send     isdb=0,1
   expect   ISDB:,OK
   phone    stream good 4
