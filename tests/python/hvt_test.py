@@ -1,40 +1,28 @@
 """The Python client against a virtual phone. Usage: hvt_test.py HVT_VIRTUAL HVT_ASK"""
 
-import fcntl
 import os
-import shutil
-import signal
-import subprocess
 import sys
-import tempfile
 import unittest
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "clients", "python"))
 sys.dont_write_bytecode = True
 import hvt  # noqa: E402
+from phone_test_case import PhoneTest  # noqa: E402
 
-VIRTUAL, ASK = sys.argv[1:3]
+PhoneTest.VIRTUAL, PhoneTest.ASK = sys.argv[1:3]
 
 
-class ClientTest(unittest.TestCase):
+class ClientTest(PhoneTest):
     def setUp(self):
-        self.dir = tempfile.mkdtemp(prefix="hvt-phone-")
-        subprocess.run([VIRTUAL, "--background", self.dir], check=True)
-        self.control("battery", "3812", "-200")
+        super().setUp()
         self.phone = hvt.open(self.port(), timeout=20)
 
     def tearDown(self):
         self.phone.close()
-        with open(os.path.join(self.dir, "hvt.pid")) as file:
-            os.kill(int(file.read()), signal.SIGTERM)
-            fcntl.flock(file, fcntl.LOCK_EX)  # the phone holds it as long as it is
-        shutil.rmtree(self.dir)
+        super().tearDown()
 
     def port(self):
         return os.path.join(self.dir, "ttyGS0")
-
-    def control(self, *words):
-        return subprocess.run([ASK, self.dir, *words], check=True, stdout=subprocess.PIPE).stdout.decode()
 
     def test_an_answer_has_status_values_and_text(self):
         answer = self.phone.ask("batc=1")

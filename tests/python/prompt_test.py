@@ -5,17 +5,17 @@ import os
 import pty
 import re
 import select
-import shutil
-import signal
 import struct
 import subprocess
 import sys
-import tempfile
 import termios
 import time
 import unittest
 
-VIRTUAL, ASK, STATION = sys.argv[1:4]
+sys.dont_write_bytecode = True
+from phone_test_case import PhoneTest  # noqa: E402
+
+PhoneTest.VIRTUAL, PhoneTest.ASK, STATION = sys.argv[1:4]
 LIMIT = 20  # seconds that the prompt may take for anything
 
 
@@ -71,21 +71,7 @@ class Terminal:
         return self.got, os.waitstatus_to_exitcode(status)
 
 
-class PromptTest(unittest.TestCase):
-    def setUp(self):
-        self.dir = tempfile.mkdtemp(prefix="hvt-phone-")
-        subprocess.run([VIRTUAL, "--background", self.dir], check=True)
-        self.control("battery", "3812", "-200")
-
-    def tearDown(self):
-        with open(os.path.join(self.dir, "hvt.pid")) as file:
-            os.kill(int(file.read()), signal.SIGTERM)
-            fcntl.flock(file, fcntl.LOCK_EX)  # the phone holds it as long as it is
-        shutil.rmtree(self.dir)
-
-    def control(self, *words):
-        return subprocess.run([ASK, self.dir, *words], check=True, stdout=subprocess.PIPE).stdout.decode()
-
+class PromptTest(PhoneTest):
     def script(self, text, *options):
         done = subprocess.run([STATION, *options, self.dir], input=text.encode(), stdout=subprocess.PIPE,
                               stderr=subprocess.PIPE)
