@@ -63,7 +63,8 @@ bool control_ask(int fd, std::string_view line, std::string& answer, int timeout
     const std::string request = std::string(line) + "\n";
     answer.clear();
     if (send(fd, request.data(), request.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(request.size())) {
-        answer = std::string("the control port is gone: ") + std::strerror(errno);
+        answer = errno == EPIPE ? "the phone went off"
+                                : std::string("no request gets through: ") + std::strerror(errno);
         return false;
     }
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeout_ms);
