@@ -122,7 +122,6 @@ constexpr harmless_row harmless[] = {
     { "drns_cancel_auto_lock ",                       "caml camv=0 camc", "there may be no focus run to stop" },
     { "drns_stop_preview ",                           "caml", "closing the camera stops it too" },
     { "drns_free ",                                   "caml", "tried once more behind the close" },
-    { "drns_release_frame ",                          "camc", "the frames of the other buffers go on" },
     { "drns_set_parameter 0xD",                       "cams=2", "the flash has no result; the picture is taken all the same" },
     { "drns_set_parameter 0xE",                       "cams=2", "likewise" },
     { "drns_callback 0x3",                            "cams=2", "the thumbnail's is for the screen; the picture's tells that the bytes are there" },
