@@ -239,8 +239,7 @@ void record_attach()
 {
     word_add("record", "[FILE.t|off]",
              "what a station and this port say from now on becomes a case of a transcript; off ends it; "
-             "alone: tells "
-             "the file",
+             "alone: tells the file",
              word_record);
 }
 
