@@ -18,13 +18,15 @@ constexpr const char* usage =
     "  --limit MS    how long an expectation waits, 1 to 3600000; 30000 unless told otherwise\n"
     "  --case N      the Nth case of each file alone\n"
     "  --junit FILE  the result as JUnit XML, too\n"
-    "  --json FILE   the result as JSON lines, too, each when its case has ended; - for standard output\n";
+    "  --json FILE   the result as JSON lines, too, each when its case has ended; - for standard output\n"
+    "  --fresh LINE  a shell line that makes a real phone fresh, run before each case\n";
 
 struct options {
     std::vector<std::string> files;
     std::string real_port;
     std::string junit;
     std::string json;
+    std::string fresh;
     int only = 0;
     int times = 1;
     int limit_ms = default_limit_ms;
@@ -53,6 +55,8 @@ bool read_option(const std::string& name, const char* value, options& o)
         o.junit = value;
     else if (name == "--json")
         o.json = value;
+    else if (name == "--fresh")
+        o.fresh = value;
     else if (name == "--case")
         return read_number(value, 1'000'000, o.only);
     else if (name == "-n")
@@ -109,6 +113,10 @@ void run_file(const transcript_file& file, int real, int run, reporter& r)
             continue;
         if (real >= 0 && needs_phone(c)) {
             r.add({file.path, c.title, run, c.line, verdict::skipped, "needs the virtual phone", 0});
+            continue;
+        }
+        if (real >= 0 && !r.o.fresh.empty() && std::system(r.o.fresh.c_str()) != 0) {
+            r.add({file.path, c.title, run, c.line, verdict::failed, "the phone can't be made fresh", 0});
             continue;
         }
         const case_result result = run_case(c, real, r.o.limit_ms);

@@ -57,7 +57,7 @@ char cmd_ln[32768];
 cio_tty_config cio_tty_cfg = {nullptr, 115200};
 
 constexpr std::string_view GREETING_OK = "TP,OK\r\n";
-constexpr usb_linux_config usb_linux_cfg = {"/sys/devices/virtual/android_usb/android0/state", "CONFIGURED",
+usb_linux_config usb_linux_cfg = {"/sys/devices/virtual/android_usb/android0/state", "CONFIGURED",
                                             "DISCONNECTED", nullptr};
 usb_listener usb_tpok_con = {{nullptr}, USB_EVT_CONNECTED, nullptr};
 usb_listener usb_tpok_discon = {{nullptr}, USB_EVT_DISCONNECTED, nullptr};
@@ -139,7 +139,11 @@ void s_cfg_init()
     nfc_pn65_conf(nfc_cfg);
     cfg_set_str("sdcard_de", "mmc_dev", "/dev/block/mmcblk1p1");
     cfg_set_str("screen_brenk", "panel_debugfs", "/sys/kernel/debug/mdss_dsi_panel");
+    cfg_set_str("screenconf", "main_fb_id", screenconf_main.fb_id);
+    cfg_set_str("usb_linux", "uevent_path", "/devices/virtual/android_usb/android0");
     s_cfg_open_init();
+    screenconf_main.fb_id = cfg_get_str("screenconf", "main_fb_id", nullptr);
+    usb_linux_cfg.uevent_path = cfg_get_str("usb_linux", "uevent_path", nullptr);
 }
 
 // Two of the RF band variants have calibration data of their own.
