@@ -36,6 +36,7 @@ _hvt_paths() {
 }
 
 _hvt_is_phone() { [[ -e $1/hvt.pid || -e $1/phone.conf ]]; }
+_hvt_is_phone_or_case() { _hvt_is_phone "$1" || _hvt_ends_in .t "$1"; }
 _hvt_ends_in() { [[ -f $2 || -c $2 ]] && [[ $2 == *$1 ]]; }
 
 _hvt_folders() {
@@ -109,10 +110,8 @@ _hvt() {
     play:-[!-]* | play:--* | station:-[!-]* | station:--*) ;; # a number
     run:* | up:* | down:* | view:*) _hvt_folders ;;
     play:*) _hvt_files .t ;;
-    record:*)
-        _hvt_files .t
-        ((COMP_CWORD > 2)) || _hvt_folders
-        ;;
+    record:record) _hvt_paths _hvt_is_phone_or_case < <(compgen -f -- "$word") ;;
+    record:*) _hvt_files .t ;;
     station:*)
         # The port is the first word that is no option and no value of one.
         for ((i = 2; i < COMP_CWORD; i += 2)); do

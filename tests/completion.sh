@@ -49,7 +49,10 @@ offers "$dir/phone build/ cases/ my\\ phone phone" ./hvt up ""
 offers "my\\ phone" ./hvt view my
 offers "my\\ phone" ./hvt view 'my\ p'
 offers "cases/inner/ cases/one.t cases/two.t" ./hvt play cases/
+offers "build/ cases/ my\\ phone phone" ./hvt record ""
+offers "cases/inner/ cases/one.t cases/two.t" ./hvt record cases/
 offers "cases/one.t" ./hvt record phone cases/o
+offers "phone/" ./hvt record phone p
 offers "" ./hvt play -n ""
 offers "cases/inner/ cases/one.t cases/other.txt cases/two.t" ./hvt play --json cases/
 offers "phone/ttyGS0" ./hvt station --limit 500 phone/tty

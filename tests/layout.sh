@@ -93,7 +93,7 @@ the case
   send     case?
   expect   CASE:false,OK
 CASE
-hvt play mine.t >"$dir/out" 2>&1 || bad "a transcript fails"
+hvt play mine.t >"$dir/out" 2>&1 && grep -q '^1 passed' "$dir/out" || bad "a transcript fails"
 hvt station --limit 5000 --json out.json "$state/ttyGS0" mine.t >"$dir/out" 2>&1 || bad "it fails on a port"
 grep -q '"result": "passed"' out.json || bad "options before the port are lost"
 PYTHONDONTWRITEBYTECODE=1 PYTHONPATH=$dir/usr/lib/python3/dist-packages python3 -c '
