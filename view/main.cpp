@@ -125,8 +125,9 @@ int main(int argc, char** argv)
     if (!wrong.empty())
         return fail(wrong);
     const std::string address = "http://127.0.0.1:" + std::to_string(port) + "/" + token + "/";
-    std::printf("The phone is at %s\nCtrl-C ends the page's server; the phone stays on (\"%s down\" stops it).\n",
-                address.c_str(), phone::script().c_str());
+    std::printf(
+        "The phone is at %s\nCtrl-C ends the page's server; the phone stays on (\"%s down\" stops it).\n",
+        address.c_str(), phone::script().c_str());
     std::fflush(stdout);
     if (o.opens_browser)
         open_browser(o.dir, address);
