@@ -121,7 +121,9 @@ _hvt() {
             _hvt_files .t
         else
             _hvt_files ttyGS0
-            mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -f -- "${word:-/dev/tty}" | grep -E '/tty(USB|ACM)[0-9]+$')
+            mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(
+                compgen -f -- "${word:-/dev/tty}" | grep -E '/tty(USB|ACM)[0-9]+$'
+            )
         fi
         ;;
     phone:*)

@@ -23,11 +23,13 @@ takes() {
 
 # The lines of the sections whose title begins so, without the two blanks in front of each.
 help_section() {
-    help_text | awk -v title="$1" '/^[A-Z]/ { inside = index($0, title) == 1; next } inside { print substr($0, 3) }'
+    help_text | awk -v title="$1" '
+        /^[A-Z]/ { inside = index($0, title) == 1; next }
+        inside { print substr($0, 3) }'
 }
 
 usage() {
-    echo "usage: $script VERB ...      [DIR] is the virtual phone's folder, ${default_dir:-for you to name} unless given"
+    echo "usage: $script VERB ...      [DIR] is the virtual phone's folder, ${default_dir:-none} unless given"
     echo
     text=$(help_section VERBS | sed 's/^./  &/')
     printf '%s\n' "$text"
