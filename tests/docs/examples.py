@@ -26,6 +26,7 @@ and further words, what comes before and after:
 
 import importlib.util
 import os
+import re
 import select
 import signal
 import subprocess
@@ -197,11 +198,14 @@ class Reader:
         name = next((word for word in block.words if "." in word), "example." + block.language)
         with open(self.house.path(name), "w") as file:
             file.write(on_this_desk(block.text))
+        self.use(block.text)
         return name
 
     def use(self, text):
-        for name in [name for name in self.files if name in text]:
-            del self.files[name]
+        """Files that are named, or imported, are used."""
+        for name in list(self.files):
+            if name in text or re.search(r"^(import|from) %s\b" % name.split(".")[0], text, re.MULTILINE):
+                del self.files[name]
 
     def follow(self, block):
         if "fresh" in block.words:
