@@ -16,7 +16,8 @@ What stands on the fence of an example tells what is done with it:
 and further words, what comes before and after:
 
   up              the phone is on; for session and python it is anyway
-  fresh           and nobody has had it before
+  off             the phone is off
+  fresh           it is on and nobody has had it before
   waits           goes on until Ctrl-C, which comes behind the next example
   needs=MODULE    a Python module that not everybody has: without it the program is only compiled
   NAME.EXT        the example is a file of that name, which a later one must use; it isn't run by itself
@@ -212,6 +213,8 @@ class Reader:
             self.house.fresh()
         elif "up" in block.words:
             self.house.up()
+        elif "off" in block.words:
+            self.house.down()
         name = next((word for word in block.words if "." in word), None)
         if name is not None:
             self.saved(block)
@@ -263,8 +266,10 @@ def main(build, page):
             if block.language not in KINDS and not any("." in word for word in block.words):
                 return "%s:%d: nobody knows what to do with \"%s\"" % (page, block.line, block.language)
             try:
+                start = time.monotonic()
                 reader.follow(block)
                 reader.interrupt()
+                print("line %d: %s, %.1f s" % (block.line, block.language, time.monotonic() - start), flush=True)
             except (Failed, SyntaxError) as error:
                 return "%s:%d: %s" % (page, block.line, error)
         try:
