@@ -3,6 +3,7 @@ its own, the client for Python, and DIR, which is the folder of the usual phone.
 
 import ctypes
 import fcntl
+import glob
 import os
 import re
 import shutil
@@ -99,8 +100,7 @@ class House:
             if strange:
                 raise Failed("the program has asked for what the phone doesn't know:\n" + strange)
             self.must("./hvt", "down")
-        output = self.path("DIR/log/output")
-        if os.path.exists(output):
+        for output in glob.glob(self.path("build/*/log/output")):
             with open(output, errors="replace") as file:
                 text = file.read()
             if COMPLAINT.search(text):
