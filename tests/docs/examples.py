@@ -39,6 +39,7 @@ from house import PORT, Failed, House  # noqa: E402
 from page import BadPage, blocks  # noqa: E402
 
 SOURCE = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+WORDS = ("up", "off", "fresh", "waits", "shape")
 SHOWN = ("text", "cmake", "cpp", "json")
 QUIET = 20  # seconds that may pass until what a session shows has come
 
@@ -47,12 +48,28 @@ def on_this_desk(text):
     return text.replace("/dev/ttyUSB0", PORT)
 
 
+def name_of(block):
+    """The name of the file that an example is, or None."""
+    return next((word for word in block.words if "." in word), None)
+
+
+def is_shown(block):
+    return "shape" in block.words or block.language in SHOWN and name_of(block) is None
+
+
+def is_known(block):
+    return ((is_shown(block) or name_of(block) is not None or block.language in KINDS)
+            and all(word in WORDS or "." in word or word.startswith("needs=") for word in block.words))
+
+
 def as_lines(data):
     """What came from the port: CR LF ends a line, all else that can't be seen is written out."""
     text = data.decode("latin-1")
     lines = text.split("\r\n")
     if lines[-1] == "":
         lines.pop()
+    elif text:
+        lines[-1] += " (without CR LF)"
     escape = {"\r": "\\r", "\n": "\\n", "\0": "\\0"}
     return ["".join(escape.get(c, c) for c in line) for line in lines]
 
@@ -78,7 +95,7 @@ class Reader:
         self.house = house
         self.files = {}  # of the page, by name: the line where each stands, until it is used
         self.menu = ""
-        self.waiting = []
+        self.waiting = None  # an example that goes on until Ctrl-C, and its process
 
     # Sessions.
 
@@ -141,8 +158,9 @@ class Reader:
         while True:
             self.house.run("build/release/phone/hvt-ask", "DIR", "idle")
             data += take(port)
-            now = got + as_lines(data)
-            if len(now) >= len(wanted) or time.monotonic() > end:
+            now = got + (as_lines(data) if data else [])
+            whole = len(now) >= len(wanted) and (not data or data.endswith(b"\r\n"))
+            if whole or time.monotonic() > end:
                 return now
             select.select([port], [], [], 0.1)
 
@@ -160,7 +178,7 @@ class Reader:
             if waits.poll() is not None or time.monotonic() > end:
                 raise Failed("it doesn't wait, or doesn't say so: status %s\n%s" % self.house.end(waits, 0))
             time.sleep(0.05)
-        self.waiting.append([block, waits, 1])
+        self.waiting = block, waits
 
     def python(self, block):
         self.house.up()
@@ -196,7 +214,7 @@ class Reader:
 
     def saved(self, block):
         """The file of an example: its own name, or one for the time being."""
-        name = next((word for word in block.words if "." in word), "example." + block.language)
+        name = name_of(block) or "example." + block.language
         with open(self.house.path(name), "w") as file:
             file.write(on_this_desk(block.text))
         self.use(block.text)
@@ -209,30 +227,35 @@ class Reader:
                 del self.files[name]
 
     def follow(self, block):
+        before, self.waiting = self.waiting, None
         if "fresh" in block.words:
             self.house.fresh()
         elif "up" in block.words:
             self.house.up()
         elif "off" in block.words:
             self.house.down()
-        name = next((word for word in block.words if "." in word), None)
-        if name is not None:
+        if name_of(block) is not None:
             self.saved(block)
-            self.files[name] = block.line
+            self.files[name_of(block)] = block.line
         else:
             KINDS[block.language](self, block)
+        if before is not None:
+            self.interrupt(*before)
 
-    def interrupt(self):
-        """Ctrl-C for what waits since the example before the last one."""
-        for entry in self.waiting:
-            entry[2] -= 1
-        for block, done, _ in [entry for entry in self.waiting if entry[2] < 0]:
-            if done.poll() is None:
-                os.killpg(done.pid, signal.SIGINT)
-            status, said = self.house.end(done)
-            if status != 0:
-                raise Failed("line %d, behind Ctrl-C: status %s\n%s" % (block.line, status, said))
-        self.waiting = [entry for entry in self.waiting if entry[2] >= 0]
+    def interrupt(self, block, waits):
+        if waits.poll() is None:
+            os.killpg(waits.pid, signal.SIGINT)
+        status, said = self.house.end(waits)
+        if status != 0:
+            raise Failed("line %d, behind Ctrl-C: status %s\n%s" % (block.line, status, said))
+
+    def leave(self):
+        """The end of the page."""
+        if self.waiting is not None:
+            self.interrupt(*self.waiting)
+        self.house.down()
+        if self.files:
+            raise Failed("no example uses " + ", ".join("%s (line %d)" % row for row in self.files.items()))
 
 
 KINDS = {"session": Reader.session, "sh": Reader.sh, "python": Reader.python, "transcript": Reader.transcript,
@@ -246,44 +269,46 @@ def not_run(page):
     return sum(int(row[1]) for row in rows if row[0] == page)
 
 
-def main(build, page):
-    path = os.path.join(SOURCE, page)
+def examples_of(page):
+    """All examples of a page, each of a known kind, as many of them only shown as there may be."""
+    found = blocks(os.path.join(SOURCE, page))
+    for block in found:
+        if not is_known(block):
+            fence = " ".join([block.language, *block.words])
+            raise BadPage("%d: nobody knows what to do with \"%s\"" % (block.line, fence))
+    shown = [str(block.line) for block in found if is_shown(block)]
+    if len(shown) != not_run(page):
+        raise BadPage(" %d examples are only shown (lines %s), tests/docs/not_run says %d"
+                      % (len(shown), ", ".join(shown), not_run(page)))
+    return found
+
+
+def follow_all(reader, examples):
+    for block in examples:
+        start = time.monotonic()
+        try:
+            reader.follow(block)
+        except (Failed, SyntaxError) as error:
+            raise BadPage("%d: %s" % (block.line, error)) from error
+        print("line %d: %s, %.1f s" % (block.line, block.language, time.monotonic() - start), flush=True)
     try:
-        found = blocks(path)
+        reader.leave()
+    except Failed as error:
+        raise BadPage(" at the end: %s" % error) from error
+
+
+def main(build, page):
+    try:
+        found = examples_of(page)
+        to_do = [block for block in found if not is_shown(block)]
+        house = House(SOURCE, os.path.abspath(build))
+        try:
+            follow_all(Reader(house), to_do)
+        finally:
+            house.close()
     except BadPage as error:
         return "%s:%s" % (page, error)
-    shown = [block for block in found if "shape" in block.words
-             or block.language in SHOWN and not any("." in word for word in block.words)]
-    if len(shown) != not_run(page):
-        return ("%s: %d examples are only shown (lines %s), tests/docs/not_run says %d"
-                % (page, len(shown), ", ".join(str(block.line) for block in shown), not_run(page)))
-    house = House(SOURCE, os.path.abspath(build))
-    reader = Reader(house)
-    try:
-        for block in found:
-            if block in shown:
-                continue
-            if block.language not in KINDS and not any("." in word for word in block.words):
-                return "%s:%d: nobody knows what to do with \"%s\"" % (page, block.line, block.language)
-            try:
-                start = time.monotonic()
-                reader.follow(block)
-                reader.interrupt()
-                print("line %d: %s, %.1f s" % (block.line, block.language, time.monotonic() - start), flush=True)
-            except (Failed, SyntaxError) as error:
-                return "%s:%d: %s" % (page, block.line, error)
-        try:
-            reader.waiting = [[block, done, 0] for block, done, _ in reader.waiting]
-            reader.interrupt()
-            house.down()
-        except Failed as error:
-            return "%s: at the end: %s" % (page, error)
-        unused = ["%s (line %d)" % row for row in reader.files.items()]
-        if unused:
-            return "%s: no example uses %s" % (page, ", ".join(unused))
-    finally:
-        house.close()
-    print("%s: %d examples done, %d only shown" % (page, len(found) - len(shown), len(shown)))
+    print("%s: %d examples done, %d only shown" % (page, len(to_do), len(found) - len(to_do)))
     return 0
 
 
