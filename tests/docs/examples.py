@@ -243,9 +243,14 @@ class Reader:
             self.interrupt(*before)
 
     def interrupt(self, block, waits):
-        if waits.poll() is None:
+        end = time.monotonic() + QUIET
+        while waits.poll() is None and time.monotonic() < end:  # whoever isn't heard presses it again
             os.killpg(waits.pid, signal.SIGINT)
-        status, said = self.house.end(waits)
+            try:
+                waits.wait(1)
+            except subprocess.TimeoutExpired:
+                pass
+        status, said = self.house.end(waits, 0)
         if status != 0:
             raise Failed("line %d, behind Ctrl-C: status %s\n%s" % (block.line, status, said))
 
