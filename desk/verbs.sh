@@ -100,10 +100,11 @@ verb_station() {
 verb_record() {
     ask=$programs/phone/hvt-ask
     "$ask" "$1" record "$2" || exit 1
-    trap : INT TERM HUP
+    interrupted=
+    trap 'interrupted=yes' INT TERM HUP
     say "recording $1 into $2; Ctrl-C ends it"
-    while now=$("$ask" "$1" record 2>/dev/null) && [ "$now" != off ]; do
-        sleep 1 || break # Ctrl-C ends the sleep
+    while [ -z "$interrupted" ] && now=$("$ask" "$1" record 2>/dev/null) && [ "$now" != off ]; do
+        sleep 1 || true # which Ctrl-C ends
     done
     "$ask" "$1" record off 2>/dev/null || true
     say "$2 is written; \"$script play $2\" plays it"
