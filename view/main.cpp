@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 #include "client/control_client.h"
+#include "core/script.h"
 #include "view/gate.h"
 #include "view/hub.h"
 #include "view/loop.h"
@@ -125,8 +126,8 @@ int main(int argc, char** argv)
         return fail(wrong);
     const std::string address = "http://127.0.0.1:" + std::to_string(port) + "/" + token + "/";
     std::printf(
-        "The phone is at %s\nCtrl-C ends the page's server; the phone stays on (\"./hvt down\" stops it).\n",
-        address.c_str());
+        "The phone is at %s\nCtrl-C ends the page's server; the phone stays on (\"%s down\" stops it).\n",
+        address.c_str(), phone::script().c_str());
     std::fflush(stdout);
     if (o.opens_browser)
         open_browser(o.dir, address);

@@ -208,7 +208,7 @@ class Phone:
     def _answer(self, whole, last, status, line):
         kept = []
         for part in whole.split(self._final):
-            if part is not last and part != last and self._is_foreign(part, line) and self._status_of(part):
+            if part != last and self._is_foreign(part, line):
                 self._reports.append(part.decode("latin-1"))
             else:
                 kept.append(part.decode("latin-1"))

@@ -192,10 +192,11 @@ function room_page(room, path,    n, i, name, sorted, usage)
     close(path)
 }
 
-# Its first sentence.
-function first_sentence(text)
+# Its first sentence, for the index: a link within the page of a room leads there.
+function first_sentence(text, page)
 {
     gsub(/\n/, " ", text)
+    gsub(/\]\(#/, "](" page "#", text)
     return match(text, /\.( |$)/) ? substr(text, 1, RSTART) : text
 }
 
@@ -216,7 +217,7 @@ function index_page(path,    n, i, j, m, line, room, sorted, page)
         print "\n### [" room[i] "](" page ")\n\n| Command | What it does |\n|---|---|" > path
         m = in_order(names[room[i]], sorted)
         for (j = 1; j <= m; j++)
-            print "| [`" sorted[j] "`](" page "#" sorted[j] ") | " first_sentence(text[sorted[j]]) " |" > path
+            print "| [`" sorted[j] "`](" page "#" sorted[j] ") | " first_sentence(text[sorted[j]], page) " |" > path
     }
     close(path)
 }

@@ -11,6 +11,8 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include "core/script.h"
+
 namespace {
 
 // The last line of what has come so far, if it is complete.
@@ -53,7 +55,8 @@ int control_connect(const std::string& dir)
 void control_say_why(const char* dir)
 {
     if (errno == ENOENT || errno == ENOTDIR || errno == ECONNREFUSED)
-        std::fprintf(stderr, "hvt: no phone is running in %s; \"./hvt up %s\" starts one\n", dir, dir);
+        std::fprintf(stderr, "hvt: no phone is running in %s; \"%s up %s\" starts one\n", dir,
+                     phone::script().c_str(), dir);
     else
         std::fprintf(stderr, "hvt: the phone in %s can't be reached: %s\n", dir, std::strerror(errno));
 }

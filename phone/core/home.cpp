@@ -14,6 +14,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "core/script.h"
+
 namespace phone {
 
 namespace {
@@ -72,8 +74,8 @@ std::string lock()
     if (flock(lock_fd, LOCK_EX | LOCK_NB) != 0) {
         if (errno != EWOULDBLOCK)
             return trouble(path, "be locked");
-        return home_dir + " is already running (process " + std::to_string(holder()) + "); \"./hvt down " +
-               home_dir + "\" stops it";
+        return home_dir + " is already running (process " + std::to_string(holder()) + "); \"" + script() +
+               " down " + home_dir + "\" stops it";
     }
     const std::string pid = std::to_string(getpid()) + "\n";
     struct stat st {};

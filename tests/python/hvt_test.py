@@ -1,7 +1,10 @@
 """The Python client against a virtual phone. Usage: hvt_test.py HVT_VIRTUAL HVT_ASK"""
 
 import os
+import pty
 import sys
+import threading
+import tty
 import unittest
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "clients", "python"))
@@ -49,6 +52,24 @@ class ClientTest(PhoneTest):
         self.control("idle")
         self.assertEqual(self.phone.ask("batc=1").text, "BATC:3812,OK")
         self.assertEqual(list(self.phone.reports(0)), ["DTCH:10,20,10,20,OK"])
+
+    def test_a_report_between_a_line_and_its_answer_is_no_part_of_the_answer(self):
+        far, near = pty.openpty()
+
+        def answer_late():
+            while not os.read(far, 100).endswith(b"\r"):
+                pass
+            os.write(far, b"KEYB:72,p\r\nDTCH:540,960,540,960,OK\r\nBATC:3812,OK\r\n")
+
+        tty.setraw(near)
+        answering = threading.Thread(target=answer_late)
+        answering.start()
+        with hvt.open(os.ttyname(near), timeout=20) as phone:
+            self.assertEqual(phone.ask("batc=1"), ("BATC:3812,OK", "OK", ["3812"], "BATC"))
+            self.assertEqual(list(phone.reports(0)), ["KEYB:72,p", "DTCH:540,960,540,960,OK"])
+        answering.join()
+        os.close(far)
+        os.close(near)
 
     def test_no_answer_in_time_is_a_timeout_of_its_own(self):
         self.phone.ask("case?")
