@@ -47,7 +47,7 @@ function read_transcript(name, path,    line, number, verb, state)
         else if (line ~ /^[ \t]+#:/)
             mark(name, trimmed(substr(trimmed(line), 3)))
         else if (line ~ /^[ \t]+[^ \t#]/)
-            step(name, trimmed(line))
+            steps(name, trimmed(line))
         else if (line ~ /^[^ \t#]/ || (answered && line ~ /^[ \t]+#/))
             end_exchange(name)
     }
@@ -57,6 +57,20 @@ function read_transcript(name, path,    line, number, verb, state)
         complain("the command " name " has no transcript " path ": write one")
     else
         check_entry(name, path)
+}
+
+# The steps of a line: requests in a row, and what is sent, or a time, with its answer.
+function steps(name, line,    i, n, part)
+{
+    sub(/^after +/, "phone clock +", line)
+    if (line ~ /^(send|phone clock [+]).* ->( |$)/) {
+        step(name, trimmed(substr(line, 1, index(line, " ->"))))
+        step(name, "expect " trimmed(substr(line, index(line, " ->") + 3)))
+        return
+    }
+    n = line ~ /^phone / ? split(line, part, / [|] /) : split(line, part, "\n")
+    for (i = 1; i <= n; i++)
+        step(name, i == 1 ? part[i] : "phone " part[i])
 }
 
 function head_line(name, state, line,    at, form)

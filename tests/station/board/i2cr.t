@@ -8,30 +8,20 @@
 
 a chip is read from a register on, and the pointer moves on
   #: The identity of the accelerometer, register 0 at address 0x18 of bus 5:
-  send     i2cr=5,18,0
-  expect   I2CR:0xfa,OK
-  phone    i2c 5 18 38 A1
-  phone    i2c 5 18 39 B2
-  phone    i2c 5 18 3A C3
-  send     i2cr=5,18,38,3
-  expect   I2CR:0xa1,0xb2,0xc3,OK
+  send     i2cr=5,18,0 -> I2CR:0xfa,OK
+  phone    i2c 5 18 38 A1 | i2c 5 18 39 B2 | i2c 5 18 3A C3
+  send     i2cr=5,18,38,3 -> I2CR:0xa1,0xb2,0xc3,OK
 
 nothing acknowledges where nothing is, or where a chip is off
   #: Nothing is at this address:
-  send     i2cr=4,2c
-  expect   I2CR:no ack,ERROR
-  send     i2cr=5,68000018
-  expect   ERROR
-  send     i2cr=5,118
-  expect   I2CR:no ack,ERROR
-  send     i2cr=2,28
-  expect   I2CR:no ack,ERROR
+  send     i2cr=4,2c -> I2CR:no ack,ERROR
+  send     i2cr=5,68000018 -> ERROR
+  send     i2cr=5,118 -> I2CR:no ack,ERROR
+  send     i2cr=2,28 -> I2CR:no ack,ERROR
 
 a bus that isn't there gives no line
-  send     i2cr=7,18
-  expect   ERROR
-  send     i2cr
-  expect   ERROR
+  send     i2cr=7,18 -> ERROR
+  send     i2cr -> ERROR
   strange  any
 
 more bytes than a line of response has room for go out in full, and end in the line term
@@ -41,8 +31,7 @@ more bytes than a line of response has room for go out in full, and end in the l
   +        0x30,0x81,0x0f,0xc0,0x00,0x14,0x14,0x04,0x0a,0x18,0x48,0x08,0x11,0x00,0x00,0x00,0xf0,0x00,0x00,0x10,
   +        0x00,0x7e,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,OK
   strange  any
-  send     s3=3b,d
-  expect   S3:0x3b, 0x0d;OK
+  send     s3=3b,d -> S3:0x3b, 0x0d;OK
   send     i2cr=5,18,d,33
   expect   I2CR:0x00,0x00,0x03,0x0f,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,
   +        0x05,0x00,0x09,0x30,0x81,0x0f,0xc0,0x00,0x14,0x14,0x04,0x0a,0x18,0x48,0x08,0x11,0x00,0x00,0x00,0xf0,
@@ -58,15 +47,11 @@ no more than 64 bytes are read, however many are asked for
 
 a register that fails, and a bus that fails, are no acknowledge
   phone    fail i2c 5 18 39 1
-  send     i2cr=5,18,38,3
-  expect   I2CR:no ack,ERROR
+  send     i2cr=5,18,38,3 -> I2CR:no ack,ERROR
   phone    fail ioctl /dev/i2c-5 all
-  send     i2cr=5,18,0
-  expect   I2CR:no ack,ERROR
+  send     i2cr=5,18,0 -> I2CR:no ack,ERROR
 
 only the set form reads; the others are help
-  send     i2cr?5,18
-  expect   I2CR:read from any i2c device at specified address,I2CR:reg=255 accesses current register,OK
-  send     i2cr=?
-  expect   I2CR:read from any i2c device at specified address,I2CR:reg=255 accesses current register,
+  send     i2cr?5,18 -> I2CR:read from any i2c device at specified address,I2CR:reg=255 accesses current register,OK
+  send     i2cr=? -> I2CR:read from any i2c device at specified address,I2CR:reg=255 accesses current register,
   +        i2cr      0xB,0xB,0xB,0xB                                   i2cr(port,devaddr,reg,num),OK
