@@ -59,13 +59,20 @@ function read_transcript(name, path,    line, number, verb, state)
         check_entry(name, path)
 }
 
-# The steps of a line: requests in a row, and what is sent, or a time, with its answer.
-function steps(name, line,    i, n, part)
+# The steps of a line: requests in a row, and what is sent with its answer, or a time with what it brings.
+function steps(name, line,    i, n, part, answer)
 {
-    sub(/^after +/, "phone clock +", line)
-    if (line ~ /^(send|phone clock [+]).* ->( |$)/) {
-        step(name, trimmed(substr(line, 1, index(line, " ->"))))
-        step(name, "expect " trimmed(substr(line, index(line, " ->") + 3)))
+    if (line ~ /^(send|after) .* ->( |$)/) {
+        i = index(line, " ->")
+        answer = trimmed(substr(line, i + 3))
+        line = substr(line, 1, i - 1)
+        if (!sub(/^after +/, "phone clock +", line) && match(line, / after [0-9]+$/)) {
+            i = RSTART
+            step(name, trimmed(substr(line, 1, i)))
+            line = "phone clock +" substr(line, i + 7)
+        }
+        step(name, trimmed(line))
+        step(name, "expect " answer)
         return
     }
     n = line ~ /^phone / ? split(line, part, / [|] /) : split(line, part, "\n")

@@ -39,7 +39,19 @@ bool is_time(const std::string& ms)
     return !ms.empty() && ms.size() <= 9 && ms.find_first_not_of("0123456789") == ms.npos;
 }
 
-// "text -> answer" of a verb. What is sent with its answer, and a time with what it brings, are two steps.
+// Takes " after MS" off the end of a text that is sent; "" where there is none.
+std::string split_time(step& s)
+{
+    const std::size_t at = s.text.rfind(" after ");
+    const std::string ms = at != s.text.npos ? s.text.substr(at + 7) : "";
+    if (!is_time(ms))
+        return {};
+    s.text.erase(at);
+    return ms;
+}
+
+// "text -> answer" of a verb. What is sent with its answer, and a time with what it brings, are several
+// steps.
 std::string add_step(int number, const std::string& verb, const std::string& text, std::vector<step>& steps)
 {
     step s{number, verb, text, "", false};
@@ -48,13 +60,16 @@ std::string add_step(int number, const std::string& verb, const std::string& tex
         return verb + " " + form->second + " is wanted";
     if ((verb == "silence" || verb == "after") && !is_time(s.text))
         return verb + " takes milliseconds, not \"" + s.text + "\"";
-    if (verb == "after")
-        s = {number, "phone", "clock +" + s.text, s.answer, true};
-    if (s.has_answer && (verb == "send" || verb == "after")) {
-        steps.push_back({number, s.verb, s.text, "", false});
-        s = {number, "expect", s.answer, "", false};
+    if (!s.has_answer || (verb != "send" && verb != "after")) {
+        steps.push_back(s);
+        return {};
     }
-    steps.push_back(s);
+    const std::string ms = verb == "after" ? s.text : split_time(s);
+    if (verb == "send")
+        steps.push_back({number, verb, s.text, "", false});
+    if (!ms.empty())
+        steps.push_back({number, "phone", "clock +" + ms, "", false});
+    steps.push_back({number, "expect", s.answer, "", false});
     return {};
 }
 

@@ -12,16 +12,13 @@ outputs
   phone    sound ->
   send     aloop=1,3,1 -> ALOOP:,OK
   phone    mixer 30 -> 75
-  send     aurst=0
-  after    5 -> AURST:,OK
+  send     aurst=0 after 5 -> AURST:,OK
   send     aloop=1,1,1 -> ALOOP:,OK
   phone    mixer 36 -> 80
-  send     aurst=0
-  after    5 -> AURST:,OK
+  send     aurst=0 after 5 -> AURST:,OK
   send     aloop=1,4,1 -> ALOOP:,OK
   phone    mixer 18 -> 20
-  send     aurst=0
-  after    5 -> AURST:,OK
+  send     aurst=0 after 5 -> AURST:,OK
   send     aloop=1,5,1 -> ALOOP:,OK
   phone    mixer 17 -> 20
 
@@ -32,13 +29,11 @@ inputs
   send     aloop=2,1,1 -> ALOOP:,OK
   phone    idle
   phone    mixer 39 -> 100
-  send     aurst=0
-  after    90 -> AURST:,OK
+  send     aurst=0 after 90 -> AURST:,OK
   send     aloop=2,2,1 -> ALOOP:,OK
   phone    idle
   phone    mixer 38 -> 97 | mixer 28 -> 4
-  send     aurst=0
-  after    90 -> AURST:,OK
+  send     aurst=0 after 90 -> AURST:,OK
   send     aloop=3,2,1 -> ALOOP:,OK
   phone    mixer 41 -> 1
 
@@ -48,8 +43,7 @@ a step that a path lacks ends it
   # the ear came first, the plug behind
   send     aloop=1,3,1 -> ALOOP:,OK
   phone    mixer 30 -> 93
-  send     aurst=0
-  after    5 -> AURST:,OK
+  send     aurst=0 after 5 -> AURST:,OK
   send     aloop=1,5,1 -> ALOOP:,OK
   phone    mixer 17 -> 8
 
@@ -58,5 +52,4 @@ how it is asked for
   send     again -> AGAIN:,SYNTAX
   send     again=2,1,1,1,1 -> ERROR
   send     again?1,1,1,1,1 -> AGAIN:,ERROR
-  send     again=?
-  expect   AGAIN:Configure audio gains both input and output,again                                                       again(),OK
+  send     again=? -> AGAIN:Configure audio gains both input and output,again                                                       again(),OK

@@ -28,5 +28,4 @@ how it is asked for
   send     ajdt -> AJDT:,SYNTAX
   send     ajdt=1 -> AJDT:,SYNTAX
   send     ajdt?0 -> AJDT:,SYNTAX
-  send     ajdt=?
-  expect   AJDT:Audio Jack connectivity test,ajdt      [(0)]                                             ajdt(),OK
+  send     ajdt=? -> AJDT:Audio Jack connectivity test,ajdt      [(0)]                                             ajdt(),OK

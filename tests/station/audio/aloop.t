@@ -26,13 +26,11 @@ a tone comes out of the speaker until it is stopped
   send     aloop=1,3,1 -> ALOOP:,OK
   # a tone that runs is left as it is
   phone    mixer 463 -> 0
-  send     aloop=1,1,0
-  after    5 -> ALOOP:,OK
+  send     aloop=1,1,0 after 5 -> ALOOP:,OK
   phone    sound 7 -> playback stop\nplayback close\ncontrol 337 0\ncontrol 462 0\ncontrol 556 0\ncontrol 441 0\ncontrol 36 0
   phone    listen speaker -> silent
   # with no tone there is nothing to stop
-  send     aloop=1,1,0
-  after    5 -> ALOOP:,OK
+  send     aloop=1,1,0 after 5 -> ALOOP:,OK
 
 each output has its own controls
   phone    clock hold
@@ -42,15 +40,13 @@ each output has its own controls
   phone    mixer 30 69 | clock +500
   # 6000 at 69, and 4.5 dB
   phone    listen ear -> 1000 1791
-  send     aloop=1,3,0
-  after    5 -> ALOOP:,OK
+  send     aloop=1,3,0 after 5 -> ALOOP:,OK
   phone    mixer 463 -> 0
   send     aloop=1,4,1 -> ALOOP:,OK
   phone    clock +500
   # 4 dB and 18 dB below full
   phone    listen right -> 1000 477 | listen left -> silent
-  send     aloop=1,4,0
-  after    5 -> ALOOP:,OK
+  send     aloop=1,4,0 after 5 -> ALOOP:,OK
   send     aloop=1,5,1 -> ALOOP:,OK
   phone    clock +500
   phone    listen left -> 1000 477 | listen right -> silent
@@ -61,8 +57,7 @@ a second speaker and a third plug gain aren't there
   phone    sound 3 -> control 337 1\ncontrol 462 1\ncontrol 556 0
   send     aloop=1,6,1 -> ALOOP:,ERROR
   send     aloop=1,7,1 -> ALOOP:,ERROR
-  send     aloop=1,7,0
-  after    5 -> ALOOP:,ERROR
+  send     aloop=1,7,0 after 5 -> ALOOP:,ERROR
   send     aloop=1,1,2 -> ALOOP:,SYNTAX
   send     aloop=1 -> ALOOP:,SYNTAX
   # 16 is route 0 to the choice and no route to the tone
@@ -92,13 +87,11 @@ frequencies without a wave fail, and the tone with them
   phone    listen speaker -> silent
   phone    sound 2 -> playback stop\nplayback close
   send     aloop=1,1,1 -> ALOOP:,OK
-  send     aloop=1,1,0
-  after    5 -> ALOOP:,OK
+  send     aloop=1,1,0 after 5 -> ALOOP:,OK
   send     aloop=1,1,1 -> ALOOP:,ERROR
   # the same frequency again is no change
   send     aloop=1,0,23 -> ALOOP:,OK
-  send     aloop=1,0,0
-  after    5 -> ALOOP:,ERROR
+  send     aloop=1,0,0 after 5 -> ALOOP:,ERROR
   send     aloop=1,0,48001 -> ALOOP:,ERROR
   send     aloop=1,0,65534 -> ALOOP:,ERROR
   send     aloop=1,1,1 -> ALOOP:,ERROR
@@ -150,39 +143,33 @@ a loose loop and a clipping speaker show in the numbers
   send     aloop=1,1,1 -> ALOOP:,OK
   send     aloop=2,1,1 -> ALOOP:,OK
   phone    idle | clock +80
-  send     aloop=2,1,0
-  after    90 -> ALOOP:1000,9,291,OK
+  send     aloop=2,1,0 after 90 -> ALOOP:1000,9,291,OK
   phone    loop speaker mic1 -20 600
   send     aloop=1,1,1 -> ALOOP:,OK
   send     aloop=2,1,1 -> ALOOP:,OK
   phone    idle | clock +80
-  send     aloop=2,1,0
-  after    90 -> ALOOP:1000,105,45540,OK
+  send     aloop=2,1,0 after 90 -> ALOOP:1000,105,45540,OK
 
 the three numbers of a known capture
   phone    clock hold | source stream 440 12000
   send     aloop=2,1,1 -> ALOOP:,OK
   phone    idle | clock +80
-  send     aloop=2,1,0
-  after    90 -> ALOOP:438,4009,58176509,OK
+  send     aloop=2,1,0 after 90 -> ALOOP:438,4009,58176509,OK
   phone    source stream 1234 20000
   send     aloop=2,7,1 -> ALOOP:,OK
   phone    idle | clock +80
-  send     aloop=2,7,0
-  after    90 -> ALOOP:1234,6578,163074237,OK
+  send     aloop=2,7,0 after 90 -> ALOOP:1234,6578,163074237,OK
 
 no tone, and one too near the end of the scale, are told with the power
   phone    clock hold | source stream 48 6000
   send     aloop=2,1,1 -> ALOOP:,OK
   phone    idle | clock +80
   #: A tone of 48 Hz is too low to be measured:
-  send     aloop=2,1,0
-  after    90 -> ALOOP:0,0,14298258,ERROR
+  send     aloop=2,1,0 after 90 -> ALOOP:0,0,14298258,ERROR
   phone    source stream 1000 0
   send     aloop=2,1,1 -> ALOOP:,OK
   phone    idle | clock +80
-  send     aloop=2,1,0
-  after    90 -> ALOOP:0,0,0,ERROR
+  send     aloop=2,1,0 after 90 -> ALOOP:0,0,0,ERROR
 
 a capture is refused while one runs, and the one that runs isn't touched
   phone    clock hold | source stream 1000 6000
@@ -193,8 +180,7 @@ a capture is refused while one runs, and the one that runs isn't touched
   # no tone was started for it
   phone    mixer 337 -> 0
   phone    clock +80
-  send     aloop=2,1,0
-  after    90 -> ALOOP:1000,1945,14587479,OK
+  send     aloop=2,1,0 after 90 -> ALOOP:1000,1945,14587479,OK
 
 an input that isn't there
   send     aloop=2,3,1 -> ALOOP:,ERROR
@@ -217,8 +203,7 @@ the radio's controls
 the test plug brings the tone back into the inputs of the jack
   phone    clock hold | jack loop | source hsmic noise 0 | source mic2 noise 0 | source line noise 0
   phone    fail prepare capture
-  send     aloop=3,1,1
-  after    5 -> ALOOP:,ERROR
+  send     aloop=3,1,1 after 5 -> ALOOP:,ERROR
   # a combined test whose capture fails stops the tone that it has started
   phone    sound 35 -> control 337 1\ncontrol 462 1\ncontrol 556 0\ncontrol 454 5\ncontrol 431 1\ncontrol 455 1\ncontrol 30 80\n
   + control 17 8\nplayback open\nplayback setup 48000 1 4096 96\nplayback start\ncontrol 30 1\ncontrol 17 1\ncontrol 30 80\n
@@ -235,18 +220,15 @@ the test plug brings the tone back into the inputs of the jack
   expect   ALOOP:1000,435,731037,OK
   send     aloop=3,2,1 -> ALOOP:,OK
   phone    idle | clock +80
-  send     aloop=3,2,0
-  after    90 -> ALOOP:1000,308,366365,OK
+  send     aloop=3,2,0 after 90 -> ALOOP:1000,308,366365,OK
   send     aloop=3,3,1 -> ALOOP:,OK
   phone    idle | clock +80
-  send     aloop=3,3,0
-  after    90 -> ALOOP:1000,548,1158306,OK
+  send     aloop=3,3,0 after 90 -> ALOOP:1000,548,1158306,OK
   # the right line input, which the test plug joins with plug left alone
   phone    loop right line -7
   send     aloop=3,4,1 -> ALOOP:,OK
   phone    idle | clock +80
-  send     aloop=3,4,0
-  after    90 -> ALOOP:1000,489,920292,OK
+  send     aloop=3,4,0 after 90 -> ALOOP:1000,489,920292,OK
   send     aloop=3,5,1 -> ALOOP:,ERROR
 
 loopbacks set their routes and leave them
@@ -313,12 +295,10 @@ a capture goes on behind an overrun and a failing read, and stays with a suspend
   phone    clock hold | source stream 1000 6000
   send     aloop=2,1,1 -> ALOOP:,OK
   phone    idle | pcm xrun capture | fail read capture 2 | clock +240
-  send     aloop=2,1,0
-  after    90 -> ALOOP:1000,1945,14587479,OK
+  send     aloop=2,1,0 after 90 -> ALOOP:1000,1945,14587479,OK
   send     aloop=2,1,1 -> ALOOP:,OK
   phone    idle | clock +80 | pcm suspend capture | clock +1000
-  send     aloop=2,1,0
-  after    10 -> ALOOP:1000,1945,14587479,OK
+  send     aloop=2,1,0 after 10 -> ALOOP:1000,1945,14587479,OK
 
 a card that is gone, goes while both run, and comes back
   phone    clock hold | pcm off
@@ -327,8 +307,7 @@ a card that is gone, goes while both run, and comes back
   send     aloop=1,1,1 -> ALOOP:,OK
   send     aloop=2,1,1 -> ALOOP:,OK
   phone    idle | clock +80 | pcm off | clock +500 | pcm on
-  send     aloop=1,1,0
-  after    10 -> ALOOP:,OK
+  send     aloop=1,1,0 after 10 -> ALOOP:,OK
   send     aloop=1,1,1 -> ALOOP:,OK
   phone    clock +500
   phone    listen speaker -> 1000 1197
@@ -341,8 +320,7 @@ a card without controls at the start is found later
   send     aloop=2,1,1 -> ALOOP:,OK
   phone    idle | source stream 1000 6000 | clock +160
   # the capture that opened the controls can be stopped
-  send     aloop=2,1,0
-  after    90 -> ALOOP:1000,1945,14587479,OK
+  send     aloop=2,1,0 after 90 -> ALOOP:1000,1945,14587479,OK
 
 another rate and another ring than was asked
   conf     pcm 44100 16384
@@ -356,8 +334,7 @@ another rate and another ring than was asked
   phone    clock +1000
   # 88 samples a wave at 44100
   phone    listen speaker -> 501 1197
-  send     aloop=1,1,0
-  after    5 -> ALOOP:,OK
+  send     aloop=1,1,0 after 5 -> ALOOP:,OK
   # the granted ring has room for longer waves: 6 Hz is 7350 samples
   send     aloop=1,0,6 -> ALOOP:,OK
   send     aloop=1,0,5 -> ALOOP:,ERROR
@@ -413,6 +390,5 @@ what the card is asked can be seen
 how it is asked for
   send     aloop -> ALOOP:,ERROR
   send     aloop=? -> ALOOP:,aloop     [(0-8)[,(0-5)][,[(0,1)][(0x1-0xFFFF)]]]           aloop(set),ERROR
-  send     aloop=?1,1,1
-  expect   ALOOP:Audio loop control,aloop     [(0-8)[,(0-5)][,[(0,1)][(0x1-0xFFFF)]]]           aloop(set),OK
+  send     aloop=?1,1,1 -> ALOOP:Audio loop control,aloop     [(0-8)[,(0-5)][,[(0,1)][(0x1-0xFFFF)]]]           aloop(set),OK
   send     aloop?1,1,1 -> ERROR

@@ -5,8 +5,7 @@
 
 what arec recorded comes out of the plug
   phone    clock hold | source mic1 noise 0 | source mic1 400 1000
-  send     arec=1
-  after    5000 -> AREC:,OK
+  send     arec=1 after 5000 -> AREC:,OK
   #:
   send     aplay=1
   phone    clock +4000

@@ -10,8 +10,7 @@ streams
   send     aloop=2,1,1 -> ALOOP:,OK
   phone    idle
   #:
-  send     aurst=0
-  after    90 -> AURST:,OK
+  send     aurst=0 after 90 -> AURST:,OK
   # the tone's two routes, the capture's default values, then all that a stream may have switched on
   phone    sound 66 -> playback stop\nplayback close\ncontrol 337 0\ncontrol 462 0\ncontrol 556 0\ncontrol 441 0\ncontrol 36 0\n
   + capture stop\ncapture close\ncontrol 291 0\ncontrol 413 0\ncontrol 557 0\ncontrol 380 10\ncontrol 428 2\ncontrol 39 97\ncontrol 27 0\n

@@ -18,8 +18,7 @@ a running tone changes at once, and keeps its step
   phone    clock +1000
   # 6 dB above full
   phone    listen speaker -> 1000 11972
-  send     aloop=1,1,0
-  after    5 -> ALOOP:,OK
+  send     aloop=1,1,0 after 5 -> ALOOP:,OK
   send     aloop=1,1,1 -> ALOOP:,OK
   phone    mixer 36 -> 90
 
@@ -30,8 +29,7 @@ a step that a running path lacks is refused by the card, and is the next start's
   phone    sound 1 -> control 36 -1 refused
   phone    clock +1000
   phone    listen speaker -> 1000 1197
-  send     aloop=1,1,0
-  after    5 -> ALOOP:,OK
+  send     aloop=1,1,0 after 5 -> ALOOP:,OK
   send     aloop=1,1,1 -> ALOOP:,ERROR
   send     gain=1,1,2 -> GAIN:,OK
   send     aloop=1,1,1 -> ALOOP:,OK
@@ -50,8 +48,7 @@ a path that doesn't run keeps its step for the next start
   # the speaker runs, the ear doesn't
   send     gain=1,3,3 -> GAIN:,OK
   phone    sound 1 -> control 36 80
-  send     aloop=1,1,0
-  after    5 -> ALOOP:,OK
+  send     aloop=1,1,0 after 5 -> ALOOP:,OK
   send     aloop=1,3,1 -> ALOOP:,OK
   phone    sound 1 -> control 30 81
 
@@ -73,8 +70,7 @@ inputs, and both at once
   send     gain=2,3,9 -> GAIN:,OK
   phone    sound 2 -> control 39 100\ncontrol 27 12
   send     gain=2,4,1 -> GAIN:,ERROR
-  send     aurst=0
-  after    90 -> AURST:,OK
+  send     aurst=0 after 90 -> AURST:,OK
   #: Steps 3 out of the plug, 2 into the headset's microphone:
   send     gain=3,1,3,2 -> GAIN:,OK
   # a step that the output lacks fails, and the input has been set by then
@@ -121,5 +117,4 @@ how it is asked for
   send     gain=257,1,256 -> GAIN:,OK
   send     gain?1,1,1 -> GAIN:,ERROR
   send     gain=? -> GAIN:,gain                                                        gain(),ERROR
-  send     gain=?1,1,1
-  expect   GAIN:Configure audio gains both input and output,gain                                                        gain(),OK
+  send     gain=?1,1,1 -> GAIN:Configure audio gains both input and output,gain                                                        gain(),OK

@@ -4,12 +4,10 @@
 on and off are a sequence of registers each
   phone    clock hold
   #:
-  send     mpvc=1
-  after    500 -> MPVC: ,OK
+  send     mpvc=1 after 500 -> MPVC: ,OK
   phone    codec 101 -> 55 | codec 110 -> ED | codec 108 -> 09 | codec 12E -> C0 | codec 12F -> A0
   phone    codec 131 -> A6 | codec 30C -> 06
-  send     mpvc=0
-  after    500 -> MPVC: ,OK
+  send     mpvc=0 after 500 -> MPVC: ,OK
   phone    codec 110 -> 7D | codec 108 -> 04 | codec 12E -> 40 | codec 12F -> A0 | codec 131 -> 17
   phone    codec 30C -> 00 | codec 3DC -> 0A | codec 14E -> 04
 
@@ -43,5 +41,4 @@ how it is asked for
   send     mpvc -> MPVC: ,SYNTAX
   send     mpvc=2 -> SYNTAX
   send     mpvc?0 -> MPVC: ,OK
-  send     mpvc=?
-  expect   MPVC:Set mic bias on/off,mpvc      0x0-0x01                                          MPVC(on/off),OK
+  send     mpvc=? -> MPVC:Set mic bias on/off,mpvc      0x0-0x01                                          MPVC(on/off),OK

@@ -41,5 +41,4 @@ how it is asked for
   send     vadet -> VADET: ,SYNTAX
   send     vadet=1,0,0 -> VADET: ,SYNTAX
   send     vadet?1 -> VADET:0xfff,OK
-  send     vadet=?
-  expect   VADET:Read MICBIAS ADC ,vadet     0x1[,(0-1)]                                       VADET(function,format),OK
+  send     vadet=? -> VADET:Read MICBIAS ADC ,vadet     0x1[,(0-1)]                                       VADET(function,format),OK

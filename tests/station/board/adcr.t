@@ -26,18 +26,16 @@ the battery's and the charger's inputs are what is there
   # 3500 = 0xDAC mV, a third of it at the pin: 0x6000 + 3500 / 3 / 1800 * 0x4000 = 35195 = 0x897B
   send     adcr=10 -> ADCR:0xdac,OK
   send     adcr=10,0 -> ADCR:0x897b,OK
-  send     adcr=9
   # 11 mV, and behind a wall charger 5093
-  expect   ADCR:0xb,OK
+  send     adcr=9 -> ADCR:0xb,OK
   phone    charger wall
   send     adcr=9 -> ADCR:0x13e5,OK
   # a simple charger sits on contacts of its own: 27 mV on the USB socket, until the phone feeds it
   phone    charger simple
   send     adcr=8 -> ADCR:0x1b,OK
   send     ebct=4,1 -> EBCT: ,OK
-  send     adcr=8
   # 5061
-  expect   ADCR:0x13c5,OK
+  send     adcr=8 -> ADCR:0x13c5,OK
 
 a temperature has a scaled value of its own
   write    /sys/devices/qpnp-vadc-8/batt_therm_dflt Result:912345 Raw:32877\n
@@ -56,9 +54,8 @@ a thermal zone is one number, whatever the format
   send     adcr=19 -> ADCR:0x1,OK
 
 the RF identity gets its supply before it is read
-  send     adcr=3
   # 1790000 uV / 1000 = 1790
-  expect   ADCR:0x6fe,OK
+  send     adcr=3 -> ADCR:0x6fe,OK
   phone    gpio 544 -> 1
 
 channels that don't exist are syntax errors, a format that doesn't is an error, and the help

@@ -7,5 +7,4 @@ the board can't set it, and a missing value is a syntax error
   send     ipcfg -> IPCFG: ,SYNTAX
 
 the help is one line
-  send     ipcfg=?
-  expect   IPCFG:Set last digits of IP address,ipcfg     (0-255)                                           ipcfg(ipaddr),OK
+  send     ipcfg=? -> IPCFG:Set last digits of IP address,ipcfg     (0-255)                                           ipcfg(ipaddr),OK

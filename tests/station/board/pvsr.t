@@ -11,8 +11,7 @@ the setting is hexadecimal
 any value but 1 is a syntax error, and the help
   send     pvsr -> PVSR: ,SYNTAX
   send     pvsr=2 -> PVSR: ,SYNTAX
-  send     pvsr=?
-  expect   PVSR:Read processor voltage setting,pvsr      1                                                 PVSR,OK
+  send     pvsr=? -> PVSR:Read processor voltage setting,pvsr      1                                                 PVSR,OK
 
 a file that can't be read, or holds no number, is an error
   phone    fail open /sys/kernel/debug/msm/pvsr

@@ -9,10 +9,8 @@
 registers are read from an address on, the count in decimal
   phone    spmi 1D84D 5C | spmi 1D84E 6D
   #:
-  send     spmir=0,0x1D84D,2
-  read     SPMIR:0x5c,0x6d,\0OK\r\n
-  send     spmir?0,0x1D84D, 1\x20
-  read     SPMIR:0x5c,\0OK\r\n
+  send     spmir=0,0x1D84D,2 -> SPMIR:0x5c,0x6d,\0OK
+  send     spmir?0,0x1D84D, 1\x20 -> SPMIR:0x5c,\0OK
   file     /sys/kernel/debug/spmi/spmi-0/address -> 0x1D84D\n
   file     /sys/kernel/debug/spmi/spmi-0/count -> 1\n
 
@@ -26,8 +24,7 @@ a dump that begins and ends within rows gives each byte in its place
 
 only the low twenty bits of an address count
   phone    spmi 1D84D 5C
-  send     spmir=0,0xFF11D84D,1
-  read     SPMIR:0x5c,\0OK\r\n
+  send     spmir=0,0xFF11D84D,1 -> SPMIR:0x5c,\0OK
 
 a count that doesn't fit is refused
   send     spmir=0,0x100,0 -> SPMIR:,SYNTAX

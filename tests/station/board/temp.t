@@ -44,8 +44,7 @@ numbers without a channel are syntax errors, and the help
   send     temp=8 -> TEMP:,SYNTAX
   send     temp=26,2 -> TEMP:,SYNTAX
   send     temp -> TEMP: ,SYNTAX
-  send     temp=?
-  expect   TEMP:Read temperatures,temp      (0-30)[,(0-2)]                                    TEMP=<channel>,<format>,OK
+  send     temp=? -> TEMP:Read temperatures,temp      (0-30)[,(0-2)]                                    TEMP=<channel>,<format>,OK
 
 what can't be read, or not in that format, is an error
   send     temp=0,3 -> TEMP:,ERROR

@@ -86,5 +86,4 @@ limits are read and set, and outlast a test
   send     camg=19 -> CAMG:,ERROR
   send     camg=96,1 -> CAMG:,ERROR
   send     camg=1,2,3 -> SYNTAX
-  send     camg=?
-  expect   CAMG:Camera general test.,camg      [(0-255)[,(0-65535)]]                             test/set param/get param,OK
+  send     camg=? -> CAMG:Camera general test.,camg      [(0-255)[,(0-65535)]]                             test/set param/get param,OK

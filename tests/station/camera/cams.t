@@ -13,8 +13,7 @@
 the sizes of a camera
   send     cams -> CAMS:,ERROR
   send     caml=1 -> CAML:,OK
-  send     cams
-  expect   CAMS:\n\rConfig\tWidth\tHeight\tFormat\n\r0,\t640,\t480\tYUV\n\r1,\t1920,\t1080\tYUV\n\r2,\t1280,\t720\tYUV
+  send     cams -> CAMS:\n\rConfig\tWidth\tHeight\tFormat\n\r0,\t640,\t480\tYUV\n\r1,\t1920,\t1080\tYUV\n\r2,\t1280,\t720\tYUV
   +        \n\r4,\t1600,\t1200\tYUV\n\r99,\t800,\t480\tYUV\n\r105,\t1944,\t1720\tJPEG\n\r199,\t1944,\t1720\tJPEG\n\r,OK
 
 a snapshot of each size is taken, decimal or hexadecimal, and given back

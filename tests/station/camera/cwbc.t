@@ -40,5 +40,4 @@ what can't be stored or read
   send     cwbc=5 -> CWBC:,SYNTAX
   send     cwbc -> CWBC:,SYNTAX
   send     cwbc=? -> CWBC:,cwbc      (1-4,7-8)                                         White balance calibration,SYNTAX
-  send     cwbc=?1
-  expect   CWBC:White balance calibration.,cwbc      (1-4,7-8)                                         White balance calibration,OK
+  send     cwbc=?1 -> CWBC:White balance calibration.,cwbc      (1-4,7-8)                                         White balance calibration,OK

@@ -30,8 +30,7 @@ a speed that isn't read or committed, and one that isn't served
   phone    tamiro lines -> cen 1 pon 1 tvdd 0 hsel 0 speed 115200
   send     nfcb=0 -> NFCB: ,OK
   send     nfcb -> NFCB:Too few parameters,ERROR
-  send     nfcb=?0
-  expect   NFCB:NFC Change baud rate,nfcb      (0-2)                                             NFC Change baud rate,OK
+  send     nfcb=?0 -> NFCB:NFC Change baud rate,nfcb      (0-2)                                             NFC Change baud rate,OK
 
 the first chip has one speed
   send     nfpu -> NFPU: ,OK

@@ -17,10 +17,8 @@ bytes go out behind their numbers and come back from the length on
 no byte is too few, in every form
   send     nfcc -> NFCC:Too few parameters,ERROR
   send     nfcc? -> NFCC:Too few parameters,ERROR
-  send     nfcc=?
-  expect   NFCC:Too few parameters,nfcc      (...)                                             NFC Send raw data,ERROR
-  send     nfcc=?80
-  expect   NFCC:NFC Send raw data,nfcc      (...)                                             NFC Send raw data,OK
+  send     nfcc=? -> NFCC:Too few parameters,nfcc      (...)                                             NFC Send raw data,ERROR
+  send     nfcc=?80 -> NFCC:NFC Send raw data,nfcc      (...)                                             NFC Send raw data,OK
 
 29 bytes are sent and 30 are not
   send     nfpu -> NFPU: ,OK

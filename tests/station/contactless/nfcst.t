@@ -18,8 +18,7 @@ both chips, with an element and without
   phone    swp on
   send     nfcst -> NFCST:1,OK
   phone    tamiro lines -> cen 1 pon 1 tvdd 0 hsel 0 speed 460800
-  send     nfcst=?
-  expect   NFCST:NFC SE Connection test,nfcst                                                       NFC SE Connection test,OK
+  send     nfcst=? -> NFCST:NFC SE Connection test,nfcst                                                       NFC SE Connection test,OK
 
 answers of the second chip that are neither
   conf     swp off

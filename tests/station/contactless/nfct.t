@@ -14,8 +14,7 @@ with a secure element and without
   send     nfct=1 -> SYNTAX
   send     nfct -> SYNTAX
   send     nfct? -> NFCT:NFC SIMVDD Check,OK
-  send     nfct=?
-  expect   NFCT:NFC SIMVDD Check,nfct      (0-1)                                             NFC SIMVDD Check,OK
+  send     nfct=? -> NFCT:NFC SIMVDD Check,nfct      (0-1)                                             NFC SIMVDD Check,OK
   phone    fail ioctl /dev/tamiro_ctrl
   send     nfct=0 -> NFCT: ,ERROR
   phone    fail open /dev/tamiro_ctrl
@@ -24,7 +23,7 @@ with a secure element and without
 the supply is there only between the two requests
   send     nfsl=2 -> NFSL: ,OK
   phone    clock hold
-  raw      nfct=0\r
+  send     nfct=0
   phone    clock +50
   phone    gpio 97 -> 1
   phone    clock run

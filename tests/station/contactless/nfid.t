@@ -22,8 +22,7 @@ the six parameters of the first chip, by a pipe that is made once
 
 the count comes first, the label whether it is powered or not
   send     nfid -> NFID:Too few parameters,ERROR
-  send     nfid=?
-  expect   NFID:Too few parameters,nfid      (1-3)                                             NFC Get ID,ERROR
+  send     nfid=? -> NFID:Too few parameters,nfid      (1-3)                                             NFC Get ID,ERROR
   send     nfid=?1 -> NFID:NFC Get ID,nfid      (1-3)                                             NFC Get ID,OK
   send     nfid=1,2 -> nfid      (1-3)                                             NFC Get ID,SYNTAX
 

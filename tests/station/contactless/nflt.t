@@ -14,7 +14,7 @@ low, high, low
 the pulse is a millisecond high
   send     nfsl=2 -> NFSL: ,OK
   phone    clock hold
-  raw      nflt\r
+  send     nflt
   phone    clock +1
   phone    gpio 568 -> 1
   phone    clock run

@@ -30,14 +30,13 @@ each kind for itself
 a card that comes while it waits, and one that comes too late
   send     nfpu -> NFPU: ,OK
   phone    clock hold
-  raw      nfpl=0,400\r
+  send     nfpl=0,400
   phone    clock +300 | tag a | clock run
   expect   NFPL:1,OK
   # no time at all is no round of waiting, and a card needs 40 ms
   send     nfpl=0,0 -> NFPL:0,OK
   phone    tag none | clock hold
-  raw      nfpl=0,100\r
-  after    300 -> NFPL:0,OK
+  send     nfpl=0,100 after 300 -> NFPL:0,OK
 
 a poll that ended without a card is acknowledged too little by the next frame
   phone    speed 20

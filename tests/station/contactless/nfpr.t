@@ -18,8 +18,7 @@ the last pair with the number counts
   phone    tamiro F802 F90202\*30{11} 1
   send     nfpr=5 -> NFPR: ,ERROR
   send     nfpr -> NFPR:Too few parameters,ERROR
-  send     nfpr=?1
-  expect   NFPR:NFC Read RF parameter,nfpr      (0-0xFFFF)                                        NFC Read RF parameter,OK
+  send     nfpr=?1 -> NFPR:NFC Read RF parameter,nfpr      (0-0xFFFF)                                        NFC Read RF parameter,OK
 
 the first chip has none
   send     nfpr=1 -> NFPR:NFC is not yet powered up,ERROR

@@ -19,8 +19,7 @@ a number finds its pair or a free one
   send     nfpw=2,0x11 -> NFPW: ,ERROR
   send     nfpw=1 -> NFPW:Too few parameters,ERROR
   send     nfpw=1,2,3 -> NFPW:Too many parameters,ERROR
-  send     nfpw=?1,2
-  expect   NFPW:NFC Write RF parameter,nfpw      (0-0xFFFF),(0-0xFF)                               NFC Write RF parameter,OK
+  send     nfpw=?1,2 -> NFPW:NFC Write RF parameter,nfpw      (0-0xFFFF),(0-0xFF)                               NFC Write RF parameter,OK
 
 with 14 pairs taken nothing changes, and the block is written all the same
   send     nfsl=2 -> NFSL: ,OK

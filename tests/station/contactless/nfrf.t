@@ -60,7 +60,7 @@ while a series runs its last round shows
   send     nfpu -> NFPU: ,OK
   send     nfpc=1,1 -> NFPC: ,OK
   phone    clock hold | tag f
-  raw      nfrf=5,2\r
+  send     nfrf=5,2
   phone    clock +25
   file     /sys/class/leds/green/brightness -> 20
   file     /sys/class/leds/red/brightness -> 0
@@ -98,8 +98,7 @@ the radio setting is a bit of register 20 and a row through pipe 2
 
 the number of values has to fit
   send     nfrf -> NFRF:Too few parameters,ERROR
-  send     nfrf=?6
-  expect   NFRF:NFC RF function,nfrf      (0-6),(0-0xFFFF),(0-0xFFFF)                       NFC RF function,OK
+  send     nfrf=?6 -> NFRF:NFC RF function,nfrf      (0-6),(0-0xFFFF),(0-0xFFFF)                       NFC RF function,OK
   send     nfpu -> NFPU: ,OK
   send     nfrf=9 -> NFRF: ,SYNTAX
   send     nfrf=9,1 -> NFRF: ,SYNTAX

@@ -34,10 +34,8 @@ the second chip's registers
   send     nfrr=5 -> NFRR: ,ERROR
   # an answer that doesn't follow its acknowledgement is waited for ten rounds of 10 ms
   phone    tamiro F804 ack 1 | clock hold
-  raw      nfrr=5\r
-  after    150 -> NFRR: ,ERROR
+  send     nfrr=5 after 150 -> NFRR: ,ERROR
   phone    clock run
-  send     nfrr=?5
-  expect   NFRR:NFC Read RF register,nfrr      (0-0xFFFF)                                        NFC Read RF register,OK
+  send     nfrr=?5 -> NFRR:NFC Read RF register,nfrr      (0-0xFFFF)                                        NFC Read RF register,OK
   send     nfrr -> NFRR:Too few parameters,ERROR
 

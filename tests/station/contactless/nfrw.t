@@ -12,8 +12,7 @@ the value arrives
   send     nfrw=0x1234,1 -> NFRW: ,ERROR
   send     nfrw=1 -> NFRW:Too few parameters,ERROR
   send     nfrw=1,2,3 -> NFRW:Too many parameters,ERROR
-  send     nfrw=?1,2
-  expect   NFRW:NFC Write RF register,nfrw      (0-0xFFFF),(0-0xFFFF)                             NFC Write RF register,OK
+  send     nfrw=?1,2 -> NFRW:NFC Write RF register,nfrw      (0-0xFFFF),(0-0xFFFF)                             NFC Write RF register,OK
 
 the second chip's registers have 8 bits
   send     nfsl=2 -> NFSL: ,OK

@@ -13,6 +13,5 @@ the two chips by number, and numbers of none
   send     nflt -> NFLT: ,OK
   send     nfsl?1 -> NFSL: ,OK
   send     nflt -> NFLT: ,NOT FOUND
-  send     nfsl=?2
-  expect   NFSL:NFC Chip Select,nfsl      (0-1)                                             NFC Chip Select,OK
+  send     nfsl=?2 -> NFSL:NFC Chip Select,nfsl      (0-1)                                             NFC Chip Select,OK
   send     nflt -> NFLT: ,NOT FOUND

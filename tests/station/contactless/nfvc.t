@@ -21,8 +21,7 @@ a new chip learns its variant, and knows it the next time
   phone    tamiro block 0E95\*28{00}
   send     nfvc=1 -> NFVC:2,OK
   send     nfvc -> NFVC:Too few parameters,ERROR
-  send     nfvc=?1
-  expect   NFVC:NFC (Tamiro) variant check,nfvc      (1)                                               NFC (Tamiro) variant check,OK
+  send     nfvc=?1 -> NFVC:NFC (Tamiro) variant check,nfvc      (1)                                               NFC (Tamiro) variant check,OK
 
 a variant that isn't told, isn't kept or is the wrong one
   send     nfsl=2 -> NFSL: ,OK

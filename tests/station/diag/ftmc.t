@@ -27,8 +27,7 @@ a request in decimal or hexadecimal, with or without blanks, is the same packet
   send     ftmc=75,11,0x00,128,0,0
   # bytes 0 to 5 again, 10 bytes to come, state 0
   expect   FTMC:0x4b,0x0b,0x00,0x80,0x00,0x00,0x0a,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,OK
-  send     ftmc=0x4B, 0x0B, 0, 0x80, 0, 0
-  expect   FTMC:0x4b,0x0b,0x00,0x80,0x00,0x00,0x0a,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,OK
+  send     ftmc=0x4B, 0x0B, 0, 0x80, 0, 0 -> FTMC:0x4b,0x0b,0x00,0x80,0x00,0x00,0x0a,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,0x00,OK
   phone    diag recent -> 4B0B00800000\n4B0B00800000
 
 a request of one byte takes any response that isn't empty
@@ -60,7 +59,7 @@ an empty response ends the exchange at once, also behind one that doesn't match
 
 a modem that doesn't answer costs the whole time and no more: 25 seconds, which can be set
   phone    diag down | clock hold
-  raw      ftmc=75,11,14,0\r
+  send     ftmc=75,11,14,0
   phone    clock +24500
   phone    port 1 -> < ftmc=75,11,14,0\\r
   after    600 -> FTMC:,ERROR
@@ -68,13 +67,12 @@ a modem that doesn't answer costs the whole time and no more: 25 seconds, which 
   phone    clock run | diag up | diag 4B silent 1
   send     ftmc=209,3 -> FTMC:,OK
   phone    clock hold
-  raw      ftmc=75,11,14,0\r
-  after    3100 -> FTMC:,ERROR
+  send     ftmc=75,11,14,0 after 3100 -> FTMC:,ERROR
   phone    diag recent -> 4B0B0E00
   phone    clock run | diag down
   send     ftmc=209,0 -> FTMC:,OK
   phone    clock hold
-  raw      ftmc=75,11,14,0\r
+  send     ftmc=75,11,14,0
   phone    clock +20000 | diag up
   after    10 -> FTMC:0x4b,0x0b,0x0e,0x00,OK
 

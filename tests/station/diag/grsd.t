@@ -29,7 +29,7 @@ the result is read from its place in the record, low byte first
 
 each packet has its pause, and a record that doesn't come is given up after 80 seconds
   phone    diag 4B0D650016 4B0D65001632 | clock hold
-  raw      grsd=2\r
+  send     grsd=2
   # 30 ms and 1 for each byte: 31 + 40 before the first packet of the modem's, which answers each in 1 ms
   phone    clock +70
   phone    diag last -> none

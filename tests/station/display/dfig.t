@@ -49,5 +49,4 @@ an ellipse fills its box, and there is no figure beyond it
 without a screen every figure is an error, whatever its coordinates, and the help
   send     dfig=0,0,0,5,5 -> DFIG: ,ERROR
   send     dfig=1,0,0,0,0 -> DFIG: ,ERROR
-  send     dfig=?
-  expect   DFIG: ,dfig      (...)                                             figure(act,x0,y0,x1,y1,w,a,r,g,b,OK
+  send     dfig=? -> DFIG: ,dfig      (...)                                             figure(act,x0,y0,x1,y1,w,a,r,g,b,OK

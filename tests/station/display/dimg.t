@@ -26,5 +26,4 @@ a file that can't be read, one that is no picture, a missing one, a folder, no p
   send     dimg=/data/a.bmp -> dimg      a...z                                             image(file),SYNTAX
 
 the accepted values
-  send     dimg=?
-  expect   DIMG:Load and display image file,dimg      a...z                                             image(file),OK
+  send     dimg=? -> DIMG:Load and display image file,dimg      a...z                                             image(file),OK

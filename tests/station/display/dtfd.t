@@ -41,5 +41,4 @@ no file for the controller, none of that name, a name too long
 a firmware that the driver refuses, and the help
   write    /system/etc/firmware/half.bin \x01\x02
   send     dtfd="/system/etc/firmware/half.bin" -> DTFD: ,ERROR
-  send     dtfd=?
-  expect   DTFD:Touch firmware download,dtfd                                                        dtfd(firmware),OK
+  send     dtfd=? -> DTFD:Touch firmware download,dtfd                                                        dtfd(firmware),OK

@@ -21,5 +21,4 @@ there is no second device, which shows once the first is closed
 values
   send     dtld -> DTLD: ,SYNTAX
   send     dtld=-1 -> DTLD: ,SYNTAX
-  send     dtld=?
-  expect   DTLD:Load and select touch device,dtld      1-2                                               dtld(action),OK
+  send     dtld=? -> DTLD:Load and select touch device,dtld      1-2                                               dtld(action),OK

@@ -53,8 +53,7 @@ codes in hexadecimal, a key that repeats is pressed again, and the help
   phone    key 330 tap | key 259 tap | clock +400 | key 260 tap
   expect   KEYB:104,p
   expect   KEYB:104,r
-  send     keyb=?
-  expect   KEYB:Key test,keyb      (0-3)                                             off,string,numeric,columms,OK
+  send     keyb=? -> KEYB:Key test,keyb      (0-3)                                             off,string,numeric,columms,OK
 
 the key 408 is held back in the string form and alone in the form 4; the matrix form knows no place
   send     keyb=1 -> KEYB: ,OK

@@ -28,5 +28,4 @@ a phone without the panel's debugfs has no identity
   send     lcid -> LCID:,ERROR
 
 the accepted values
-  send     lcid=?
-  expect   LCID:Print LCD HW ID.,lcid      [(0-3)][,(0-6)]                                   lcd_id(mode[,sub_mode]),OK
+  send     lcid=? -> LCID:Print LCD HW ID.,lcid      [(0-3)][,(0-6)]                                   lcd_id(mode[,sub_mode]),OK

@@ -9,9 +9,8 @@ a bit for each faulty LED
   phone    led 1 good | led 3 open
   send     lsot? -> LSOT:0x0004,OK
   phone    led 2 short
-  send     lsot
   # bits 1 and 2
-  expect   LSOT:0x0006,OK
+  send     lsot -> LSOT:0x0006,OK
 
 afterwards no LED is selected and the detection reports nothing
   send     lsot -> LSOT:0x0000,OK

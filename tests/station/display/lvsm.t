@@ -33,8 +33,7 @@ a record must mirror and have four bytes
 
 other modes are refused, and the help
   send     lvsm=3 -> LVSM: ,SYNTAX
-  send     lvsm=?
-  expect   LVSM:Measure LCD VSYNC period.,lvsm      [(1-2)]                                           LCD VSYNC Measurement,OK
+  send     lvsm=? -> LVSM:Measure LCD VSYNC period.,lvsm      [(1-2)]                                           LCD VSYNC Measurement,OK
 
 a phone that can't measure says so
   conf     without /dev/vsync_measurement

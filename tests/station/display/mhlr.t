@@ -17,5 +17,4 @@ a verdict of a former test
 
 values and help
   send     mhlr=1 -> mhlr                                                        mhlr(void) MHL read,SYNTAX
-  send     mhlr=?
-  expect   MHLR:Read MHL Test Result,mhlr                                                        mhlr(void) MHL read,OK
+  send     mhlr=? -> MHLR:Read MHL Test Result,mhlr                                                        mhlr(void) MHL read,OK

@@ -40,8 +40,7 @@ nobody presses a key for 26 seconds
   after    1 -> MHLS: ,ERROR
   # a key before it doesn't count, and the station goes on
   phone    key 115 tap
-  send     mhls=1
-  after    26000 -> MHLS: ,ERROR
+  send     mhls=1 after 26000 -> MHLS: ,ERROR
   phone    clock run
   send     mhlr -> MHLR:0,ERROR
 
@@ -63,5 +62,4 @@ a verdict that can't be kept
 off, and values that are refused
   send     mhls=0 -> MHLS: ,OK
   send     mhls -> MHLS: ,SYNTAX
-  send     mhls=?
-  expect   MHLS:Enable/Disable MHL,mhls      (0-1)                                             mhls(func) MHL switch,OK
+  send     mhls=? -> MHLS:Enable/Disable MHL,mhls      (0-1)                                             mhls(func) MHL switch,OK

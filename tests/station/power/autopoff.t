@@ -30,9 +30,9 @@ the cable in time sets the time back
   # gone from 0 to 200 s, there at the check at 240 s, gone from 260 s on: the time begins at 300 s and would end
   # at 600 s; without the cable between it would end at 360 s
   phone    clock hold | usb off | clock +200000 | idle | usb on
-  read     TP,OK\r\n
+  expect   TP,OK
   phone    clock +60000 | usb off | clock +200000 | idle | usb on
-  read     TP,OK\r\n
+  expect   TP,OK
   send     case? -> CASE:false,OK
 
 a state attribute that can't be read counts for nothing

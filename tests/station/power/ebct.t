@@ -58,5 +58,4 @@ other values
   send     ebct=3,0 -> EBCT: ,SYNTAX
   send     ebct=1 -> EBCT: ,ERROR
   send     ebct=4,2 -> EBCT: ,ERROR
-  send     ebct=?
-  expect   EBCT:VBUS charging command,ebct      (0-3, 0-)                                         ebct(action[,current],[mode]),OK
+  send     ebct=? -> EBCT:VBUS charging command,ebct      (0-3, 0-)                                         ebct(action[,current],[mode]),OK

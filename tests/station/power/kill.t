@@ -34,5 +34,4 @@ a phone that refuses to restart says so
 what isn't 0 to 2 is a syntax error, and the help
   #: Nothing but 0 to 2:
   send     kill=3 -> KILL: ,SYNTAX
-  send     kill=?
-  expect   KILL:Kill (restart) system.,kill      (0-2)                                             KILL(arg),OK
+  send     kill=? -> KILL:Kill (restart) system.,kill      (0-2)                                             KILL(arg),OK

@@ -32,7 +32,7 @@ with 0 it waits for the cable to go
   phone    fail system reboot 1 | usb off | idle
   phone    shell 2 -> 0 echo 1 > /dev/wcnss_wlan\n0 sync
   phone    usb on
-  read     TP,OK\r\n
+  expect   TP,OK
   phone    usb off
   off
 

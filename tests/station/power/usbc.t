@@ -48,6 +48,5 @@ what no row names is a syntax error, and so is no value
   send     usbc -> USBC: ,SYNTAX
 
 the test form wants values too
-  send     usbc=?1
-  expect   USBC:USB control command,usbc                                                        usbc(act,opt,timeout),OK
+  send     usbc=?1 -> USBC:USB control command,usbc                                                        usbc(act,opt,timeout),OK
   send     usbc=? -> USBC: ,usbc                                                        usbc(act,opt,timeout),SYNTAX

@@ -82,8 +82,7 @@ fewer than four values, or a mode above 1, send nothing
   send     bhwr -> SYNTAX
   send     bhwr=2,9,4,0 -> BHWR:,ERROR
   phone    hci recent -> none
-  send     bhwr=?
-  expect   BHWR:Bluetooth user defined HCI,bhwr      (0-1),(0x00-0x3ff),(0x00-0xff)                    hci(cmd),OK
+  send     bhwr=? -> BHWR:Bluetooth user defined HCI,bhwr      (0-1),(0x00-0x3ff),(0x00-0xff)                    hci(cmd),OK
 
 a command that the controller doesn't know has its status shown as the parameters
   strange  any

@@ -13,5 +13,4 @@ the controller judges the channel, and two values are too many
   send     bler=0x28 -> BLER: ,ERROR
   send     bler=1,2 -> bler      (0x00-0x27)                                       LE rx(ch),SYNTAX
   phone    hci last -> 011D200128
-  send     bler=?
-  expect   BLER:Bluetooth Low Energy Reciever Test,bler      (0x00-0x27)                                       LE rx(ch),OK
+  send     bler=? -> BLER:Bluetooth Low Energy Reciever Test,bler      (0x00-0x27)                                       LE rx(ch),OK

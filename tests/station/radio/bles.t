@@ -20,5 +20,4 @@ a count that can't be had is 0 and an error, also when a byte of it is there
 
 it takes no value, and has a help
   send     bles=1 -> bles                                                        LE stop,SYNTAX
-  send     bles=?
-  expect   BLES:Bluetooth Low Energy Stop,bles                                                        LE stop,OK
+  send     bles=? -> BLES:Bluetooth Low Energy Stop,bles                                                        LE stop,OK

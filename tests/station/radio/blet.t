@@ -20,5 +20,4 @@ a silent controller is an error, and the help is one line
   send     bthr -> BTHR: ,OK
   phone    hci 011E20 silent
   send     blet=1,1,1 -> BLET: ,ERROR
-  send     blet=?
-  expect   BLET:Bluetooth Low Energy Transmitter Test,blet      (0x00-0x27),(0x00-0x25),(0x00-0x07)               LE tx(ch,len,pld),OK
+  send     blet=? -> BLET:Bluetooth Low Energy Transmitter Test,blet      (0x00-0x27),(0x00-0x25),(0x00-0x07)               LE tx(ch,len,pld),OK

@@ -19,18 +19,16 @@ the statistics are sums over five blocks, the rate the share of wrong bits in pe
   # 410 + 310 + 210 + 110 + 10, 400 + 300 + 200 + 100 + 9, 11 + 7 + 5 + 3 + 1; 27 / (27 * 1050) * 100
   expect   BSRX:0x41A,0x3F1,0.095238,0x1B,OK
   phone    hci last -> 0104FC0102
-  send     bsrx=0,8
   # 27 / (1021 * 1050) * 100
-  expect   BSRX:0x41A,0x3F1,0.002519,0x1B,OK
+  send     bsrx=0,8 -> BSRX:0x41A,0x3F1,0.002519,0x1B,OK
   send     bsrx=0,9 -> BSRX:0x41A,0x3F1,0.000000,0x1B,OK
 
 each word counts with all its bytes, and length times packets doesn't wrap
   send     bsrx=1,8,3 -> BSRX: ,OK
   # the first block alone: packets 01234567, the word at 12 89ABCDEF, bit errors 13579BDF; the others zero
   phone    hci 0104FC0102 04FFA3000000674523010000000000000000EFCDAB89DF9B5713\*140{00}
-  send     bsrx=0,8
   # 324508639 / (1021 * 19088743) * 100: the product has 35 bits
-  expect   BSRX:0x1234567,0x89ABCDEF,1.665034,0x13579BDF,OK
+  send     bsrx=0,8 -> BSRX:0x1234567,0x89ABCDEF,1.665034,0x13579BDF,OK
 
 without a test there is nothing, and no packet is no error rate
   send     bsrx=0,0 -> BSRX:0x0,0x0,0.000000,0x0,OK
@@ -40,7 +38,7 @@ a vendor event that is too short, or none, is a failed read; other events in bet
   phone    hci 0104FC0102 04FFA2\*162{01} 1
   send     bsrx=0,0 -> BSRX: ,ERROR
   phone    hci 0104FC0102 040E040104FC00 1 | clock hold
-  raw      bsrx=0,0\r
+  send     bsrx=0,0
   phone    clock +1995
   after    10 -> BSRX: ,ERROR
   phone    clock run | fail hci_send_cmd hci0
@@ -64,5 +62,4 @@ too few values, another mode or too many values touch nothing
   phone    hci recent -> none
   # a fifth value leaves the defaults, so that nothing was given
   send     bsrx=1,2,3,1,5 -> BSRX:0x0,0x0,0.000000,0x0,OK
-  send     bsrx=?
-  expect   BSRX:Bluetooth static RX,bsrx      (0-1),(0-8),(0x0-0x5D),(0-4)                      stat rx(mode,pkt_type,ch,pattern,OK
+  send     bsrx=? -> BSRX:Bluetooth static RX,bsrx      (0-1),(0-8),(0x0-0x5D),(0-4)                      stat rx(mode,pkt_type,ch,pattern,OK

@@ -36,5 +36,4 @@ a failing reset sends nothing more, a failing test is told
   send     bstx=1 -> BSTX: ,OK
 
 the help is one line
-  send     bstx=?
-  expect   BSTX:Bluetooth static TX,bstx      (0x00-0x4E),(0-3),(0-3),(0-7),(0-15)              stat tx(ch,dat,rate,pat,pwr),OK
+  send     bstx=? -> BSTX:Bluetooth static TX,bstx      (0x00-0x4E),(0-3),(0-3),(0-7),(0-15)              stat tx(ch,dat,rate,pat,pwr),OK

@@ -23,5 +23,4 @@ reading the configuration ends in an error all the same, other modes do nothing
   phone    hci recent -> 01030C00\n01F6FC00\n01F6FC00
 
 the help is one line
-  send     btfd=?
-  expect   BTFD:Download bluetooth files to chip,btfd      (0-5),(0-4)                                       fwdl(mode,act),OK
+  send     btfd=? -> BTFD:Download bluetooth files to chip,btfd      (0-5),(0-4)                                       fwdl(mode,act),OK

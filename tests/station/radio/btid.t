@@ -41,8 +41,7 @@ an event that is cut anywhere, has another status or another code is a failure a
   phone    hci 01011000 040E03010110
   send     btid=2 -> ERROR
   phone    hci 01011000 040E | clock hold
-  raw      btid=2\r
-  after    2200 -> ERROR
+  send     btid=2 after 2200 -> ERROR
   phone    clock run | hci 01011000 040E0C010110010617E5061D00413C
   send     btid=2 -> ERROR
   # a Command Status that belongs to the command
@@ -73,7 +72,7 @@ other events are dropped, and what is left unread belongs to no later command
 a controller that doesn't answer is given up after 2 seconds, however many other events come
   send     bthr -> BTHR: ,OK
   phone    hci 010FFC00 \*40{0413050101000100+}040E0401030C00 | clock hold
-  raw      btid\r
+  send     btid
   # 100 ms, then 2000
   phone    clock +2095
   after    10 -> ERROR
@@ -93,8 +92,7 @@ a start that fails leads back to stopped, and the next command starts anew; a lo
   send     btid -> ERROR
   # refused as often as the driver asks
   phone    fail ioctl hci0 300 | clock hold
-  raw      btid\r
-  after    3200 -> ERROR
+  send     btid after 3200 -> ERROR
   phone    clock run
   phone    fail off -> 0 faults were never reached
   send     btid -> BTID:BTFM 4.1.7 KORVAT,OK

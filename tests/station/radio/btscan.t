@@ -45,8 +45,7 @@ as the first command on a phone without the driver
 a count outside 1 to 7 touches nothing, in every form
   send     btscan=0 -> BTSCAN:Parameter out of range (1-7),ERROR
   send     btscan=8 -> BTSCAN:Parameter out of range (1-7),ERROR
-  send     btscan=?8
-  expect   BTSCAN:Parameter out of range (1-7),btscan    (1-7)                                             scan(),ERROR
+  send     btscan=?8 -> BTSCAN:Parameter out of range (1-7),btscan    (1-7)                                             scan(),ERROR
   send     btscan=-1 -> BTSCAN:Parameter out of range (1-7),ERROR
   send     btscan=? -> BTSCAN:Scans for BT devices,btscan    (1-7)                                             scan(),OK
   send     btscan=1,2 -> btscan    (1-7)                                             scan(),SYNTAX

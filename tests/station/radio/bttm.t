@@ -48,5 +48,4 @@ switching off a controller that never came up is well too
 other values do nothing, and the help has two lines
   send     bttm=2 -> BTTM: ,ERROR
   phone    hci recent -> none
-  send     bttm=?
-  expect   BTTM:Set test mode,BTTM:act(0=off 1=on),bttm      (0-1)                                             test(en),OK
+  send     bttm=? -> BTTM:Set test mode,BTTM:act(0=off 1=on),bttm      (0-1)                                             test(en),OK

@@ -10,6 +10,5 @@ bytes or none, the operation isn't there
 more than ten bytes are too many
   send     bwcx=1\*10{,2} -> BWCX:Too many parameters,ERROR
   phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
-  send     bwcx=?
-  expect   BWCX:Bluetooth Coexistence test,bwcx                                                        BT Set/Get Coex,OK
+  send     bwcx=? -> BWCX:Bluetooth Coexistence test,bwcx                                                        BT Set/Get Coex,OK
   phone    hci recent -> none

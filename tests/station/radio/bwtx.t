@@ -51,5 +51,4 @@ what the controller says doesn't matter, but the reset must pass
   phone    hci last -> 01030C00
 
 the help is one line
-  send     bwtx=?
-  expect   BWTX:Bluetooth switched TX,bwtx      (0x00-0x4E),(0-8),(0-4),(0-1),(0-15),len          switch tx(ch,pkt,pat,mode,pwr,le,OK
+  send     bwtx=? -> BWTX:Bluetooth switched TX,bwtx      (0x00-0x4E),(0-8),(0-4),(0-1),(0-15),len          switch tx(ch,pkt,pat,mode,pwr,le,OK

@@ -37,9 +37,8 @@ a wrong count of values starts the receiver and is an error
 the level is what the last tool has left, whichever that was
   send     fmct=6 -> ERROR
   send     fmct=1,1000 -> FMCT: ,OK
-  send     fmct=6
   # 61
-  expect   FMCT:0x003d,OK
+  send     fmct=6 -> FMCT:0x003d,OK
   phone    tool fmftmtest -f 74565
   send     fmct=1,1000 -> FMCT: ,OK
   send     fmct=6 -> FMCT:0x12345,OK

@@ -46,7 +46,7 @@ each format; the last has four bytes, and those of the format before it behind t
   # what comes is compared with AA behind the fourth byte, where 55 has all bits different
   send     ilop=0 -> ILOP:,OK
   phone    irda 55AA00FFAA55 -> heard
-  read     ILOP:0x6,0x8,OK\r\n
+  expect   ILOP:0x6,0x8,OK
 
 each step of opening that fails is an error that leaves nothing open
   phone    fail open /dev/ttyHSL2

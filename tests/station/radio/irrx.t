@@ -9,16 +9,16 @@ each packet is told with its length and that of the packet that would be sent
   #:
   send     irrx=1 -> IRRX:,OK
   phone    irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 0 | irda 01020304 -> heard
-  read     IRRX:0x4,0x100,OK\r\n
+  expect   IRRX:0x4,0x100,OK
   phone    idle
   phone    irda \*256{5A} -> heard
-  read     IRRX:0x100,0x100,OK\r\n
+  expect   IRRX:0x100,0x100,OK
   phone    idle
   phone    irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 0
   send     irpa=4,5 -> IRPA:,OK
   send     irrx?7 -> IRRX:,OK
   phone    irda 01020304 -> heard
-  read     IRRX:0x4,0x04,OK\r\n
+  expect   IRRX:0x4,0x04,OK
 
 fewer than four bytes are dropped, more than 256 are two packets
   send     irpa -> IRPA:,OK
@@ -31,56 +31,41 @@ fewer than four bytes are dropped, more than 256 are two packets
 silence is told after twice 5 seconds, and ends the test; each packet and each command gives the time anew
   send     irpa -> IRPA:,OK
   phone    clock hold
-  raw      irrx=1\r
-  after    1 -> IRRX:,OK
-  phone    clock +9990 | clock +20
-  read     IRRX:0x0,-1,OK\r\n
+  send     irrx=1 after 1 -> IRRX:,OK
+  phone    clock +9990
+  after    20 -> IRRX:0x0,-1,OK
   phone    irda -> select 1 uart 1 receiver 0 mode 0 speed 115200 sent 0 | irda 01020304 -> lost
-  raw      irrx=1\r
-  after    4000 -> IRRX:,OK
-  raw      irrx=1\r
-  after    3000 -> IRRX:,OK
+  send     irrx=1 after 4000 -> IRRX:,OK
+  send     irrx=1 after 3000 -> IRRX:,OK
   phone    irda 01020304 -> heard
-  phone    clock +1
-  read     IRRX:0x4,0x100,OK\r\n
-  phone    clock +9980 | clock +30
-  read     IRRX:0x0,-1,OK\r\n
+  after    1 -> IRRX:0x4,0x100,OK
+  phone    clock +9980
+  after    30 -> IRRX:0x0,-1,OK
   phone    clock run
 
 a time-out that is on its way is void once the test is ended, in each of the ways
   send     irpa -> IRPA:,OK
   phone    clock hold
-  raw      irrx=1\r
-  after    7000 -> IRRX:,OK
-  raw      irrx=0\r
-  after    7000 -> IRRX:,OK
+  send     irrx=1 after 7000 -> IRRX:,OK
+  send     irrx=0 after 7000 -> IRRX:,OK
   phone    irda -> select 1 uart 1 receiver 0 mode 0 speed 115200 sent 0
-  raw      irrx=1\r
-  after    7000 -> IRRX:,OK
-  raw      irtx=1\r
-  after    7000 -> IRTX:,OK
-  raw      irrx=1\r
-  after    7000 -> IRRX:,OK
-  raw      irpa\r
-  after    7000 -> IRPA:,OK
-  raw      irrx=1\r
-  after    7000 -> IRRX:,OK
+  send     irrx=1 after 7000 -> IRRX:,OK
+  send     irtx=1 after 7000 -> IRTX:,OK
+  send     irrx=1 after 7000 -> IRRX:,OK
+  send     irpa after 7000 -> IRPA:,OK
+  send     irrx=1 after 7000 -> IRRX:,OK
   phone    irda 01020304 -> heard
-  phone    clock +1
-  read     IRRX:0x4,0x100,OK\r\n
+  after    1 -> IRRX:0x4,0x100,OK
   phone    clock +7000
-  raw      irtx=0\r
-  after    7000 -> IRTX:,OK
+  send     irtx=0 after 7000 -> IRTX:,OK
   phone    clock run
 
 with the key poll beside it the time stays that of the test
   send     irpa -> IRPA:,OK
   send     keyb=2 -> KEYB: ,OK
   phone    clock hold
-  raw      irrx=1\r
-  after    9980 -> IRRX:,OK
-  phone    clock +30
-  read     IRRX:0x0,-1,OK\r\n
+  send     irrx=1 after 9980 -> IRRX:,OK
+  after    30 -> IRRX:0x0,-1,OK
   phone    clock run
 
 the console's own line ends are in force again behind a report
@@ -88,7 +73,7 @@ the console's own line ends are in force again behind a report
   send     irpa -> IRPA:,OK
   send     irrx=1 -> IRRX:,OK
   phone    irda 01020304 -> heard
-  read     IRRX:0x4,0x100,OK\r\n
+  expect   IRRX:0x4,0x100,OK
   send     s4? -> S4:0x00, 0x0a,OK
   send     s3? -> S3:0x2c, 0x0d,OK
 
@@ -97,7 +82,7 @@ a reading that fails is made again
   send     irrx=1 -> IRRX:,OK
   phone    fail read /dev/ttyHSL2 3
   phone    irda 01020304 -> heard
-  read     IRRX:0x4,0x100,OK\r\n
+  expect   IRRX:0x4,0x100,OK
   phone    fail off -> 0 faults were never reached
 
 what is read when the test has just ended is dropped
@@ -106,14 +91,14 @@ what is read when the test has just ended is dropped
   phone    clock hold
   # the packet comes while the receiver is being switched off
   phone    fail ioctl /dev/irda 1 slow 50
-  raw      irrx=0\r
+  send     irrx=0
   phone    irda 01020304 -> heard
   after    60 -> IRRX:,OK
   phone    clock run
   phone    fail off -> 0 faults were never reached
   send     irrx=1 -> IRRX:,OK
   phone    irda 0102030405 -> heard
-  read     IRRX:0x5,0x100,OK\r\n
+  expect   IRRX:0x5,0x100,OK
 
 without a port, or with a transceiver that doesn't obey, it is an error
   send     irrx=1 -> IRRX:,ERROR

@@ -15,16 +15,13 @@ a packet is sent once, with the receiver off
 again and again means every 30 ms until it is stopped, which closes the port
   send     irpa=4,5 -> IRPA:,OK
   phone    clock hold
-  raw      irtx=2\r
-  after    10 -> IRTX:,OK
+  send     irtx=2 after 10 -> IRTX:,OK
   # 20 ms from the line on, then 10 + 20 ms each
   phone    clock +305
   phone    irda -> select 1 uart 1 receiver 0 mode 1 speed 115200 sent 10
-  raw      irtx?2\r
-  after    30 -> IRTX:,OK
+  send     irtx?2 after 30 -> IRTX:,OK
   phone    irda -> select 1 uart 1 receiver 0 mode 1 speed 115200 sent 11
-  raw      irtx=0\r
-  after    300 -> IRTX:,OK
+  send     irtx=0 after 300 -> IRTX:,OK
   phone    irda -> select 0 uart 0 receiver 1 mode 1 speed 115200 sent 11
   phone    files HSL2 -> | files irda ->
   phone    clock run
@@ -32,34 +29,25 @@ again and again means every 30 ms until it is stopped, which closes the port
 a single packet ends the repeating, and after a loop back it can begin again
   send     irpa=4,5 -> IRPA:,OK
   phone    clock hold
-  raw      irtx=2\r
-  after    75 -> IRTX:,OK
+  send     irtx=2 after 75 -> IRTX:,OK
   # at 20 and 50 ms
   phone    irda -> select 1 uart 1 receiver 0 mode 1 speed 115200 sent 2
-  raw      irtx=1\r
-  after    200 -> IRTX:,OK
+  send     irtx=1 after 200 -> IRTX:,OK
   phone    irda -> select 1 uart 1 receiver 0 mode 1 speed 115200 sent 3
-  raw      irtx=2\r
-  after    15 -> IRTX:,OK
-  raw      ilop=0\r
-  after    200 -> ILOP:,OK
+  send     irtx=2 after 15 -> IRTX:,OK
+  send     ilop=0 after 200 -> ILOP:,OK
   phone    irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 3
-  raw      irtx=2\r
-  after    30 -> IRTX:,OK
+  send     irtx=2 after 30 -> IRTX:,OK
   phone    irda -> select 1 uart 1 receiver 0 mode 1 speed 115200 sent 4
   phone    clock run
 
 a stop and a new start in between leave one chain of packets
   send     irpa=4,5 -> IRPA:,OK
   phone    clock hold
-  raw      irtx=2\r
-  after    5 -> IRTX:,OK
-  raw      irtx=0\r
-  after    1 -> IRTX:,OK
-  raw      irpa=4,5\r
-  after    1 -> IRPA:,OK
-  raw      irtx=2\r
-  after    315 -> IRTX:,OK
+  send     irtx=2 after 5 -> IRTX:,OK
+  send     irtx=0 after 1 -> IRTX:,OK
+  send     irpa=4,5 after 1 -> IRPA:,OK
+  send     irtx=2 after 315 -> IRTX:,OK
   phone    irda -> select 1 uart 1 receiver 0 mode 1 speed 115200 sent 10
   phone    clock run
 
@@ -88,7 +76,7 @@ a stop that fails leaves the devices open, and the next parameters close them fi
 a line that takes no bytes ends a packet after a second, and one that fails at once
   send     irpa=4,5 -> IRPA:,OK
   phone    fail write /dev/ttyHSL2 all eof | clock hold
-  raw      irtx=1\r
+  send     irtx=1
   phone    clock +990
   after    20 -> IRTX:,ERROR
   phone    clock run

@@ -16,14 +16,14 @@ a modem that is up is asked once, and must answer unless it was only to be kicks
 
 a modem that comes up is found at the next look, 50 ms apart
   phone    diag down | clock hold
-  raw      mdmb=1\r
+  send     mdmb=1
   phone    clock +39000 | diag up
   after    60 -> MDMB:,OK
   phone    diag last -> none
 
 one that doesn't in 40 seconds is an error
   phone    diag down | clock hold
-  raw      mdmb=1\r
+  send     mdmb=1
   phone    clock +39900
   # nothing yet
   after    200 -> MDMB:,ERROR
@@ -31,18 +31,18 @@ one that doesn't in 40 seconds is an error
 
 one that is up and silent is up; both waits together take 40 seconds and no more, and the channel's time-out comes back
   phone    diag 4B0B0080 silent | clock hold
-  raw      mdmb=0\r
+  send     mdmb=0
   phone    clock +39800
   # attempts of 1 s, 50 ms apart, the last one begun before 40 s are over
   after    2000 -> MDMB:,OK
   phone    clock run | diag off | diag down | clock hold
-  raw      ftmc=75,11,14,0\r
+  send     ftmc=75,11,14,0
   phone    clock +24000 | diag up
   after    10 -> FTMC:0x4b,0x0b,0x0e,0x00,OK
 
 time spent in the first wait counts against the second
   phone    diag down | diag 4B0B0080 silent | clock hold
-  raw      mdmb\r
+  send     mdmb
   phone    clock +35000 | diag up
   # 35 s and 5 s, and an attempt that was begun before
   after    6300 -> MDMB:,OK

@@ -21,5 +21,4 @@ a result without its tag stays 255, and so do all of an answer that failed or is
 
 it takes no value, and has a help
   send     pint=1 -> pint                                                        Pin Connectivity Test,SYNTAX
-  send     pint=?
-  expect   PINT:Pin Connectivity Test,pint                                                        Pin Connectivity Test,OK
+  send     pint=? -> PINT:Pin Connectivity Test,pint                                                        Pin Connectivity Test,OK

@@ -37,6 +37,5 @@ a count of values that doesn't go with the operation is an error, an unquoted te
 
 it has no read form, and stands in every list
   send     rwbt?3 -> SYNTAX
-  send     rwbt=?
-  expect   RWBT:Bluetooth read/write IEEE address.,rwbt      [(0-4)[(" ")]]                                    test rwbt,OK
+  send     rwbt=? -> RWBT:Bluetooth read/write IEEE address.,rwbt      [(0-4)[(" ")]]                                    test rwbt,OK
   send     help="rwbt",1 -> rwbt      [(0-4)[(" ")]]                                    test rwbt,OK

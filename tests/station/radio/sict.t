@@ -17,7 +17,7 @@ a card is told by its line alone, for the first slot
 
 the test of the contacts is started, and asked for every 100 ms until it has ended
   phone    clock hold
-  raw      sict=1\r
+  send     sict=1
   # 350 ms: asked after 102, 202, 302 and 402
   phone    clock +395
   after    20 -> SICT:0x00,OK
@@ -39,7 +39,7 @@ without a card, and in any other last state, the contacts are bad: all 16 bits c
 
 a test that never ends is given up after 40 polls, with bad contacts
   phone    diag 4B0B008003 4B0B008003000A000000020000000000 | clock hold
-  raw      sict=1\r
+  send     sict=1
   phone    clock +3900
   after    200 -> SICT:0x01,OK
   phone    clock run
@@ -80,5 +80,4 @@ the other tests aren't there, also those of a slot
 
 the read form is the help
   send     sict? -> SICT:SIM card detection and connection,OK
-  send     sict=?
-  expect   SICT:SIM card detection and connection,sict      [(0-6),(1-2)]                                     sict(),OK
+  send     sict=? -> SICT:SIM card detection and connection,sict      [(0-6),(1-2)]                                     sict(),OK

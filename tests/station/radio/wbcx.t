@@ -9,8 +9,7 @@ with power or without, bytes or none
   send     wbcx -> WBCX:,NOT FOUND
   send     wbcx?1\*9{,0xA} -> WBCX:,NOT FOUND
   send     wbcx=1\*10{,2} -> WBCX:Too many parameters,ERROR
-  send     wbcx=?
-  expect   WBCX:Wlan Coexistence test,wbcx                                                        test coex(...),OK
+  send     wbcx=? -> WBCX:Wlan Coexistence test,wbcx                                                        test coex(...),OK
 
 a transmission is stopped first; one that can't be stopped is an error
   send     wlpu -> WLPU: ,OK

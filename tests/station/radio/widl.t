@@ -26,8 +26,7 @@ a test form, a second power-up, the power and a calibration item leave a transmi
   send     wbtx -> WBTX: ,OK
   send     wlpu -> WLPU: ,ERROR
   send     wsrx=? -> WSRX:WLAN Static RX,wsrx      (0,1)(1-14)                                       rx(),OK
-  send     widl=?
-  expect   WIDL:WLAN Idle mode (stopping TX),widl                                                        idle(),OK
+  send     widl=? -> WIDL:WLAN Idle mode (stopping TX),widl                                                        idle(),OK
   send     wlcg=1 -> WLCG:0x0,0x0,0x0,0x0,0x0,0x0,0x0,OK
   send     wtxg=1 -> WTXG: ,OK
   phone    shell 2 -> 0 wlanftmtest -A -c 1 -r 3 -p 4 -i 200 -l 1000 -w 0 -g 25 -o 0 -G 1\n0 wlanftmtest -P 100

@@ -31,5 +31,4 @@ a transmission goes on, and no power is needed; one value is wanted
   phone    shell 1 -> 0 wlanftmtest -A -c 1 -r 3 -p 4 -i 200 -l 1000 -w 0 -g 25 -o 0 -G 1
   send     wlcg -> SYNTAX
   send     wlcg=1,2 -> wlcg      (0-65000)                                         wlcg(item),SYNTAX
-  send     wlcg=?
-  expect   WLCG:Retrieve WLAN calibration items,wlcg      (0-65000)                                         wlcg(item),OK
+  send     wlcg=? -> WLCG:Retrieve WLAN calibration items,wlcg      (0-65000)                                         wlcg(item),OK

@@ -60,8 +60,7 @@ a phone without the module can't be powered up
 
 a mode above 1 does nothing in any form, the help leaves the radio alone
   send     wlpu=2 -> WLPU:Parameter out of range (0-1),ERROR
-  send     wlpu=?2
-  expect   WLPU:Parameter out of range (0-1),wlpu      (0,1)                                             start(),ERROR
+  send     wlpu=?2 -> WLPU:Parameter out of range (0-1),wlpu      (0,1)                                             start(),ERROR
   send     wlpu=? -> WLPU:WLAN power up,wlpu      (0,1)                                             start(),OK
   send     wlpu=0,1 -> wlpu      (0,1)                                             start(),SYNTAX
   send     wlid -> WLID: ,ERROR

@@ -57,5 +57,4 @@ another mode leaves all alone, also a transmission that runs
   phone    shell 2 -> 0 wlanftmtest -z\n0 wlanftmtest -c 7 -w 0 -y
 
 the help is one line
-  send     wstx=?
-  expect   WSTX:WLAN static TX,wstx      (1-14)(0-12)(0-2)(1-17)(0-10)                     stx(ch,rate,mode,pwr,bw),OK
+  send     wstx=? -> WSTX:WLAN static TX,wstx      (1-14)(0-12)(0-2)(1-17)(0-10)                     stx(ch,rate,mode,pwr,bw),OK

@@ -156,9 +156,7 @@ samples come when the chip has them, with the time between them
   send     acct=1 -> ACCT: ,OK
   # bandwidth 4: register 11, a frame in 8 ms. It is looked for every 160 us, and 50 times that is 8 ms
   phone    clock hold
-  raw      acct=10,3,0,4\r
-  phone    clock +24
-  read     ACCT:0,19,-34,975,80,19,-34,975,80,19,-34,975,OK\r\n
+  send     acct=10,3,0,4 after 24 -> ACCT:0,19,-34,975,80,19,-34,975,80,19,-34,975,OK
   phone    i2c 5 18 10 -> 0B
 
 the motor shakes the samples
@@ -169,9 +167,8 @@ the motor shakes the samples
   # From rest to 175 Hz with a time constant of 40 ms: 175 * (1 - e) turns a second with e = exp(-t / 0.04), the angle
   # 2 pi * 175 * (t - 0.04 * (1 - e)). The share of 900, 620 and 140 mg is the speed squared, divided by
   # 1 + (speed / 125 Hz)^2 at bandwidth 5; x and z go with the sine, y with the sine a quarter turn before.
-  raw      acct=10,6,0,5\r
-  phone    clock +24
-  read     ACCT:0,21,-39,975,40,39,-46,977,40,70,-25,981,40,23,20,976,40,-84,-32,958,40,52,-119,979,OK\r\n
+  send     acct=10,6,0,5
+  after    24 -> ACCT:0,21,-39,975,40,39,-46,977,40,70,-25,981,40,23,20,976,40,-84,-32,958,40,52,-119,979,OK
 
 no samples, many samples, and values that are refused
   send     acct=10,1,0,8 -> ACCT: ,ERROR
@@ -217,9 +214,9 @@ a chip that gives no sample for a second is an error, and the next line works
 the cable is pulled amid a thousand samples
   send     acct=1 -> ACCT: ,OK
   phone    clock hold
-  raw      acct=10,1000,0,8\r
-  phone    clock +100 | usb off | clock +500 | usb on | clock +10
-  read     TP,OK\r\n
+  send     acct=10,1000,0,8
+  phone    clock +100 | usb off | clock +500 | usb on
+  after    10 -> TP,OK
   phone    clock run
   send     acct=3 -> ACCT:0xfa,OK
 

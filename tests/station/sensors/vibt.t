@@ -51,7 +51,7 @@ a repeating test measures every half second until it is stopped
   file     /sys/hvt/hvt-vib/vib -> 1500
   send     vibt=1 -> ERROR
   # the measurement that runs is completed before the answer, and nothing comes behind it
-  raw      vibt=3\r
+  send     vibt=3
   phone    clock +510
   read     VIBT:viberator test FAILED!\n,OK\r\n
   send     vibt=3 -> ERROR
@@ -64,7 +64,7 @@ a stop right behind the start
   phone    clock hold
   send     vibt=2 -> OK
   phone    idle
-  raw      vibt=3\r
+  send     vibt=3
   phone    clock +510
   read     VIBT:viberator test FAILED!\n,OK\r\n
 

@@ -31,6 +31,5 @@ the test form names the groups, and the usage line follows
 
 values that don't fit get the usage line and aren't run
   send     help="hel", 4 -> help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
-  send     help="hel",x,
   # one value more than the pattern and the mask: the mask's directive repeats, and is passed over
-  expect   NOT FOUND
+  send     help="hel",x, -> NOT FOUND

@@ -20,10 +20,9 @@ one value sets both, and its low byte counts
   read     S3:0x2c, 0x2c,OK,\n
 
 a zero byte leaves the text without a terminator
-  send     s3=0,d
-  read     S3:0x00, 0x0dOK\r\n
+  send     s3=0,d -> S3:0x00, 0x0dOK
   send     help="s",1
-  read     s3        0xB[,0xB]                                         s3(ct,final)s4        0xB[,0xB[,0xB]]                                   s4(lt,final,prompt)OK\r\n
+  expect   s3        0xB[,0xB]                                         s3(ct,final)s4        0xB[,0xB[,0xB]]                                   s4(lt,final,prompt)OK
 
 no value, and more than two, set both to carriage return
   send     s3

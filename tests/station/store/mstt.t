@@ -99,5 +99,4 @@ a card that can't be unmounted, written or read is told
 
 a missing path is a syntax error, and the help
   send     mstt=2,2 -> SYNTAX
-  send     mstt=?
-  expect   MSTT:uSD test,mstt      (0-0xFF)[,(0-0xFF)[,(...)]]                       mstt(act,sub_act,path,txt),OK
+  send     mstt=? -> MSTT:uSD test,mstt      (0-0xFF)[,(0-0xFF)[,(...)]]                       mstt(act,sub_act,path,txt),OK

@@ -28,8 +28,7 @@ what the board lacks is an error for a text and 0 for a number
 numbers that don't exist are syntax errors, and the help
   send     ppre=0,1 -> PPRE:,SYNTAX
   send     ppre=2 -> PPRE:,SYNTAX
-  send     ppre=?
-  expect   PPRE:Production Parameter Read,ppre      (0,1,3,5-10)[,(0,1)]                              ppre(),OK
+  send     ppre=? -> PPRE:Production Parameter Read,ppre      (0,1,3,5-10)[,(0,1)]                              ppre(),OK
 
 an absent, unreadable or oversized unit is an error
   phone    unit 80001324 4142434445464748494A4B4C4D4E4F505152535455565758595A3031323334

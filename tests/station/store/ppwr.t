@@ -15,8 +15,7 @@ a text is cut to ten characters and stored without an end
 
 the number has no unit on this board, and the help
   send     ppwr=3,4711 -> PPWR:,ERROR
-  send     ppwr=?
-  expect   PPWR:Production Parameter Write,ppwr      (0,3),S                                           ppwr(),OK
+  send     ppwr=? -> PPWR:Production Parameter Write,ppwr      (0,3),S                                           ppwr(),OK
 
 other numbers, and a line without a text, are syntax errors
   send     ppwr=1,A -> PPWR:,SYNTAX

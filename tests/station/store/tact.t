@@ -130,12 +130,10 @@ a dump holds the units of the main store up to 8000 bytes, and the second one is
 
 the modem's NV memory is moved into the store, in steps or until it is done
   phone    clock hold
-  send     tact=4,1
-  after    20 -> TACT:1,OK
+  send     tact=4,1 after 20 -> TACT:1,OK
   phone    diag last -> 4B0B0080070000000000000000000000
   phone    clock +400
-  send     tact=4,1
-  after    20 -> TACT:0,OK
+  send     tact=4,1 after 20 -> TACT:0,OK
   send     tact=4
   phone    clock +200
   after    400 -> TACT:,OK
