@@ -27,12 +27,10 @@ inputs
   # 9 is the headset's only step of another value
   send     again=0,5,9,2,0 -> AGAIN:,OK
   send     aloop=2,1,1 -> ALOOP:,OK
-  phone    idle
-  phone    mixer 39 -> 100
+  phone    idle | mixer 39 -> 100
   send     aurst=0 after 90 -> AURST:,OK
   send     aloop=2,2,1 -> ALOOP:,OK
-  phone    idle
-  phone    mixer 38 -> 97 | mixer 28 -> 4
+  phone    idle | mixer 38 -> 97 | mixer 28 -> 4
   send     aurst=0 after 90 -> AURST:,OK
   send     aloop=3,2,1 -> ALOOP:,OK
   phone    mixer 41 -> 1

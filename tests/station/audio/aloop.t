@@ -48,8 +48,7 @@ each output has its own controls
   phone    listen right -> 1000 477 | listen left -> silent
   send     aloop=1,4,0 after 5 -> ALOOP:,OK
   send     aloop=1,5,1 -> ALOOP:,OK
-  phone    clock +500
-  phone    listen left -> 1000 477 | listen right -> silent
+  phone    clock +500 | listen left -> 1000 477 | listen right -> silent
 
 a second speaker and a third plug gain aren't there
   send     aloop=1,2,1 -> ALOOP:,ERROR
@@ -72,11 +71,9 @@ the tone's frequency, before it runs and while it does
   phone    listen speaker -> 440 1197
   #: While a tone runs:
   send     aloop=1,0,3000 -> ALOOP:,OK
-  phone    clock +1000
-  phone    listen speaker -> 3000 1197
+  phone    clock +1000 | listen speaker -> 3000 1197
   send     aloop=1,0 -> ALOOP:,OK
-  phone    clock +1000
-  phone    listen speaker -> 1000 1197
+  phone    clock +1000 | listen speaker -> 1000 1197
 
 frequencies without a wave fail, and the tone with them
   phone    clock hold
@@ -101,8 +98,7 @@ frequencies without a wave fail, and the tone with them
   # 48000 has one sample a wave, at phase 0
   send     aloop=1,0,48000 -> ALOOP:,OK
   send     aloop=1,1,1 -> ALOOP:,OK
-  phone    clock +500
-  phone    listen speaker -> silent
+  phone    clock +500 | listen speaker -> silent
 
 the dump of the tone is its first 512 samples
   send     aloop=1,0,12000 -> ALOOP:,OK
@@ -115,8 +111,7 @@ a capture measures what the microphone hears of the tone
   send     aloop=1,1,1 -> ALOOP:,OK
   #:
   send     aloop=2,1,1 -> ALOOP:,OK
-  phone    idle | clock +80
-  phone    listen capture -> 1000 535
+  phone    idle | clock +80 | listen capture -> 1000 535
   #:
   send     aloop=2,1,0
   phone    clock +90
@@ -194,11 +189,9 @@ an input that isn't there
 the radio's controls
   phone    clock hold | source fm noise 0 | source fm 2000 3000
   send     aloop=2,4,1 -> ALOOP:,OK
-  phone    idle | clock +500
-  phone    listen capture -> 2000 3000
+  phone    idle | clock +500 | listen capture -> 2000 3000
   phone    mixer 367 -> 1
-  phone    mixer 130 0 | clock +500
-  phone    listen capture -> silent
+  phone    mixer 130 0 | clock +500 | listen capture -> silent
 
 the test plug brings the tone back into the inputs of the jack
   phone    clock hold | jack loop | source hsmic noise 0 | source mic2 noise 0 | source line noise 0
@@ -240,8 +233,7 @@ loopbacks set their routes and leave them
   phone    listen ear -> 800 2818
   send     aloop=5,2 -> ALOOP:,OK
   phone    sound 5 -> control 426 2\ncontrol 376 5\ncontrol 441 3\ncontrol 25 0\ncontrol 36 93
-  phone    clock +500
-  phone    listen speaker -> 800 2818
+  phone    clock +500 | listen speaker -> 800 2818
   send     aloop=5,3 -> ALOOP:,OK
   send     aloop=6,0 -> ALOOP:,OK
   phone    sound 5 -> control 426 2\ncontrol 376 5\ncontrol 441 3\ncontrol 25 0\ncontrol 36 93
@@ -276,19 +268,15 @@ a refused control and a card that doesn't come up fail the start, which can be r
   send     aloop=1,1,1 -> ALOOP:,ERROR
   send     aloop=1,1,1 -> ALOOP:,OK
   send     aloop=2,1,1 -> ALOOP:,OK
-  phone    idle
-  phone    fail off -> 0 faults were never reached
+  phone    idle | fail off -> 0 faults were never reached
 
 a tone goes on behind an underrun, a suspended card and a failing write
   phone    clock hold
   send     aloop=1,1,1 -> ALOOP:,OK
-  phone    clock +100 | pcm xrun playback | clock +1000
-  phone    listen speaker -> 1000 1197
-  phone    pcm suspend playback | clock +1000
-  phone    listen speaker -> 1000 1197
+  phone    clock +100 | pcm xrun playback | clock +1000 | listen speaker -> 1000 1197
+  phone    pcm suspend playback | clock +1000 | listen speaker -> 1000 1197
   phone    sound 4 -> playback xrun\nplayback start\nplayback suspend\nplayback start
-  phone    fail write playback 3 | clock +1000
-  phone    listen speaker -> 1000 1197
+  phone    fail write playback 3 | clock +1000 | listen speaker -> 1000 1197
   phone    fail off -> 0 faults were never reached
 
 a capture goes on behind an overrun and a failing read, and stays with a suspended card
@@ -309,8 +297,7 @@ a card that is gone, goes while both run, and comes back
   phone    idle | clock +80 | pcm off | clock +500 | pcm on
   send     aloop=1,1,0 after 10 -> ALOOP:,OK
   send     aloop=1,1,1 -> ALOOP:,OK
-  phone    clock +500
-  phone    listen speaker -> 1000 1197
+  phone    clock +500 | listen speaker -> 1000 1197
 
 a card without controls at the start is found later
   conf     pcm off
@@ -343,8 +330,7 @@ a small ring
   conf     pcm 48000 600
   phone    clock hold
   send     aloop=1,1,1 -> ALOOP:,OK
-  phone    clock +1000
-  phone    listen speaker -> 1000 1197
+  phone    clock +1000 | listen speaker -> 1000 1197
 
 a fast phone makes no underrun
   phone    speed 1000
@@ -353,8 +339,7 @@ a fast phone makes no underrun
   phone    idle
   send     aurst=0 -> AURST:,OK
   send     aloop=1,1,1 -> ALOOP:,OK
-  phone    idle
-  phone    listen ear -> silent
+  phone    idle | listen ear -> silent
   phone    sound 3 -> playback start\ncontrol 36 1\ncontrol 36 70
 
 a restart and a power-off while both run
@@ -366,8 +351,7 @@ a restart and a power-off while both run
   # the card has its reset values again
   phone    mixer 337 -> 0 | mixer 36 -> 84
   send     aloop=1,1,1 -> ALOOP:,OK
-  phone    clock +500
-  phone    listen speaker -> 1000 1197
+  phone    clock +500 | listen speaker -> 1000 1197
   phone    clock run
   send     aloop=2,1,1 -> ALOOP:,OK
   send     poff

@@ -15,8 +15,7 @@ what arec recorded comes out of the plug
   phone    sound 14 -> playback stop\nplayback close\ncontrol 337 0\ncontrol 462 0\ncontrol 556 0\ncontrol 454 0\ncontrol 431 0\n
   + control 455 0\ncontrol 30 0\ncontrol 17 20\ncontrol 451 0\ncontrol 431 0\ncontrol 31 0\ncontrol 18 20
   send     aplay
-  phone    clock +4000
-  phone    listen speaker -> 400 891
+  phone    clock +4000 | listen speaker -> 400 891
   after    1000 -> APLAY:play() failed,APLAY:,ERROR
   phone    shell 1 -> 0 aplay /system/testfile.wav
 

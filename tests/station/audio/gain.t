@@ -27,8 +27,7 @@ a step that a running path lacks is refused by the card, and is the next start's
   send     aloop=1,1,1 -> ALOOP:,OK
   send     gain=1,1,6 -> GAIN:,ERROR
   phone    sound 1 -> control 36 -1 refused
-  phone    clock +1000
-  phone    listen speaker -> 1000 1197
+  phone    clock +1000 | listen speaker -> 1000 1197
   send     aloop=1,1,0 after 5 -> ALOOP:,OK
   send     aloop=1,1,1 -> ALOOP:,ERROR
   send     gain=1,1,2 -> GAIN:,OK

@@ -27,8 +27,7 @@ it leaves pattern and viewfinder off, also when no frame comes
   send     caml=1 -> CAML:,OK
   phone    fail drns_callback 0x1 all
   send     camc=0 -> ERROR
-  phone    fail off
-  phone    camera 1 param 40 -> 00000000 | camera 1 -> open frames 0 held 0 heaps 0
+  phone    fail off | camera 1 param 40 -> 00000000 | camera 1 -> open frames 0 held 0 heaps 0
   phone    fail drns_start_preview 0x0 1
   send     camc=0 -> ERROR
   phone    camera 1 param 40 -> 00000000

@@ -44,8 +44,7 @@ the thumbnail stays on the panel until the picture is given back
   phone    clock hold
   # 720 x 1280 at (180, 320)
   phone    pixel 180 320 -> FFFFFF | pixel 179 320 -> 000000
-  phone    scene 1 flat 16 | clock +100
-  phone    pixel 180 320 -> FFFFFF
+  phone    scene 1 flat 16 | clock +100 | pixel 180 320 -> FFFFFF
   phone    clock run
   send     cams=0 -> CAMS:,OK
   phone    clock hold | clock +100

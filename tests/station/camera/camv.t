@@ -14,8 +14,7 @@ the main camera's pictures are turned by a quarter and stand in the middle of th
   send     camv=1,0 -> CAMV:,OK
   phone    camera 1 -> preview 640x480 frames 0 held 0 heaps 1
   phone    pixel 540 960 -> 000000
-  phone    clock +40
-  phone    camera 1 -> preview 640x480 frames 1 held 0 heaps 2
+  phone    clock +40 | camera 1 -> preview 640x480 frames 1 held 0 heaps 2
   # 480 x 640 at (300, 640); what is top left in the picture is top right on the panel. Brightness 50 is
   # (50 - 16) * 255 / 219 = 40; 200, 90, 240 is 214 + 1.402 * 127.5, 214.2 + 0.344 * 43.3 - 0.714 * 127.5, 214.2 - 1.772 * 43.3
   phone    pixel 779 640 -> FF8A8A | pixel 680 739 -> FF8A8A | pixel 679 739 -> 282828
@@ -58,16 +57,14 @@ a second start keeps memory and size
   send     camv=1,0 -> CAMV:,OK
   phone    clock hold
   send     camv=1,2 -> CAMV:,OK
-  phone    calls on | clock +40
-  phone    camera 1 param 1 -> 8002E001
+  phone    calls on | clock +40 | camera 1 param 1 -> 8002E001
   send     camv=0 -> CAMV:,OK
 
 without a screen the viewfinder runs all the same, and a frame that can't be shown is given back
   send     caml=2 -> CAML:,OK
   phone    clock hold
   send     camv=1,0 -> CAMV:,OK
-  phone    clock +1000
-  phone    camera 2 -> preview 640x480 frames 30 held 0 heaps 1
+  phone    clock +1000 | camera 2 -> preview 640x480 frames 30 held 0 heaps 1
   send     camv=0 -> CAMV:,OK
 
 frames that aren't given back leave the viewfinder without buffers

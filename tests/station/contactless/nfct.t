@@ -24,8 +24,7 @@ the supply is there only between the two requests
   send     nfsl=2 -> NFSL: ,OK
   phone    clock hold
   send     nfct=0
-  phone    clock +50
-  phone    gpio 97 -> 1
+  phone    clock +50 | gpio 97 -> 1
   phone    clock run
   expect   NFCT:1,OK
   phone    gpio 97 -> 0

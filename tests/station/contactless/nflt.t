@@ -15,8 +15,7 @@ the pulse is a millisecond high
   send     nfsl=2 -> NFSL: ,OK
   phone    clock hold
   send     nflt
-  phone    clock +1
-  phone    gpio 568 -> 1
+  phone    clock +1 | gpio 568 -> 1
   phone    clock run
   expect   NFLT: ,OK
   phone    gpio 568 -> 0

@@ -60,8 +60,7 @@ an empty response ends the exchange at once, also behind one that doesn't match
 a modem that doesn't answer costs the whole time and no more: 25 seconds, which can be set
   phone    diag down | clock hold
   send     ftmc=75,11,14,0
-  phone    clock +24500
-  phone    port 1 -> < ftmc=75,11,14,0\\r
+  phone    clock +24500 | port 1 -> < ftmc=75,11,14,0\\r
   after    600 -> FTMC:,ERROR
   phone    diag recent -> none
   phone    clock run | diag up | diag 4B silent 1

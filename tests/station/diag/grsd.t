@@ -31,20 +31,14 @@ each packet has its pause, and a record that doesn't come is given up after 80 s
   phone    diag 4B0D650016 4B0D65001632 | clock hold
   send     grsd=2
   # 30 ms and 1 for each byte: 31 + 40 before the first packet of the modem's, which answers each in 1 ms
-  phone    clock +70
-  phone    diag last -> none
-  phone    clock +1
-  phone    diag last -> 6001
+  phone    clock +70 | diag last -> none
+  phone    clock +1 | diag last -> 6001
   # then 32 + 1, 37 + 1, 102 + 1, 200 + 1, 200 + 1; one sample, three iterations
-  phone    clock +575
-  phone    diag last -> 730000000300000001000000CD04\*292{0}80000000000000000000
-  phone    clock +1
-  phone    diag last -> 4B0D6500163200100000000401000101000300000000
+  phone    clock +575 | diag last -> 730000000300000001000000CD04\*292{0}80000000000000000000
+  phone    clock +1 | diag last -> 4B0D6500163200100000000401000101000300000000
   # 52 + 1, 800 times 100 ms, 32 + 1 and 37 + 1
-  phone    clock +80053
-  phone    diag last -> 6001
-  phone    clock +70
-  phone    port 1 -> < grsd=2\\r
+  phone    clock +80053 | diag last -> 6001
+  phone    clock +70 | port 1 -> < grsd=2\\r
   after    1 -> GRSD:,ERROR
   phone    diag last -> 4B0D6500140101
   # there is nothing to ask for, and then a measurement can be started again

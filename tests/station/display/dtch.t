@@ -89,8 +89,7 @@ each report leaves a small cross on the screen
   # in a corner it begins at 0
   phone    touch 0 1 tap
   expect   DTCH:0,1,0,1,OK
-  phone    clock +100
-  phone    pixel 1 3 -> FFFF7F | pixel 3 1 -> FFFF7F | pixel 2 2 -> 000000
+  phone    clock +100 | pixel 1 3 -> FFFF7F | pixel 3 1 -> FFFF7F | pixel 2 2 -> 000000
   phone    touch 1079 1919 tap
   expect   DTCH:1079,1919,1079,1919,OK
   phone    clock +100

@@ -12,8 +12,7 @@ the shipped menu: a page, a command that is well and one that fails, back, and a
   phone    touch 500 1834 tap | clock +140 | idle
   # here the first page has its seventh button, "Sensors"
   phone    pixel 45 1110 -> FFFFFF
-  phone    key 116 tap | clock +140 | idle
-  phone    pixel 45 1110 -> 000000
+  phone    key 116 tap | clock +140 | idle | pixel 45 1110 -> 000000
   # closed with the menu: the next one opens it anew
   phone    kmsg -> Korvat HVT is starting up...\nphone: wcnss: calibration korvat_sella_WCNSS_qcom_wlan_nv.bin
 
@@ -123,15 +122,13 @@ settings of phone.conf stand behind those of the board: another script starts, w
   phone    kmsg 3                  -> QAT: setting luigi start_key wants a text\n
   + QAT: setting luigi canvas_padding wants a number\n
   + phone: wcnss: calibration korvat_sella_WCNSS_qcom_wlan_nv.bin
-  phone    key 116 tap | clock +140 | idle
-  phone    pixel 2 2 -> FF0000
+  phone    key 116 tap | clock +140 | idle | pixel 2 2 -> FF0000
 
 a start script that fails leaves the panel as it was
   send     lcdl=1,0 -> LCDL: ,OK
   send     dclr=0,17,34,51 -> DCLR: ,OK
   write    /system/scripts/start_korvat.lua error("gr\xC3\xBCn")
-  phone    key 116 tap | clock +140 | idle
-  phone    pixel 45 24 -> 112233
+  phone    key 116 tap | clock +140 | idle | pixel 45 24 -> 112233
   phone    kmsg 1 -> QAT: luigi: /system/scripts/start_korvat.lua:1: gr\\xC3\\xBCn
 
 a script that doesn't compile, never stops calling itself or takes too much memory is told where

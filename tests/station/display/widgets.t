@@ -88,8 +88,7 @@ a page without a canvas is white, and a full stack takes no more
   # the 33rd isn't stored
   phone    pixel 540 960 -> 000020
   write    /system/scripts/stop.lua for i = 1, 40 do taboret.pop() end
-  phone    key 116 tap | clock +140 | idle
-  phone    pixel 540 960 -> FFFFFF
+  phone    key 116 tap | clock +140 | idle | pixel 540 960 -> FFFFFF
 
 a widget goes into one tree only, and never into itself
   write    /system/scripts/start_korvat.lua -- start

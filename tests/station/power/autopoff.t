@@ -4,8 +4,7 @@
 six minutes without the cable and the phone goes off
   # checks at 0, 60, ... s; the one at 60 s begins the time, those from 120 s on take 60 s of it each, and the
   # one at 360 s ends it
-  phone    clock hold | usb off | clock +350000 | idle
-  phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
+  phone    clock hold | usb off | clock +350000 | idle | shell 1 -> 0 echo 1 > /dev/wcnss_wlan
   # as if the phone couldn't go off, so that its log can be looked at; it goes off at the next check
   phone    fail system reboot | clock +20000
   phone    shell 2 -> 0 echo "Powering off after long inactivity." > /dev/kmsg\n0 sync
@@ -15,8 +14,7 @@ six minutes without the cable and the phone goes off
 a battery below 3100 mV for three seconds ends it, with the cable or without
   # the checks at 60 and 120 s: 3100 mV are enough; two bad seconds are none
   phone    clock hold | battery 3100 -200 | clock +70000 | battery 3099 -200 | clock +51500
-  phone    battery 3100 -200 | clock +10000
-  phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
+  phone    battery 3100 -200 | clock +10000 | shell 1 -> 0 echo 1 > /dev/wcnss_wlan
   # at 180 s and on
   phone    battery 3099 -200 | fail system reboot | clock +55000
   phone    shell 2 -> 0 echo "Powering off, Battery low voltage." > /dev/kmsg\n0 sync

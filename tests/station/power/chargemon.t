@@ -38,8 +38,7 @@ a wall charger charges a low battery, and pulled it is switched off and the phon
   file     /sys/class/leds/red/brightness -> 255
   phone    charger none
   # as if the phone couldn't go off, so that the log can be looked at
-  phone    fail system reboot | clock +2000
-  phone    spmi 1049 -> 01
+  phone    fail system reboot | clock +2000 | spmi 1049 -> 01
   # three times 611 uAh are 881833 uAh; the missing 547 mAh take 547 * 3600 / 1100 = 1790 s
   file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
   +        [     0.000] No charger connected.\n
@@ -65,8 +64,7 @@ a charger that changes its type is a charger that is gone
   conf     charger none
   # 3917 + 27 = 3944 mV, between 3967 (65) and 3929 (60): 60 + 15 * 5 / 38 = 61, above the target, within the margin
   conf     battery 3917 -200
-  phone    clock hold | clock +2000 | charger simple | clock +2000
-  phone    pixel 1000 1800 -> 00FF00
+  phone    clock hold | clock +2000 | charger simple | clock +2000 | pixel 1000 1800 -> 00FF00
   phone    charger wall | fail system reboot | clock +2000
   file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
   +        [     0.000] No charger connected.\n
@@ -166,8 +164,7 @@ a reading that fails decides nothing: a full battery goes on discharging, and on
   +        [   122.000] 0%, 0mV, 0mA\n
   +        [   122.000] enough time have passed for stable voltage and current.\n
   phone    fail off -> 0 faults were never reached
-  phone    battery 3918 -200 | clock +122000
-  phone    pixel 1000 1800 -> 00FF00
+  phone    battery 3918 -200 | clock +122000 | pixel 1000 1800 -> 00FF00
   phone    clock +118000 | fail open /sys/class/power_supply/battery/voltage_now
   write    /system/chargemon.txt (cut)\n
   phone    clock +2000
@@ -227,5 +224,4 @@ a charging phone isn't powered off for its time without the cable
   conf     usb off
   conf     charger none
   conf     battery 10%
-  phone    clock hold | clock +2000 | charger wall | clock +420000 | idle
-  phone    spmi 1049 -> 80
+  phone    clock hold | clock +2000 | charger wall | clock +420000 | idle | spmi 1049 -> 80

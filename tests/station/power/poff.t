@@ -14,10 +14,8 @@ after a time it answers first, the newest time counts, and what is in memory is 
   #:
   send     poff=2000 -> POFF: ,OK
   # as if the phone couldn't go off, so that its log can be looked at
-  phone    fail system reboot 1 | clock +1999
-  phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
-  phone    clock +1
-  phone    shell 1 -> 0 sync
+  phone    fail system reboot 1 | clock +1999 | shell 1 -> 0 echo 1 > /dev/wcnss_wlan
+  phone    clock +1 | shell 1 -> 0 sync
   phone    fail off -> 0 faults were never reached
   send     poff=0x64 -> POFF: ,OK
   phone    clock +99
@@ -29,8 +27,7 @@ with 0 it waits for the cable to go
   #:
   send     poff=0 -> POFF: ,OK
   send     poff=0 -> POFF: ,OK
-  phone    fail system reboot 1 | usb off | idle
-  phone    shell 2 -> 0 echo 1 > /dev/wcnss_wlan\n0 sync
+  phone    fail system reboot 1 | usb off | idle | shell 2 -> 0 echo 1 > /dev/wcnss_wlan\n0 sync
   phone    usb on
   expect   TP,OK
   phone    usb off

@@ -28,14 +28,10 @@ the host power goes at once, or comes for a while when the cable goes
   phone    clock hold
   #:
   send     usbc?6,1,400 -> USBC: ,OK
-  phone    clock +150 | usb off | clock +49
-  phone    spmi 1A046 -> 00
-  phone    clock +1
-  phone    spmi 1A046 -> 80
-  phone    clock +399
-  phone    spmi 1A046 -> 80
-  phone    clock +1
-  phone    spmi 1A046 -> 00
+  phone    clock +150 | usb off | clock +49 | spmi 1A046 -> 00
+  phone    clock +1 | spmi 1A046 -> 80
+  phone    clock +399 | spmi 1A046 -> 80
+  phone    clock +1 | spmi 1A046 -> 00
 
 what the driver can't do is an error
   send     usbc=0 -> USBC: ,ERROR

@@ -16,8 +16,7 @@ a second command finds the controller up: one command, no shell line, one socket
   send     btid=0 -> BTID:BTFM 4.1.7 KORVAT,OK
   phone    calls on
   send     btid? -> BTID:BTFM 4.1.7 KORVAT,OK
-  phone    calls off
-  phone    hci recent -> 01030C00\n010FFC00\n010FFC00
+  phone    calls off | hci recent -> 01030C00\n010FFC00\n010FFC00
   phone    files hci -> hci0
 
 the two numbers are shown high byte first, and type 1 and all others fail without a line
@@ -93,8 +92,7 @@ a start that fails leads back to stopped, and the next command starts anew; a lo
   # refused as often as the driver asks
   phone    fail ioctl hci0 300 | clock hold
   send     btid after 3200 -> ERROR
-  phone    clock run
-  phone    fail off -> 0 faults were never reached
+  phone    clock run | fail off -> 0 faults were never reached
   send     btid -> BTID:BTFM 4.1.7 KORVAT,OK
   phone    shell 3 -> 0 hciconfig hci0 up\n0 echo 1 > /sys/module/hci_smd/parameters/hcismd_set\n0 hciconfig hci0 up
 

@@ -16,15 +16,13 @@ one exchange: the packet goes out, what comes is compared bit by bit and sent ba
   send     irpa=4,5 -> IRPA:,OK
   phone    clock hold
   send     ilop=1
-  phone    clock +45
-  phone    irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 1
+  phone    clock +45 | irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 1
   # one bit of 55 and two of FF
   phone    irda 54AA00FC -> heard
   after    1 -> ILOP:0x4,0x3,OK
   phone    clock +400
   phone    irda -> select 1 uart 1 receiver 0 mode 1 speed 115200 sent 2 | irda last -> 54AA00FC
-  phone    clock +5000
-  phone    irda -> select 1 uart 1 receiver 0 mode 1 speed 115200 sent 2
+  phone    clock +5000 | irda -> select 1 uart 1 receiver 0 mode 1 speed 115200 sent 2
   phone    clock run
 
 at 9600 baud the receiver comes on when the last bit is out, 0.27 s after the first
@@ -32,8 +30,7 @@ at 9600 baud the receiver comes on when the last bit is out, 0.27 s after the fi
   phone    clock hold
   send     ilop=1,5000
   # 20 ms, 256 bytes in 266.7 ms, looked at every 20
-  phone    clock +285
-  phone    irda -> select 1 uart 1 receiver 0 mode 1 speed 9600 sent 0
+  phone    clock +285 | irda -> select 1 uart 1 receiver 0 mode 1 speed 9600 sent 0
   phone    clock +20
   phone    irda -> select 1 uart 1 receiver 1 mode 1 speed 9600 sent 1 | irda 00010203 -> heard
   after    1 -> ILOP:0x4,0x0,OK
@@ -57,11 +54,9 @@ the side that answers sends back what comes, any number of times and without a l
   send     ilop=0 after 20000 -> ILOP:,OK
   phone    irda 00000001FF -> heard
   after    1 -> ILOP:0x5,0x9,OK
-  phone    clock +400
-  phone    irda last -> 00000001FF | irda 0000000003 -> heard
+  phone    clock +400 | irda last -> 00000001FF | irda 0000000003 -> heard
   after    1 -> ILOP:0x5,0x2,OK
-  phone    clock +400
-  phone    irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 2
+  phone    clock +400 | irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 2
   phone    clock run
 
 silence is told after twice the time, at once for a time of 0, and never for one beyond all measure
@@ -79,8 +74,7 @@ silence is told after twice the time, at once for a time of 0, and never for one
   phone    irda -> select 1 uart 1 receiver 0 mode 1 speed 115200 sent 2
   # 4294968 * 1000 is 704 in 32 bits
   send     ilop=1,4294968
-  phone    clock +60000
-  phone    irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 3
+  phone    clock +60000 | irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 3
   phone    clock run
 
 a second loop back takes the place of the first
@@ -89,8 +83,7 @@ a second loop back takes the place of the first
   send     ilop=2,300
   phone    clock +10
   send     ilop=1,3000
-  phone    clock +1000
-  phone    irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 1
+  phone    clock +1000 | irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 1
   send     irrx=0 after 6000 -> IRRX:,OK
   phone    clock run
 

@@ -8,8 +8,7 @@ without values: 115200 baud, plain serial pulses, all bytes FF
   send     irpa -> IRPA:,OK
   phone    irda -> select 1 uart 1 receiver 0 mode 0 speed 115200 sent 0
   send     irtx=1 -> IRTX:,OK
-  phone    clock +30
-  phone    irda last -> \*256{FF}
+  phone    clock +30 | irda last -> \*256{FF}
 
 each speed, with infrared pulses as soon as a value is given
   send     irpa=0 -> IRPA:,OK
@@ -29,20 +28,16 @@ each speed, with infrared pulses as soon as a value is given
 each format; the last has four bytes, and those of the format before it behind them
   send     irpa=4,0 -> IRPA:,OK
   send     irtx=1 -> IRTX:,OK
-  phone    clock +30
-  phone    irda last -> \*256{00}
+  phone    clock +30 | irda last -> \*256{00}
   send     irpa=4,2 -> IRPA:,OK
   send     irtx=1 -> IRTX:,OK
-  phone    clock +30
-  phone    irda last -> \*256{55}
+  phone    clock +30 | irda last -> \*256{55}
   send     irpa=4,3 -> IRPA:,OK
   send     irtx=1 -> IRTX:,OK
-  phone    clock +30
-  phone    irda last -> \*256{AA}
+  phone    clock +30 | irda last -> \*256{AA}
   send     irpa=4,5 -> IRPA:,OK
   send     irtx=1 -> IRTX:,OK
-  phone    clock +30
-  phone    irda last -> 55AA00FF
+  phone    clock +30 | irda last -> 55AA00FF
   # what comes is compared with AA behind the fourth byte, where 55 has all bits different
   send     ilop=0 -> ILOP:,OK
   phone    irda 55AA00FFAA55 -> heard

@@ -10,11 +10,9 @@ each packet is told with its length and that of the packet that would be sent
   send     irrx=1 -> IRRX:,OK
   phone    irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 0 | irda 01020304 -> heard
   expect   IRRX:0x4,0x100,OK
-  phone    idle
-  phone    irda \*256{5A} -> heard
+  phone    idle | irda \*256{5A} -> heard
   expect   IRRX:0x100,0x100,OK
-  phone    idle
-  phone    irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 0
+  phone    idle | irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 0
   send     irpa=4,5 -> IRPA:,OK
   send     irrx?7 -> IRRX:,OK
   phone    irda 01020304 -> heard
@@ -24,8 +22,7 @@ fewer than four bytes are dropped, more than 256 are two packets
   send     irpa -> IRPA:,OK
   send     irrx=1 -> IRRX:,OK
   phone    irda 010203 -> heard
-  phone    idle
-  phone    irda \*300{11} -> heard
+  phone    idle | irda \*300{11} -> heard
   read     IRRX:0x100,0x100,OK\r\nIRRX:0x2C,0x100,OK\r\n
 
 silence is told after twice 5 seconds, and ends the test; each packet and each command gives the time anew
@@ -80,8 +77,7 @@ the console's own line ends are in force again behind a report
 a reading that fails is made again
   send     irpa -> IRPA:,OK
   send     irrx=1 -> IRRX:,OK
-  phone    fail read /dev/ttyHSL2 3
-  phone    irda 01020304 -> heard
+  phone    fail read /dev/ttyHSL2 3 | irda 01020304 -> heard
   expect   IRRX:0x4,0x100,OK
   phone    fail off -> 0 faults were never reached
 
@@ -94,8 +90,7 @@ what is read when the test has just ended is dropped
   send     irrx=0
   phone    irda 01020304 -> heard
   after    60 -> IRRX:,OK
-  phone    clock run
-  phone    fail off -> 0 faults were never reached
+  phone    clock run | fail off -> 0 faults were never reached
   send     irrx=1 -> IRRX:,OK
   phone    irda 0102030405 -> heard
   expect   IRRX:0x5,0x100,OK

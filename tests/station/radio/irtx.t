@@ -8,8 +8,7 @@ a packet is sent once, with the receiver off
   send     irpa=4,4 -> IRPA:,OK
   #:
   send     irtx=1 -> IRTX:,OK
-  phone    clock +100
-  phone    irda -> select 1 uart 1 receiver 0 mode 1 speed 115200 sent 1
+  phone    clock +100 | irda -> select 1 uart 1 receiver 0 mode 1 speed 115200 sent 1
   phone    irda last -> 000102030405060708090A0B0C0D0E0F101112131415161718191A1B1C1D1E1F202122232425262728292A2B2C2D2E2F303132333435363738393A3B3C3D3E3F404142434445464748494A4B4C4D4E4F505152535455565758595A5B5C5D5E5F606162636465666768696A6B6C6D6E6F707172737475767778797A7B7C7D7E7F808182838485868788898A8B8C8D8E8F909192939495969798999A9B9C9D9E9FA0A1A2A3A4A5A6A7A8A9AAABACADAEAFB0B1B2B3B4B5B6B7B8B9BABBBCBDBEBFC0C1C2C3C4C5C6C7C8C9CACBCCCDCECFD0D1D2D3D4D5D6D7D8D9DADBDCDDDEDFE0E1E2E3E4E5E6E7E8E9EAEBECEDEEEFF0F1F2F3F4F5F6F7F8F9FAFBFCFDFEFF
 
 again and again means every 30 ms until it is stopped, which closes the port
@@ -17,8 +16,7 @@ again and again means every 30 ms until it is stopped, which closes the port
   phone    clock hold
   send     irtx=2 after 10 -> IRTX:,OK
   # 20 ms from the line on, then 10 + 20 ms each
-  phone    clock +305
-  phone    irda -> select 1 uart 1 receiver 0 mode 1 speed 115200 sent 10
+  phone    clock +305 | irda -> select 1 uart 1 receiver 0 mode 1 speed 115200 sent 10
   send     irtx?2 after 30 -> IRTX:,OK
   phone    irda -> select 1 uart 1 receiver 0 mode 1 speed 115200 sent 11
   send     irtx=0 after 300 -> IRTX:,OK
@@ -79,15 +77,13 @@ a line that takes no bytes ends a packet after a second, and one that fails at o
   send     irtx=1
   phone    clock +990
   after    20 -> IRTX:,ERROR
-  phone    clock run
-  phone    fail off -> 0 faults were never reached
+  phone    clock run | fail off -> 0 faults were never reached
   phone    fail write /dev/ttyHSL2
   send     irtx=1 -> IRTX:,ERROR
   # half of what is left each time
   phone    fail write /dev/ttyHSL2 2 short
   send     irtx=1 -> IRTX:,OK
-  phone    clock +10
-  phone    irda last -> 55AA00FF
+  phone    clock +10 | irda last -> 55AA00FF
   phone    fail irda CC10
   send     irtx=1 -> IRTX:,ERROR
 

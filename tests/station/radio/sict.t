@@ -21,8 +21,7 @@ the test of the contacts is started, and asked for every 100 ms until it has end
   # 350 ms: asked after 102, 202, 302 and 402
   phone    clock +395
   after    20 -> SICT:0x00,OK
-  phone    clock run
-  phone    diag recent -> 4B0B008002000000\*4{\n4B0B008003000000}
+  phone    clock run | diag recent -> 4B0B008002000000\*4{\n4B0B008003000000}
 
 without a card, and in any other last state, the contacts are bad: all 16 bits count
   phone    gpio 100 0

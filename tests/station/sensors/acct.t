@@ -93,8 +93,7 @@ an offset is rounded to its step, cut at 127, and must be a number
   phone    unit 0x80001363 -> 7F8100
   phone    fail auxnvq_write_unit all
   send     acct=4,1,2,3 -> ACCT: ,ERROR
-  phone    fail off
-  phone    unit 0x80001363 -> 7F8100
+  phone    fail off | unit 0x80001363 -> 7F8100
 
 the self test passes on a good phone, and leaves its registers in use
   send     acct=1 -> ACCT: ,OK

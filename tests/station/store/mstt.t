@@ -18,8 +18,7 @@ a card is detected by its line, and its size is told in MiB
   send     mstt=0 -> MSTT:0x1,OK
   send     mstt=1 -> MSTT:15193,OK
   phone    card -> in 15193 MiB
-  phone    card out
-  phone    card -> out 15193 MiB
+  phone    card out | card -> out 15193 MiB
   send     mstt=0 -> MSTT:0x0,OK
   send     mstt=1 -> MSTT:0,OK
 
