@@ -59,6 +59,8 @@ passes
 waits for "more" & fails
   send     case? -> CASE:false,OK
   expect   MORE
+the second of a row fails
+  send     case? | case=1 | case? -> CASE:false,OK
 isn't silent
   phone    clock hold
   send     dtch=1 -> DTCH: ,OK
@@ -73,15 +75,16 @@ start=$(date +%s)
 "$play" --phone "$phone/hvt-virtual" --limit 500 --junit out.xml --json out.json fails.t >out 2>&1 || status=$?
 [ "$status" -eq 1 ] || bad "status $status"
 [ $(($(date +%s) - start)) -lt 25 ] || bad "the limit isn't kept"
-grep -q '^1 passed, 2 failed, 0 skipped$' out || bad "other counts"
+grep -q '^1 passed, 3 failed, 0 skipped$' out || bad "other counts"
 grep -q "^fails.t:8: waits for \"more\" & fails: the reply isn't whole after 500 ms$" out || bad "no line and limit"
-grep -q "^fails.t:13: isn't silent: the phone sent more than the steps read: DTCH:10,20,10,20,OK" out || bad "not silent"
+grep -q "^fails.t:15: isn't silent: the phone sent more than the steps read: DTCH:10,20,10,20,OK" out || bad "not silent"
+grep -q '^fails.t:10: the second of a row fails: "case=1": the reply differs$' out || bad "not which of a row"
 python3 - <<'END' || bad "the reports can't be read"
 import json, xml.etree.ElementTree as tree
 rows = [json.loads(line) for line in open("out.json")]
-assert [(r["result"], r["line"]) for r in rows] == [("passed", 1), ("failed", 8), ("failed", 13)], rows
+assert [(r["result"], r["line"]) for r in rows] == [("passed", 1), ("failed", 8), ("failed", 10), ("failed", 15)], rows
 top = tree.parse("out.xml").getroot()
-assert (top.get("tests"), top.get("failures")) == ("3", "2"), top.attrib
+assert (top.get("tests"), top.get("failures")) == ("4", "3"), top.attrib
 cases = top.find("testsuite").findall("testcase")
 assert cases[1].get("name") == 'waits for "more" & fails' and "line 8" in cases[1].find("failure").get("message")
 assert cases[0].find("failure") is None

@@ -39,6 +39,17 @@ bool is_time(const std::string& ms)
     return !ms.empty() && ms.size() <= 9 && ms.find_first_not_of("0123456789") == ms.npos;
 }
 
+// The parts of a row, with bars between them.
+std::vector<std::string> parts_of(const std::string& row)
+{
+    std::vector<std::string> parts;
+    std::size_t from = 0;
+    for (std::size_t bar; (bar = row.find(" | ", from)) != row.npos; from = bar + 3)
+        parts.push_back(row.substr(from, bar - from));
+    parts.push_back(row.substr(from));
+    return parts;
+}
+
 // Takes " after MS" off the end of a text that is sent; "" where there is none.
 std::string split_time(step& s)
 {
@@ -64,16 +75,19 @@ std::string add_step(int number, const std::string& verb, const std::string& tex
         steps.push_back(s);
         return {};
     }
-    const std::string ms = verb == "after" ? s.text : split_time(s);
-    if (verb == "send")
-        steps.push_back({number, verb, s.text, "", false});
-    if (!ms.empty())
-        steps.push_back({number, "phone", "clock +" + ms, "", false});
-    steps.push_back({number, "expect", s.answer, "", false});
+    for (const std::string& part : parts_of(s.text)) {
+        step sent{number, verb, part, "", false};
+        const std::string ms = verb == "after" ? part : split_time(sent);
+        if (verb == "send")
+            steps.push_back(sent);
+        if (!ms.empty())
+            steps.push_back({number, "phone", "clock +" + ms, "", false});
+        steps.push_back({number, "expect", s.answer, "", false});
+    }
     return {};
 }
 
-// Splits "verb  text"; requests to the phone may stand in a row, with bars between them.
+// Splits "verb  text".
 std::string read_step(const std::string& line, int number, std::vector<step>& steps)
 {
     const std::size_t from = line.find_first_not_of(" \t");
@@ -91,11 +105,10 @@ std::string read_step(const std::string& line, int number, std::vector<step>& st
         return "no step \"" + verb + "\"";
     if (without_text.contains(verb) && !text.empty())
         return verb + " takes no text";
-    std::size_t from_part = 0;
-    for (std::size_t bar; verb == "phone" && (bar = text.find(" | ", from_part)) != text.npos;
-         from_part = bar + 3)
-        add_step(number, verb, text.substr(from_part, bar - from_part), steps);
-    return add_step(number, verb, text.substr(from_part), steps);
+    std::string wrong;
+    for (const std::string& part : verb == "phone" ? parts_of(text) : std::vector{text})
+        wrong = add_step(number, verb, part, steps);
+    return wrong;
 }
 
 } // namespace

@@ -15,7 +15,5 @@ a codec that can't be read is told to nobody but the shell
   phone    shell 1 -> 127 Read error, could not find file /sys/kernel/debug/asoc/msm8974-taiko-mtp-snd-card/taiko_codec/codec_reg
 
 how it is asked for
-  send     adump -> SYNTAX
-  send     adump=0 -> SYNTAX
-  send     adump?1 -> SYNTAX
+  send     adump | adump=0 | adump?1 -> SYNTAX
   send     adump=? -> ADUMP:Dump audio registers,adump                                                       adump(),OK

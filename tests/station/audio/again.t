@@ -46,8 +46,7 @@ a step that a path lacks ends it
   phone    mixer 17 -> 8
 
 how it is asked for
-  send     again=1,2,3 -> AGAIN:,SYNTAX
-  send     again -> AGAIN:,SYNTAX
+  send     again=1,2,3 | again -> AGAIN:,SYNTAX
   send     again=2,1,1,1,1 -> ERROR
   send     again?1,1,1,1,1 -> AGAIN:,ERROR
   send     again=? -> AGAIN:Configure audio gains both input and output,again                                                       again(),OK

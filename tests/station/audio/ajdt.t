@@ -25,7 +25,5 @@ what is in the jack stays over a restart
   phone    jack -> headset 1800
 
 how it is asked for
-  send     ajdt -> AJDT:,SYNTAX
-  send     ajdt=1 -> AJDT:,SYNTAX
-  send     ajdt?0 -> AJDT:,SYNTAX
+  send     ajdt | ajdt=1 | ajdt?0 -> AJDT:,SYNTAX
   send     ajdt=? -> AJDT:Audio Jack connectivity test,ajdt      [(0)]                                             ajdt(),OK

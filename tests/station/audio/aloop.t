@@ -54,18 +54,15 @@ a second speaker and a third plug gain aren't there
   send     aloop=1,2,1 -> ALOOP:,ERROR
   # the speaker's own route has been written by then
   phone    sound 3 -> control 337 1\ncontrol 462 1\ncontrol 556 0
-  send     aloop=1,6,1 -> ALOOP:,ERROR
-  send     aloop=1,7,1 -> ALOOP:,ERROR
+  send     aloop=1,6,1 | aloop=1,7,1 -> ALOOP:,ERROR
   send     aloop=1,7,0 after 5 -> ALOOP:,ERROR
-  send     aloop=1,1,2 -> ALOOP:,SYNTAX
-  send     aloop=1 -> ALOOP:,SYNTAX
+  send     aloop=1,1,2 | aloop=1 -> ALOOP:,SYNTAX
   # 16 is route 0 to the choice and no route to the tone
   send     aloop=1,16,1000 -> ALOOP:,ERROR
 
 the tone's frequency, before it runs and while it does
   phone    clock hold
-  send     aloop=1,0,440 -> ALOOP:,OK
-  send     aloop=1,1,1 -> ALOOP:,OK
+  send     aloop=1,0,440 | aloop=1,1,1 -> ALOOP:,OK
   phone    clock +500
   # 48000 / 440 is 109 whole samples a wave: 440.4 Hz
   phone    listen speaker -> 440 1197
@@ -89,15 +86,12 @@ frequencies without a wave fail, and the tone with them
   # the same frequency again is no change
   send     aloop=1,0,23 -> ALOOP:,OK
   send     aloop=1,0,0 after 5 -> ALOOP:,ERROR
-  send     aloop=1,0,48001 -> ALOOP:,ERROR
-  send     aloop=1,0,65534 -> ALOOP:,ERROR
-  send     aloop=1,1,1 -> ALOOP:,ERROR
+  send     aloop=1,0,48001 | aloop=1,0,65534 | aloop=1,1,1 -> ALOOP:,ERROR
   send     aloop=1,0,24 -> ALOOP:,OK
   send     aloop=1,0,1 -> ALOOP:,ERROR
   send     aloop=1,0,24000 -> ALOOP:,OK
   # 48000 has one sample a wave, at phase 0
-  send     aloop=1,0,48000 -> ALOOP:,OK
-  send     aloop=1,1,1 -> ALOOP:,OK
+  send     aloop=1,0,48000 | aloop=1,1,1 -> ALOOP:,OK
   phone    clock +500 | listen speaker -> silent
 
 the dump of the tone is its first 512 samples
@@ -135,13 +129,11 @@ what a capture is set up with
 
 a loose loop and a clipping speaker show in the numbers
   phone    clock hold | source mic1 noise 0 | loop speaker mic1 -46
-  send     aloop=1,1,1 -> ALOOP:,OK
-  send     aloop=2,1,1 -> ALOOP:,OK
+  send     aloop=1,1,1 | aloop=2,1,1 -> ALOOP:,OK
   phone    idle | clock +80
   send     aloop=2,1,0 after 90 -> ALOOP:1000,9,291,OK
   phone    loop speaker mic1 -20 600
-  send     aloop=1,1,1 -> ALOOP:,OK
-  send     aloop=2,1,1 -> ALOOP:,OK
+  send     aloop=1,1,1 | aloop=2,1,1 -> ALOOP:,OK
   phone    idle | clock +80
   send     aloop=2,1,0 after 90 -> ALOOP:1000,105,45540,OK
 
@@ -170,20 +162,17 @@ a capture is refused while one runs, and the one that runs isn't touched
   phone    clock hold | source stream 1000 6000
   send     aloop=2,1,1 -> ALOOP:,OK
   phone    idle
-  send     aloop=2,1,1 -> ALOOP:,ERROR
-  send     aloop=3,1,1 -> ALOOP:,ERROR
+  send     aloop=2,1,1 | aloop=3,1,1 -> ALOOP:,ERROR
   # no tone was started for it
   phone    mixer 337 -> 0
   phone    clock +80
   send     aloop=2,1,0 after 90 -> ALOOP:1000,1945,14587479,OK
 
 an input that isn't there
-  send     aloop=2,3,1 -> ALOOP:,ERROR
-  send     aloop=2,5,1 -> ALOOP:,ERROR
+  send     aloop=2,3,1 | aloop=2,5,1 -> ALOOP:,ERROR
   send     aloop=2,1,2 -> ALOOP:,SYNTAX
   # initialising does nothing, whatever the input
-  send     aloop=2,1 -> ALOOP:,OK
-  send     aloop=3 -> ALOOP:,OK
+  send     aloop=2,1 | aloop=3 -> ALOOP:,OK
   phone    sound ->
 
 the radio's controls
@@ -234,8 +223,7 @@ loopbacks set their routes and leave them
   send     aloop=5,2 -> ALOOP:,OK
   phone    sound 5 -> control 426 2\ncontrol 376 5\ncontrol 441 3\ncontrol 25 0\ncontrol 36 93
   phone    clock +500 | listen speaker -> 800 2818
-  send     aloop=5,3 -> ALOOP:,OK
-  send     aloop=6,0 -> ALOOP:,OK
+  send     aloop=5,3 | aloop=6,0 -> ALOOP:,OK
   phone    sound 5 -> control 426 2\ncontrol 376 5\ncontrol 441 3\ncontrol 25 0\ncontrol 36 93
   send     aloop=6,1 -> ALOOP:,OK
   phone    sound 6 -> control 428 2\ncontrol 27 4\ncontrol 375 3\ncontrol 451 4\ncontrol 31 96\ncontrol 18 16
@@ -246,13 +234,8 @@ loopbacks set their routes and leave them
   + control 455 1
 
 loopbacks that the phone hasn't
-  send     aloop=5,1,1 -> ALOOP:,ERROR
-  send     aloop=6,10 -> ALOOP:,ERROR
-  send     aloop=6,11 -> ALOOP:,ERROR
-  send     aloop=7,1 -> ALOOP:,ERROR
-  send     aloop=7,9 -> ALOOP:,ERROR
-  send     aloop=4,1,1 -> ALOOP:,SYNTAX
-  send     aloop=8,1,1 -> ALOOP:,SYNTAX
+  send     aloop=5,1,1 | aloop=6,10 | aloop=6,11 | aloop=7,1 | aloop=7,9 -> ALOOP:,ERROR
+  send     aloop=4,1,1 | aloop=8,1,1 -> ALOOP:,SYNTAX
 
 a refused control and a card that doesn't come up fail the start, which can be repeated
   phone    clock hold | fail mixer 36
@@ -266,8 +249,7 @@ a refused control and a card that doesn't come up fail the start, which can be r
   send     aloop=1,1,1 -> ALOOP:,ERROR
   phone    fail write playback
   send     aloop=1,1,1 -> ALOOP:,ERROR
-  send     aloop=1,1,1 -> ALOOP:,OK
-  send     aloop=2,1,1 -> ALOOP:,OK
+  send     aloop=1,1,1 | aloop=2,1,1 -> ALOOP:,OK
   phone    idle | fail off -> 0 faults were never reached
 
 a tone goes on behind an underrun, a suspended card and a failing write
@@ -292,8 +274,7 @@ a card that is gone, goes while both run, and comes back
   phone    clock hold | pcm off
   send     aloop=1,1,1 -> ALOOP:,ERROR
   phone    pcm on
-  send     aloop=1,1,1 -> ALOOP:,OK
-  send     aloop=2,1,1 -> ALOOP:,OK
+  send     aloop=1,1,1 | aloop=2,1,1 -> ALOOP:,OK
   phone    idle | clock +80 | pcm off | clock +500 | pcm on
   send     aloop=1,1,0 after 10 -> ALOOP:,OK
   send     aloop=1,1,1 -> ALOOP:,OK
@@ -334,8 +315,7 @@ a small ring
 
 a fast phone makes no underrun
   phone    speed 1000
-  send     aloop=1,1,1 -> ALOOP:,OK
-  send     aloop=2,1,1 -> ALOOP:,OK
+  send     aloop=1,1,1 | aloop=2,1,1 -> ALOOP:,OK
   phone    idle
   send     aurst=0 -> AURST:,OK
   send     aloop=1,1,1 -> ALOOP:,OK
@@ -343,8 +323,7 @@ a fast phone makes no underrun
   phone    sound 3 -> playback start\ncontrol 36 1\ncontrol 36 70
 
 a restart and a power-off while both run
-  send     aloop=1,1,1 -> ALOOP:,OK
-  send     aloop=2,1,1 -> ALOOP:,OK
+  send     aloop=1,1,1 | aloop=2,1,1 -> ALOOP:,OK
   send     kill
   reboots
   phone    clock hold
@@ -359,8 +338,7 @@ a restart and a power-off while both run
 
 a phone without the card's library has no card
   conf     without libphone_card.so
-  send     aloop=1,1,1 -> ALOOP:,ERROR
-  send     aloop=5,1 -> ALOOP:,ERROR
+  send     aloop=1,1,1 | aloop=5,1 -> ALOOP:,ERROR
 
 what the card is asked can be seen
   phone    clock hold | calls on

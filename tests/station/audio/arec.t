@@ -34,8 +34,7 @@ a card that is busy or gone, and a control that can't be set
   phone    sound 1 -> control 27 0
 
 how it is asked for
-  send     arec=0 -> SYNTAX
-  send     arec=3 -> SYNTAX
+  send     arec=0 | arec=3 -> SYNTAX
   send     arec? -> AREC:,ERROR
   send     arec?9 -> SYNTAX
   send     arec=? -> AREC:Record audio to file,arec      (1-2)                                             arec(),OK

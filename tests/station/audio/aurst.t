@@ -6,8 +6,7 @@
 
 streams
   phone    clock hold | source stream 1000 6000
-  send     aloop=1,1,1 -> ALOOP:,OK
-  send     aloop=2,1,1 -> ALOOP:,OK
+  send     aloop=1,1,1 | aloop=2,1,1 -> ALOOP:,OK
   phone    idle
   #:
   send     aurst=0 after 90 -> AURST:,OK
@@ -51,8 +50,6 @@ a control that can't be set is told, and doesn't keep the others from being set
   phone    codec 1b4 -> 20
 
 how it is asked for
-  send     aurst -> AURST:,SYNTAX
-  send     aurst=1 -> AURST:,SYNTAX
-  send     aurst=2 -> AURST:,SYNTAX
+  send     aurst | aurst=1 | aurst=2 -> AURST:,SYNTAX
   send     aurst=? -> AURST:Audio Reset,aurst     (0-2)                                             aurst(),OK
   send     aurst?0 -> AURST:,ERROR

@@ -32,13 +32,9 @@ what can't be read
   phone    fail read /sys/kernel/debug/wcd9xxx_plug_detectraw
   send     vadet=1 -> VADET:,ERROR
   phone    fail open /sys/kernel/debug/wcd9xxx_plug_detect
-  send     vadet=2 -> VADET:,ERROR
-  send     vadet=1,2 -> VADET:,ERROR
-  send     vadet=3 -> VADET:,ERROR
-  send     vadet=0 -> VADET:,ERROR
+  send     vadet=2 | vadet=1,2 | vadet=3 | vadet=0 -> VADET:,ERROR
 
 how it is asked for
-  send     vadet -> VADET: ,SYNTAX
-  send     vadet=1,0,0 -> VADET: ,SYNTAX
+  send     vadet | vadet=1,0,0 -> VADET: ,SYNTAX
   send     vadet?1 -> VADET:0xfff,OK
   send     vadet=? -> VADET:Read MICBIAS ADC ,vadet     0x1[,(0-1)]                                       VADET(function,format),OK

@@ -49,8 +49,7 @@ a temperature has a scaled value of its own
 
 a thermal zone is one number, whatever the format
   write    /sys/class/thermal/thermal_zone0/temp 1035\n
-  send     adcr=19,0 -> ADCR:0x40b,OK
-  send     adcr=19,2 -> ADCR:0x40b,OK
+  send     adcr=19,0 | adcr=19,2 -> ADCR:0x40b,OK
   send     adcr=19 -> ADCR:0x1,OK
 
 the RF identity gets its supply before it is read
@@ -59,8 +58,7 @@ the RF identity gets its supply before it is read
   phone    gpio 544 -> 1
 
 channels that don't exist are syntax errors, a format that doesn't is an error, and the help
-  send     adcr=2 -> ADCR:,SYNTAX
-  send     adcr=39 -> ADCR:,SYNTAX
+  send     adcr=2 | adcr=39 -> ADCR:,SYNTAX
   send     adcr=10,3 -> ADCR:,ERROR
   send     adcr -> ADCR: ,SYNTAX
   send     adcr=? -> ADCR:Read adc channels ,ADCR:0x3 - Band variant / RF-id,ADCR:0x7 - Coin cell battery voltage,

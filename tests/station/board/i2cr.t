@@ -16,12 +16,10 @@ nothing acknowledges where nothing is, or where a chip is off
   #: Nothing is at this address:
   send     i2cr=4,2c -> I2CR:no ack,ERROR
   send     i2cr=5,68000018 -> ERROR
-  send     i2cr=5,118 -> I2CR:no ack,ERROR
-  send     i2cr=2,28 -> I2CR:no ack,ERROR
+  send     i2cr=5,118 | i2cr=2,28 -> I2CR:no ack,ERROR
 
 a bus that isn't there gives no line
-  send     i2cr=7,18 -> ERROR
-  send     i2cr -> ERROR
+  send     i2cr=7,18 | i2cr -> ERROR
   strange  any
 
 more bytes than a line of response has room for go out in full, and end in the line term

@@ -30,8 +30,7 @@ the contactless chip acknowledges while its enable line is low
   send     i2cw=2,28,0 -> I2CW:,OK
 
 no bytes, or no bus, give no line; no chip gives no ack
-  send     i2cw=5,18 -> ERROR
-  send     i2cw=6,18,0 -> ERROR
+  send     i2cw=5,18 | i2cw=6,18,0 -> ERROR
   #: Nothing is at this address:
   send     i2cw=5,19,0 -> I2CW:no ack,ERROR
   strange  any

@@ -9,8 +9,7 @@ the setting is hexadecimal
   send     pvsr?1 -> PVSR:0x1b,OK
 
 any value but 1 is a syntax error, and the help
-  send     pvsr -> PVSR: ,SYNTAX
-  send     pvsr=2 -> PVSR: ,SYNTAX
+  send     pvsr | pvsr=2 -> PVSR: ,SYNTAX
   send     pvsr=? -> PVSR:Read processor voltage setting,pvsr      1                                                 PVSR,OK
 
 a file that can't be read, or holds no number, is an error

@@ -8,8 +8,7 @@ the clock runs with the phone's time
   #:
   send     rtcr -> RTCR:2016,2,28,23,59,58,OK
   phone    clock +2000
-  send     rtcr? -> RTCR:2016,2,29,0,0,0,OK
-  send     rtcr=whatever -> RTCR:2016,2,29,0,0,0,OK
+  send     rtcr? | rtcr=whatever -> RTCR:2016,2,29,0,0,0,OK
 
 a clock that doesn't open or answer is an error
   phone    fail open /dev/rtc0

@@ -20,8 +20,7 @@ a date that isn't one is refused, and the clock stays
   send     rtcr -> RTCR:2013,7,29,20,0,36,OK
 
 six values are wanted, for the help too
-  send     rtcw -> RTCW: ,SYNTAX
-  send     rtcw=2013,7,29,20,0 -> RTCW: ,SYNTAX
+  send     rtcw | rtcw=2013,7,29,20,0 -> RTCW: ,SYNTAX
   send     rtcw=? -> RTCW: ,rtcw                                                        rtcw(year,month,day,hour,minutes,SYNTAX
   send     rtcw=?1,1,1,1,1,1 -> RTCW:Write RTC Date Time,
   +        rtcw                                                        rtcw(year,month,day,hour,minutes,OK

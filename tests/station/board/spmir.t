@@ -27,8 +27,7 @@ only the low twenty bits of an address count
   send     spmir=0,0xFF11D84D,1 -> SPMIR:0x5c,\0OK
 
 a count that doesn't fit is refused
-  send     spmir=0,0x100,0 -> SPMIR:,SYNTAX
-  send     spmir=0,0x100,4096 -> SPMIR:,SYNTAX
+  send     spmir=0,0x100,0 | spmir=0,0x100,4096 -> SPMIR:,SYNTAX
   # 4096 fields, of which the row's address and the columns before the first byte take some
   send     spmir=0,0x14001,4095 -> SPMIR:,SYNTAX
 
@@ -45,6 +44,5 @@ a slave that doesn't answer, a register that fails and a bus that isn't there ar
   phone    fail write /sys/kernel/debug/spmi/spmi-0/address
   send     spmir=0,0x104,1 -> SPMIR:,ERROR
   phone    fail read /sys/kernel/debug/spmi/spmi-0/data
-  send     spmir=0,0x104,1 -> SPMIR:,ERROR
-  send     spmir=1,0x104,1 -> SPMIR:,ERROR
+  send     spmir=0,0x104,1 | spmir=1,0x104,1 -> SPMIR:,ERROR
   strange  any

@@ -11,10 +11,7 @@ a setting gets its text
   file     /sys/module/lpm_resources/enable_low_power/vdd_mem -> 7 x
 
 a number outside the list is a syntax error, and so is a missing text
-  send     syscfg=37,"x" -> SYSCFG: ,SYNTAX
-  send     syscfg=-1,"x" -> SYSCFG: ,SYNTAX
-  send     syscfg -> SYSCFG: ,SYNTAX
-  send     syscfg=0, -> SYSCFG: ,SYNTAX
+  send     syscfg=37,"x" | syscfg=-1,"x" | syscfg | syscfg=0, -> SYSCFG: ,SYNTAX
 
 a setting that fails or isn't there is an error
   phone    fail write /sys/devices/system/cpu/cpu0/online

@@ -28,8 +28,7 @@ mode 3 runs as fast as it can, and a setting that fails is passed over
   file     /sys/devices/system/cpu/cpu1/cpufreq/scaling_governor -> performance
 
 other modes and counts are syntax errors, and the help
-  send     sysmode=4 -> SYSMODE: ,SYNTAX
-  send     sysmode -> SYSMODE: ,SYNTAX
+  send     sysmode=4 | sysmode -> SYSMODE: ,SYNTAX
   send     sysmode=? -> SYSMODE:Set system mode,SYSMODE:0 default setting,SYSMODE:1 stable current setting,
   +        SYSMODE:2 low current setting,SYSMODE:3 high current setting,
   +        sysmode   0-3                                               SYSMODE(level),OK

@@ -41,8 +41,7 @@ other formats are hexadecimal
   send     temp=4,1 -> TEMP: 0x33c,OK
 
 numbers without a channel are syntax errors, and the help
-  send     temp=8 -> TEMP:,SYNTAX
-  send     temp=26,2 -> TEMP:,SYNTAX
+  send     temp=8 | temp=26,2 -> TEMP:,SYNTAX
   send     temp -> TEMP: ,SYNTAX
   send     temp=? -> TEMP:Read temperatures,temp      (0-30)[,(0-2)]                                    TEMP=<channel>,<format>,OK
 

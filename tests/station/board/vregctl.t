@@ -26,9 +26,7 @@ a level that can't be written ends an enable
   file     /sys/kernel/debug/regulator/8941_l17/enable -> 0\n
 
 values that are missing are an error, and so is a name that leads elsewhere
-  send     vregctl -> VREGCTL:,ERROR
-  send     vregctl="",1 -> VREGCTL:,ERROR
-  send     vregctl="../regulator/krait0",0 -> VREGCTL:,ERROR
+  send     vregctl | vregctl="",1 | vregctl="../regulator/krait0",0 -> VREGCTL:,ERROR
   file     /sys/kernel/debug/regulator/krait0/enable -> 1\n
 
 a regulator that isn't there isn't made

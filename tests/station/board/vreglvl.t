@@ -22,13 +22,11 @@ an attribute that fails is an error
   phone    fail read /sys/kernel/debug/regulator/krait1/krait1/min_uV
   send     vreglvl?"krait1" -> VREGLVL:,ERROR
   phone    fail write /sys/kernel/debug/regulator/krait1/voltage
-  send     vreglvl="krait1",900 -> VREGLVL:,ERROR
-  send     vreglvl?"none" -> VREGLVL:,ERROR
+  send     vreglvl="krait1",900 | vreglvl?"none" -> VREGLVL:,ERROR
   strange  any
 
 any other count is a syntax error, and the help
-  send     vreglvl -> VREGLVL:,SYNTAX
-  send     vreglvl="krait0" -> VREGLVL:,SYNTAX
+  send     vreglvl | vreglvl="krait0" -> VREGLVL:,SYNTAX
   send     vreglvl=? -> VREGLVL:0 - krait0,VREGLVL:1 - krait1,VREGLVL:2 - krait2,VREGLVL:3 - krait3,VREGLVL:4 - 8841_s1,
   +        VREGLVL:5 - 8841_s2,VREGLVL:6 - 8941_s1,VREGLVL:7 - 8941_s2,VREGLVL:8 - 8941_s3,VREGLVL:9 - 8941_l6,
   +        VREGLVL:10 - 8941_l13,VREGLVL:11 - 8941_l17,VREGLVL:12 - 8941_l22,VREGLVL:13 - 8941_lvs1,

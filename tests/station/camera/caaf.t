@@ -22,8 +22,7 @@ a run that finds the focus, one that doesn't, one with an error
   send     caaf=1 -> CAAF:,OK
   send     caaf -> CAAF:5,OK
   phone    camera 1 focus good
-  send     caaf=1 -> CAAF:,OK
-  send     caaf=0 -> CAAF:,OK
+  send     caaf=1 | caaf=0 -> CAAF:,OK
   send     caaf -> CAAF:5,OK
 
 a run without end is given up after ten seconds

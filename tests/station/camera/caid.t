@@ -20,10 +20,7 @@ a memory that can't be read, and wrong values
   send     caid=1 -> ERROR
   send     caml=1 -> CAML:,OK
   phone    fail drns_get_parameter 0x2A 1
-  send     caid=1 -> ERROR
-  send     caid=0 -> ERROR
-  send     caid=3 -> CAID:,SYNTAX
-  send     caid=1,2 -> CAID:,SYNTAX
-  send     caid -> CAID:,SYNTAX
+  send     caid=1 | caid=0 -> ERROR
+  send     caid=3 | caid=1,2 | caid -> CAID:,SYNTAX
   send     caid=?1
   expect   CAID:read camera module eeprom/sensor info,caid      (0-1),[(0-1)]                                     read data ID info from camera mo,OK

@@ -19,8 +19,7 @@ means and counts of a picture
 the two colours are the two halves of what lies behind the brightness
   write    /data/c.yuv \*256{a}\*64{b}\*64{c}
   send     caml=1 -> CAML:,OK
-  send     cams=6,/data/c.yuv -> CAMS:,OK
-  send     cams=5,16,16,0 -> CAMS:,OK
+  send     cams=6,/data/c.yuv | cams=5,16,16,0 -> CAMS:,OK
   send     caii=2 -> CAII: 0x62,OK
   send     caii=3 -> CAII: 0x63,OK
   send     caii=3,99 -> CAII: 0x40,OK

@@ -21,10 +21,7 @@ no picture, margins that leave it, too few values
   send     caml=1 -> CAML:,OK
   send     cama=10,10,1 -> ERROR
   send     cams=1,0 -> CAMS:,OK
-  send     cama=0,10,1 -> ERROR
-  send     cama=10,0,1 -> ERROR
-  send     cama=10,241,1 -> ERROR
-  send     cama=0xFFFFFFFF,10,1 -> ERROR
+  send     cama=0,10,1 | cama=10,0,1 | cama=10,241,1 | cama=0xFFFFFFFF,10,1 -> ERROR
   send     cama=1,2 -> SYNTAX
   send     cama=?1,2,3 -> CAMA:Camera Alignment Test,cama      (0-65535),(0-65535)                               camera alignment test,OK
   send     cama=? -> cama      (0-65535),(0-65535)                               camera alignment test,SYNTAX

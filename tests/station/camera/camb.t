@@ -33,10 +33,8 @@ a shadow is one spot, at its middle
 limits that the picture's size doesn't allow
   send     caml=2 -> CAML:,OK
   send     cams=1,0 -> CAMS:,OK
-  send     camb=8,30,100,0,30,30,170,2,2,4,4,0,0 -> ERROR
-  send     camb=8,30,100,5,30,30,170,0,2,4,4,0,0 -> ERROR
-  send     camb=8,30,100,5,30,30,170,2,0,4,4,0,0 -> ERROR
-  send     camb=8,30,100,5,30,30,170,2,2,0,0,0,0 -> ERROR
+  send     camb=8,30,100,0,30,30,170,2,2,4,4,0,0 | camb=8,30,100,5,30,30,170,0,2,4,4,0,0 -> ERROR
+  send     camb=8,30,100,5,30,30,170,2,0,4,4,0,0 | camb=8,30,100,5,30,30,170,2,2,0,0,0,0 -> ERROR
   send     camb=8,30,100,5,30,30,170,2,2,0xFFFFFFFF,2,0,0 -> ERROR
   # 96 rows of cells: a reach of 47 is the last that fits
   send     camb=8,30,100,5,30,30,170,2,2,40,7,0,0 -> CAMB:0x00,0x00,0x00,0x00,0x00,0x00,OK
@@ -48,5 +46,4 @@ what isn't implemented
   send     camb=7,1,2,3 -> CAMB: Not implemented!,CAMB:Old test type, not implemented!,ERROR
   send     camb=8,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15 -> CAMB: Not implemented!,ERROR
   send     camb?8,1,2,3 -> CAMB: Not implemented!,OK
-  send     camb=8,1 -> SYNTAX
-  send     camb -> SYNTAX
+  send     camb=8,1 | camb -> SYNTAX

@@ -16,9 +16,7 @@ contrast of a dark and a bright half, in the window in the middle and in one tha
   send     camf=6,0,0,320,480 -> CAMF:50,50,0,OK
   send     camf=5,10,10,0,24 -> CAMF:150,50,33,OK
   send     camf=6,319,479,2,1 -> CAMF:150,50,500,OK
-  send     camf=6,319,479,2,2 -> ERROR
-  send     camf=6,639,0,2,1 -> ERROR
-  send     camf=6,0xFFFFFFFF,0,2,1 -> ERROR
+  send     camf=6,319,479,2,2 | camf=6,639,0,2,1 | camf=6,0xFFFFFFFF,0,2,1 -> ERROR
 
 the window in the middle of 64 x 24, and black
   phone    scene 1 flat 0 | scene 1 box 288 228 64 24 100
@@ -28,6 +26,4 @@ the window in the middle of 64 x 24, and black
   send     camf=5,287,228,64,24 -> CAMF:100,0,0,OK
   send     camf=5,288,227,64,24 -> CAMF:95,95,100,OK
   send     camf=5,0,0,10,10 -> ERROR
-  send     camf=7 -> SYNTAX
-  send     camf=5,1 -> SYNTAX
-  send     camf -> SYNTAX
+  send     camf=7 | camf=5,1 | camf -> SYNTAX

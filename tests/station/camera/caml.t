@@ -35,8 +35,7 @@ a switch whose second half fails leaves a camera that can be stopped and started
   send     caml=2 -> CAML:,ERROR
   send     camv=1,0 -> CAMV:,ERROR
   send     crom -> CROM:,ERROR
-  send     caml=0 -> CAML:,OK
-  send     caml=1 -> CAML:,OK
+  send     caml=0 | caml=1 -> CAML:,OK
 
 a camera that won't close stays the active one
   send     caml=1 -> CAML:,OK
@@ -62,7 +61,6 @@ without its kernel module the service doesn't answer
   send     caml=1 -> CAML:,ERROR
 
 only one value, and only to set
-  send     caml -> SYNTAX
-  send     caml?1 -> SYNTAX
+  send     caml | caml?1 -> SYNTAX
   send     caml=1,2 -> caml      (0-2)                                             load/unload,SYNTAX
   send     caml=?1 -> caml      (0-2)                                             load/unload,SYNTAX

@@ -76,14 +76,12 @@ a picture is saved, and loaded byte for byte
   send     caii -> CAII: 0x41,OK
   send     cams=0 -> CAMS:,OK
   # With no picture the old file is gone all the same
-  send     cams=4,/data/p.yuv -> CAMS:,ERROR
-  send     cams=6,/data/p.yuv -> CAMS:,ERROR
+  send     cams=4,/data/p.yuv | cams=6,/data/p.yuv -> CAMS:,ERROR
 
 a loaded file is described, and judged as far as its bytes reach
   write    /data/small.yuv \*64{dddd}\*64{BC}
   send     caml=1 -> CAML:,OK
-  send     cams=6,/data/small.yuv -> CAMS:,OK
-  send     cams=5,16,16,0 -> CAMS:,OK
+  send     cams=6,/data/small.yuv | cams=5,16,16,0 -> CAMS:,OK
   send     cams=5 -> CAMS:16,16,0,CAMS:,OK
   send     caii -> CAII: 0x64,OK
   send     cams=5,32,16,0 -> CAMS:,OK
@@ -104,10 +102,7 @@ files that are empty, missing, a folder or too large
   send     caml=1 -> CAML:,OK
   send     camb=8 -> ERROR
   send     cams=0 -> CAMS:,OK
-  send     cams=6,/data/nothing -> CAMS:,ERROR
-  send     cams=6,/data -> CAMS:,ERROR
-  send     cams=6, -> CAMS:,ERROR
-  send     cams=4,/data -> CAMS:,ERROR
+  send     cams=6,/data/nothing | cams=6,/data | cams=6, | cams=4,/data -> CAMS:,ERROR
 
 what belongs to a viewfinder goes with it, and what doesn't stays
   phone    speed 20
@@ -118,8 +113,7 @@ what belongs to a viewfinder goes with it, and what doesn't stays
   send     caml=1 -> CAML:,OK
   send     camf=5 -> CAMF:210,30,14,OK
   phone    clock hold
-  send     camv=1,0 -> CAMV:,OK
-  send     camv=0 -> CAMV:,OK
+  send     camv=1,0 | camv=0 -> CAMV:,OK
   send     camf=5 -> ERROR
   phone    camera 1 -> open frames 0 held 0 heaps 0
 
@@ -136,12 +130,8 @@ a picture that never comes is an error after five seconds, and the next one come
   send     cams=1,0 -> CAMS:,OK
 
 wrong numbers and texts
-  send     cams=3 -> CAMS:,SYNTAX
-  send     cams=7 -> CAMS:,SYNTAX
-  send     cams=4 -> SYNTAX
-  send     cams=6 -> SYNTAX
-  send     cams=5,1,2 -> SYNTAX
-  send     cams=5,65536,2,0 -> SYNTAX
+  send     cams=3 | cams=7 -> CAMS:,SYNTAX
+  send     cams=4 | cams=6 | cams=5,1,2 | cams=5,65536,2,0 -> SYNTAX
   send     cams=5,65535,2,-1 -> CAMS:,OK
   send     cams=5 -> CAMS:65535,2,-1,CAMS:,OK
   send     cams=1,0 -> CAMS:,ERROR

@@ -105,8 +105,6 @@ the menu's page shows the viewfinder between its buttons and its answer, and clo
 
 it needs a camera, one to three values and at most three turns
   send     camv=1,0 -> CAMV:,ERROR
-  send     camv -> SYNTAX
-  send     camv=1,0,4 -> SYNTAX
-  send     camv=1,0,0x80000000 -> SYNTAX
+  send     camv | camv=1,0,4 | camv=1,0,0x80000000 -> SYNTAX
   send     camv?1 -> OK
   send     camv=1,2,3,4 -> SYNTAX

@@ -37,7 +37,6 @@ what can't be stored or read
   send     caml=1 -> CAML:,OK
   send     cwbc=7 -> CWBC:0xFFFFFFFF,ERROR
   send     cwbc=8,1,2,3 -> CWBC:,ERROR
-  send     cwbc=5 -> CWBC:,SYNTAX
-  send     cwbc -> CWBC:,SYNTAX
+  send     cwbc=5 | cwbc -> CWBC:,SYNTAX
   send     cwbc=? -> CWBC:,cwbc      (1-4,7-8)                                         White balance calibration,SYNTAX
   send     cwbc=?1 -> CWBC:White balance calibration.,cwbc      (1-4,7-8)                                         White balance calibration,OK

@@ -7,8 +7,6 @@ this phone has none
   #:
   send     ispd=1 -> ISPD:,ERROR
   send     ispd=1,/data/firmware.bin -> ISPD:,ERROR
-  send     ispd=2 -> ERROR
-  send     ispd=3 -> ERROR
-  send     ispd=4 -> SYNTAX
-  send     ispd -> SYNTAX
+  send     ispd=2 | ispd=3 -> ERROR
+  send     ispd=4 | ispd -> SYNTAX
   send     ispd?2 -> OK

@@ -15,8 +15,7 @@ bytes go out behind their numbers and come back from the length on
   send     nfcc?80, 82, 3e, 0, 98, 10 -> NFCC:0x06,0xae,0x82,0x80,0xbc,0xef,OK
 
 no byte is too few, in every form
-  send     nfcc -> NFCC:Too few parameters,ERROR
-  send     nfcc? -> NFCC:Too few parameters,ERROR
+  send     nfcc | nfcc? -> NFCC:Too few parameters,ERROR
   send     nfcc=? -> NFCC:Too few parameters,nfcc      (...)                                             NFC Send raw data,ERROR
   send     nfcc=?80 -> NFCC:NFC Send raw data,nfcc      (...)                                             NFC Send raw data,OK
 
@@ -67,12 +66,10 @@ the second chip: native frames and envelopes, answers that can't be
   send     nfcc=1,82,1 -> NFCC:0x82,0x80,0x4a,0x4b,OK
   send     nfcc=2,82,1 -> NFCC: ,ERROR
   # nothing inside is sent as well, and not answered
-  send     nfcc=0 -> NFCC: ,ERROR
-  send     nfcc=1 -> NFCC: ,ERROR
+  send     nfcc=0 | nfcc=1 -> NFCC: ,ERROR
   phone    tamiro recent 2 -> 00FA01102100\n53000200FD
   send     nfcc=1,82,1 -> NFCC:0x82,0x80,0x4a,0x4b,OK
-  send     nfcc=0,a5\*58{,1} -> NFCC: ,ERROR
-  send     nfcc=1,a5\*29{,1} -> NFCC: ,ERROR
+  send     nfcc=0,a5\*58{,1} | nfcc=1,a5\*29{,1} -> NFCC: ,ERROR
   phone    tamiro recent 1 -> 53000400820178
   phone    tamiro F804 raw:00FA00 1
   send     nfcc=0,f8,4,5 -> NFCC: ,ERROR

@@ -11,8 +11,7 @@ with a secure element and without
   phone    gpio 97 -> 0
   phone    swp off
   send     nfct=0 -> NFCT:0,OK
-  send     nfct=1 -> SYNTAX
-  send     nfct -> SYNTAX
+  send     nfct=1 | nfct -> SYNTAX
   send     nfct? -> NFCT:NFC SIMVDD Check,OK
   send     nfct=? -> NFCT:NFC SIMVDD Check,nfct      (0-1)                                             NFC SIMVDD Check,OK
   phone    fail ioctl /dev/tamiro_ctrl

@@ -81,7 +81,6 @@ a line that doesn't move ends it at once
 
 the second chip has no download, and the help is the first one's
   send     nfsl=2 -> NFSL: ,OK
-  send     nffd=0 -> NFFD:7, 7,OK
-  send     nffd -> NFFD:7, 7,OK
+  send     nffd=0 | nffd -> NFFD:7, 7,OK
   send     nffd=?
   expect   NFC_FW_DNLD:nffd = [write frame time gap](defauld 500us)\n ,nffd      (0-0xFFFF)                                        nffd = [write frame time gap](de,OK

@@ -11,12 +11,10 @@ each line by its number
   phone    gpio 569 1
   send     nfgr=1 -> NFGR:1,OK
   phone    gpio 77 0
-  send     nfgr=2 -> NFGR:0,OK
-  send     nfgr=3 -> NFGR:0,OK
+  send     nfgr=2 | nfgr=3 -> NFGR:0,OK
   phone    gpio 59 1
   send     nfgr=3 -> NFGR:1,OK
-  send     nfgr=4 -> NFGR:0,ERROR
-  send     nfgr -> NFGR:0,ERROR
+  send     nfgr=4 | nfgr -> NFGR:0,ERROR
   phone    fail read /dev/gpio569
   send     nfgr=1 -> NFGR:0,ERROR
   send     nfgr=? -> NFGR:NFC GPIO Read,nfgr      (1-2)                                             NFC GPIO Read,OK

@@ -15,8 +15,7 @@ each line by its number
   #: The chip is off, and on again:
   send     nfpc=1,0 -> NFPC: ,OK
   phone    tamiro lines -> cen 1 pon 0 tvdd 1 hsel 0 speed 460800
-  send     nfpc=1,1 -> NFPC: ,OK
-  send     nfpc=2,0 -> NFPC: ,OK
+  send     nfpc=1,1 | nfpc=2,0 -> NFPC: ,OK
   phone    tamiro lines -> cen 0 pon 1 tvdd 1 hsel 0 speed 460800
   phone    gpio 559 -> 1
   send     nfpc=3,1 -> NFPC: ,OK
@@ -36,8 +35,7 @@ values that can't be, a device that fails, and the first chip
   send     nfpd -> NFPD: ,OK
   send     nfsl=2 -> NFSL: ,OK
   send     nfpu -> NFPU: ,OK
-  send     nfpc=4,1 -> NFPC: ,ERROR
-  send     nfpc=0,2 -> NFPC: ,ERROR
+  send     nfpc=4,1 | nfpc=0,2 -> NFPC: ,ERROR
   phone    tamiro lines -> cen 1 pon 1 tvdd 0 hsel 0 speed 460800
   phone    fail ioctl /dev/tamiro_ctrl
   send     nfpc=0,1 -> NFPC: ,ERROR

@@ -17,9 +17,7 @@ parameters find their places
   send     nfpu -> NFPU: ,OK
   send     nfrf=6 -> NFRF: ,ERROR
   send     nfpc=1,1 -> NFPC: ,OK
-  send     nfrf=0,0x21,0x22 -> NFRF: ,OK
-  send     nfrf=4, 0x55, 0x56 -> NFRF: ,OK
-  send     nfrf=2,0x12,0x34 -> NFRF: ,OK
+  send     nfrf=0,0x21,0x22 | nfrf=4, 0x55, 0x56 | nfrf=2,0x12,0x34 -> NFRF: ,OK
   phone    tamiro block -> 01110222055506560E150F21102200000000000000000000000000001234
   #: The parameters, as the chip has them:
   send     nfrf=6 -> NFRF:0x01,0x11,0x02,0x22,0x05,0x55,0x06,0x56,0x0e,0x15,0x0f,0x21,0x10,0x22\*14{,0x00},0x12,0x34,OK
@@ -31,8 +29,7 @@ parameters find their places
   phone    tamiro block -> 0EBF01110222050006000700080009000A000B000C000D000F071012C33C
   # a free pair is taken only by a number that has none yet
   phone    tamiro block 00000F01100200\*23{00}
-  send     nfrf=0,0x31,0x32 -> NFRF: ,OK
-  send     nfrf=4,0x41,0x42 -> NFRF: ,OK
+  send     nfrf=0,0x31,0x32 | nfrf=4,0x41,0x42 -> NFRF: ,OK
   phone    tamiro block -> 05410F3110320642\*22{00}
   send     nfrf=3,1 -> NFRF: ,OK
   phone    tamiro reg 4 -> 01
@@ -100,10 +97,5 @@ the number of values has to fit
   send     nfrf -> NFRF:Too few parameters,ERROR
   send     nfrf=?6 -> NFRF:NFC RF function,nfrf      (0-6),(0-0xFFFF),(0-0xFFFF)                       NFC RF function,OK
   send     nfpu -> NFPU: ,OK
-  send     nfrf=9 -> NFRF: ,SYNTAX
-  send     nfrf=9,1 -> NFRF: ,SYNTAX
-  send     nfrf=6,1 -> NFRF: ,SYNTAX
-  send     nfrf=0,1 -> NFRF: ,SYNTAX
-  send     nfrf=5,1,2 -> NFRF: ,SYNTAX
-  send     nfrf=7,1 -> NFRF: ,SYNTAX
+  send     nfrf=9 | nfrf=9,1 | nfrf=6,1 | nfrf=0,1 | nfrf=5,1,2 | nfrf=7,1 -> NFRF: ,SYNTAX
   send     nfrf=5,1 -> NFRF: ,ERROR

@@ -7,9 +7,7 @@ the two chips by number, and numbers of none
   #:
   send     nfsl=2 -> NFSL: ,OK
   send     nflt -> NFLT: ,OK
-  send     nfsl=0 -> NFSL: ,OK
-  send     nfsl=3 -> NFSL: ,OK
-  send     nfsl -> NFSL: ,OK
+  send     nfsl=0 | nfsl=3 | nfsl -> NFSL: ,OK
   send     nflt -> NFLT: ,OK
   send     nfsl?1 -> NFSL: ,OK
   send     nflt -> NFLT: ,NOT FOUND

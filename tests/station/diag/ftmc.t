@@ -77,8 +77,7 @@ a modem that doesn't answer costs the whole time and no more: 25 seconds, which 
 
 a phone without the channel answers with an error, local commands too
   conf     without /dev/diag
-  send     ftmc=75,11,14,0 -> FTMC:,ERROR
-  send     ftmc=201 -> FTMC:,ERROR
+  send     ftmc=75,11,14,0 | ftmc=201 -> FTMC:,ERROR
   send     vers=3 -> VERS:,OK
 
 a closed channel stays closed, and exchanges take their time
@@ -130,13 +129,11 @@ a record is read in pages
   send     ftmc=207,0 -> FTMC:0xcf,0x00,0x00,OK
 
 a long request is gathered in parts, and its response isn't matched
-  send     ftmc=208,0,75,11 -> FTMC:0xd0,OK
-  send     ftmc=208,1,14,0,1,2 -> FTMC:0xd0,OK
+  send     ftmc=208,0,75,11 | ftmc=208,1,14,0,1,2 -> FTMC:0xd0,OK
   phone    diag last -> none
   send     ftmc=208,2 -> FTMC:0x4b,0x0b,0x0e,0x00,0x01,0x02,OK
   phone    diag last -> 4B0B0E000102
-  send     ftmc=208,0 -> FTMC:0xd0,OK
-  send     ftmc=208,1,9,8 -> FTMC:0xd0,OK
+  send     ftmc=208,0 | ftmc=208,1,9,8 -> FTMC:0xd0,OK
   phone    diag 09 123456
   send     ftmc=208,2 -> FTMC:0x12,0x34,0x56,OK
   phone    diag last -> 0908

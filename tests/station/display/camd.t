@@ -8,9 +8,7 @@ its state is open on a phone without the switch
   send     camd?5,100 -> CAMD:0x1,OK
 
 nothing moves it
-  send     camd=0 -> CAMD:N/A,ERROR
-  send     camd=4,50 -> CAMD:N/A,ERROR
+  send     camd=0 | camd=4,50 -> CAMD:N/A,ERROR
 
 other values are none
-  send     camd -> SYNTAX
-  send     camd=6 -> SYNTAX
+  send     camd | camd=6 -> SYNTAX

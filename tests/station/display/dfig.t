@@ -26,16 +26,14 @@ a line without an end goes to the bottom right corner, in black
 
 a line with an end outside the screen isn't drawn
   send     lcdl=1,0 -> LCDL: ,OK
-  send     dfig=0,0,0,1080,0,1,0,255,255,255 -> DFIG: ,SYNTAX
-  send     dfig=0,-1,0,5,5,1,0,255,255,255 -> DFIG: ,SYNTAX
+  send     dfig=0,0,0,1080,0,1,0,255,255,255 | dfig=0,-1,0,5,5,1,0,255,255,255 -> DFIG: ,SYNTAX
   phone    pixel 0 0 -> 000000
 
 a box is cut at the edge
   send     lcdl=1,0 -> LCDL: ,OK
   send     dfig=1,1000,0,500,10,0,1,2,3 -> DFIG: ,OK
   phone    pixel 1079 9 -> 010203 | pixel 999 9 -> 000000 | pixel 1000 10 -> 000000
-  send     dfig=1,1080,0 -> DFIG: ,SYNTAX
-  send     dfig=1,0,0,0,5 -> DFIG: ,SYNTAX
+  send     dfig=1,1080,0 | dfig=1,0,0,0,5 -> DFIG: ,SYNTAX
 
 an ellipse fills its box, and there is no figure beyond it
   send     lcdl=1,0 -> LCDL: ,OK
@@ -47,6 +45,5 @@ an ellipse fills its box, and there is no figure beyond it
   send     dfig=3,0,0,5,5 -> DFIG: ,ERROR
 
 without a screen every figure is an error, whatever its coordinates, and the help
-  send     dfig=0,0,0,5,5 -> DFIG: ,ERROR
-  send     dfig=1,0,0,0,0 -> DFIG: ,ERROR
+  send     dfig=0,0,0,5,5 | dfig=1,0,0,0,0 -> DFIG: ,ERROR
   send     dfig=? -> DFIG: ,dfig      (...)                                             figure(act,x0,y0,x1,y1,w,a,r,g,b,OK

@@ -19,10 +19,7 @@ a file that can't be read, one that is no picture, a missing one, a folder, no p
   phone    fail read /data/a.bmp
   send     dimg="/data/a.bmp" -> DIMG: ,ERROR
   phone    pixel 0 0 -> 000000
-  send     dimg="/data/text.bmp" -> DIMG: ,ERROR
-  send     dimg="/data/nosuch.bmp" -> DIMG: ,ERROR
-  send     dimg="/sys" -> DIMG: ,ERROR
-  send     dimg -> DIMG: ,ERROR
+  send     dimg="/data/text.bmp" | dimg="/data/nosuch.bmp" | dimg="/sys" | dimg -> DIMG: ,ERROR
   send     dimg=/data/a.bmp -> dimg      a...z                                             image(file),SYNTAX
 
 the accepted values

@@ -42,8 +42,7 @@ a screen of one pixel takes the start screen and a pattern
 
 a number without a pattern changes nothing and is fine
   send     lcdl=1 -> LCDL: ,OK
-  send     dpat=9 -> DPAT: ,OK
-  send     dpat=-1 -> DPAT: ,OK
+  send     dpat=9 | dpat=-1 -> DPAT: ,OK
   phone    pixel 0 500 -> FFFFFF
 
 without a screen there is no pattern, and the help

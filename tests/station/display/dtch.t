@@ -57,8 +57,7 @@ at most one event each 20 ms
   expect   DTCH:3,3,3,3,OK
 
 starting twice does not report twice, after the end nothing is reported, and there is no mode above 3
-  send     dtch=1 -> DTCH: ,OK
-  send     dtch=1 -> DTCH: ,OK
+  send     dtch=1 | dtch=1 -> DTCH: ,OK
   phone    touch 20 30 tap
   expect   DTCH:20,30,20,30,OK
   phone    clock +100

@@ -19,8 +19,7 @@ the file under the module's name may be the firmware itself, however it is writt
   send     dtfd="system/etc/../etc/firmware//touch_module_id_0x460.img" -> DTFD: ,OK
   file     /system/etc/firmware/touch_module_id_0x460.img -> \x07\x00\x00\x00
   # a link of that name stays too
-  send     dtfd -> DTFD: ,OK
-  send     dtfd="/system/etc/firmware/touch_module_id_0x460.img" -> DTFD: ,OK
+  send     dtfd | dtfd="/system/etc/firmware/touch_module_id_0x460.img" -> DTFD: ,OK
   send     dtid -> DTID:0x00740460,0x00010204,OK
 
 a vendor whose driver wants one name
@@ -32,8 +31,7 @@ a vendor whose driver wants one name
 
 no file for the controller, none of that name, a name too long
   conf     touch 1 0x99 0x0460 1
-  send     dtfd -> DTFD: ,ERROR
-  send     dtfd="/system/etc/firmware/missing.bin" -> DTFD: ,ERROR
+  send     dtfd | dtfd="/system/etc/firmware/missing.bin" -> DTFD: ,ERROR
   # 129 characters
   send     dtfd="/3456789_123456789_123456789_123456789_123456789_123456789_123456789_123456789_123456789_123456789_123456789_123456789_123456789"
   expect   DTFD: ,ERROR

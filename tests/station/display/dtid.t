@@ -8,8 +8,7 @@
 # Who the touch controller is, and what the phone remembers of it.
 
 the forms
-  send     dtid -> DTID:0x00740460,0x00010203,OK
-  send     dtid=0 -> DTID:0x00740460,0x00010203,OK
+  send     dtid | dtid=0 -> DTID:0x00740460,0x00010203,OK
   #:
   send     dtid?1 -> DTID:0x01,0x0074,0x0460,0x00010203,OK
   send     dtid=4 -> DTID:0x460,OK

@@ -27,11 +27,8 @@ what begins right of the screen or ends below it is left out
 
 a place outside the screen and a missing text are errors
   send     lcdl=1,0 -> LCDL: ,OK
-  send     dtxt=1080,0,255,255,255,"#" -> DTXT: ,ERROR
-  send     dtxt=0,1920,255,255,255,"#" -> DTXT: ,ERROR
-  send     dtxt=0,0,255,255,255 -> DTXT: ,ERROR
-  send     dtxt=0,0,255,255,255, -> DTXT: ,ERROR
-  send     dtxt -> DTXT: ,ERROR
+  send     dtxt=1080,0,255,255,255,"#" | dtxt=0,1920,255,255,255,"#" -> DTXT: ,ERROR
+  send     dtxt=0,0,255,255,255 | dtxt=0,0,255,255,255, | dtxt -> DTXT: ,ERROR
   send     dtxt=0,0,255,255,255,"" -> DTXT: ,OK
 
 without a screen nothing is printed, and the accepted values

@@ -8,6 +8,5 @@ on and off
   file     /sys/class/leds/lcd-backlight/brightness -> 102\n
 
 anything else
-  send     dynbl=2 -> DYNBL: ,SYNTAX
-  send     dynbl -> DYNBL: ,SYNTAX
+  send     dynbl=2 | dynbl -> DYNBL: ,SYNTAX
   send     dynbl? -> SYNTAX

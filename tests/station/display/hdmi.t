@@ -23,19 +23,13 @@ off, on, on again, off
   send     hdmi=1 -> HDMI:HDMI is already turn on,OK
   send     hdmi=0 -> HDMI: ,OK
   file     /sys/class/graphics/fb1/hpd -> 0\n
-  send     hdmi=2,1,1 -> HDMI:HDMI is not turn on,ERROR
-  send     hdmi=9 -> HDMI:HDMI is not turn on,ERROR
+  send     hdmi=2,1,1 | hdmi=9 -> HDMI:HDMI is not turn on,ERROR
 
 help, and values that are refused before the output is asked
   send     hdmi -> ERROR
   send     hdmi? -> HDMI:hdmi Test,OK
   send     hdmi=? -> HDMI:hdmi Test,hdmi      (0-9)[,(0-255)[,(B)]]                             hdmi(),OK
-  send     hdmi=10 -> HDMI: ,SYNTAX
-  send     hdmi=-1 -> HDMI: ,SYNTAX
-  send     hdmi=2,1,1,1 -> HDMI: ,SYNTAX
-  send     hdmi=5,0,0 -> HDMI: ,SYNTAX
-  send     hdmi=6,2 -> HDMI: ,SYNTAX
-  send     hdmi=6,0,0 -> HDMI: ,SYNTAX
+  send     hdmi=10 | hdmi=-1 | hdmi=2,1,1,1 | hdmi=5,0,0 | hdmi=6,2 | hdmi=6,0,0 -> HDMI: ,SYNTAX
 
 colour ramps in the largest mode
   send     hdmi=1 -> HDMI: ,OK
@@ -51,8 +45,7 @@ colour ramps in the largest mode
   phone    pixel 0 1079 2 -> 0000FF
 
 other pictures in the other modes, one behind the other
-  send     hdmi=1 -> HDMI: ,OK
-  send     hdmi=2,2,1 -> HDMI: ,OK
+  send     hdmi=1 | hdmi=2,2,1 -> HDMI: ,OK
   phone    screen 2 -> 1280x720x32 page 0 unblanked mode 4
   phone    pixel 1 0 2 -> 010101 | pixel 255 719 2 -> FFFFFF | pixel 256 719 2 -> 000000
   phone    pixel 1279 719 2 -> FFFFFF
@@ -68,10 +61,8 @@ other pictures in the other modes, one behind the other
 
 a picture ends, and a picture that isn't there is an error
   send     hdmi=1 -> HDMI: ,OK
-  send     hdmi=2,0 -> HDMI:HDMI set output video error,ERROR
-  send     hdmi=2,3,3 -> HDMI:HDMI set output video error,ERROR
-  send     hdmi=2,3,2 -> HDMI: ,OK
-  send     hdmi=2,0 -> HDMI: ,OK
+  send     hdmi=2,0 | hdmi=2,3,3 -> HDMI:HDMI set output video error,ERROR
+  send     hdmi=2,3,2 | hdmi=2,0 -> HDMI: ,OK
   phone    screen 2 -> 1920x1080x32 page 0 blanked mode 34
   send     hdmi=2 -> HDMI:HDMI set output video error,ERROR
   # the same mode is set anew behind a blank
@@ -81,8 +72,7 @@ a picture ends, and a picture that isn't there is an error
 
 the panel is the active screen again behind a picture, and the output stays selected where it fails
   send     lcdl=1,0 -> LCDL: ,OK
-  send     hdmi=1 -> HDMI: ,OK
-  send     hdmi=2,3,2 -> HDMI: ,OK
+  send     hdmi=1 | hdmi=2,3,2 -> HDMI: ,OK
   send     dclr=0,1,2,3 -> DCLR: ,OK
   phone    pixel 5 5 -> 010203 | pixel 5 5 2 -> FFFFFF
   send     hdmi=2,1,7 -> HDMI:HDMI set output video error,ERROR
@@ -95,8 +85,7 @@ the panel is the active screen again behind a picture, and the output stays sele
   send     hdmi=2,0 -> HDMI:HDMI set output video error,ERROR
 
 a request for the end that the framebuffer refuses counts as the end
-  send     hdmi=1 -> HDMI: ,OK
-  send     hdmi=2,3,2 -> HDMI: ,OK
+  send     hdmi=1 | hdmi=2,3,2 -> HDMI: ,OK
   phone    shell 1 -> 0 echo 1 > /sys/class/graphics/fb1/hpd
   phone    fail ioctl /dev/graphics/fb1 off
   send     hdmi=2,0 -> HDMI:HDMI set output video error,ERROR
@@ -241,8 +230,7 @@ a CEC command is written as a frame, with the bus powered around it
   send     hdmi=7,256 -> HDMI:HDMI set CEC identifier error,ERROR
 
 the test line, and the firmware that can't be changed
-  send     hdmi=1 -> HDMI: ,OK
-  send     hdmi=8,1 -> HDMI: ,OK
+  send     hdmi=1 | hdmi=8,1 -> HDMI: ,OK
   file     /sys/hvt/hvt-hdmi/tmds -> 1\n
   send     hdmi=8 -> HDMI: ,OK
   file     /sys/hvt/hvt-hdmi/tmds -> 0\n
@@ -256,8 +244,7 @@ a phone without the output's framebuffer
   send     hdmi=2,1 -> HDMI:HDMI is not turn on,ERROR
 
 the output is found anew behind each stop
-  send     hdmi=1 -> HDMI: ,OK
-  send     hdmi=0 -> HDMI: ,OK
+  send     hdmi=1 | hdmi=0 -> HDMI: ,OK
   phone    fail open /dev/graphics/fb0
   send     hdmi=1 -> HDMI:Turn on hdmi error,ERROR
   phone    fail ioctl /dev/graphics/fb1

@@ -72,8 +72,7 @@ without a value the test starts in the string form; a new value changes it and a
   phone    key 28 tap
   expect   RETURNp
   expect   RETURNr
-  send     keyb=2 -> KEYB: ,OK
-  send     keyb -> KEYB: ,OK
+  send     keyb=2 | keyb -> KEYB: ,OK
   phone    key 116 tap
   expect   KEYB:74,p
   expect   KEYB:74,r

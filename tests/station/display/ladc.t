@@ -7,6 +7,5 @@ no reading
   send     ladc=1,0x1f -> LADC: ,ERROR
 
 modes are 0 and 1, values one or two
-  send     ladc=2 -> LADC: ,SYNTAX
-  send     ladc -> LADC: ,SYNTAX
+  send     ladc=2 | ladc -> LADC: ,SYNTAX
   send     ladc? -> SYNTAX

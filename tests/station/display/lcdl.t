@@ -18,8 +18,7 @@ the main panel starts with the start screen
   phone    screen -> 1080x1920x32 page 0 unblanked mode 0
 
 the HDMI output starts without the start screen unless that is asked for, and the panel is selected again
-  send     lcdl=1,0 -> LCDL: ,OK
-  send     lcdl=3 -> LCDL: ,OK
+  send     lcdl=1,0 | lcdl=3 -> LCDL: ,OK
   phone    pixel 0 500 2 -> 000000
   send     lcdl=3,1 -> LCDL: ,OK
   phone    pixel 0 500 2 -> FFFFFF
@@ -32,9 +31,7 @@ the HDMI output starts without the start screen unless that is asked for, and th
   phone    pixel 5 5 -> 040506 | pixel 5 5 2 -> 010203
 
 a number without a screen is an error, and the help
-  send     lcdl -> LCDL: ,ERROR
-  send     lcdl=2 -> LCDL: ,ERROR
-  send     lcdl=4 -> LCDL: ,ERROR
+  send     lcdl | lcdl=2 | lcdl=4 -> LCDL: ,ERROR
   send     lcdl=? -> LCDL: ,lcdl      (0-2)[,(0-1)]                                     load(mode),OK
 
 a phone without the HDMI framebuffer keeps drawing on the panel

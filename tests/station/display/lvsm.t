@@ -12,8 +12,7 @@ a measurement needs an active screen; its low 16 bits are stored and read back w
   #:
   send     lvsm -> LVSM:0x411B,OK
   phone    vsync 0xABCD1234
-  send     lvsm=1 -> LVSM: ,ERROR
-  send     lvsm=2 -> LVSM: ,ERROR
+  send     lvsm=1 | lvsm=2 -> LVSM: ,ERROR
   phone    unit 0xEB3C -> 412B2B41
   send     tact=1 -> TACT:,OK
   send     lvsm=1 -> LVSM:0xABCD1234,OK

@@ -15,6 +15,5 @@ a bus that fails is an error
   phone    spmi 2845 -> 10
 
 nothing but 0 and 1
-  send     bact -> BACT: ,SYNTAX
-  send     bact=2 -> BACT: ,SYNTAX
+  send     bact | bact=2 -> BACT: ,SYNTAX
   send     bact=? -> BACT:Backup Capacitor Control Test command,bact      (0-1)                                             bact(action),OK

@@ -61,8 +61,7 @@ a battery that isn't there is an error
   conf     without /sys/class/power_supply/battery/type
   conf     without /sys/class/power_supply/battery/temp
   strange  any
-  send     batc=2 -> BATC: ,ERROR
-  send     batc=3 -> BATC: ,ERROR
+  send     batc=2 | batc=3 -> BATC: ,ERROR
 
 attributes that somebody has written stay so, with or without a number
   write    /sys/class/power_supply/battery/voltage_now 0x3B4A5E\n
@@ -74,8 +73,7 @@ attributes that somebody has written stay so, with or without a number
   send     batc=1 -> BATC:0,OK
 
 one to four values, and a function from 1 to 6, and the help
-  send     batc -> SYNTAX
-  send     batc=7 -> SYNTAX
+  send     batc | batc=7 -> SYNTAX
   send     batc=? -> BATC:Battery control,BATC:BATC=1              - Read battery voltage (mV),
   +        BATC:BATC=2              - Read battery current (mA),
   +        BATC:BATC=3              - Read battery capacity, voltage & current (%,mV,mA),

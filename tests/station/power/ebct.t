@@ -26,8 +26,7 @@ the battery current is set in steps of 50 mA, the input current to 1500 mA
   phone    spmi 1044 -> 14
   #: Too low:
   send     ebct=2,150 -> EBCT: ,ERROR
-  send     ebct=2,3050 -> EBCT: ,ERROR
-  send     ebct=2,1025 -> EBCT: ,ERROR
+  send     ebct=2,3050 | ebct=2,1025 -> EBCT: ,ERROR
   phone    spmi 1044 -> 14
 
 power for the cable goes on and off, and leaves the other bits alone when it goes off
@@ -38,8 +37,7 @@ power for the cable goes on and off, and leaves the other bits alone when it goe
   phone    spmi 1A046 -> 00 | spmi 18345 -> 3A | spmi 01348 -> 10 | spmi 18346 -> 11
 
 modes without an effect on this charger
-  send     ebct=0 -> EBCT: ,OK
-  send     ebct=1,2 -> EBCT: ,OK
+  send     ebct=0 | ebct=1,2 -> EBCT: ,OK
   phone    spmi 1049 -> 01
   phone    fail spmi 01049 1
   send     ebct=0 -> EBCT: ,ERROR
@@ -54,8 +52,6 @@ a bus that fails in the middle stops the sequence
   phone    spmi 1344 -> 05
 
 other values
-  send     ebct -> EBCT: ,SYNTAX
-  send     ebct=3,0 -> EBCT: ,SYNTAX
-  send     ebct=1 -> EBCT: ,ERROR
-  send     ebct=4,2 -> EBCT: ,ERROR
+  send     ebct | ebct=3,0 -> EBCT: ,SYNTAX
+  send     ebct=1 | ebct=4,2 -> EBCT: ,ERROR
   send     ebct=? -> EBCT:VBUS charging command,ebct      (0-3, 0-)                                         ebct(action[,current],[mode]),OK

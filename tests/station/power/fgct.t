@@ -30,8 +30,7 @@ what a gauge of its own would do isn't found
 
 other values are a syntax error, and the help
   send     fgct -> SYNTAX
-  send     fgct=8 -> FGCT: ,SYNTAX
-  send     fgct=1,0 -> FGCT: ,SYNTAX
+  send     fgct=8 | fgct=1,0 -> FGCT: ,SYNTAX
   send     fgct=? -> FGCT:Fuelgauge test,FGCT:FGCT=1 - Read battery voltage,FGCT:FGCT=2 - Read battery current,
   +        FGCT:FGCT=3,<options>,<path> - Flash cal data and firmware,FGCT:FGCT=4,0,<reg>,<data> - Custom write,
   +        FGCT:FGCT=4,1,<reg> - Custom read,FGCT:FGCT=5 - Initialize fg component for battery capacity,

@@ -19,6 +19,5 @@ a rail that isn't there, or can't be written, isn't switched
   send     smps=0,1 -> SMPS:1,OK
 
 two values, and 0 or 1 for the second
-  send     smps -> SYNTAX
-  send     smps=1 -> SYNTAX
+  send     smps | smps=1 -> SYNTAX
   send     smps=? -> SMPS:smps cpu regulator control test,smps      (0-9),(0-1)                                       smps(reg,op),OK

@@ -13,8 +13,7 @@ a phone without the detection attribute has no charger type
 
 a detection attribute that holds a number answers
   write    /sys/devices/platform/msm_hsusb/gadget/detect 2\n
-  send     usbc=5 -> USBC:2,OK
-  send     usbc?5,9 -> USBC:2,OK
+  send     usbc=5 | usbc?5,9 -> USBC:2,OK
   write    /sys/devices/platform/msm_hsusb/gadget/detect nothing\n
   send     usbc=5 -> USBC: ,ERROR
 
@@ -34,14 +33,10 @@ the host power goes at once, or comes for a while when the cable goes
   phone    clock +1 | spmi 1A046 -> 00
 
 what the driver can't do is an error
-  send     usbc=0 -> USBC: ,ERROR
-  send     usbc=3,1,100 -> USBC: ,ERROR
+  send     usbc=0 | usbc=3,1,100 -> USBC: ,ERROR
 
 what no row names is a syntax error, and so is no value
-  send     usbc=7 -> USBC: ,SYNTAX
-  send     usbc=3,2 -> USBC: ,SYNTAX
-  send     usbc=6,2 -> USBC: ,SYNTAX
-  send     usbc -> USBC: ,SYNTAX
+  send     usbc=7 | usbc=3,2 | usbc=6,2 | usbc -> USBC: ,SYNTAX
 
 the test form wants values too
   send     usbc=?1 -> USBC:USB control command,usbc                                                        usbc(act,opt,timeout),OK

@@ -54,8 +54,7 @@ the dump reads the charger's nine registers, whatever comes of it
   phone    fail off -> 0 faults were never reached
 
 one to three values, and an action up to 2, and the help
-  send     vbcct -> VBCCT: ,SYNTAX
-  send     vbcct=3 -> VBCCT: ,SYNTAX
+  send     vbcct | vbcct=3 -> VBCCT: ,SYNTAX
   send     vbcct=?
   read     VBCCT:VBUS Charging Control Test command \n,VBCCT:VBCCT=0 - Turn off charging\n,
   +        VBCCT:VBCCT=1,[<current_bat>,[<current_input>]] - Turn on charging\n,

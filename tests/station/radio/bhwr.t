@@ -78,8 +78,7 @@ a command that isn't answered or can't be sent has failed
   phone    fail off -> 1 fault was never reached: insmod
 
 fewer than four values, or a mode above 1, send nothing
-  send     bhwr=1,9,4 -> SYNTAX
-  send     bhwr -> SYNTAX
+  send     bhwr=1,9,4 | bhwr -> SYNTAX
   send     bhwr=2,9,4,0 -> BHWR:,ERROR
   phone    hci recent -> none
   send     bhwr=? -> BHWR:Bluetooth user defined HCI,bhwr      (0-1),(0x00-0x3ff),(0x00-0xff)                    hci(cmd),OK

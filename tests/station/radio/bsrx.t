@@ -55,10 +55,7 @@ what the controller says to a start doesn't matter, but the reset must pass
   phone    hci last -> 01030C00
 
 too few values, another mode or too many values touch nothing
-  send     bsrx -> BSRX: ,SYNTAX
-  send     bsrx=0 -> BSRX: ,SYNTAX
-  send     bsrx=1,0 -> BSRX: ,SYNTAX
-  send     bsrx=2,0,3,1 -> BSRX: ,SYNTAX
+  send     bsrx | bsrx=0 | bsrx=1,0 | bsrx=2,0,3,1 -> BSRX: ,SYNTAX
   phone    hci recent -> none
   # a fifth value leaves the defaults, so that nothing was given
   send     bsrx=1,2,3,1,5 -> BSRX:0x0,0x0,0.000000,0x0,OK

@@ -23,9 +23,7 @@ a reset that the controller refuses, or doesn't hear of, is an error
   send     bthr=0 -> BTHR: ,OK
 
 the chip's reset fails, other numbers do nothing
-  send     bthr=1 -> BTHR: ,ERROR
-  send     bthr=2 -> BTHR: ,ERROR
-  send     bthr=-1 -> BTHR: ,ERROR
+  send     bthr=1 | bthr=2 | bthr=-1 -> BTHR: ,ERROR
   phone    hci recent -> none
 
 the help is one line, and two values are too many

@@ -26,8 +26,7 @@ the two numbers are shown high byte first, and type 1 and all others fail withou
   expect   BTID: 0x2B,0x17,OK
   phone    hci last -> 01011000
   send     btid=3 -> BTID: 0x3C,0x41,OK
-  send     btid=1 -> ERROR
-  send     btid=4 -> ERROR
+  send     btid=1 | btid=4 -> ERROR
   phone    hci recent -> 01030C00\n01011000\n01011000
 
 an event that is cut anywhere, has another status or another code is a failure and shows nothing
@@ -98,8 +97,7 @@ a start that fails leads back to stopped, and the next command starts anew; a lo
 
 a phone without the driver's file says so, each time
   conf     without /system/modules/hci_smd.ko
-  send     btid -> ERROR
-  send     btid -> ERROR
+  send     btid | btid -> ERROR
   phone    shell 2 -> 1 insmod /system/modules/hci_smd.ko\n1 insmod /system/modules/hci_smd.ko
 
 a failing reset at the end of a start fails the command, and the controller stays up

@@ -43,8 +43,7 @@ as the first command on a phone without the driver
   send     btscan -> BTSCAN:Other error,ERROR
 
 a count outside 1 to 7 touches nothing, in every form
-  send     btscan=0 -> BTSCAN:Parameter out of range (1-7),ERROR
-  send     btscan=8 -> BTSCAN:Parameter out of range (1-7),ERROR
+  send     btscan=0 | btscan=8 -> BTSCAN:Parameter out of range (1-7),ERROR
   send     btscan=?8 -> BTSCAN:Parameter out of range (1-7),btscan    (1-7)                                             scan(),ERROR
   send     btscan=-1 -> BTSCAN:Parameter out of range (1-7),ERROR
   send     btscan=? -> BTSCAN:Scans for BT devices,btscan    (1-7)                                             scan(),OK

@@ -4,8 +4,7 @@
 bytes or none, the operation isn't there
   #:
   send     bwcx -> BWCX:,NOT FOUND
-  send     bwcx?1,ff -> BWCX:,NOT FOUND
-  send     bwcx=1\*9{,0xA} -> BWCX:,NOT FOUND
+  send     bwcx?1,ff | bwcx=1\*9{,0xA} -> BWCX:,NOT FOUND
 
 more than ten bytes are too many
   send     bwcx=1\*10{,2} -> BWCX:Too many parameters,ERROR

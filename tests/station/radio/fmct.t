@@ -19,11 +19,7 @@ the receiver starts once, and tunes in units of 100 kHz or in Hz
   phone    shell 3 -> 0 insmod /system/modules/radio-iris-transport.ko\n0 fmftmtest -f 100000\n0 fmftmtest -f 87654
 
 a frequency beyond the band is the band's end
-  send     fmct=1,0 -> FMCT: ,OK
-  send     fmct=1,1080 -> FMCT: ,OK
-  send     fmct=1,1081 -> FMCT: ,OK
-  send     fmct=1,200000000 -> FMCT: ,OK
-  send     fmct=1,-1 -> FMCT: ,OK
+  send     fmct=1,0 | fmct=1,1080 | fmct=1,1081 | fmct=1,200000000 | fmct=1,-1 -> FMCT: ,OK
   send     fmct=1,760 -> FMCT: ,OK
   phone    shell 6 -> 0 fmftmtest -f 76000\n0 fmftmtest -f 108000\n0 fmftmtest -f 76000\n0 fmftmtest -f 108000\n0 fmftmtest -f 108000\n0 fmftmtest -f 76000
 
@@ -52,10 +48,7 @@ the level is what the last tool has left, whichever that was
 a start that fails says so, before what its row says, and the next start loads the module again
   phone    fail insmod 5
   send     fmct=1 -> FMCT:Start Fail,FMCT: ,ERROR
-  send     fmct=1,1000 -> FMCT:Start Fail,ERROR
-  send     fmct -> FMCT:Start Fail,ERROR
-  send     fmct=4 -> FMCT:Start Fail,ERROR
-  send     fmct=5 -> FMCT:Start Fail,ERROR
+  send     fmct=1,1000 | fmct | fmct=4 | fmct=5 -> FMCT:Start Fail,ERROR
   send     fmct=1 -> FMCT: ,OK
   phone    fail fmftmtest
   send     fmct=1,1000 -> FMCT:tune fail,FMCT: ,ERROR
@@ -67,24 +60,19 @@ a phone without the module never starts
   phone    shell 1 -> 1 insmod /system/modules/radio-iris-transport.ko
 
 identity starts the receiver, bands and registers want one that is on
-  send     fmct=2,0 -> ERROR
-  send     fmct=7,1 -> ERROR
-  send     fmct=0 -> ERROR
+  send     fmct=2,0 | fmct=7,1 | fmct=0 -> ERROR
   send     fmct=4 -> FMCT:0x0000,OK
-  send     fmct=2,0 -> FMCT: ,OK
-  send     fmct=2,2 -> FMCT: ,OK
+  send     fmct=2,0 | fmct=2,2 -> FMCT: ,OK
   send     fmct=2,3 -> FMCT: ,SYNTAX
   # its low 16 bits
   send     fmct=2,0x10001 -> FMCT: ,OK
   send     fmct=7,255 -> FMCT:0x0000,OK
   send     fmct=0 -> FMCT: ,OK
   send     fmct=6 -> ERROR
-  send     fmct=5 -> FMCT:0x0000,OK
-  send     fmct=6 -> FMCT:0x0000,OK
+  send     fmct=5 | fmct=6 -> FMCT:0x0000,OK
 
 other acts do nothing; of act the low byte counts
-  send     fmct=3,1 -> ERROR
-  send     fmct=8 -> ERROR
+  send     fmct=3,1 | fmct=8 -> ERROR
   phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
   send     fmct=257 -> FMCT: ,OK
 

@@ -98,8 +98,7 @@ a report goes out under the name of the last test
   expect   irrx:0x4,0x04,OK
 
 without a port, or with a transceiver that doesn't obey, it is an error at once and without a line
-  send     ilop=1 -> ERROR
-  send     ilop=0 -> ERROR
+  send     ilop=1 | ilop=0 -> ERROR
   send     irpa -> IRPA:,OK
   phone    fail irda CC10
   send     ilop=2 -> ERROR
@@ -107,7 +106,5 @@ without a port, or with a transceiver that doesn't obey, it is an error at once 
   send     ilop=0 -> ERROR
 
 values out of range touch nothing
-  send     ilop=3 -> SYNTAX
-  send     ilop=1,2,3 -> SYNTAX
-  send     ilop=-1 -> SYNTAX
+  send     ilop=3 | ilop=1,2,3 | ilop=-1 -> SYNTAX
   send     ilop=? -> ILOP:IrDA Loop back,ilop      (0x0-0x1)[,(0-10000)]                             ,OK

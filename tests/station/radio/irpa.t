@@ -73,9 +73,6 @@ a phone without the transceiver, or without its line
   send     irtx=1 -> IRTX:,ERROR
 
 values out of range and a third value touch nothing
-  send     irpa=5 -> SYNTAX
-  send     irpa=0,6 -> SYNTAX
-  send     irpa=-1 -> SYNTAX
-  send     irpa=0,0,0 -> SYNTAX
+  send     irpa=5 | irpa=0,6 | irpa=-1 | irpa=0,0,0 -> SYNTAX
   phone    irda -> select 0 uart 0 receiver 0 mode 0 speed 9600 sent 0
   send     irpa=? -> IRPA:IrDA Parameter,irpa      (0x0-0x4),(0x0-0x5)                               ,OK

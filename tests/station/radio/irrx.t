@@ -96,8 +96,7 @@ what is read when the test has just ended is dropped
   expect   IRRX:0x5,0x100,OK
 
 without a port, or with a transceiver that doesn't obey, it is an error
-  send     irrx=1 -> IRRX:,ERROR
-  send     irrx -> IRRX:,ERROR
+  send     irrx=1 | irrx -> IRRX:,ERROR
   send     irpa -> IRPA:,OK
   phone    fail irda CC0F
   send     irrx=1 -> IRRX:,ERROR

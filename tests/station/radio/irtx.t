@@ -50,8 +50,7 @@ a stop and a new start in between leave one chain of packets
   phone    clock run
 
 without a port there is nothing to send with, and stopping is well
-  send     irtx=1 -> IRTX:,ERROR
-  send     irtx=2 -> IRTX:,ERROR
+  send     irtx=1 | irtx=2 -> IRTX:,ERROR
   send     irtx -> IRTX:,OK
 
 a stop that fails leaves the devices open, and the next parameters close them first
@@ -88,7 +87,6 @@ a line that takes no bytes ends a packet after a second, and one that fails at o
   send     irtx=1 -> IRTX:,ERROR
 
 values out of range touch nothing
-  send     irtx=3 -> SYNTAX
-  send     irtx=-1 -> SYNTAX
+  send     irtx=3 | irtx=-1 -> SYNTAX
   send     irtx=1,1 -> irtx      (0x0-0x2)                                         ,SYNTAX
   send     irtx=? -> IRTX:IrDA Static Transmit,irtx      (0x0-0x2)                                         ,OK

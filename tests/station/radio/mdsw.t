@@ -6,10 +6,6 @@
 reading and setting it are errors, anything else is one of syntax
   #:
   send     mdsw -> MDSW: ,ERROR
-  send     mdsw?0 -> MDSW: ,ERROR
-  send     mdsw=1,2 -> MDSW: ,ERROR
-  send     mdsw=0,1 -> MDSW: ,SYNTAX
-  send     mdsw=1 -> MDSW: ,SYNTAX
-  send     mdsw=2,1 -> MDSW: ,SYNTAX
-  send     mdsw=1,2,3 -> MDSW: ,SYNTAX
+  send     mdsw?0 | mdsw=1,2 -> MDSW: ,ERROR
+  send     mdsw=0,1 | mdsw=1 | mdsw=2,1 | mdsw=1,2,3 -> MDSW: ,SYNTAX
   send     mdsw=? -> MDSW:Modem switch,mdsw      (0,1),(0-2)                                       modem_switch(val),OK

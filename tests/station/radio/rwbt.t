@@ -17,21 +17,13 @@ the address is read from the controller, in the order of its event
   send     rwbt=3 -> RWBT: ,ERROR
 
 writing it, and the copy in the flash, are errors, whatever the text
-  send     rwbt -> RWBT: ,ERROR
-  send     rwbt=0 -> RWBT: ,ERROR
-  send     rwbt=1,"001122334455" -> RWBT: ,ERROR
-  send     rwbt=2 -> RWBT: ,ERROR
+  send     rwbt | rwbt=0 | rwbt=1,"001122334455" | rwbt=2 -> RWBT: ,ERROR
   phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
-  send     rwbt=4,"0x0011223344FF" -> RWBT: ,ERROR
-  send     rwbt=4,"00112233445" -> RWBT: ,ERROR
-  send     rwbt=4,"0011223344GG" -> RWBT: ,ERROR
+  send     rwbt=4,"0x0011223344FF" | rwbt=4,"00112233445" | rwbt=4,"0011223344GG" -> RWBT: ,ERROR
   send     rwbt=4,"" -> RWBT: ,ERROR
 
 a count of values that doesn't go with the operation is an error, an unquoted text one of syntax
-  send     rwbt=3,"001122334455" -> RWBT: ,ERROR
-  send     rwbt=4 -> RWBT: ,ERROR
-  send     rwbt=1, -> RWBT: ,ERROR
-  send     rwbt=5 -> RWBT: ,ERROR
+  send     rwbt=3,"001122334455" | rwbt=4 | rwbt=1, | rwbt=5 -> RWBT: ,ERROR
   send     rwbt=4,001122334455 -> rwbt      [(0-4)[(" ")]]                                    test rwbt,SYNTAX
   phone    hci recent -> none
 

@@ -63,16 +63,8 @@ a phone without the channel can't test
   send     sict=4 -> SICT:0x01,OK
 
 the other tests aren't there, also those of a slot
-  send     sict=0 -> SICT:,SYNTAX
-  send     sict=2 -> SICT:,SYNTAX
-  send     sict=3 -> SICT:,SYNTAX
-  send     sict=5 -> SICT:,SYNTAX
-  send     sict=1,1 -> SICT:,SYNTAX
-  send     sict=4,3 -> SICT:,SYNTAX
-  send     sict=4,0 -> SICT:,SYNTAX
-  send     sict=5,1 -> SICT:,SYNTAX
-  send     sict=4,1,1 -> SICT:,SYNTAX
-  send     sict -> SICT:,SYNTAX
+  send     sict=0 | sict=2 | sict=3 | sict=5 | sict=1,1 | sict=4,3 | sict=4,0 -> SICT:,SYNTAX
+  send     sict=5,1 | sict=4,1,1 | sict -> SICT:,SYNTAX
   # the low byte counts
   send     sict=260 -> SICT:0x01,OK
   phone    diag last -> none

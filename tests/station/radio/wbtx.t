@@ -63,10 +63,8 @@ the station's rates and the chip's, at the ends of their ranges; preambles and l
 
 a rate, a preamble, a channel that there isn't
   send     wlpu -> WLPU: ,OK
-  send     wbtx=1,103 -> WBTX: ,SYNTAX
-  send     wbtx=1,-1 -> WBTX: ,SYNTAX
-  send     wbtx=1,0,5 -> WBTX: ,ERROR
-  send     wbtx=253,0 -> WBTX: ,ERROR
+  send     wbtx=1,103 | wbtx=1,-1 -> WBTX: ,SYNTAX
+  send     wbtx=1,0,5 | wbtx=253,0 -> WBTX: ,ERROR
   phone    shell 1 -> 0 wlanftmtest -e
 
 the longest line that values can make goes out whole

@@ -8,8 +8,7 @@ a burst and a static transmission each end in their own way, and only once
   send     widl -> WIDL: ,OK
   phone    shell 1 -> 0 wlanftmtest -s
   send     wstx=6,0,1 -> WSTX: ,OK
-  send     widl? -> WIDL: ,OK
-  send     widl -> WIDL: ,OK
+  send     widl? | widl -> WIDL: ,OK
   phone    shell 2 -> 0 wlanftmtest -c 6 -w 0 -y\n0 wlanftmtest -z
 
 a transmission that can't be stopped is an error, and the next attempt ends it

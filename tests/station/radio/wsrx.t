@@ -16,9 +16,7 @@ the first start sets the channel, a second on the same one clears the counter
 
 a channel outside 1 to 252 fails without a word to the tool
   send     wlpu -> WLPU: ,OK
-  send     wsrx=1,0 -> WSRX: ,ERROR
-  send     wsrx=1,253 -> WSRX: ,ERROR
-  send     wsrx=1,-1 -> WSRX: ,ERROR
+  send     wsrx=1,0 | wsrx=1,253 | wsrx=1,-1 -> WSRX: ,ERROR
   phone    shell 1 -> 0 wlanftmtest -e
 
 packets received, and in percent what is missing of those that were expected
@@ -72,7 +70,5 @@ a burst before it is stopped, and ended once
 before the power-up it is well and silent; wrong values are a syntax error
   send     wsrx=0,0 -> OK
   send     wlpu -> WLPU: ,OK
-  send     wsrx=0,0 -> WSRX: ,SYNTAX
-  send     wsrx=1 -> WSRX: ,SYNTAX
-  send     wsrx=2,6 -> WSRX: ,SYNTAX
+  send     wsrx=0,0 | wsrx=1 | wsrx=2,6 -> WSRX: ,SYNTAX
   send     wsrx=? -> WSRX:WLAN Static RX,wsrx      (0,1)(1-14)                                       rx(),OK

@@ -37,9 +37,7 @@ the bandwidths' shifts and channels, from their first to their last
 
 a channel or a bandwidth that there isn't sends nothing, and counts as a transmission all the same
   send     wlpu -> WLPU: ,OK
-  send     wstx=2,0,1,0,1 -> WSTX: ,OK
-  send     wstx=247,0,1,0,4 -> WSTX: ,OK
-  send     wstx=100,0,1,0,11 -> WSTX: ,OK
+  send     wstx=2,0,1,0,1 | wstx=247,0,1,0,4 | wstx=100,0,1,0,11 -> WSTX: ,OK
   send     widl -> WIDL: ,OK
   # nothing static was sent, so each is ended as a burst
   phone    shell 4 -> 0 wlanftmtest -e\n0 wlanftmtest -s\n0 wlanftmtest -s\n0 wlanftmtest -s
@@ -48,8 +46,7 @@ another mode leaves all alone, also a transmission that runs
   send     wstx=6,0,1 -> WSTX: ,ERROR
   send     wlpu -> WLPU: ,OK
   send     wstx=6,0,1 -> WSTX: ,OK
-  send     wstx=1,0,0 -> WSTX: ,ERROR
-  send     wstx -> WSTX: ,ERROR
+  send     wstx=1,0,0 | wstx -> WSTX: ,ERROR
   phone    shell 1 -> 0 wlanftmtest -c 6 -w 0 -y
   phone    fail wlanftmtest -z
   send     wstx=7,0,1 -> WSTX: ,ERROR

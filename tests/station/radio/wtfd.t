@@ -5,8 +5,7 @@ it is there once the radio is up
   #:
   send     wtfd -> WTFD:The chip is not powered up yet,ERROR
   send     wlpu -> WLPU: ,OK
-  send     wtfd -> WTFD: ,OK
-  send     wtfd? -> WTFD: ,OK
+  send     wtfd | wtfd? -> WTFD: ,OK
   phone    shell 1 -> 0 wlanftmtest -e
 
 a transmission is stopped first; one that can't be stopped is an error

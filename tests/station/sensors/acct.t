@@ -62,8 +62,7 @@ without offsets of three bytes nothing starts, and the bus isn't kept open
   send     acct=1 -> ACCT: ,OK
   send     acct=5 -> ACCT:0xff,OK
   phone    files i2c ->
-  send     acct=4,0,0,0 -> ACCT: ,OK
-  send     acct=1 -> ACCT: ,OK
+  send     acct=4,0,0,0 | acct=1 -> ACCT: ,OK
   send     acct=6 -> ACCT:0.000000,0.000000,0.000000,OK
 
 wanted offsets are stored and move the readings from the next start on
@@ -74,8 +73,7 @@ wanted offsets are stored and move the readings from the next start on
   phone    unit 0x80001363 -> 0DFE05
   phone    i2c 5 18 38 -> 02
   send     acct=2 -> ACCT:18.554688,-34.179688,974.609375,OK
-  send     acct=0 -> ACCT: ,OK
-  send     acct=1 -> ACCT: ,OK
+  send     acct=0 | acct=1 -> ACCT: ,OK
   # x has 11 steps of 7.8125 more: 105.9375 milli-g are 108 steps, 105
   send     acct=2 -> ACCT:102.539062,-34.179688,974.609375,OK
 
@@ -85,10 +83,7 @@ an offset is rounded to its step, cut at 127, and must be a number
   phone    unit 0x80001363 -> FF0081
   send     acct=4, 1e30 ,,-1e30,0.5, -> ACCT: ,OK
   phone    unit 0x80001363 -> 7F8100
-  send     acct=4,1,2 -> ACCT: ,SYNTAX
-  send     acct=4,1,2,3,4 -> ACCT: ,SYNTAX
-  send     acct=4,1,nan,2 -> ACCT: ,SYNTAX
-  send     acct=4,1,x,2 -> ACCT: ,SYNTAX
+  send     acct=4,1,2 | acct=4,1,2,3,4 | acct=4,1,nan,2 | acct=4,1,x,2 -> ACCT: ,SYNTAX
   send     acct=4\*2000{,7} -> ACCT: ,SYNTAX
   phone    unit 0x80001363 -> 7F8100
   phone    fail auxnvq_write_unit all
@@ -176,16 +171,10 @@ no samples, many samples, and values that are refused
   phone    i2c 5 18 10 -> 0F
   send     acct=10,-5,0,1 -> ACCT:OK
   phone    i2c 5 18 10 -> 08
-  send     acct=10,100,2,3 -> ACCT: ,ERROR
-  send     acct=10,100,0,9 -> ACCT: ,ERROR
-  send     acct=10,100,0,0 -> ACCT: ,ERROR
+  send     acct=10,100,2,3 | acct=10,100,0,9 | acct=10,100,0,0 -> ACCT: ,ERROR
   phone    i2c 5 18 10 -> 08
-  send     acct=10,2147483647,0,8 -> ACCT: ,ERROR
-  send     acct=10,99999999999999999999,0,8 -> ACCT: ,ERROR
-  send     acct=10,3,0 -> ACCT: ,SYNTAX
-  send     acct=10,3,0,x -> ACCT: ,SYNTAX
-  send     acct=10,3,0,8,1 -> ACCT: ,SYNTAX
-  send     acct=10 -> ACCT: ,SYNTAX
+  send     acct=10,2147483647,0,8 | acct=10,99999999999999999999,0,8 -> ACCT: ,ERROR
+  send     acct=10,3,0 | acct=10,3,0,x | acct=10,3,0,8,1 | acct=10 -> ACCT: ,SYNTAX
 
 the line term is a comma behind samples, whatever the station had set, and behind a failure
   conf     tremble off
@@ -232,14 +221,10 @@ a menu script gets the samples too
 
 the other actions, and lines that are none
   send     acct=1 -> ACCT: ,OK
-  send     acct=7 -> ACCT: ,ERROR
-  send     acct=8 -> ACCT: ,ERROR
+  send     acct=7 | acct=8 -> ACCT: ,ERROR
   send     acct=9 -> ACCT:0x0,OK
   # sixteen bits
-  send     acct=65539 -> ACCT:0xfa,OK
-  send     acct=-65533 -> ACCT:0xfa,OK
-  send     acct=11 -> ACCT: ,SYNTAX
-  send     acct=33 -> ACCT: ,SYNTAX
-  send     acct -> ACCT: ,SYNTAX
+  send     acct=65539 | acct=-65533 -> ACCT:0xfa,OK
+  send     acct=11 | acct=33 | acct -> ACCT: ,SYNTAX
   send     acct=? -> ACCT:Tests the accelerometer,
   +        acct      [(0-9),(float),(float),(float)],[(10),(1-1000),(2->),(1-8acct(act),OK

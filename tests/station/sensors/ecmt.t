@@ -96,8 +96,6 @@ data ready goes up when a measurement is done, and down when it is read
 
 no temperature, and lines that are none
   send     ecmt=6 -> ECMT:0.0,OK
-  send     ecmt=3 -> ERROR
-  send     ecmt=4 -> ERROR
-  send     ecmt=7 -> ERROR
+  send     ecmt=3 | ecmt=4 | ecmt=7 -> ERROR
   send     ecmt=1,2 -> ecmt      (0-6)                                             test(act),SYNTAX
   send     ecmt=? -> ECMT:Tests the compass,ecmt      (0-6)                                             test(act),OK

@@ -70,15 +70,12 @@ a wanted correction is stored with its sign changed, and counts from the next st
   send     gspt=4,10,-2.5,0.03 -> GSPT: ,OK
   phone    unit 0x80001364 -> E0F5020002
   phone    i2c 5 68 37 -> 02
-  send     gspt=0 -> GSPT: ,OK
-  send     gspt=1 -> GSPT: ,OK
+  send     gspt=0 | gspt=1 -> GSPT: ,OK
   send     gspt=6 -> GSPT:-10.009766,2.502441,0.000000,OK
   # what is too large is the largest: 0x7FF and 0x801
   send     gspt=4,-1e30, 1e30,0 -> GSPT: ,OK
   phone    unit 0x80001364 -> C07F80000E
-  send     gspt=4,1.0,2.0 -> GSPT: ,SYNTAX
-  send     gspt=4,1,2,nan -> GSPT: ,SYNTAX
-  send     gspt=4\*2000{,7} -> GSPT: ,SYNTAX
+  send     gspt=4,1.0,2.0 | gspt=4,1,2,nan | gspt=4\*2000{,7} -> GSPT: ,SYNTAX
   phone    unit 0x80001364 -> C07F80000E
   phone    fail auxnvq_write_unit all
   send     gspt=4,1,2,3 -> GSPT: ,ERROR
@@ -135,15 +132,10 @@ the chip's memory goes into its unit, and the signal processor works again
 
 what this product lacks is an error, and lines that are none
   send     gspt=1 -> GSPT: ,OK
-  send     gspt=2,1 -> GSPT: ,ERROR
-  send     gspt=2,1.0,5 -> GSPT: ,ERROR
-  send     gspt=2,2 -> GSPT: ,SYNTAX
-  send     gspt=2,1,2,3,4 -> GSPT: ,SYNTAX
-  send     gspt=7,1 -> GSPT: ,ERROR
-  send     gspt=8 -> GSPT: ,ERROR
-  send     gspt=9 -> GSPT: ,SYNTAX
-  send     gspt=65539 -> GSPT: ,SYNTAX
-  send     gspt -> GSPT: ,SYNTAX
+  send     gspt=2,1 | gspt=2,1.0,5 -> GSPT: ,ERROR
+  send     gspt=2,2 | gspt=2,1,2,3,4 -> GSPT: ,SYNTAX
+  send     gspt=7,1 | gspt=8 -> GSPT: ,ERROR
+  send     gspt=9 | gspt=65539 | gspt -> GSPT: ,SYNTAX
   send     gspt=? -> GSPT:Tests the gyro,gspt      (0-8,0x20),(float),(float),(float)                gspt(act),OK
 
 a dead bus reads as zeros

@@ -46,16 +46,14 @@ six gains, from 0.16 to 120
   phone    i2c 5 39 0F -> 03
 
 a gain of the wrong kind starts nothing
-  send     lsen=1,0,5 -> LSEN:start errno 0 ,ERROR
-  send     lsen=1,0,0x100 -> LSEN:start errno 0 ,ERROR
+  send     lsen=1,0,5 | lsen=1,0,0x100 -> LSEN:start errno 0 ,ERROR
   phone    i2c 5 39 00 -> 00
   send     lsen=1,0,0 -> LSEN:0x2CA,OK
 
 a bus that can't be opened, and one that doesn't answer
   phone    fail open /dev/i2c-5 all
   send     lsen=1,0 -> LSEN:start errno 0 ,ERROR
-  send     lsen=3 -> LSEN:0x0,OK
-  send     lsen=3,4 -> LSEN:0x0,OK
+  send     lsen=3 | lsen=3,4 -> LSEN:0x0,OK
   phone    fail off | fail ioctl /dev/i2c-5 all
   send     lsen=3 -> LSEN:0x0,OK
 
@@ -64,16 +62,7 @@ reading echoes, and lines that are none
   send     lsen?3 -> LSEN:3 ,OK
   send     lsen?-1,4 -> LSEN:-1 4,OK
   send     lsen?1,2,3 -> LSEN: ,OK
-  send     lsen -> SYNTAX
-  send     lsen=1 -> SYNTAX
-  send     lsen=1,5001 -> SYNTAX
-  send     lsen=1,-1 -> SYNTAX
-  send     lsen=1,1,0,0 -> SYNTAX
-  send     lsen=3,6 -> SYNTAX
-  send     lsen=3,-1 -> SYNTAX
-  send     lsen=3,1,1 -> SYNTAX
-  send     lsen=0,1 -> SYNTAX
-  send     lsen=2 -> SYNTAX
-  send     lsen=4 -> SYNTAX
+  send     lsen | lsen=1 | lsen=1,5001 | lsen=1,-1 | lsen=1,1,0,0 | lsen=3,6 | lsen=3,-1 -> SYNTAX
+  send     lsen=3,1,1 | lsen=0,1 | lsen=2 | lsen=4 -> SYNTAX
   send     lsen=? -> LSEN:Tests the lightsensor,
   +        lsen      (0-3)[,(0x0-0x1388),(0x00-0xff)]                  test(act,[<time(msec)>/<gain>]),OK

@@ -34,8 +34,7 @@ what is near beyond the threshold of 500 is told by the line
   send     proxs=2 -> PROXS: ,ERROR
   # 5200000 / 100^2 + 37 = 557
   phone    near 100
-  send     proxs=2 -> PROXS:0x22D,OK
-  send     proxs=2,9,9,9,9 -> PROXS:0x22D,OK
+  send     proxs=2 | proxs=2,9,9,9,9 -> PROXS:0x22D,OK
   phone    i2c 5 39 08 -> 00
   phone    near 150
   send     proxs=2 -> PROXS: ,ERROR
@@ -96,16 +95,10 @@ a bus that doesn't answer is an error
   send     proxs=1 -> PROXS: ,ERROR
   send     proxs=3 -> PROXS:1,0x0000,OK
   phone    fail off | fail open /dev/i2c-5 all
-  send     proxs=0 -> PROXS: ,ERROR
-  send     proxs=1 -> PROXS: ,ERROR
-  send     proxs=2 -> PROXS: ,ERROR
+  send     proxs=0 | proxs=1 | proxs=2 -> PROXS: ,ERROR
   send     proxs=3,1,2,3,1,1 -> PROXS:0,0x0000,OK
 
 lines that are none, and the help
-  send     proxs -> PROXS: ,SYNTAX
-  send     proxs=4 -> PROXS: ,SYNTAX
-  send     proxs=-1 -> PROXS: ,SYNTAX
-  send     proxs=2,1,2,3,4,5 -> PROXS: ,SYNTAX
-  send     proxs=3,1,2,3,4,5,6 -> PROXS: ,SYNTAX
+  send     proxs | proxs=4 | proxs=-1 | proxs=2,1,2,3,4,5 | proxs=3,1,2,3,4,5,6 -> PROXS: ,SYNTAX
   send     proxs=? -> PROXS:Tests the proximity sensor,
   +        proxs     (0-3)[,(0-0xFFFF),(0-0xFFFF),(0-0xFF),(0-0x3),(0-0xF)]test(act,p1,p2,p3,p4,p5,p6),OK

@@ -48,9 +48,6 @@ a short write is no success
   send     vibc=0 -> VIBC:Turn off vibrator error,ERROR
 
 lines that are none, and the help
-  send     vibc -> SYNTAX
-  send     vibc=2 -> SYNTAX
-  send     vibc=0,1 -> SYNTAX
-  send     vibc=1,1,1,1 -> SYNTAX
+  send     vibc | vibc=2 | vibc=0,1 | vibc=1,1,1,1 -> SYNTAX
   send     vibc? -> VIBC:Vibrator Test,OK
   send     vibc=? -> VIBC:Vibrator Test,vibc      (0-1)[(1-2)[,(-6320-6320)]]                       vibc(),OK

@@ -13,9 +13,7 @@ one measurement answers at once and reports when it is done
   phone    idle
   file     /sys/hvt/hvt-vib/vib -> 3000
   # while it is at work there is no other
-  send     vibt=1 -> ERROR
-  send     vibt=2 -> ERROR
-  send     vibt=3 -> ERROR
+  send     vibt=1 | vibt=2 | vibt=3 -> ERROR
   phone    clock +9
   file     /sys/hvt/hvt-vib/vib -> 3000
   phone    clock +1
@@ -83,8 +81,7 @@ without a result file the test ends silently; a repeating one counts as running 
   send     vibt=2 -> OK
   phone    idle
   file     /sys/hvt/hvt-vib/vib -> 0\n
-  send     vibt=1 -> ERROR
-  send     vibt=2 -> ERROR
+  send     vibt=1 | vibt=2 -> ERROR
   send     vibt=3 -> OK
   send     vibt=3 -> ERROR
   send     vibt=1 -> OK
@@ -112,10 +109,7 @@ the reports of a test that the menu started don't go to the station
   file     /sys/hvt/hvt-vib/vib -> 0
 
 lines that are none, and the help
-  send     vibt -> ERROR
-  send     vibt=0 -> ERROR
-  send     vibt=5 -> ERROR
-  send     vibt=1,2,3 -> ERROR
+  send     vibt | vibt=0 | vibt=5 | vibt=1,2,3 -> ERROR
   send     vibt? -> VIBT:Test the amplitude & frequency of Vibrator,OK
   send     vibt=? -> VIBT:Test the amplitude & frequency of Vibrator,
   +        vibt      (1-4)[,(0-65535)]                                 vibr test,OK

@@ -7,8 +7,7 @@
 a new phone folds
   #:
   send     case? -> CASE:false,OK
-  send     CASE? -> CASE:false,OK
-  send     case -> CASE:false,OK
+  send     CASE? | case -> CASE:false,OK
   # a read changes nothing, whatever its value
   send     case?1 -> CASE:false,OK
 

@@ -54,13 +54,10 @@ a size that can't be formatted
   phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
 
 a mounted card is unmounted before it is formatted
-  send     mstt=5,1 -> MSTT:,OK
-  send     mstt=4,3 -> MSTT:,OK
-  send     mstt=5,1 -> MSTT:,OK
+  send     mstt=5,1 | mstt=4,3 | mstt=5,1 -> MSTT:,OK
 
 erasing takes the file system away
-  send     mstt=3,1,"a","b" -> MSTT:,OK
-  send     mstt=4,2 -> MSTT:,OK
+  send     mstt=3,1,"a","b" | mstt=4,2 -> MSTT:,OK
   phone    shell 1 -> 1 /system/bin/dd if=/dev/zero of=/dev/block/mmcblk1p1
 
 erasing asks neither for the card nor for a mount: the tool is run, and finds nothing
@@ -70,21 +67,13 @@ erasing asks neither for the card nor for a mount: the tool is run, and finds no
 
 values behind those of a row are a syntax error, and the card isn't touched
   send     mstt=3,1,"a.txt","hello" -> MSTT:,OK
-  send     mstt=4,2,"a.txt" -> SYNTAX
-  send     mstt=4,3,"x" -> SYNTAX
-  send     mstt=4,1,"a.txt","y" -> SYNTAX
-  send     mstt=4,1,"a.txt", -> SYNTAX
-  send     mstt=1,1,"x" -> SYNTAX
-  send     mstt=5,1,"x" -> SYNTAX
-  send     mstt=2,2,"/","x" -> SYNTAX
-  send     mstt=2,3,"a.txt","x" -> SYNTAX
+  send     mstt=4,2,"a.txt" | mstt=4,3,"x" | mstt=4,1,"a.txt","y" | mstt=4,1,"a.txt", -> SYNTAX
+  send     mstt=1,1,"x" | mstt=5,1,"x" | mstt=2,2,"/","x" | mstt=2,3,"a.txt","x" -> SYNTAX
   phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
   send     mstt=2,3,"a.txt" -> MSTT:hello,OK
 
 a name that no file can have is an error
-  send     mstt=4,1,"\*256{a}" -> ERROR
-  send     mstt=2,3,"\*256{a}" -> ERROR
-  send     mstt=3,1,"\*256{a}","b" -> ERROR
+  send     mstt=4,1,"\*256{a}" | mstt=2,3,"\*256{a}" | mstt=3,1,"\*256{a}","b" -> ERROR
 
 a card that can't be unmounted, written or read is told
   phone    fail umount /sdcard

@@ -20,14 +20,11 @@ the RF variant is there from the first start on, and its absence is no error and
   send     ppre=11 -> OK
 
 what the board lacks is an error for a text and 0 for a number
-  send     ppre=1 -> PPRE:,ERROR
-  send     ppre=9 -> PPRE:,ERROR
-  send     ppre=3 -> PPRE:0,OK
-  send     ppre=6,9 -> PPRE:0,OK
+  send     ppre=1 | ppre=9 -> PPRE:,ERROR
+  send     ppre=3 | ppre=6,9 -> PPRE:0,OK
 
 numbers that don't exist are syntax errors, and the help
-  send     ppre=0,1 -> PPRE:,SYNTAX
-  send     ppre=2 -> PPRE:,SYNTAX
+  send     ppre=0,1 | ppre=2 -> PPRE:,SYNTAX
   send     ppre=? -> PPRE:Production Parameter Read,ppre      (0,1,3,5-10)[,(0,1)]                              ppre(),OK
 
 an absent, unreadable or oversized unit is an error

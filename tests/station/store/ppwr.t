@@ -18,8 +18,7 @@ the number has no unit on this board, and the help
   send     ppwr=? -> PPWR:Production Parameter Write,ppwr      (0,3),S                                           ppwr(),OK
 
 other numbers, and a line without a text, are syntax errors
-  send     ppwr=1,A -> PPWR:,SYNTAX
-  send     ppwr -> PPWR:,SYNTAX
+  send     ppwr=1,A | ppwr -> PPWR:,SYNTAX
   phone    unit 80001324 -> 42583930334C374B3254
 
 a store that fails is an error and keeps the text

@@ -44,8 +44,7 @@ a unit of the main store can be reached only while the store is open, and one th
 
 an auxiliary unit needs the store open too, by this command, and is kept over a restart
   send     tact=11,0x80001363 -> TACT:,ERROR
-  send     tact=1 -> TACT:,OK
-  send     tact=11,0x80001363,1,2,3 -> TACT:,OK
+  send     tact=1 | tact=11,0x80001363,1,2,3 -> TACT:,OK
   phone    unit 0x80001363 -> 010203
   restart
   send     tact=1 -> TACT:,OK
@@ -53,12 +52,10 @@ an auxiliary unit needs the store open too, by this command, and is kept over a 
 
 a unit can be removed from the main store only, and a format empties that
   phone    unit 5 AA
-  send     tact=1 -> TACT:,OK
-  send     tact=8,5 -> TACT:,OK
+  send     tact=1 | tact=8,5 -> TACT:,OK
   phone    unit 5 -> none
   send     tact=8,0x80001363 -> TACT:,ERROR
-  send     tact=0 -> TACT:,OK
-  send     tact=3,1 -> TACT:,OK
+  send     tact=0 | tact=3,1 -> TACT:,OK
   phone    unit EB3C -> none | unit 80001363 -> 02FE05
 
 the list has the main units and then the auxiliary ones, ascending, without those from 0x10000 on
@@ -70,9 +67,7 @@ the list has the main units and then the auxiliary ones, ascending, without thos
 
 transactions and the write mode want the store open
   send     tact=9 -> TACT:,ERROR
-  send     tact=1 -> TACT:,OK
-  send     tact=5 -> TACT:,OK
-  send     tact=6 -> TACT:,OK
+  send     tact=1 | tact=5 | tact=6 -> TACT:,OK
   send     tact=9 -> TACT:0x2,OK
 
 no transfer to the modem, anything else is a syntax error, with two items without a line, and the help
@@ -91,8 +86,7 @@ no transfer to the modem, anything else is a syntax error, with two items withou
 
 a unit takes as many bytes as a line can name, and no more are cut off
   # 1022 bytes and the two items before them
-  send     tact=1 -> TACT:,OK
-  send     tact=11,3\*146{,1,2,3,4,5,6,7} -> TACT:,OK
+  send     tact=1 | tact=11,3\*146{,1,2,3,4,5,6,7} -> TACT:,OK
   phone    unit 3 -> \*146{01020304050607}
   send     tact=11,3\*146{,1,2,3,4,5,6,7},8 -> TACT:,SYNTAX
 
@@ -116,8 +110,7 @@ a dump holds the units of the main store up to 8000 bytes, and the second one is
   phone    unit 1 \*8001{5A} | unit 2 \*8000{5A} | unit 7 -
   phone    unit 10 000102030405060708090A0B0C0D0E0F | unit 11 000102030405060708090A0B0C0D0E0F10
   phone    unit FFFFFE EE | unit FFFFFF FF
-  send     tact=1 -> TACT:,OK
-  send     tact=12,1 -> TACT:,OK
+  send     tact=1 | tact=12,1 -> TACT:,OK
   # 500 rows
   file     /data/ram_dump1.txt -> 00000002 : \*499{5A 5A 5A 5A 5A 5A 5A 5A 5A 5A 5A 5A 5A 5A 5A 5A \n           }
   +        5A 5A 5A 5A 5A 5A 5A 5A 5A 5A 5A 5A 5A 5A 5A 5A \n

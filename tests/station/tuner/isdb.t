@@ -49,8 +49,7 @@ a level up to 128 is shown as it is, above it as its distance from 256
   send     isdb=2,0 -> ISDB:128,OK
   phone    i2c 4 68 D7 C8
   send     isdb=2,0 -> ISDB:-56,OK
-  send     isdb=2 -> ERROR
-  send     isdb=2,1 -> ERROR
+  send     isdb=2 | isdb=2,1 -> ERROR
 
 each circuit gets its lock where the broadcast has its state
   send     isdb=0,1 -> ISDB:,OK
@@ -80,13 +79,11 @@ each circuit gets its lock where the broadcast has its state
 the channels that a circuit reaches end where they end
   send     isdb=1,13 -> ISDB:ISDB-T Chip is not selected yet,ERROR
   send     issl=2 -> ISSL:,OK
-  send     isdb=1,12 -> ISDB:ISDB-T Chip is not selected yet,ERROR
-  send     isdb=1,63 -> ISDB:ISDB-T Chip is not selected yet,ERROR
+  send     isdb=1,12 | isdb=1,63 -> ISDB:ISDB-T Chip is not selected yet,ERROR
   send     isdb=1,13,1,2,3 -> ISDB:0xd,OK
   send     issl=0,1 -> ISSL:,OK
   send     isdb=1,0 -> ISDB:0x0,OK
-  send     isdb=1,33 -> ISDB:ISDB-T Chip is not selected yet,ERROR
-  send     isdb=1 -> ISDB:ISDB-T Chip is not selected yet,ERROR
+  send     isdb=1,33 | isdb=1 -> ISDB:ISDB-T Chip is not selected yet,ERROR
   send     issl=1,0 -> ISSL:,OK
   send     isdb=1,52 -> ISDB:0x34,OK
   send     isdb=1,53 -> ISDB:ISDB-T Chip is not selected yet,ERROR
@@ -117,18 +114,11 @@ the channels that a circuit reaches end where they end
   send     isdb=1,33 -> ISDB:ISDB-T Chip is not selected yet,ERROR
 
 what isn't known is an error without a text, and the help
-  send     isdb -> ERROR
-  send     isdb=0 -> ERROR
-  send     isdb=0,2 -> ERROR
-  send     isdb=3,0 -> ERROR
-  send     isdb=4,0 -> ERROR
+  send     isdb | isdb=0 | isdb=0,2 | isdb=3,0 | isdb=4,0 -> ERROR
   send     isdb=5,4 -> ISDB:,OK
   send     isdb=5,5 -> ERROR
   send     isdb=6,1 -> ISDB:,OK
-  send     isdb=6,3 -> ERROR
-  send     isdb=10,8 -> ERROR
-  send     isdb=11,2 -> ERROR
-  send     isdb=12 -> ERROR
+  send     isdb=6,3 | isdb=10,8 | isdb=11,2 | isdb=12 -> ERROR
   send     isdb? -> ISDB:,ERROR
   send     isdb=? -> ISDB:ISDB command test,isdb      [(0-11)[,(0-2)][,[(0,1)][(0x1-0xFFFF)]]]          isdb(),OK
 

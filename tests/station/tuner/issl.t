@@ -8,16 +8,10 @@
 a circuit that is known, with a path where it needs one
   #: The wide path of circuit 5:
   send     issl=5,0 -> ISSL:,OK
-  send     issl=0,1 -> ISSL:,OK
-  send     issl=1,0 -> ISSL:,OK
-  send     issl=4,1 -> ISSL:,OK
-  send     issl=2,77 -> ISSL:,OK
-  send     issl=3 -> ISSL:,OK
+  send     issl=0,1 | issl=1,0 | issl=4,1 | issl=2,77 | issl=3 -> ISSL:,OK
 
 what isn't known is refused without a text, and selected all the same
-  send     issl -> ERROR
-  send     issl=0 -> ERROR
-  send     issl=5,2 -> ERROR
+  send     issl | issl=0 | issl=5,2 -> ERROR
   send     issl=2 -> ISSL:,OK
   send     isdb=1,20 -> ISDB:0x14,OK
   send     issl=9 -> ERROR

@@ -9,8 +9,7 @@ one record by its name
   send     rev?"vmrk_rev" -> REV:vmrk_rev: @(#) s_qat_korvat_1_32_2_5_b,OK
 
 an unknown record is an error, and names are matched whole and by case
-  send     rev="nosuch" -> ERROR
-  send     rev="space" -> ERROR
+  send     rev="nosuch" | rev="space" -> ERROR
 
 a name without quotes is a syntax error, and the help
   send     rev=nosuch -> rev       (name)                                            revision(object),SYNTAX
