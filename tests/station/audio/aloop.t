@@ -78,8 +78,7 @@ frequencies without a wave fail, and the tone with them
   send     aloop=1,0,23 -> ALOOP:,ERROR
   phone    clock +1000
   # it has ended, and counts as running until it is stopped
-  phone    listen speaker -> silent
-  phone    sound 2 -> playback stop\nplayback close
+  phone    listen speaker -> silent | sound 2 -> playback stop\nplayback close
   send     aloop=1,1,1 -> ALOOP:,OK
   send     aloop=1,1,0 after 5 -> ALOOP:,OK
   send     aloop=1,1,1 -> ALOOP:,ERROR
@@ -178,8 +177,7 @@ an input that isn't there
 the radio's controls
   phone    clock hold | source fm noise 0 | source fm 2000 3000
   send     aloop=2,4,1 -> ALOOP:,OK
-  phone    idle | clock +500 | listen capture -> 2000 3000
-  phone    mixer 367 -> 1
+  phone    idle | clock +500 | listen capture -> 2000 3000 | mixer 367 -> 1
   phone    mixer 130 0 | clock +500 | listen capture -> silent
 
 the test plug brings the tone back into the inputs of the jack
@@ -319,8 +317,7 @@ a fast phone makes no underrun
   phone    idle
   send     aurst=0 -> AURST:,OK
   send     aloop=1,1,1 -> ALOOP:,OK
-  phone    idle | listen ear -> silent
-  phone    sound 3 -> playback start\ncontrol 36 1\ncontrol 36 70
+  phone    idle | listen ear -> silent | sound 3 -> playback start\ncontrol 36 1\ncontrol 36 70
 
 a restart and a power-off while both run
   send     aloop=1,1,1 | aloop=2,1,1 -> ALOOP:,OK

@@ -34,8 +34,7 @@ loopbacks
   + control 429 0\ncontrol 28 0\ncontrol 375 0\ncontrol 451 0\ncontrol 31 0\ncontrol 18 20\n
   + control 426 0\ncontrol 25 0\ncontrol 375 0\ncontrol 454 0\ncontrol 431 0\ncontrol 30 0\ncontrol 17 20\ncontrol 455 0\n
   + control 39 84\ncontrol 38 84\ncontrol 41 84
-  phone    codec 1b4 -> 27
-  phone    listen ear -> silent
+  phone    codec 1b4 -> 27 | listen ear -> silent
 
 a control that can't be set is told, and doesn't keep the others from being set
   phone    fail mixer 441

@@ -12,8 +12,7 @@ the main camera's pictures are turned by a quarter and stand in the middle of th
   phone    clock hold
   #: The viewfinder shows pictures of 640 x 480:
   send     camv=1,0 -> CAMV:,OK
-  phone    camera 1 -> preview 640x480 frames 0 held 0 heaps 1
-  phone    pixel 540 960 -> 000000
+  phone    camera 1 -> preview 640x480 frames 0 held 0 heaps 1 | pixel 540 960 -> 000000
   phone    clock +40 | camera 1 -> preview 640x480 frames 1 held 0 heaps 2
   # 480 x 640 at (300, 640); what is top left in the picture is top right on the panel. Brightness 50 is
   # (50 - 16) * 255 / 219 = 40; 200, 90, 240 is 214 + 1.402 * 127.5, 214.2 + 0.344 * 43.3 - 0.714 * 127.5, 214.2 - 1.772 * 43.3
@@ -22,8 +21,7 @@ the main camera's pictures are turned by a quarter and stand in the middle of th
   phone    pixel 540 1280 -> 000000
   #:
   send     camv=0 -> CAMV:,OK
-  phone    pixel 540 960 -> 000000
-  phone    camera 1 -> open frames 1 held 0 heaps 1
+  phone    pixel 540 960 -> 000000 | camera 1 -> open frames 1 held 0 heaps 1
   send     caml=0 -> CAML:,OK
   phone    camera 1 -> closed frames 1 held 0 heaps 0
 
@@ -100,8 +98,7 @@ the menu's page shows the viewfinder between its buttons and its answer, and clo
   phone    pixel 540 1285 -> F1F4F8
   phone    touch 500 1850 tap | clock +140 | idle
   # "Sensors" and "Camera" again, and no memory left
-  phone    pixel 540 960 -> FFFFFF
-  phone    camera 2 -> closed frames 0 held 0 heaps 0
+  phone    pixel 540 960 -> FFFFFF | camera 2 -> closed frames 0 held 0 heaps 0
 
 it needs a camera, one to three values and at most three turns
   send     camv=1,0 -> CAMV:,ERROR

@@ -23,8 +23,7 @@ an image of a bench goes into the chip while the console answers
   #: ... and a few seconds later it is done, at the first attempt:
   send     nffd=0 -> NFFD:3, 1,OK
   phone    pn65dl recent -> 010000\n0A000101\n08001301A1E0000EA5D0FEA5D0FDA5D0FCA50280A975\n08000B00825A0006A0A1E080A96C\n010000\n08000700800200020000\n0A000100\n010000\n08000E80000000090102030405F4990B47\n08000C018800000709080736FD2DA6\n08000D00820000081111111111110283\n0B0000\n010000
-  phone    gpio 558 -> 1
-  phone    pn65dl mem 800000 -> 0102030405F4990B47FFFFFFFFFFFFFF
+  phone    gpio 558 -> 1 | pn65dl mem 800000 -> 0102030405F4990B47FFFFFFFFFFFFFF
   phone    pn65dl mem 825A -> A0A1E080A96CFFFFFFFFFFFFFFFFFFFF
   phone    pn65dl mem 8002 -> 0000FFFFFFFFFFFFFFFFFFFFFFFFFFFF
 
@@ -40,26 +39,6 @@ the image that comes with the library, twice; the second time without the prepar
   send     nffd=0 -> NFFD:3, 1,OK
   phone    clock run
   send     nfpu -> NFPU: ,OK
-
-a damaged image fails five times
-  conf     setting nfc_pn65_fw_dnld nfc_pn65_fw_dnld_path libpn65_fw.so
-  write    /system/etc/firmware/pn65_fw.bin \x70\x6E\x36\x35\x00\x01\x00\x00\x00\x00\x00\x00\x02\x03\x00\x00\x01\x00\x00\x00\x03\x01\x00\x00\x00\x00\x80\x00\x09\x00\x00\x00\x01\x02\x00\x04\x05\xF4\x99\x0B\x47\x03\x00\x00\x00\x00\x88\x01\x00\x07\x00\x00\x00\x09\x08\x07\x36\xFD\x2D\xA6\x03\x00\x00\x00\x00\x82\x00\x00\x08\x00\x00\x00\x11\x11\x11\x11\x11\x11\x02\x83
-  phone    clock hold
-  send     nffd -> NFFD:1, 1,OK
-  phone    idle | clock +1300
-  send     nffd=0 -> NFFD:1, 2,OK
-  phone    clock +9000
-  send     nffd=0 -> NFFD:2, 6,OK
-  phone    gpio 558 -> 1
-
-a cut image ends each attempt before anything is written
-  conf     setting nfc_pn65_fw_dnld nfc_pn65_fw_dnld_path libpn65_fw.so
-  write    /system/etc/firmware/pn65_fw.bin \x70\x6E\x36\x35\x00\x01\x00\x00\x00\x00\x00\x00\x02\x03\x00\x00\x01\x00\x00\x00\x03\x01\x00\x00\x00\x00\x80\x00\x09\x00\x00\x00\x01\x02\x03\x04\x05\xF4\x99\x0B
-  phone    clock hold
-  send     nffd -> NFFD:1, 1,OK
-  phone    idle | clock +2000
-  send     nffd=0 -> NFFD:2, 6,OK
-  phone    pn65dl recent -> none
 
 a chip that is silent is given up by the guard, five times 16.4 seconds
   conf     setting nfc_pn65_fw_dnld nfc_pn65_fw_dnld_path libpn65_fw.so

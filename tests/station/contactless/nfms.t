@@ -6,8 +6,7 @@
 the mode is the other way round in the register
   #:
   send     nfms=1 -> NFMS: ,OK
-  phone    pn65 reg 9EAA -> 00
-  phone    gpio 558 -> 1
+  phone    pn65 reg 9EAA -> 00 | gpio 558 -> 1
   send     nfms -> NFMS: ,OK
   phone    pn65 reg 9EAA -> 01
   send     nfid=1 -> NFID:NFC is not yet powered up,ERROR

@@ -16,8 +16,7 @@ each line by its number
   send     nfpc=1,0 -> NFPC: ,OK
   phone    tamiro lines -> cen 1 pon 0 tvdd 1 hsel 0 speed 460800
   send     nfpc=1,1 | nfpc=2,0 -> NFPC: ,OK
-  phone    tamiro lines -> cen 0 pon 1 tvdd 1 hsel 0 speed 460800
-  phone    gpio 559 -> 1
+  phone    tamiro lines -> cen 0 pon 1 tvdd 1 hsel 0 speed 460800 | gpio 559 -> 1
   send     nfpc=3,1 -> NFPC: ,OK
   phone    gpio 559 -> 0
   send     nfpc=3,0 -> NFPC: ,OK

@@ -7,8 +7,7 @@ the chip confirms its register before it is switched off
   send     nfpu -> NFPU: ,OK
   #:
   send     nfpd -> NFPD: ,OK
-  phone    pn65 reg 9EAA -> 01
-  phone    gpio 558 -> 1
+  phone    pn65 reg 9EAA -> 01 | gpio 558 -> 1
   send     nfpd=? -> NFPD:NFC Power Down,nfpd                                                        NFC Power Down,OK
 
 a chip that doesn't confirm stays up

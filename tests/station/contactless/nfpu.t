@@ -21,8 +21,7 @@ a start is the whole list of frames, each answer acknowledged
 all frames of a start are sent, also behind one that fails, and the next start begins anew
   phone    speed 100 | pn65 8103 silent 1
   send     nfpu -> NFPU: ,ERROR
-  phone    gpio 558 -> 0
-  phone    pn65 reg 9C5D -> CC
+  phone    gpio 558 -> 0 | pn65 reg 9C5D -> CC
   send     nfid=1 -> NFID:NFC is not yet powered up,ERROR
   send     nfpu -> NFPU: ,OK
 

@@ -67,8 +67,7 @@ a picture ends, and a picture that isn't there is an error
   send     hdmi=2 -> HDMI:HDMI set output video error,ERROR
   # the same mode is set anew behind a blank
   send     hdmi=2,3,2 -> HDMI: ,OK
-  phone    screen 2 -> 1920x1080x32 page 0 unblanked mode 34
-  phone    pixel 5 5 2 -> FFFFFF
+  phone    screen 2 -> 1920x1080x32 page 0 unblanked mode 34 | pixel 5 5 2 -> FFFFFF
 
 the panel is the active screen again behind a picture, and the output stays selected where it fails
   send     lcdl=1,0 -> LCDL: ,OK

@@ -14,8 +14,7 @@ the main panel starts with the start screen
   # text of 48 pixels a character from x = 144 on: the second stem of the B of "Brenk1 board", at h * 18 / 40
   phone    pixel 150 890 -> 000000 | pixel 143 890 -> FFFFFF
   # "Welcome to HVT:" in light grey at h * 32 / 40: the left stem of the W, font column 1
-  phone    pixel 4 1540 -> CFCFCF
-  phone    screen -> 1080x1920x32 page 0 unblanked mode 0
+  phone    pixel 4 1540 -> CFCFCF | screen -> 1080x1920x32 page 0 unblanked mode 0
 
 the HDMI output starts without the start screen unless that is asked for, and the panel is selected again
   send     lcdl=1,0 | lcdl=3 -> LCDL: ,OK
@@ -46,8 +45,7 @@ a panel with one page of memory and 16 bits shows the same screen
   send     lcdl=1 -> LCDL: ,OK
   phone    pixel 0 600 -> FFFFFF
   # row 64 of the ramp is 128: 5 bits keep 16 of 31, 6 bits 32 of 63
-  phone    pixel 0 64 -> 838183
-  phone    screen -> 720x1280x16 page 0 unblanked mode 0
+  phone    pixel 0 64 -> 838183 | screen -> 720x1280x16 page 0 unblanked mode 0
 
 a console in front of the panel is put into graphics mode; one that can't be opened keeps the panel off, one that refuses doesn't
   conf     with /dev/tty0

@@ -89,8 +89,7 @@ a charger that doesn't take over is switched on three times more, then the panel
   +        [     6.000] Start charging retry 3\n
   +        [     8.000] 36%, 3773mV, -200mA, 880mAh/1428mAh\n
   +        [     8.000] Error state: Charging did not start.\n
-  phone    spmi 1049 -> 01
-  phone    pixel 1000 1800 -> FF0000
+  phone    spmi 1049 -> 01 | pixel 1000 1800 -> FF0000
 
 too hot is an error
   conf     usb off
@@ -171,9 +170,7 @@ a reading that fails decides nothing: a full battery goes on discharging, and on
   file     /system/chargemon.txt -> (cut)\n
   +        [   364.000] 0%, 0mV, 0mA\n
   +        [   364.000] check if capacity keeps higher than recharge_cap.\n
-  phone    fail off -> 0 faults were never reached
-  phone    pixel 1000 1800 -> 00FF00
-  phone    spmi 1049 -> 01
+  phone    fail off -> 0 faults were never reached | pixel 1000 1800 -> 00FF00 | spmi 1049 -> 01
 
 charging ends one percent below the target
   conf     usb off
@@ -198,8 +195,7 @@ a log that can't be written is done without, and a temperature that can't be rea
   conf     without /sys/class/power_supply/battery/temp
   strange  any
   phone    clock hold | clock +2000 | fail open /system/chargemon.txt 5 | charger wall | clock +2000
-  phone    spmi 1049 -> 80
-  phone    fail off -> 0 faults were never reached
+  phone    spmi 1049 -> 80 | fail off -> 0 faults were never reached
   phone    clock +2000
   file     /system/chargemon.txt -> [     0.000] -------- New session ---------\n
   +        [     0.000] No charger connected.\n

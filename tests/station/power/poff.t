@@ -15,8 +15,7 @@ after a time it answers first, the newest time counts, and what is in memory is 
   send     poff=2000 -> POFF: ,OK
   # as if the phone couldn't go off, so that its log can be looked at
   phone    fail system reboot 1 | clock +1999 | shell 1 -> 0 echo 1 > /dev/wcnss_wlan
-  phone    clock +1 | shell 1 -> 0 sync
-  phone    fail off -> 0 faults were never reached
+  phone    clock +1 | shell 1 -> 0 sync | fail off -> 0 faults were never reached
   send     poff=0x64 -> POFF: ,OK
   phone    clock +99
   send     case? -> CASE:false,OK

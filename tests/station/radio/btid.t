@@ -16,8 +16,7 @@ a second command finds the controller up: one command, no shell line, one socket
   send     btid=0 -> BTID:BTFM 4.1.7 KORVAT,OK
   phone    calls on
   send     btid? -> BTID:BTFM 4.1.7 KORVAT,OK
-  phone    calls off | hci recent -> 01030C00\n010FFC00\n010FFC00
-  phone    files hci -> hci0
+  phone    calls off | hci recent -> 01030C00\n010FFC00\n010FFC00 | files hci -> hci0
 
 the two numbers are shown high byte first, and type 1 and all others fail without a line
   #:

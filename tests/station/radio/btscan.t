@@ -5,8 +5,7 @@
 
 an inquiry for as many as were asked for, and a reset behind it
   send     btscan -> BTSCAN:00:1B:DC:06:4F:2E,OK
-  phone    shell 2 -> 0 hcitool inq --numrsp=1\n0 hciconfig hci0 reset
-  phone    hci recent -> 01030C00
+  phone    shell 2 -> 0 hcitool inq --numrsp=1\n0 hciconfig hci0 reset | hci recent -> 01030C00
   #:
   send     btscan?7 -> BTSCAN:00:1B:DC:06:4F:2E,7C:6D:62:A8:13:90,OK
   phone    shell 2 -> 0 hcitool inq --numrsp=7\n0 hciconfig hci0 reset

@@ -52,8 +52,7 @@ each step of opening that fails is an error that leaves nothing open
   send     irpa -> IRPA:,ERROR
   phone    fail irda CC0B
   send     irpa -> IRPA:,ERROR
-  phone    fail off -> 0 faults were never reached
-  phone    files HSL2 -> | files irda ->
+  phone    fail off -> 0 faults were never reached | files HSL2 -> | files irda ->
   send     irpa -> IRPA:,OK
   phone    files HSL2 -> /dev/ttyHSL2 | files irda -> /dev/irda
 

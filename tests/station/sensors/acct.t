@@ -70,8 +70,7 @@ wanted offsets are stored and move the readings from the next start on
   send     acct=1 -> ACCT: ,OK
   # (100 * 128 + 500) / 1000 = 13; 15.625 and 39.0625 stay what they were: -2 and 5
   send     acct=4,100,-15.625,39.0625 -> ACCT: ,OK
-  phone    unit 0x80001363 -> 0DFE05
-  phone    i2c 5 18 38 -> 02
+  phone    unit 0x80001363 -> 0DFE05 | i2c 5 18 38 -> 02
   send     acct=2 -> ACCT:18.554688,-34.179688,974.609375,OK
   send     acct=0 | acct=1 -> ACCT: ,OK
   # x has 11 steps of 7.8125 more: 105.9375 milli-g are 108 steps, 105

@@ -87,10 +87,8 @@ data ready goes up when a measurement is done, and down when it is read
   send     i2cw=5,c,a,1 -> I2CW:,OK
   phone    clock hold
   send     i2cw=5,c,a,1 -> I2CW:,OK
-  phone    clock +7 | gpio 67 -> 0
-  phone    i2c 5 0C 02 -> 00
-  phone    clock +1 | gpio 67 -> 1
-  phone    i2c 5 0C 02 -> 01 | i2c 5 0C 0A -> 00
+  phone    clock +7 | gpio 67 -> 0 | i2c 5 0C 02 -> 00
+  phone    clock +1 | gpio 67 -> 1 | i2c 5 0C 02 -> 01 | i2c 5 0C 0A -> 00
   send     i2cr=5,c,9 -> I2CR:0x00,OK
   phone    gpio 67 -> 0
 

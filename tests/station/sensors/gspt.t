@@ -68,8 +68,7 @@ a wanted correction is stored with its sign changed, and counts from the next st
   send     gspt=1 -> GSPT: ,OK
   # -(10 * 2048 + 62.5) / 125 = -164 = 0xF5C, 2.5 is 41 = 0x029, -0.03 is 0: x 1111 0101 1100, y 0000 0010 1001
   send     gspt=4,10,-2.5,0.03 -> GSPT: ,OK
-  phone    unit 0x80001364 -> E0F5020002
-  phone    i2c 5 68 37 -> 02
+  phone    unit 0x80001364 -> E0F5020002 | i2c 5 68 37 -> 02
   send     gspt=0 | gspt=1 -> GSPT: ,OK
   send     gspt=6 -> GSPT:-10.009766,2.502441,0.000000,OK
   # what is too large is the largest: 0x7FF and 0x801

@@ -19,8 +19,7 @@ the light on the panel, in counts
   phone    light 100000
   send     lsen=3 -> LSEN:0x93FF,OK
   send     lsen=0 -> LSEN: ,OK
-  phone    i2c 5 39 00 -> 00
-  phone    files i2c ->
+  phone    i2c 5 39 00 -> 00 | files i2c ->
   send     lsen=0 -> LSEN: ,OK
 
 a start writes the table, the enable register last

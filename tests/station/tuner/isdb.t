@@ -152,8 +152,7 @@ a bring-up writes the files, the fixed settings and the event
   phone    i2c 4 69 15 -> 1E | i2c 4 69 14 -> 6B | i2c 4 69 22 -> 88 | i2c 4 6A 42 -> 77
   phone    i2c 4 68 0B -> 4F | i2c 4 68 8C -> D3
   # the stream output, the event: bit 0, parameter 2 in bits 3 to 5
-  phone    i2c 4 69 D6 -> 8E | i2c 4 69 DE -> 01 | i2c 4 69 DA -> 10
-  phone    gpio 561 -> 1
+  phone    i2c 4 69 D6 -> 8E | i2c 4 69 DE -> 01 | i2c 4 69 DA -> 10 | gpio 561 -> 1
 
 a tuning of the narrow path leaves what the table says in the chip
   write    /system/etc/isdbtmm/MN88552_chfile_20130301_Tmm.csv // one\nUS,20,515.142857,-57,1b,2c,3d,03,04,02,40,4b,12\n
