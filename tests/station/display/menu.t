@@ -17,8 +17,7 @@ the shipped menu: a page, a command that is well and one that fails, back, and a
   phone    kmsg -> Korvat HVT is starting up...\nphone: wcnss: calibration korvat_sella_WCNSS_qcom_wlan_nv.bin
 
 a command gives its status and its text, its lines joined
-  write    /system/scripts/start_korvat.lua -- start
-  + \nlocal out = io.open("/data/out", "w")
+  write    /system/scripts/start_korvat.lua local out = io.open("/data/out", "w")
   + \nfor _, line in ipairs({"case?", "nosuch", "case=1,2", "lctr=2,1", "lsot", "keyb=?", "dtst=4,2", ""}) do
   + \n  local status, text = qat(line)
   + \n  out:write(line, "|", status, "|", tostring(text), "\\n")
@@ -31,8 +30,7 @@ a command gives its status and its text, its lines joined
   file     /data/out -> case?|OK|CASE:false\nnosuch|NOT FOUND|nil\ncase=1,2|SYNTAX|nil\nlctr=2,1|ERROR|case      [(0,1)]                                           case(en)LCTR: \nlsot|OK|LSOT:0x0000\nkeyb=?|OK|KEYB:Key testkeyb      (0-3)                                             off,string,numeric,columms\ndtst=4,2|OK|DTST:3040,3041,3042,3043,3044\r\n3045,3046,3047,3048,3049\r\n3050,3051,3052,3053,3054\r\n\n|OK|nil\n
 
 keys and touches reach the script with actions of their own, wherever they fall
-  write    /system/scripts/start_korvat.lua -- start
-  + \nscreen.init()
+  write    /system/scripts/start_korvat.lua screen.init()
   + \nlocal out = io.open("/data/out", "w")
   + \nlocal root, c = canvas.new(), custom.new()
   + \ncustom.set_event_touch(c, function(x, y, a) out:write("t", x, ",", y, ",", a, " ") out:flush() end)
@@ -49,8 +47,7 @@ keys and touches reach the script with actions of their own, wherever they fall
   file     /data/out -> k116,1 k114,2 k114,2 k114,1 t30,510,1 t31,511,2\x20
 
 what waits for more than five seconds is dropped
-  write    /system/scripts/start_korvat.lua -- start
-  + \nlocal root, c = canvas.new(), custom.new()
+  write    /system/scripts/start_korvat.lua local root, c = canvas.new(), custom.new()
   + \nlocal out = io.open("/data/out", "w")
   + \ncustom.set_event_key(c, function(k, a)
   + \n  out:write(k, ",", a, " ") out:flush()
@@ -229,8 +226,7 @@ a caption and a title that are too long are cut where the button ends
   +        phone: print: title Choose a test\nphone: print: button \*11{\nphone: print: title }
 
 wrong arguments and wrong widgets are told in words
-  write    /system/scripts/start_korvat.lua -- start
-  + \nlocal out = io.open("/data/out", "w")
+  write    /system/scripts/start_korvat.lua local out = io.open("/data/out", "w")
   + \nlocal function try(f, ...) out:write(tostring(select(2, pcall(f, ...))), "\\n") end
   + \nlocal c, l = canvas.new(), label.new("text")
   + \ntry(screen.line, 0, 0, 10)
@@ -244,8 +240,7 @@ wrong arguments and wrong widgets are told in words
   file     /data/out -> Wrong number of arguments\nluigi_type 2 expected, got 1\ncanvas (or inheritage) expected, got string\ncanvas (or inheritage) expected, got userdata\nluigi_type 8 expected, got 3\ntext\n
 
 a handler that pops its own page and lets the collector run comes to no harm
-  write    /system/scripts/start_korvat.lua -- start
-  + \nscreen.init()
+  write    /system/scripts/start_korvat.lua screen.init()
   + \nlocal function page(n)
   + \n  local root = canvas.new()
   + \n  canvas.add(root, button.new("page " .. n, function(me)
@@ -258,8 +253,7 @@ a handler that pops its own page and lets the collector run comes to no harm
   + \nend
   + \npage(10)
   + \nqat("dtch=3")
-  write    /system/scripts/stop.lua -- stop
-  + \ncollectgarbage() collectgarbage()
+  write    /system/scripts/stop.lua collectgarbage() collectgarbage()
   + \nlocal _, why = pcall(label.set_text, kept, "gone")
   + \nlocal f = io.open("/data/out", "w") f:write(why) f:close()
   phone    key 116 tap | clock +140 | idle | touch 100 50 tap | clock +140 | idle

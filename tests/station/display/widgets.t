@@ -2,8 +2,7 @@
 # a label's 4, a button's 30. Backgrounds tell where something is.
 
 labels stack from the top, as wide as the screen less the padding on both sides
-  write    /system/scripts/start_korvat.lua -- start
-  + \nscreen.init()
+  write    /system/scripts/start_korvat.lua screen.init()
   + \nlocal root = canvas.new()
   + \nfor i, c in ipairs({0xFF0000, 0x00FF00, 0x0000FF}) do
   + \n  local l = label.new(" ")
@@ -18,8 +17,7 @@ labels stack from the top, as wide as the screen less the padding on both sides
   phone    pixel 8 191 -> 0000FF | pixel 8 192 -> FFFFFF
 
 plain canvases are a quarter of their parent, placed ones what they were told, and count in the stack
-  write    /system/scripts/start_korvat.lua -- start
-  + \nscreen.init()
+  write    /system/scripts/start_korvat.lua screen.init()
   + \nlocal root, box = canvas.new(), canvas.new()
   + \nlocal function add(parent, c)
   + \n  local w = canvas.new()
@@ -45,8 +43,7 @@ plain canvases are a quarter of their parent, placed ones what they were told, a
   phone    pixel 110 460 -> FFFFFF
 
 a line of a label ends at the character with which it would reach the usable width
-  write    /system/scripts/start_korvat.lua -- start
-  + \nscreen.init()
+  write    /system/scripts/start_korvat.lua screen.init()
   + \nlocal root = canvas.new()
   + \nlocal function column(x, w, text)
   + \n  local box, l = canvas.new(), label.new(text)
@@ -74,8 +71,7 @@ a line of a label ends at the character with which it would reach the usable wid
   phone    pixel 944 63 -> FF0000 | pixel 944 64 -> FFFFFF
 
 a page without a canvas is white, and a full stack takes no more
-  write    /system/scripts/start_korvat.lua -- start
-  + \nscreen.init()
+  write    /system/scripts/start_korvat.lua screen.init()
   + \nqat("dclr=0,1,2,3")
   + \ntaboret.update()
   + \nlocal function page(c)

@@ -209,8 +209,7 @@ the cable is pulled amid a thousand samples
 
 a menu script gets the samples too
   conf     tremble off
-  write    /system/scripts/start_korvat.lua -- start
-  + \nqat("acct=1")
+  write    /system/scripts/start_korvat.lua qat("acct=1")
   + \nlocal status, text = qat("acct=10,2,0,4")
   + \nlocal out = io.open("/data/out", "w")
   + \nout:write(status, "|", text)

@@ -98,8 +98,7 @@ a motor that can't be switched fails the measurement at once
   read     VIBT:viberator test FAILED!\n,
 
 the reports of a test that the menu started don't go to the station
-  write    /system/scripts/start_korvat.lua -- start
-  + \nlocal status, text = qat("vibt=1")
+  write    /system/scripts/start_korvat.lua local status, text = qat("vibt=1")
   + \nlocal out = io.open("/data/out", "w")
   + \nout:write(status, "|", tostring(text))
   + \nout:close()
