@@ -29,7 +29,7 @@ grep -q '^hvt_module(f_zzempty STANDS_ON dcp)$' display/CMakeLists.txt || bad "t
 grep '^#include "f' product/s_qat_korvat/src/tiers.cpp | LC_ALL=C sort -c 2>out || bad "its include isn't in its place"
 grep -B1 '^    f_zzempty_init,$' product/s_qat_korvat/src/tiers.cpp | grep -q 't_vreg_init' || bad "its row isn't the last"
 grep -q '^## zzempty$' docs/commands/display.md || bad "the reference lacks it"
-grep -q '^  expect   ZZEMPTY:,OK$' tests/station/display/zzempty.t || bad "the transcript lacks its reply"
+grep -q '^  send     zzempty -> ZZEMPTY:,OK$' tests/station/display/zzempty.t || bad "the transcript lacks its reply"
 rm out
 
 cat >log <<END

@@ -20,7 +20,7 @@ echo "battery 3900 -100" >phone/phone.conf
 ask() { "$phone/hvt-ask" phone "$@"; }
 ask record "my session.t"
 [ "$(ask record)" = "$dir/my session.t" ] || bad "record doesn't tell its file"
-printf 'batc=1\n!battery 3812 -200\nbatc=1\n!usb sideways\ndtch=1\n' | "$phone/hvt-station" phone >out 2>&1
+printf 'batc=1\n!battery 3812 -200\nbatc=1\n!usb sideways\n!tool echo -v a | b\ndtch=1\n' | "$phone/hvt-station" phone >out 2>&1
 ask clock hold
 ask clock +1000
 ask touch 540 960 down
@@ -30,6 +30,7 @@ ask clock run
 printf 'poff\n' | "$phone/hvt-station" phone >>out 2>&1
 grep -q '^  conf     battery 3900 -100$' "my session.t" || bad "$(cat my*.t)"
 grep -q '^  fails    usb sideways -> on, off or off hangup is wanted$' "my session.t" || bad "$(cat my*.t)"
+grep -q '^  phone    tool echo -v a \\x7C b$' "my session.t" || bad "$(cat my*.t)"
 grep -q '^  expect   DTCH:540,960,540,960,OK$' "my session.t" || bad "$(cat my*.t)"
 tail -n 1 "my session.t" | grep -q '^  off$' || bad "$(cat my*.t)"
 "$play" --phone "$phone/hvt-virtual" -n 2 "my session.t" >out 2>&1 || bad "the recorded session fails"
@@ -51,34 +52,39 @@ grep '^  [a-z]' late.t | sed -n 2p | grep -q '^  send     dtch=1$' || bad "$(cat
 # What fails, in all forms.
 cat >fails.t <<'END'
 passes
-  send     case?
-  expect   CASE:false,OK
-  silence  60000
+  phone    clock hold | tool ->
+  send     dtch=1 -> DTCH: ,OK
+  phone    touch 10 20 down
+  after    1000 -> DTCH:10,20,10,20,OK
 waits for "more" & fails
-  send     case?
-  expect   CASE:false,OK
+  send     case? -> CASE:false,OK
   expect   MORE
+the second of a row fails
+  send     case? | case=1 | case? -> CASE:false,OK
 isn't silent
   phone    clock hold
-  send     dtch=1
-  expect   DTCH: ,OK
+  send     dtch=1 -> DTCH: ,OK
   phone    touch 10 20 down
   silence  1000
 END
+printf 'no time\n  after    soon -> TP,OK\n' >wrong.t
+"$play" --phone "$phone/hvt-virtual" wrong.t >out 2>&1 && bad "no time is taken for one"
+grep -q '^.*wrong.t:2: after takes milliseconds, not "soon"$' out || bad "another complaint"
 status=0
 start=$(date +%s)
 "$play" --phone "$phone/hvt-virtual" --limit 500 --junit out.xml --json out.json fails.t >out 2>&1 || status=$?
 [ "$status" -eq 1 ] || bad "status $status"
 [ $(($(date +%s) - start)) -lt 25 ] || bad "the limit isn't kept"
-grep -q '^1 passed, 2 failed, 0 skipped$' out || bad "other counts"
+grep -q '^1 passed, 3 failed, 0 skipped$' out || bad "other counts"
 grep -q "^fails.t:8: waits for \"more\" & fails: the reply isn't whole after 500 ms$" out || bad "no line and limit"
-grep -q "^fails.t:14: isn't silent: the phone sent more than the steps read: DTCH:10,20,10,20,OK" out || bad "not silent"
+grep -q "^fails.t:15: isn't silent: the phone sent more than the steps read: DTCH:10,20,10,20,OK" out || bad "not silent"
+grep -q '^fails.t:10: the second of a row fails: "case=1": the reply differs$' out || bad "not which of a row"
 python3 - <<'END' || bad "the reports can't be read"
 import json, xml.etree.ElementTree as tree
 rows = [json.loads(line) for line in open("out.json")]
-assert [(r["result"], r["line"]) for r in rows] == [("passed", 1), ("failed", 8), ("failed", 14)], rows
+assert [(r["result"], r["line"]) for r in rows] == [("passed", 1), ("failed", 8), ("failed", 10), ("failed", 15)], rows
 top = tree.parse("out.xml").getroot()
-assert (top.get("tests"), top.get("failures")) == ("3", "2"), top.attrib
+assert (top.get("tests"), top.get("failures")) == ("4", "3"), top.attrib
 cases = top.find("testsuite").findall("testcase")
 assert cases[1].get("name") == 'waits for "more" & fails' and "line 8" in cases[1].find("failure").get("message")
 assert cases[0].find("failure") is None

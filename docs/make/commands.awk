@@ -47,7 +47,7 @@ function read_transcript(name, path,    line, number, verb, state)
         else if (line ~ /^[ \t]+#:/)
             mark(name, trimmed(substr(trimmed(line), 3)))
         else if (line ~ /^[ \t]+[^ \t#]/)
-            step(name, trimmed(line))
+            steps(name, trimmed(line))
         else if (line ~ /^[^ \t#]/ || (answered && line ~ /^[ \t]+#/))
             end_exchange(name)
     }
@@ -57,6 +57,35 @@ function read_transcript(name, path,    line, number, verb, state)
         complain("the command " name " has no transcript " path ": write one")
     else
         check_entry(name, path)
+}
+
+# The steps of a line: lines or requests in a row, what is sent with its answer, a time with what it brings.
+function steps(name, line,    i, n, part, at, answer)
+{
+    answer = ""
+    if (line ~ /^(send|after) .* ->( |$)/) {
+        at = index(line, " ->")
+        answer = trimmed(substr(line, at + 3))
+        line = substr(line, 1, at - 1)
+        sub(/^after +/, "phone clock +", line)
+        at = 1
+    } else
+        at = 0
+    n = line ~ /^(send|phone) / ? split(line, part, / [|] /) : split(line, part, "\n")
+    for (i = 1; i <= n; i++)
+        one_step(name, i == 1 ? part[i] : substr(line, 1, index(line, " ")) part[i], at, answer)
+}
+
+function one_step(name, line, answered_here, answer,    at)
+{
+    if (line ~ /^send / && answered_here && match(line, / after [0-9]+$/)) {
+        at = RSTART
+        step(name, trimmed(substr(line, 1, at)))
+        line = "phone clock +" substr(line, at + 7)
+    }
+    step(name, trimmed(line))
+    if (answered_here)
+        step(name, "expect " answer)
 }
 
 function head_line(name, state, line,    at, form)

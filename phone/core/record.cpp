@@ -45,12 +45,14 @@ nanoseconds last;  // when something was said last; 0 before the first
 bool awaiting;     // a line was sent and nothing has come since
 int clock_steps;   // requests that move the clock on, being carried out
 
-// A text as a step holds it: blanks at its ends, and what would end it, as escapes.
+// A text as a step holds it: blanks at its ends, and what would end or divide it, as escapes.
 std::string step_text(std::string_view bytes)
 {
     std::string text = escaped(bytes);
     for (std::size_t at; (at = text.find(" -> ")) != text.npos;)
         text.replace(at, 4, " \\x2D> ");
+    for (std::size_t at; (at = text.find(" | ")) != text.npos;)
+        text.replace(at, 3, " \\x7C ");
     if (text.starts_with(' '))
         text.replace(0, 1, "\\x20");
     if (text.ends_with(' '))

@@ -28,7 +28,7 @@ class House:
     def __init__(self, source, build):
         ctypes.CDLL(None).prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0)  # the orphans of what is started here are ours
         self.top = tempfile.mkdtemp(prefix="hvt-page-")
-        for name in ("hvt", "clients", "docs", "tests"):
+        for name in ("hvt", "clients", "debian", "desk", "docs", "tests"):
             os.symlink(os.path.join(source, name), os.path.join(self.top, name))
         os.makedirs(self.path("build/phone"))
         os.symlink(build, self.path("build/release"))

@@ -1,16 +1,19 @@
 // What the kernel's attributes may hold: every path gives the input's bytes, in whatever pieces, to the
-// parsers of the SPMI dump, the converters, the regulators, the fuses, the settings, the codec and the plug.
-// The first byte sets the count of the SPMI reading and its place in a row.
+// parsers of the SPMI dump, the converters, the regulators, the fuses, the settings, the codec and the plug,
+// and to the readers of a list of bytes and of a last number. The first byte sets the count of the SPMI
+// reading and its place in a row, and how many bytes of a list are wanted.
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <memory>
 #include <unistd.h>
 #include <vector>
 
 #include "adcr/adcr.h"
 #include "adcr_brenk/adcr_brenk.h"
+#include "attr_num/attr_num.h"
 #include "audio_v2/audio.h"
 #include "audio_wcd9320/audio_wcd9320.h"
 #include "cfg/cfg.h"
@@ -87,6 +90,15 @@ void read_sound()
         std::abort();
 }
 
+void read_numbers(std::uint8_t how)
+{
+    const std::size_t wanted = how + std::size_t{1};
+    const auto bytes = std::make_unique<std::uint8_t[]>(wanted); // exactly as large, for the sanitizer
+    attr_num_bytes("/attribute", bytes.get(), wanted);
+    int value;
+    attr_num_last("/attribute", &value);
+}
+
 void attach()
 {
     static plat_callouts co = plat_linux_co;
@@ -123,5 +135,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     read_spmi(data[0]);
     read_others();
     read_sound();
+    read_numbers(data[0]);
     return 0;
 }

@@ -256,6 +256,14 @@ std::string check_end(session& s)
     return complaint.empty() ? "" : "the program complains:\n" + complaint;
 }
 
+// Of several lines that are sent in a row, the one that was answered otherwise.
+std::string which_of_row(const test_case& c, const step& failed, const std::string& sent)
+{
+    const auto in_row = std::ranges::count_if(
+        c.steps, [&](const step& st) { return st.line == failed.line && st.verb == "send"; });
+    return in_row > 1 ? "\"" + sent + "\": " : "";
+}
+
 // A real phone isn't fresh for each case: takes what it has said, its greeting above all, and puts the
 // console's settings back.
 void settle_console(int port)
@@ -287,11 +295,15 @@ case_result run_case(const test_case& c, int real_port, int limit_ms)
     session s{phone ? &*phone : nullptr, real_port, limit_ms};
     const auto start = std::chrono::steady_clock::now();
     case_result result{c.line, "", 0};
+    std::string sent;
     for (const step& st : c.steps) {
         result.line = st.line;
+        sent = st.verb == "send" ? st.text : sent;
         result.wrong = run_step(s, st);
-        if (!result.wrong.empty())
+        if (!result.wrong.empty()) {
+            result.wrong = which_of_row(c, st, sent) + result.wrong;
             break;
+        }
     }
     if (result.wrong.empty())
         result.wrong = check_end(s);

@@ -3,15 +3,91 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <map>
 #include <set>
 
 namespace {
 
-const std::set<std::string> with_text = {"send",  "expect", "raw",  "read",    "phone",   "fails",
-                                         "write", "file",   "conf", "strange", "silence", "awaits"};
+const std::set<std::string> with_text = {"send", "expect", "raw",     "read",    "phone",  "fails", "write",
+                                         "file", "conf",   "strange", "silence", "awaits", "after"};
 const std::set<std::string> without_text = {"restart", "reboots", "off"};
+// What can have an answer behind it, and the form of what must.
+const std::map<std::string, std::string> with_answer = {{"send", ""},
+                                                        {"phone", ""},
+                                                        {"fails", ""},
+                                                        {"file", "PATH -> CONTENT"},
+                                                        {"awaits", "WORDS -> ANSWER"},
+                                                        {"after", "MS -> TEXT"}};
 
-// Splits "verb  text -> answer".
+// Takes "text -> answer" apart; false if there is no answer.
+bool split_answer(step& s)
+{
+    const std::string arrow = s.text.ends_with(" ->") ? " ->" : " -> ";
+    const std::size_t at = s.text.find(arrow);
+    if (at == s.text.npos)
+        return false;
+    s.answer = s.text.substr(at + arrow.size());
+    s.text.erase(at);
+    while (s.text.ends_with(' '))
+        s.text.pop_back();
+    s.has_answer = true;
+    return true;
+}
+
+bool is_time(const std::string& ms)
+{
+    return !ms.empty() && ms.size() <= 9 && ms.find_first_not_of("0123456789") == ms.npos;
+}
+
+// The parts of a row, with bars between them.
+std::vector<std::string> parts_of(const std::string& row)
+{
+    std::vector<std::string> parts;
+    std::size_t from = 0;
+    for (std::size_t bar; (bar = row.find(" | ", from)) != row.npos; from = bar + 3)
+        parts.push_back(row.substr(from, bar - from));
+    parts.push_back(row.substr(from));
+    return parts;
+}
+
+// Takes " after MS" off the end of a text that is sent; "" where there is none.
+std::string split_time(step& s)
+{
+    const std::size_t at = s.text.rfind(" after ");
+    const std::string ms = at != s.text.npos ? s.text.substr(at + 7) : "";
+    if (!is_time(ms))
+        return {};
+    s.text.erase(at);
+    return ms;
+}
+
+// "text -> answer" of a verb. What is sent with its answer, and a time with what it brings, are several
+// steps.
+std::string add_step(int number, const std::string& verb, const std::string& text, std::vector<step>& steps)
+{
+    step s{number, verb, text, "", false};
+    if (const auto form = with_answer.find(verb);
+        form != with_answer.end() && !split_answer(s) && !form->second.empty())
+        return verb + " " + form->second + " is wanted";
+    if ((verb == "silence" || verb == "after") && !is_time(s.text))
+        return verb + " takes milliseconds, not \"" + s.text + "\"";
+    if (!s.has_answer || (verb != "send" && verb != "after")) {
+        steps.push_back(s);
+        return {};
+    }
+    for (const std::string& part : parts_of(s.text)) {
+        step sent{number, verb, part, "", false};
+        const std::string ms = verb == "after" ? part : split_time(sent);
+        if (verb == "send")
+            steps.push_back(sent);
+        if (!ms.empty())
+            steps.push_back({number, "phone", "clock +" + ms, "", false});
+        steps.push_back({number, "expect", s.answer, "", false});
+    }
+    return {};
+}
+
+// Splits "verb  text".
 std::string read_step(const std::string& line, int number, std::vector<step>& steps)
 {
     const std::size_t from = line.find_first_not_of(" \t");
@@ -29,24 +105,10 @@ std::string read_step(const std::string& line, int number, std::vector<step>& st
         return "no step \"" + verb + "\"";
     if (without_text.contains(verb) && !text.empty())
         return verb + " takes no text";
-    if (verb == "silence" &&
-        (text.empty() || text.size() > 9 || text.find_first_not_of("0123456789") != text.npos))
-        return "silence MS is wanted, not \"" + text + "\"";
-    step s{number, verb, text, "", false};
-    if (verb == "phone" || verb == "fails" || verb == "file" || verb == "awaits") {
-        const std::string arrow = text.ends_with(" ->") ? " ->" : " -> ";
-        if (const std::size_t at = text.find(arrow); at != text.npos) {
-            s.text = text.substr(0, at);
-            while (s.text.ends_with(' '))
-                s.text.pop_back();
-            s.answer = text.substr(at + arrow.size());
-            s.has_answer = true;
-        } else if (verb == "file" || verb == "awaits") {
-            return verb == "file" ? "file PATH -> CONTENT is wanted" : "awaits WORDS -> ANSWER is wanted";
-        }
-    }
-    steps.push_back(s);
-    return {};
+    std::string wrong;
+    for (const std::string& part : verb == "phone" ? parts_of(text) : std::vector{text})
+        wrong = add_step(number, verb, part, steps);
+    return wrong;
 }
 
 } // namespace

@@ -7,79 +7,46 @@
 outputs
   phone    clock hold
   #:
-  send     again=1,2,4,5,0
-  expect   AGAIN:,OK
+  send     again=1,2,4,5,0 -> AGAIN:,OK
   # nothing runs: all is kept for the next starts
   phone    sound ->
-  send     aloop=1,3,1
-  expect   ALOOP:,OK
+  send     aloop=1,3,1 -> ALOOP:,OK
   phone    mixer 30 -> 75
-  send     aurst=0
-  phone    clock +5
-  expect   AURST:,OK
-  send     aloop=1,1,1
-  expect   ALOOP:,OK
+  send     aurst=0 after 5 -> AURST:,OK
+  send     aloop=1,1,1 -> ALOOP:,OK
   phone    mixer 36 -> 80
-  send     aurst=0
-  phone    clock +5
-  expect   AURST:,OK
-  send     aloop=1,4,1
-  expect   ALOOP:,OK
+  send     aurst=0 after 5 -> AURST:,OK
+  send     aloop=1,4,1 -> ALOOP:,OK
   phone    mixer 18 -> 20
-  send     aurst=0
-  phone    clock +5
-  expect   AURST:,OK
-  send     aloop=1,5,1
-  expect   ALOOP:,OK
+  send     aurst=0 after 5 -> AURST:,OK
+  send     aloop=1,5,1 -> ALOOP:,OK
   phone    mixer 17 -> 20
 
 inputs
   phone    clock hold
   # 9 is the headset's only step of another value
-  send     again=0,5,9,2,0
-  expect   AGAIN:,OK
-  send     aloop=2,1,1
-  expect   ALOOP:,OK
-  phone    idle
-  phone    mixer 39 -> 100
-  send     aurst=0
-  phone    clock +90
-  expect   AURST:,OK
-  send     aloop=2,2,1
-  expect   ALOOP:,OK
-  phone    idle
-  phone    mixer 38 -> 97
-  phone    mixer 28 -> 4
-  send     aurst=0
-  phone    clock +90
-  expect   AURST:,OK
-  send     aloop=3,2,1
-  expect   ALOOP:,OK
+  send     again=0,5,9,2,0 -> AGAIN:,OK
+  send     aloop=2,1,1 -> ALOOP:,OK
+  phone    idle | mixer 39 -> 100
+  send     aurst=0 after 90 -> AURST:,OK
+  send     aloop=2,2,1 -> ALOOP:,OK
+  phone    idle | mixer 38 -> 97 | mixer 28 -> 4
+  send     aurst=0 after 90 -> AURST:,OK
+  send     aloop=3,2,1 -> ALOOP:,OK
   phone    mixer 41 -> 1
 
 a step that a path lacks ends it
   phone    clock hold
-  send     again=1,5,6,3,0
-  expect   ERROR
+  send     again=1,5,6,3,0 -> ERROR
   # the ear came first, the plug behind
-  send     aloop=1,3,1
-  expect   ALOOP:,OK
+  send     aloop=1,3,1 -> ALOOP:,OK
   phone    mixer 30 -> 93
-  send     aurst=0
-  phone    clock +5
-  expect   AURST:,OK
-  send     aloop=1,5,1
-  expect   ALOOP:,OK
+  send     aurst=0 after 5 -> AURST:,OK
+  send     aloop=1,5,1 -> ALOOP:,OK
   phone    mixer 17 -> 8
 
 how it is asked for
-  send     again=1,2,3
-  expect   AGAIN:,SYNTAX
-  send     again
-  expect   AGAIN:,SYNTAX
-  send     again=2,1,1,1,1
-  expect   ERROR
-  send     again?1,1,1,1,1
-  expect   AGAIN:,ERROR
-  send     again=?
-  expect   AGAIN:Configure audio gains both input and output,again                                                       again(),OK
+  send     again=1,2,3 | again -> AGAIN:,SYNTAX
+  send     again=2,1,1,1,1 -> ERROR
+  send     again?1,1,1,1,1 -> AGAIN:,ERROR
+  send     again=? -> AGAIN:Configure audio gains both input and output,again                                                       again(),OK

@@ -4,42 +4,29 @@
 #: The command takes as long as the file. A phone without a second speaker plays on its speaker and tells a failure behind it.
 
 what arec recorded comes out of the plug
-  phone    clock hold
-  phone    source mic1 noise 0
-  phone    source mic1 400 1000
-  send     arec=1
-  phone    clock +5000
-  expect   AREC:,OK
+  phone    clock hold | source mic1 noise 0 | source mic1 400 1000
+  send     arec=1 after 5000 -> AREC:,OK
   #:
   send     aplay=1
   phone    clock +4000
   # 13 dB into the file; 4 dB and 18 dB down on the way out
-  phone    listen left -> 400 355
-  phone    listen right -> 400 355
-  phone    clock +1000
-  expect   APLAY:,OK
+  phone    listen left -> 400 355 | listen right -> 400 355
+  after    1000 -> APLAY:,OK
   phone    sound 14 -> playback stop\nplayback close\ncontrol 337 0\ncontrol 462 0\ncontrol 556 0\ncontrol 454 0\ncontrol 431 0\n
   + control 455 0\ncontrol 30 0\ncontrol 17 20\ncontrol 451 0\ncontrol 431 0\ncontrol 31 0\ncontrol 18 20
   send     aplay
-  phone    clock +4000
-  phone    listen speaker -> 400 891
-  phone    clock +1000
-  expect   APLAY:play() failed,APLAY:,ERROR
+  phone    clock +4000 | listen speaker -> 400 891
+  after    1000 -> APLAY:play() failed,APLAY:,ERROR
   phone    shell 1 -> 0 aplay /system/testfile.wav
 
 no file, and one that is none
-  send     aplay=1
-  expect   APLAY:play() failed,APLAY:,ERROR
+  send     aplay=1 -> APLAY:play() failed,APLAY:,ERROR
   phone    shell 1 -> 1 aplay /system/testfile.wav
   write    /system/testfile.wav RIFFxxxxWAVEfmt 
-  send     aplay=1
-  expect   APLAY:play() failed,APLAY:,ERROR
+  send     aplay=1 -> APLAY:play() failed,APLAY:,ERROR
   phone    sound 1 -> control 18 20
 
 how it is asked for
-  send     aplay=2
-  expect   SYNTAX
-  send     aplay?
-  expect   APLAY:,ERROR
-  send     aplay=?
-  expect   APLAY:Play audio from file,aplay     (0-1)                                             aplay(),OK
+  send     aplay=2 -> SYNTAX
+  send     aplay? -> APLAY:,ERROR
+  send     aplay=? -> APLAY:Play audio from file,aplay     (0-1)                                             aplay(),OK

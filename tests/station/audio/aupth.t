@@ -3,10 +3,7 @@
 
 every form
   #:
-  send     aupth=0,1
-  expect   ERROR
-  send     aupth?
-  expect   ERROR
-  send     aupth=?
-  expect   aupth     [(0-1),(0-4)[,(0-1)]]                             aupth(),ERROR
+  send     aupth=0,1 -> ERROR
+  send     aupth? -> ERROR
+  send     aupth=? -> aupth     [(0-1),(0-4)[,(0-1)]]                             aupth(),ERROR
   phone    sound ->

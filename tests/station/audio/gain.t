@@ -11,166 +11,104 @@
 
 a running tone changes at once, and keeps its step
   phone    clock hold
-  send     aloop=1,1,1
-  expect   ALOOP:,OK
+  send     aloop=1,1,1 -> ALOOP:,OK
   #: 90 instead of 70 on the speaker's volume, while its tone runs:
-  send     gain=1,1,5
-  expect   GAIN:,OK
+  send     gain=1,1,5 -> GAIN:,OK
   phone    sound 1 -> control 36 90
   phone    clock +1000
   # 6 dB above full
   phone    listen speaker -> 1000 11972
-  send     aloop=1,1,0
-  phone    clock +5
-  expect   ALOOP:,OK
-  send     aloop=1,1,1
-  expect   ALOOP:,OK
+  send     aloop=1,1,0 after 5 -> ALOOP:,OK
+  send     aloop=1,1,1 -> ALOOP:,OK
   phone    mixer 36 -> 90
 
 a step that a running path lacks is refused by the card, and is the next start's
   phone    clock hold
-  send     aloop=1,1,1
-  expect   ALOOP:,OK
-  send     gain=1,1,6
-  expect   GAIN:,ERROR
+  send     aloop=1,1,1 -> ALOOP:,OK
+  send     gain=1,1,6 -> GAIN:,ERROR
   phone    sound 1 -> control 36 -1 refused
-  phone    clock +1000
-  phone    listen speaker -> 1000 1197
-  send     aloop=1,1,0
-  phone    clock +5
-  expect   ALOOP:,OK
-  send     aloop=1,1,1
-  expect   ALOOP:,ERROR
-  send     gain=1,1,2
-  expect   GAIN:,OK
-  send     aloop=1,1,1
-  expect   ALOOP:,OK
+  phone    clock +1000 | listen speaker -> 1000 1197
+  send     aloop=1,1,0 after 5 -> ALOOP:,OK
+  send     aloop=1,1,1 -> ALOOP:,ERROR
+  send     gain=1,1,2 -> GAIN:,OK
+  send     aloop=1,1,1 -> ALOOP:,OK
   # a step past the last changes nothing of a running path
-  send     gain=1,1,10
-  expect   GAIN:,OK
+  send     gain=1,1,10 -> GAIN:,OK
   phone    mixer 36 -> 70
 
 a path that doesn't run keeps its step for the next start
   phone    clock hold
-  send     gain=1,1,4
-  expect   GAIN:,OK
+  send     gain=1,1,4 -> GAIN:,OK
   phone    sound ->
-  send     gain=1,1,7
-  expect   GAIN:,ERROR
-  send     gain=1,1,10
-  expect   GAIN:,ERROR
-  send     aloop=1,1,1
-  expect   ALOOP:,OK
+  send     gain=1,1,7 | gain=1,1,10 -> GAIN:,ERROR
+  send     aloop=1,1,1 -> ALOOP:,OK
   phone    sound 1 -> control 36 80
   # the speaker runs, the ear doesn't
-  send     gain=1,3,3
-  expect   GAIN:,OK
+  send     gain=1,3,3 -> GAIN:,OK
   phone    sound 1 -> control 36 80
-  send     aloop=1,1,0
-  phone    clock +5
-  expect   ALOOP:,OK
-  send     aloop=1,3,1
-  expect   ALOOP:,OK
+  send     aloop=1,1,0 after 5 -> ALOOP:,OK
+  send     aloop=1,3,1 -> ALOOP:,OK
   phone    sound 1 -> control 30 81
 
 plug left and right are two paths of one plug
   phone    clock hold
-  send     aloop=1,5,1
-  expect   ALOOP:,OK
-  send     gain=1,4,3
-  expect   GAIN:,OK
+  send     aloop=1,5,1 -> ALOOP:,OK
+  send     gain=1,4,3 -> GAIN:,OK
   phone    sound 1 -> control 17 8
-  send     gain=1,5,3
-  expect   GAIN:,OK
+  send     gain=1,5,3 -> GAIN:,OK
   phone    sound 2 -> control 30 80\ncontrol 17 14
 
 inputs, and both at once
   phone    clock hold
-  send     aloop=2,1,1
-  expect   ALOOP:,OK
+  send     aloop=2,1,1 -> ALOOP:,OK
   phone    idle
-  send     gain=2,1,5
-  expect   GAIN:,OK
+  send     gain=2,1,5 -> GAIN:,OK
   phone    sound 2 -> control 39 100\ncontrol 27 12
-  send     gain=2,2,3
-  expect   GAIN:,OK
-  send     gain=2,3,9
-  expect   GAIN:,OK
+  send     gain=2,2,3 | gain=2,3,9 -> GAIN:,OK
   phone    sound 2 -> control 39 100\ncontrol 27 12
-  send     gain=2,4,1
-  expect   GAIN:,ERROR
-  send     aurst=0
-  phone    clock +90
-  expect   AURST:,OK
+  send     gain=2,4,1 -> GAIN:,ERROR
+  send     aurst=0 after 90 -> AURST:,OK
   #: Steps 3 out of the plug, 2 into the headset's microphone:
-  send     gain=3,1,3,2
-  expect   GAIN:,OK
+  send     gain=3,1,3,2 -> GAIN:,OK
   # a step that the output lacks fails, and the input has been set by then
-  send     gain=3,2,6,0
-  expect   GAIN:,ERROR
-  send     gain=3,3,1,1
-  expect   GAIN:,ERROR
-  send     aloop=3,1,1
-  expect   ALOOP:,OK
+  send     gain=3,2,6,0 | gain=3,3,1,1 -> GAIN:,ERROR
+  send     aloop=3,1,1 -> ALOOP:,OK
   phone    mixer 17 -> 14
   phone    idle
   # each side has its own step: 9 is the headset's short one, and the only one of another value
-  send     gain=3,1,5,9
-  expect   GAIN:,OK
+  send     gain=3,1,5,9 -> GAIN:,OK
   phone    sound 3 -> control 41 1\ncontrol 30 80\ncontrol 17 20
-  send     gain=2,3,8
-  expect   GAIN:,OK
+  send     gain=2,3,8 -> GAIN:,OK
   phone    sound 1 -> control 41 85
 
 a loopback's gains go to the card and aren't kept
-  send     gain=5,1,6
-  expect   GAIN:,OK
+  send     gain=5,1,6 -> GAIN:,OK
   phone    sound 1 -> control 41 93
-  send     gain=5,2,1
-  expect   GAIN:,OK
+  send     gain=5,2,1 -> GAIN:,OK
   phone    sound 1 -> control 41 72
-  send     gain=5,3,7
-  expect   GAIN:,OK
+  send     gain=5,3,7 -> GAIN:,OK
   phone    sound 1 -> control 41 96
-  send     gain=6,1,4
-  expect   GAIN:,OK
+  send     gain=6,1,4 -> GAIN:,OK
   phone    sound 1 -> control 39 108
-  send     gain=6,2,3
-  expect   GAIN:,OK
+  send     gain=6,2,3 -> GAIN:,OK
   phone    sound 1 -> control 38 96
-  send     gain=6,9,2
-  expect   GAIN:,OK
+  send     gain=6,9,2 -> GAIN:,OK
   phone    sound 1 -> control 41 90
-  send     gain=6,0,200
-  expect   GAIN:,OK
+  send     gain=6,0,200 -> GAIN:,OK
   phone    sound 1 -> control 41 90
-  send     gain=5,4,1
-  expect   GAIN:,ERROR
-  send     gain=6,3,1
-  expect   GAIN:,ERROR
+  send     gain=5,4,1 | gain=6,3,1 -> GAIN:,ERROR
   # a step that the path lacks is refused by the card
-  send     gain=6,1,5
-  expect   GAIN:,ERROR
+  send     gain=6,1,5 -> GAIN:,ERROR
 
 a second speaker is no failure
-  send     gain=1,2,9
-  expect   GAIN:,OK
-  send     gain=1,6,1
-  expect   GAIN:,ERROR
+  send     gain=1,2,9 -> GAIN:,OK
+  send     gain=1,6,1 -> GAIN:,ERROR
 
 how it is asked for
-  send     gain=1,1
-  expect   GAIN:,ERROR
-  send     gain=4,1,1
-  expect   GAIN:,SYNTAX
-  send     gain=7,1,1
-  expect   GAIN:,SYNTAX
+  send     gain=1,1 -> GAIN:,ERROR
+  send     gain=4,1,1 | gain=7,1,1 -> GAIN:,SYNTAX
   # values are cut to bytes
-  send     gain=257,1,256
-  expect   GAIN:,OK
-  send     gain?1,1,1
-  expect   GAIN:,ERROR
-  send     gain=?
-  expect   GAIN:,gain                                                        gain(),ERROR
-  send     gain=?1,1,1
-  expect   GAIN:Configure audio gains both input and output,gain                                                        gain(),OK
+  send     gain=257,1,256 -> GAIN:,OK
+  send     gain?1,1,1 -> GAIN:,ERROR
+  send     gain=? -> GAIN:,gain                                                        gain(),ERROR
+  send     gain=?1,1,1 -> GAIN:Configure audio gains both input and output,gain                                                        gain(),OK

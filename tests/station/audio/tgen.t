@@ -3,10 +3,7 @@
 
 every form
   #:
-  send     tgen=1
-  expect   TGEN:,ERROR
-  send     tgen?
-  expect   TGEN:,ERROR
-  send     tgen=?
-  expect   TGEN:,tgen      (0-1)[,(0x1-0xFFFF),[(0-5)]                       tgen(),ERROR
+  send     tgen=1 -> TGEN:,ERROR
+  send     tgen? -> TGEN:,ERROR
+  send     tgen=? -> TGEN:,tgen      (0-1)[,(0x1-0xFFFF),[(0-5)]                       tgen(),ERROR
   phone    sound ->

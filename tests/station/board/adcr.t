@@ -13,81 +13,55 @@ a voltage is given in mV, as the converter's code, or not at all
   write    /sys/devices/qpnp-vadc-8/vbat_sns Result:3812345 Raw:36142\n
   # 3812345 uV / 1000 = 3812 = 0xEE4; 36142 = 0x8D2E
   #: The battery has 3812 mV, 0xEE4:
-  send     adcr=10
-  expect   ADCR:0xee4,OK
-  send     adcr?10,1
-  expect   ADCR:0xee4,OK
-  send     adcr=10,0
-  expect   ADCR:0x8d2e,OK
-  send     adcr=10,2
-  expect   ADCR:,SYNTAX
+  send     adcr=10 -> ADCR:0xee4,OK
+  send     adcr?10,1 -> ADCR:0xee4,OK
+  send     adcr=10,0 -> ADCR:0x8d2e,OK
+  send     adcr=10,2 -> ADCR:,SYNTAX
   # the coin cell's 3056 mV
-  send     adcr=7
-  expect   ADCR:0xbf0,OK
+  send     adcr=7 -> ADCR:0xbf0,OK
 
 the battery's and the charger's inputs are what is there
   conf     charger none
   phone    battery 3500
   # 3500 = 0xDAC mV, a third of it at the pin: 0x6000 + 3500 / 3 / 1800 * 0x4000 = 35195 = 0x897B
-  send     adcr=10
-  expect   ADCR:0xdac,OK
-  send     adcr=10,0
-  expect   ADCR:0x897b,OK
-  send     adcr=9
+  send     adcr=10 -> ADCR:0xdac,OK
+  send     adcr=10,0 -> ADCR:0x897b,OK
   # 11 mV, and behind a wall charger 5093
-  expect   ADCR:0xb,OK
+  send     adcr=9 -> ADCR:0xb,OK
   phone    charger wall
-  send     adcr=9
-  expect   ADCR:0x13e5,OK
+  send     adcr=9 -> ADCR:0x13e5,OK
   # a simple charger sits on contacts of its own: 27 mV on the USB socket, until the phone feeds it
   phone    charger simple
-  send     adcr=8
-  expect   ADCR:0x1b,OK
-  send     ebct=4,1
-  expect   EBCT: ,OK
-  send     adcr=8
+  send     adcr=8 -> ADCR:0x1b,OK
+  send     ebct=4,1 -> EBCT: ,OK
   # 5061
-  expect   ADCR:0x13c5,OK
+  send     adcr=8 -> ADCR:0x13c5,OK
 
 a temperature has a scaled value of its own
   write    /sys/devices/qpnp-vadc-8/batt_therm_dflt Result:912345 Raw:32877\n
   write    /sys/devices/qpnp-vadc-8/batt_therm Result:-57 Raw:35001\n
   write    /sys/devices/qpnp-vadc-8/pcb_therm Result:2900 Raw:32260\n
-  send     adcr=11
-  expect   ADCR:0x390,OK
+  send     adcr=11 -> ADCR:0x390,OK
   # -57 tenths of a degree, cut towards 0: -5
   #: A temperature below zero, -5:
-  send     adcr=11,2
-  expect   ADCR:0xfffffffb,OK
-  send     adcr=37,2
-  expect   ADCR:0xb54,OK
+  send     adcr=11,2 -> ADCR:0xfffffffb,OK
+  send     adcr=37,2 -> ADCR:0xb54,OK
 
 a thermal zone is one number, whatever the format
   write    /sys/class/thermal/thermal_zone0/temp 1035\n
-  send     adcr=19,0
-  expect   ADCR:0x40b,OK
-  send     adcr=19,2
-  expect   ADCR:0x40b,OK
-  send     adcr=19
-  expect   ADCR:0x1,OK
+  send     adcr=19,0 | adcr=19,2 -> ADCR:0x40b,OK
+  send     adcr=19 -> ADCR:0x1,OK
 
 the RF identity gets its supply before it is read
-  send     adcr=3
   # 1790000 uV / 1000 = 1790
-  expect   ADCR:0x6fe,OK
+  send     adcr=3 -> ADCR:0x6fe,OK
   phone    gpio 544 -> 1
 
 channels that don't exist are syntax errors, a format that doesn't is an error, and the help
-  send     adcr=2
-  expect   ADCR:,SYNTAX
-  send     adcr=39
-  expect   ADCR:,SYNTAX
-  send     adcr=10,3
-  expect   ADCR:,ERROR
-  send     adcr
-  expect   ADCR: ,SYNTAX
-  send     adcr=?
-  expect   ADCR:Read adc channels ,ADCR:0x3 - Band variant / RF-id,ADCR:0x7 - Coin cell battery voltage,
+  send     adcr=2 | adcr=39 -> ADCR:,SYNTAX
+  send     adcr=10,3 -> ADCR:,ERROR
+  send     adcr -> ADCR: ,SYNTAX
+  send     adcr=? -> ADCR:Read adc channels ,ADCR:0x3 - Band variant / RF-id,ADCR:0x7 - Coin cell battery voltage,
   +        ADCR:0x8 - USB input voltage,ADCR:0x9 - Charger input voltage,ADCR:0xa - Battery voltage,
   +        ADCR:0xb - Battery thermistor,ADCR:0xd - PM8941 die thermistor,ADCR:0x12 - PA thermistor 1,
   +        ADCR:0x13 - MSM internal thermistor0,ADCR:0x14 - XO thermistor,ADCR:0x15 - PA thermistor 0,
@@ -101,11 +75,8 @@ channels that don't exist are syntax errors, a format that doesn't is an error, 
 
 what can't be read is an error
   phone    fail open /sys/devices/qpnp-vadc-8/vbat_sns
-  send     adcr=10
-  expect   ADCR:,ERROR
+  send     adcr=10 -> ADCR:,ERROR
   write    /sys/devices/qpnp-vadc-8/vbat_sns Result:3800000\n
-  send     adcr=10
-  expect   ADCR:,ERROR
+  send     adcr=10 -> ADCR:,ERROR
   phone    fail opendir /sys/devices
-  send     adcr=8
-  expect   ADCR:,ERROR
+  send     adcr=8 -> ADCR:,ERROR

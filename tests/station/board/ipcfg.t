@@ -3,11 +3,8 @@
 
 the board can't set it, and a missing value is a syntax error
   #:
-  send     ipcfg=3
-  expect   IPCFG: ,ERROR
-  send     ipcfg
-  expect   IPCFG: ,SYNTAX
+  send     ipcfg=3 -> IPCFG: ,ERROR
+  send     ipcfg -> IPCFG: ,SYNTAX
 
 the help is one line
-  send     ipcfg=?
-  expect   IPCFG:Set last digits of IP address,ipcfg     (0-255)                                           ipcfg(ipaddr),OK
+  send     ipcfg=? -> IPCFG:Set last digits of IP address,ipcfg     (0-255)                                           ipcfg(ipaddr),OK

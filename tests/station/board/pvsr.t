@@ -4,24 +4,16 @@
 
 the setting is hexadecimal
   #:
-  send     pvsr=1
-  expect   PVSR:0x3,OK
+  send     pvsr=1 -> PVSR:0x3,OK
   write    /sys/kernel/debug/msm/pvsr 27\n
-  send     pvsr?1
-  expect   PVSR:0x1b,OK
+  send     pvsr?1 -> PVSR:0x1b,OK
 
 any value but 1 is a syntax error, and the help
-  send     pvsr
-  expect   PVSR: ,SYNTAX
-  send     pvsr=2
-  expect   PVSR: ,SYNTAX
-  send     pvsr=?
-  expect   PVSR:Read processor voltage setting,pvsr      1                                                 PVSR,OK
+  send     pvsr | pvsr=2 -> PVSR: ,SYNTAX
+  send     pvsr=? -> PVSR:Read processor voltage setting,pvsr      1                                                 PVSR,OK
 
 a file that can't be read, or holds no number, is an error
   phone    fail open /sys/kernel/debug/msm/pvsr
-  send     pvsr=1
-  expect   PVSR: ,ERROR
+  send     pvsr=1 -> PVSR: ,ERROR
   write    /sys/kernel/debug/msm/pvsr none\n
-  send     pvsr=1
-  expect   PVSR: ,ERROR
+  send     pvsr=1 -> PVSR: ,ERROR

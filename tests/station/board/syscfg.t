@@ -5,36 +5,24 @@
 
 a setting gets its text
   #:
-  send     syscfg=0,"0"
-  expect   SYSCFG: ,OK
+  send     syscfg=0,"0" -> SYSCFG: ,OK
   file     /sys/devices/system/cpu/cpu0/online -> 0
-  send     syscfg=36,"7 x"
-  expect   SYSCFG: ,OK
+  send     syscfg=36,"7 x" -> SYSCFG: ,OK
   file     /sys/module/lpm_resources/enable_low_power/vdd_mem -> 7 x
 
 a number outside the list is a syntax error, and so is a missing text
-  send     syscfg=37,"x"
-  expect   SYSCFG: ,SYNTAX
-  send     syscfg=-1,"x"
-  expect   SYSCFG: ,SYNTAX
-  send     syscfg
-  expect   SYSCFG: ,SYNTAX
-  send     syscfg=0,
-  expect   SYSCFG: ,SYNTAX
+  send     syscfg=37,"x" | syscfg=-1,"x" | syscfg | syscfg=0, -> SYSCFG: ,SYNTAX
 
 a setting that fails or isn't there is an error
   phone    fail write /sys/devices/system/cpu/cpu0/online
-  send     syscfg=0,"1"
-  expect   SYSCFG: ,ERROR
+  send     syscfg=0,"1" -> SYSCFG: ,ERROR
   phone    fail open /sys/devices/system/cpu/cpu0/online
-  send     syscfg=0,"1"
-  expect   SYSCFG: ,ERROR
+  send     syscfg=0,"1" -> SYSCFG: ,ERROR
 
 the help lists all settings with their texts, of which 200 characters count
   phone    idle
   write    /sys/module/pm_8x60/modes/cpu0/standalone_power_collapse/suspend_enabled \*20{abcde}\n\*26{fghij}
-  send     syscfg=?
-  expect   SYSCFG:0 /sys/devices/system/cpu/cpu0/online = 1,
+  send     syscfg=? -> SYSCFG:0 /sys/devices/system/cpu/cpu0/online = 1,
   +        SYSCFG:1 /sys/devices/system/cpu/cpu1/online = 1,
   +        SYSCFG:2 /sys/devices/system/cpu/cpu2/online = 1,
   +        SYSCFG:3 /sys/devices/system/cpu/cpu3/online = 1,

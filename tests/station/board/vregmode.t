@@ -5,28 +5,19 @@
 
 the mode is written as it is
   #:
-  send     vregmode="krait1",8
-  expect   VREGMODE:,OK
+  send     vregmode="krait1",8 -> VREGMODE:,OK
   file     /sys/kernel/debug/regulator/krait1/mode -> 8
-  send     vregmode?"krait1",-1
-  expect   VREGMODE:,OK
+  send     vregmode?"krait1",-1 -> VREGMODE:,OK
   file     /sys/kernel/debug/regulator/krait1/mode -> -1
 
 an attribute that fails or isn't there is an error
   phone    fail write /sys/kernel/debug/regulator/krait1/mode
-  send     vregmode="krait1",1
-  expect   VREGMODE:,ERROR
-  send     vregmode="none",1
-  expect   VREGMODE:,ERROR
+  send     vregmode="krait1",1 | vregmode="none",1 -> VREGMODE:,ERROR
   strange  any
 
 any other count is a syntax error, and the help
-  send     vregmode
-  expect   VREGMODE:,SYNTAX
-  send     vregmode=,1
-  expect   VREGMODE:,SYNTAX
-  send     vregmode=?
-  expect   VREGMODE:0 - krait0,VREGMODE:1 - krait1,VREGMODE:2 - krait2,VREGMODE:3 - krait3,
+  send     vregmode | vregmode=,1 -> VREGMODE:,SYNTAX
+  send     vregmode=? -> VREGMODE:0 - krait0,VREGMODE:1 - krait1,VREGMODE:2 - krait2,VREGMODE:3 - krait3,
   +        VREGMODE:4 - 8841_s1,VREGMODE:5 - 8841_s2,VREGMODE:6 - 8941_s1,VREGMODE:7 - 8941_s2,
   +        VREGMODE:8 - 8941_s3,VREGMODE:9 - 8941_l6,VREGMODE:10 - 8941_l13,VREGMODE:11 - 8941_l17,
   +        VREGMODE:12 - 8941_l22,VREGMODE:13 - 8941_lvs1,

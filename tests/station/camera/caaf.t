@@ -6,63 +6,39 @@
 
 a run that finds the focus, one that doesn't, one with an error
   phone    speed 20
-  send     caaf
-  expect   CAAF:5,OK
-  send     caml=1
-  expect   CAML:,OK
+  send     caaf -> CAAF:5,OK
+  send     caml=1 -> CAML:,OK
   #:
-  send     caaf=1
-  expect   CAAF:,OK
+  send     caaf=1 -> CAAF:,OK
   #:
-  send     caaf
-  expect   CAAF:4,OK
+  send     caaf -> CAAF:4,OK
   phone    camera 1 param 16 -> 08000000
   phone    camera 1 focus bad
-  send     caaf=1
-  expect   CAAF:,OK
-  send     caaf
-  expect   CAAF:5,OK
+  send     caaf=1 -> CAAF:,OK
+  send     caaf -> CAAF:5,OK
   phone    camera 1 focus good
-  send     caaf=1
-  expect   CAAF:,OK
+  send     caaf=1 -> CAAF:,OK
   phone    camera 1 focus error
-  send     caaf=1
-  expect   CAAF:,OK
-  send     caaf
-  expect   CAAF:5,OK
+  send     caaf=1 -> CAAF:,OK
+  send     caaf -> CAAF:5,OK
   phone    camera 1 focus good
-  send     caaf=1
-  expect   CAAF:,OK
-  send     caaf=0
-  expect   CAAF:,OK
-  send     caaf
-  expect   CAAF:5,OK
+  send     caaf=1 | caaf=0 -> CAAF:,OK
+  send     caaf -> CAAF:5,OK
 
 a run without end is given up after ten seconds
   phone    speed 100
-  send     caml=1
-  expect   CAML:,OK
+  send     caml=1 -> CAML:,OK
   phone    fail drns_callback 0x6 1
-  send     caaf=1
-  expect   CAAF:,ERROR
-  send     caaf
-  expect   CAAF:5,OK
-  send     caaf=1
-  expect   CAAF:,OK
-  send     caaf
-  expect   CAAF:4,OK
+  send     caaf=1 -> CAAF:,ERROR
+  send     caaf -> CAAF:5,OK
+  send     caaf=1 -> CAAF:,OK
+  send     caaf -> CAAF:4,OK
 
 a run that can't begin, and wrong values
-  send     caml=1
-  expect   CAML:,OK
+  send     caml=1 -> CAML:,OK
   phone    fail drns_auto_lock 0x0 1
-  send     caaf=1
-  expect   CAAF:,ERROR
-  send     caaf
-  expect   CAAF:5,OK
-  send     caaf=2
-  expect   SYNTAX
-  send     caaf?
-  expect   OK
-  send     caaf=1,1
-  expect   caaf      (0-1)                                             auto focus operation,SYNTAX
+  send     caaf=1 -> CAAF:,ERROR
+  send     caaf -> CAAF:5,OK
+  send     caaf=2 -> SYNTAX
+  send     caaf? -> OK
+  send     caaf=1,1 -> caaf      (0-1)                                             auto focus operation,SYNTAX

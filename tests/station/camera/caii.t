@@ -4,49 +4,29 @@
 #: `ERROR`: no picture, or no such channel.
 
 means and counts of a picture
-  phone    scene 1 flat 100
-  phone    scene 1 box 0 0 10 10 200
-  send     caml=1
-  expect   CAML:,OK
-  send     caii
-  expect   ERROR
-  send     cams=1,0
-  expect   CAMS:,OK
+  phone    scene 1 flat 100 | scene 1 box 0 0 10 10 200
+  send     caml=1 -> CAML:,OK
+  send     caii -> ERROR
+  send     cams=1,0 -> CAMS:,OK
   # 100 + 100 * 100 / 307200 is 100, cut
   #:
-  send     caii
-  expect   CAII: 0x64,OK
+  send     caii -> CAII: 0x64,OK
   #: A hundred samples reach 200:
-  send     caii=1,200
-  expect   CAII: 0x64,OK
-  send     caii=1,201
-  expect   CAII: 0x0,OK
-  send     caii=1,100
-  expect   CAII: 0x4B000,OK
+  send     caii=1,200 -> CAII: 0x64,OK
+  send     caii=1,201 -> CAII: 0x0,OK
+  send     caii=1,100 -> CAII: 0x4B000,OK
 
 the two colours are the two halves of what lies behind the brightness
   write    /data/c.yuv \*256{a}\*64{b}\*64{c}
-  send     caml=1
-  expect   CAML:,OK
-  send     cams=6,/data/c.yuv
-  expect   CAMS:,OK
-  send     cams=5,16,16,0
-  expect   CAMS:,OK
-  send     caii=2
-  expect   CAII: 0x62,OK
-  send     caii=3
-  expect   CAII: 0x63,OK
-  send     caii=3,99
-  expect   CAII: 0x40,OK
-  send     caii=0
-  expect   ERROR
+  send     caml=1 -> CAML:,OK
+  send     cams=6,/data/c.yuv | cams=5,16,16,0 -> CAMS:,OK
+  send     caii=2 -> CAII: 0x62,OK
+  send     caii=3 -> CAII: 0x63,OK
+  send     caii=3,99 -> CAII: 0x40,OK
+  send     caii=0 -> ERROR
 
 channels that there aren't, and other forms
-  send     caii=4
-  expect   CAII: No valid channel,ERROR
-  send     caii?
-  expect   ERROR
-  send     caii=?
-  expect   caii                                                        ,OK
-  send     caii=1,2,3
-  expect   SYNTAX
+  send     caii=4 -> CAII: No valid channel,ERROR
+  send     caii? -> ERROR
+  send     caii=? -> caii                                                        ,OK
+  send     caii=1,2,3 -> SYNTAX

@@ -6,42 +6,22 @@
 
 a cross that is tilted either way
   phone    scene 1 tilt 3
-  send     caml=1
-  expect   CAML:,OK
-  send     cams=1,0
-  expect   CAMS:,OK
+  send     caml=1 -> CAML:,OK
+  send     cams=1,0 -> CAMS:,OK
   # At row 10 the bar's middle is at 319.5 + tan 3 * 229.5 = 331.5, its left edge 8 / cos 3 = 8 further left
   #:
-  send     cama=10,10,100
-  expect   CAMA:2.99,324,10,300,470,10,216,630,248,OK
+  send     cama=10,10,100 -> CAMA:2.99,324,10,300,470,10,216,630,248,OK
   phone    scene 1 tilt -5
-  send     cams=1,0
-  expect   CAMS:,OK
-  send     cama=10,10,100
-  expect   CAMA:-4.97,292,10,332,470,10,259,630,205,OK
-  send     cama=10,10,201
-  expect   ERROR
-  send     cama=10,10,0x164,9
-  expect   CAMA:-4.97,292,10,332,470,10,259,630,205,OK
+  send     cams=1,0 -> CAMS:,OK
+  send     cama=10,10,100 -> CAMA:-4.97,292,10,332,470,10,259,630,205,OK
+  send     cama=10,10,201 -> ERROR
+  send     cama=10,10,0x164,9 -> CAMA:-4.97,292,10,332,470,10,259,630,205,OK
 
 no picture, margins that leave it, too few values
-  send     caml=1
-  expect   CAML:,OK
-  send     cama=10,10,1
-  expect   ERROR
-  send     cams=1,0
-  expect   CAMS:,OK
-  send     cama=0,10,1
-  expect   ERROR
-  send     cama=10,0,1
-  expect   ERROR
-  send     cama=10,241,1
-  expect   ERROR
-  send     cama=0xFFFFFFFF,10,1
-  expect   ERROR
-  send     cama=1,2
-  expect   SYNTAX
-  send     cama=?1,2,3
-  expect   CAMA:Camera Alignment Test,cama      (0-65535),(0-65535)                               camera alignment test,OK
-  send     cama=?
-  expect   cama      (0-65535),(0-65535)                               camera alignment test,SYNTAX
+  send     caml=1 -> CAML:,OK
+  send     cama=10,10,1 -> ERROR
+  send     cams=1,0 -> CAMS:,OK
+  send     cama=0,10,1 | cama=10,0,1 | cama=10,241,1 | cama=0xFFFFFFFF,10,1 -> ERROR
+  send     cama=1,2 -> SYNTAX
+  send     cama=?1,2,3 -> CAMA:Camera Alignment Test,cama      (0-65535),(0-65535)                               camera alignment test,OK
+  send     cama=? -> cama      (0-65535),(0-65535)                               camera alignment test,SYNTAX

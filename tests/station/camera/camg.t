@@ -11,134 +11,77 @@
 #: an odd size, or no such limit.
 
 the chart passes at every size
-  send     caml=1
-  expect   CAML:,OK
-  send     cams=1,0
-  expect   CAMS:,OK
+  send     caml=1 -> CAML:,OK
+  send     cams=1,0 -> CAMS:,OK
   #:
-  send     camg
-  expect   CAMG:0x0,0x0,0x0,0x0,0x0,OK
-  send     cams=1,1
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x0,0x0,0x0,0x0,0x0,OK
-  send     cams=1,2
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x0,0x0,0x0,0x0,0x0,OK
-  send     cams=1,4
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x0,0x0,0x0,0x0,0x0,OK
-  send     cams=1,99
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x0,0x0,0x0,0x0,0x0,OK
-  send     cams=1,105
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:,ERROR
-  send     cams=5,1944,1720,0
-  expect   CAMS:,OK
-  send     camg?
-  expect   CAMG:0x0,0x0,0x0,0x0,0x0,OK
+  send     camg -> CAMG:0x0,0x0,0x0,0x0,0x0,OK
+  send     cams=1,1 -> CAMS:,OK
+  send     camg -> CAMG:0x0,0x0,0x0,0x0,0x0,OK
+  send     cams=1,2 -> CAMS:,OK
+  send     camg -> CAMG:0x0,0x0,0x0,0x0,0x0,OK
+  send     cams=1,4 -> CAMS:,OK
+  send     camg -> CAMG:0x0,0x0,0x0,0x0,0x0,OK
+  send     cams=1,99 -> CAMS:,OK
+  send     camg -> CAMG:0x0,0x0,0x0,0x0,0x0,OK
+  send     cams=1,105 -> CAMS:,OK
+  send     camg -> CAMG:,ERROR
+  send     cams=5,1944,1720,0 -> CAMS:,OK
+  send     camg? -> CAMG:0x0,0x0,0x0,0x0,0x0,OK
 
 each part that is left blank gives its own bit
   phone    speed 20
-  send     caml=1
-  expect   CAML:,OK
+  send     caml=1 -> CAML:,OK
   phone    scene 1 chart corner0
-  send     cams=1,0
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x110,0x1,0x1,0x1,0x1,OK
+  send     cams=1,0 -> CAMS:,OK
+  send     camg -> CAMG:0x110,0x1,0x1,0x1,0x1,OK
   phone    scene 1 chart corner3
-  send     cams=1,0
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x810,0x1,0x1,0x1,0x1,OK
+  send     cams=1,0 -> CAMS:,OK
+  send     camg -> CAMG:0x810,0x1,0x1,0x1,0x1,OK
   phone    scene 1 chart corner1 corner2
-  send     cams=1,0
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x610,0x1,0x1,0x1,0x1,OK
+  send     cams=1,0 -> CAMS:,OK
+  send     camg -> CAMG:0x610,0x1,0x1,0x1,0x1,OK
   phone    scene 1 chart red
-  send     cams=1,0
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x0,0x260,0x0,0x0,0x0,OK
+  send     cams=1,0 -> CAMS:,OK
+  send     camg -> CAMG:0x0,0x260,0x0,0x0,0x0,OK
   phone    scene 1 chart green
-  send     cams=1,0
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x0,0x470,0x0,0x0,0x0,OK
+  send     cams=1,0 -> CAMS:,OK
+  send     camg -> CAMG:0x0,0x470,0x0,0x0,0x0,OK
   phone    scene 1 chart blue
-  send     cams=1,0
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x0,0x870,0x0,0x0,0x0,OK
+  send     cams=1,0 -> CAMS:,OK
+  send     camg -> CAMG:0x0,0x870,0x0,0x0,0x0,OK
   phone    scene 1 chart flare0 flare3
-  send     cams=1,0
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x0,0x0,0x910,0x0,0x0,OK
+  send     cams=1,0 -> CAMS:,OK
+  send     camg -> CAMG:0x0,0x0,0x910,0x0,0x0,OK
   phone    scene 1 chart flare1
-  send     cams=1,0
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x0,0x0,0x210,0x0,0x0,OK
+  send     cams=1,0 -> CAMS:,OK
+  send     camg -> CAMG:0x0,0x0,0x210,0x0,0x0,OK
   phone    scene 1 chart flare2
-  send     cams=1,0
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x0,0x0,0x410,0x0,0x0,OK
+  send     cams=1,0 -> CAMS:,OK
+  send     camg -> CAMG:0x0,0x0,0x410,0x0,0x0,OK
   phone    scene 1 chart lines0 lines4
-  send     cams=1,0
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x0,0x0,0x0,0x0,0x1110,OK
+  send     cams=1,0 -> CAMS:,OK
+  send     camg -> CAMG:0x0,0x0,0x0,0x0,0x1110,OK
   phone    scene 1 chart lines1
-  send     cams=1,0
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x0,0x0,0x0,0x0,0x210,OK
+  send     cams=1,0 -> CAMS:,OK
+  send     camg -> CAMG:0x0,0x0,0x0,0x0,0x210,OK
   phone    scene 1 chart lines2 lines3
-  send     cams=1,0
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x0,0x0,0x0,0x0,0xc10,OK
+  send     cams=1,0 -> CAMS:,OK
+  send     camg -> CAMG:0x0,0x0,0x0,0x0,0xc10,OK
   phone    scene 1 chart jump
-  send     cams=1,0
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0x0,0x0,0x0,0x5,0x0,OK
+  send     cams=1,0 -> CAMS:,OK
+  send     camg -> CAMG:0x0,0x0,0x0,0x5,0x0,OK
 
 a grey picture has no corners
-  send     caml=2
-  expect   CAML:,OK
-  send     cams=1,0
-  expect   CAMS:,OK
-  send     camg
-  expect   CAMG:0xf10,0x1,0x1,0x1,0x1,OK
+  send     caml=2 -> CAML:,OK
+  send     cams=1,0 -> CAMS:,OK
+  send     camg -> CAMG:0xf10,0x1,0x1,0x1,0x1,OK
 
 limits are read and set, and outlast a test
-  send     camg=16
-  expect   CAMG:0x14,OK
-  send     camg=16,0x12C
-  expect   CAMG:,OK
-  send     camg=16
-  expect   CAMG:0x2c,OK
-  send     camg=18,0x12345678
-  expect   CAMG:,OK
-  send     camg=0x10012
-  expect   CAMG:0x12345678,OK
-  send     camg=15
-  expect   CAMG:,ERROR
-  send     camg=19
-  expect   CAMG:,ERROR
-  send     camg=96,1
-  expect   CAMG:,ERROR
-  send     camg=1,2,3
-  expect   SYNTAX
-  send     camg=?
-  expect   CAMG:Camera general test.,camg      [(0-255)[,(0-65535)]]                             test/set param/get param,OK
+  send     camg=16 -> CAMG:0x14,OK
+  send     camg=16,0x12C -> CAMG:,OK
+  send     camg=16 -> CAMG:0x2c,OK
+  send     camg=18,0x12345678 -> CAMG:,OK
+  send     camg=0x10012 -> CAMG:0x12345678,OK
+  send     camg=15 | camg=19 | camg=96,1 -> CAMG:,ERROR
+  send     camg=1,2,3 -> SYNTAX
+  send     camg=? -> CAMG:Camera general test.,camg      [(0-255)[,(0-65535)]]                             test/set param/get param,OK

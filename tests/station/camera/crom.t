@@ -4,28 +4,19 @@
 #: `ERROR` behind the bare name when it can't be read.
 
 the check
-  send     crom=1
-  expect   CROM:1,OK
-  send     caml=1
-  expect   CAML:,OK
+  send     crom=1 -> CROM:1,OK
+  send     caml=1 -> CAML:,OK
   #:
-  send     crom=1
-  expect   CROM:0,OK
+  send     crom=1 -> CROM:0,OK
   phone    camera 1 eeprom bad
-  send     crom?1
-  expect   CROM:1,OK
+  send     crom?1 -> CROM:1,OK
 
 a memory that can't be read, and wrong values
-  send     crom
-  expect   CROM:,ERROR
-  send     caml=1
-  expect   CAML:,OK
+  send     crom -> CROM:,ERROR
+  send     caml=1 -> CAML:,OK
   phone    fail drns_get_parameter 0x2A 1
-  send     crom=0
-  expect   CROM:,ERROR
-  send     crom=2
-  expect   CROM:,SYNTAX
+  send     crom=0 -> CROM:,ERROR
+  send     crom=2 -> CROM:,SYNTAX
   send     crom=?
   expect   CROM:Dump and check eeprom in camera module.,crom      (0-1)                                             dump and check eeprom,OK
-  send     crom=0,1
-  expect   crom      (0-1)                                             dump and check eeprom,SYNTAX
+  send     crom=0,1 -> crom      (0-1)                                             dump and check eeprom,SYNTAX

@@ -5,17 +5,8 @@
 
 this phone has none
   #:
-  send     ispd=1
-  expect   ISPD:,ERROR
-  send     ispd=1,/data/firmware.bin
-  expect   ISPD:,ERROR
-  send     ispd=2
-  expect   ERROR
-  send     ispd=3
-  expect   ERROR
-  send     ispd=4
-  expect   SYNTAX
-  send     ispd
-  expect   SYNTAX
-  send     ispd?2
-  expect   OK
+  send     ispd=1 -> ISPD:,ERROR
+  send     ispd=1,/data/firmware.bin -> ISPD:,ERROR
+  send     ispd=2 | ispd=3 -> ERROR
+  send     ispd=4 | ispd -> SYNTAX
+  send     ispd?2 -> OK

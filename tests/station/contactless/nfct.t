@@ -4,39 +4,26 @@
 #: nfct? | the help, as `nfct=?`
 
 with a secure element and without
-  send     nfct=0
-  expect   NFCT: ,NOT FOUND
-  send     nfsl=2
-  expect   NFSL: ,OK
+  send     nfct=0 -> NFCT: ,NOT FOUND
+  send     nfsl=2 -> NFSL: ,OK
   #:
-  send     nfct=0
-  expect   NFCT:1,OK
-  phone    gpio 97                -> 0
+  send     nfct=0 -> NFCT:1,OK
+  phone    gpio 97 -> 0
   phone    swp off
-  send     nfct=0
-  expect   NFCT:0,OK
-  send     nfct=1
-  expect   SYNTAX
-  send     nfct
-  expect   SYNTAX
-  send     nfct?
-  expect   NFCT:NFC SIMVDD Check,OK
-  send     nfct=?
-  expect   NFCT:NFC SIMVDD Check,nfct      (0-1)                                             NFC SIMVDD Check,OK
+  send     nfct=0 -> NFCT:0,OK
+  send     nfct=1 | nfct -> SYNTAX
+  send     nfct? -> NFCT:NFC SIMVDD Check,OK
+  send     nfct=? -> NFCT:NFC SIMVDD Check,nfct      (0-1)                                             NFC SIMVDD Check,OK
   phone    fail ioctl /dev/tamiro_ctrl
-  send     nfct=0
-  expect   NFCT: ,ERROR
+  send     nfct=0 -> NFCT: ,ERROR
   phone    fail open /dev/tamiro_ctrl
-  send     nfct=0
-  expect   NFCT: ,ERROR
+  send     nfct=0 -> NFCT: ,ERROR
 
 the supply is there only between the two requests
-  send     nfsl=2
-  expect   NFSL: ,OK
+  send     nfsl=2 -> NFSL: ,OK
   phone    clock hold
-  raw      nfct=0\r
-  phone    clock +50
-  phone    gpio 97                -> 1
+  send     nfct=0
+  phone    clock +50 | gpio 97 -> 1
   phone    clock run
   expect   NFCT:1,OK
-  phone    gpio 97                -> 0
+  phone    gpio 97 -> 0

@@ -4,29 +4,19 @@
 #: Another value is `SYNTAX`; on the PN65 both are `NOT FOUND`.
 
 the line is read, and set by a register
-  send     nfit
-  expect   NFIT: ,NOT FOUND
-  send     nfsl=2
-  expect   NFSL: ,OK
+  send     nfit -> NFIT: ,NOT FOUND
+  send     nfsl=2 -> NFSL: ,OK
   #:
-  send     nfit
-  expect   NFIT:0,OK
+  send     nfit -> NFIT:0,OK
   phone    gpio 59 1
-  send     nfit?
-  expect   NFIT:1,OK
-  send     nfit=1
-  expect   NFIT: ,ERROR
-  send     nfpu
-  expect   NFPU: ,OK
-  send     nfpc=1,1
-  expect   NFPC: ,OK
-  send     nfit=1
-  expect   NFIT: ,OK
-  phone    tamiro reg 9           -> 01
-  send     nfit=0
-  expect   NFIT: ,OK
-  phone    tamiro reg 9           -> 00
-  send     nfit=2
-  expect   NFIT: ,SYNTAX
+  send     nfit? -> NFIT:1,OK
+  send     nfit=1 -> NFIT: ,ERROR
+  send     nfpu -> NFPU: ,OK
+  send     nfpc=1,1 -> NFPC: ,OK
+  send     nfit=1 -> NFIT: ,OK
+  phone    tamiro reg 9 -> 01
+  send     nfit=0 -> NFIT: ,OK
+  phone    tamiro reg 9 -> 00
+  send     nfit=2 -> NFIT: ,SYNTAX
   send     nfit=?
   expect   NFIT:NFC (Tamiro) Get/Set INT status,nfit      (0-1)                                             NFC (Tamiro) Get/Set INT status,OK

@@ -2,27 +2,20 @@
 #: nflt | low, high and low again, 1 ms each. Answers with one blank; the PN65 has none: `NOT FOUND`
 
 low, high, low
-  send     nflt
-  expect   NFLT: ,NOT FOUND
-  send     nfsl=2
-  expect   NFSL: ,OK
+  send     nflt -> NFLT: ,NOT FOUND
+  send     nfsl=2 -> NFSL: ,OK
   #:
-  send     nflt
-  expect   NFLT: ,OK
-  phone    gpio 568               -> 0
+  send     nflt -> NFLT: ,OK
+  phone    gpio 568 -> 0
   phone    fail write /dev/gpio568
-  send     nflt
-  expect   NFLT: ,ERROR
-  send     nflt=?
-  expect   NFLT:NFC Lock Toggle,nflt                                                        NFC Lock Toggle,OK
+  send     nflt -> NFLT: ,ERROR
+  send     nflt=? -> NFLT:NFC Lock Toggle,nflt                                                        NFC Lock Toggle,OK
 
 the pulse is a millisecond high
-  send     nfsl=2
-  expect   NFSL: ,OK
+  send     nfsl=2 -> NFSL: ,OK
   phone    clock hold
-  raw      nflt\r
-  phone    clock +1
-  phone    gpio 568               -> 1
+  send     nflt
+  phone    clock +1 | gpio 568 -> 1
   phone    clock run
   expect   NFLT: ,OK
-  phone    gpio 568               -> 0
+  phone    gpio 568 -> 0

@@ -2,38 +2,24 @@
 #: nfrw=REGISTER,VALUE | the low 8 bits of VALUE; the numbers are those of `nfrr`. Answers with one blank
 
 the value arrives
-  send     nfpu
-  expect   NFPU: ,OK
+  send     nfpu -> NFPU: ,OK
   #:
-  send     nfrw=0x1234,0x56
-  expect   NFRW: ,OK
-  phone    pn65 reg 1234          -> 56
-  send     nfrw=0x9EB4,0x1A7
-  expect   NFRW: ,OK
-  phone    pn65 reg 9EB4          -> A7
-  phone    speed 100
-  phone    pn65 823F silent 1
-  send     nfrw=0x1234,1
-  expect   NFRW: ,ERROR
-  send     nfrw=1
-  expect   NFRW:Too few parameters,ERROR
-  send     nfrw=1,2,3
-  expect   NFRW:Too many parameters,ERROR
-  send     nfrw=?1,2
-  expect   NFRW:NFC Write RF register,nfrw      (0-0xFFFF),(0-0xFFFF)                             NFC Write RF register,OK
+  send     nfrw=0x1234,0x56 -> NFRW: ,OK
+  phone    pn65 reg 1234 -> 56
+  send     nfrw=0x9EB4,0x1A7 -> NFRW: ,OK
+  phone    pn65 reg 9EB4 -> A7
+  phone    speed 100 | pn65 823F silent 1
+  send     nfrw=0x1234,1 -> NFRW: ,ERROR
+  send     nfrw=1 -> NFRW:Too few parameters,ERROR
+  send     nfrw=1,2,3 -> NFRW:Too many parameters,ERROR
+  send     nfrw=?1,2 -> NFRW:NFC Write RF register,nfrw      (0-0xFFFF),(0-0xFFFF)                             NFC Write RF register,OK
 
 the second chip's registers have 8 bits
-  send     nfsl=2
-  expect   NFSL: ,OK
-  send     nfrw=1,2
-  expect   NFRW:NFC is not yet powered up,ERROR
-  send     nfpu
-  expect   NFPU: ,OK
-  send     nfpc=1,1
-  expect   NFPC: ,OK
-  send     nfrw=0x115,0x77
-  expect   NFRW: ,OK
-  phone    tamiro reg 15          -> 77
+  send     nfsl=2 -> NFSL: ,OK
+  send     nfrw=1,2 -> NFRW:NFC is not yet powered up,ERROR
+  send     nfpu -> NFPU: ,OK
+  send     nfpc=1,1 -> NFPC: ,OK
+  send     nfrw=0x115,0x77 -> NFRW: ,OK
+  phone    tamiro reg 15 -> 77
   phone    tamiro F803 F90301 1
-  send     nfrw=0x15,0x78
-  expect   NFRW: ,ERROR
+  send     nfrw=0x15,0x78 -> NFRW: ,ERROR

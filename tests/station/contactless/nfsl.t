@@ -3,26 +3,13 @@
 #:   `OK`. Power the former chip down before: nothing is stopped here
 
 the two chips by number, and numbers of none
-  send     nflt
-  expect   NFLT: ,NOT FOUND
+  send     nflt -> NFLT: ,NOT FOUND
   #:
-  send     nfsl=2
-  expect   NFSL: ,OK
-  send     nflt
-  expect   NFLT: ,OK
-  send     nfsl=0
-  expect   NFSL: ,OK
-  send     nfsl=3
-  expect   NFSL: ,OK
-  send     nfsl
-  expect   NFSL: ,OK
-  send     nflt
-  expect   NFLT: ,OK
-  send     nfsl?1
-  expect   NFSL: ,OK
-  send     nflt
-  expect   NFLT: ,NOT FOUND
-  send     nfsl=?2
-  expect   NFSL:NFC Chip Select,nfsl      (0-1)                                             NFC Chip Select,OK
-  send     nflt
-  expect   NFLT: ,NOT FOUND
+  send     nfsl=2 -> NFSL: ,OK
+  send     nflt -> NFLT: ,OK
+  send     nfsl=0 | nfsl=3 | nfsl -> NFSL: ,OK
+  send     nflt -> NFLT: ,OK
+  send     nfsl?1 -> NFSL: ,OK
+  send     nflt -> NFLT: ,NOT FOUND
+  send     nfsl=?2 -> NFSL:NFC Chip Select,nfsl      (0-1)                                             NFC Chip Select,OK
+  send     nflt -> NFLT: ,NOT FOUND

@@ -3,11 +3,8 @@
 
 the state
   #:
-  send     camds
-  expect   CAMDS:0x1,OK
-  send     camds?
-  expect   CAMDS:0x1,OK
+  send     camds -> CAMDS:0x1,OK
+  send     camds? -> CAMDS:0x1,OK
 
 it takes no value
-  send     camds=1
-  expect   camds                                                       status,SYNTAX
+  send     camds=1 -> camds                                                       status,SYNTAX

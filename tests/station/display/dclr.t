@@ -3,34 +3,24 @@
 #:   when no screen is started (`lcdl`)
 
 the screen is filled with the colour
-  send     lcdl=1,0
-  expect   LCDL: ,OK
+  send     lcdl=1,0 -> LCDL: ,OK
   #:
-  send     dclr=255,18,0x34,86
-  expect   DCLR: ,OK
-  phone    pixel 0 0 -> 123456
-  phone    pixel 1079 1919 -> 123456
+  send     dclr=255,18,0x34,86 -> DCLR: ,OK
+  phone    pixel 0 0 -> 123456 | pixel 1079 1919 -> 123456
 
 values left out are black, and only 8 bits of a value count
-  send     lcdl=1,0
-  expect   LCDL: ,OK
-  send     dclr=0,0x1FF,-1
-  expect   DCLR: ,OK
+  send     lcdl=1,0 -> LCDL: ,OK
+  send     dclr=0,0x1FF,-1 -> DCLR: ,OK
   phone    pixel 7 7 -> FFFF00
-  send     dclr
-  expect   DCLR: ,OK
+  send     dclr -> DCLR: ,OK
   phone    pixel 7 7 -> 000000
 
 without a screen nothing can be cleared, and the accepted values
-  send     dclr=0,1,2,3
-  expect   DCLR: ,ERROR
+  send     dclr=0,1,2,3 -> DCLR: ,ERROR
   phone    pixel 0 0 -> 000000
-  send     dclr=?
-  expect   DCLR: ,dclr      (0-0xff)[,(0-0xff)[,(0-0xff)[,(0-0xff)]]]         clear(alpha,r,g,b),OK
+  send     dclr=? -> DCLR: ,dclr      (0-0xff)[,(0-0xff)[,(0-0xff)[,(0-0xff)]]]         clear(alpha,r,g,b),OK
 
 a panel that can't be panned is told
-  send     lcdl=1,0
-  expect   LCDL: ,OK
+  send     lcdl=1,0 -> LCDL: ,OK
   phone    fail ioctl /dev/graphics/fb0
-  send     dclr=0,1,2,3
-  expect   DCLR: ,ERROR
+  send     dclr=0,1,2,3 -> DCLR: ,ERROR

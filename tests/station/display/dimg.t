@@ -5,40 +5,22 @@
 
 a picture is drawn in the top left corner, and the rest stays; without a screen it isn't drawn
   write    /data/a.bmp BMF\0\0\0\0\0\0\06\0\0\0(\0\0\0\x02\0\0\0\x02\0\0\0\x01\0\x18\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\xff\0\0V4\x12\0\0\0\0\xff\0\xff\0\0\0
-  send     dimg="/data/a.bmp"
-  expect   DIMG: ,ERROR
-  send     lcdl=1
-  expect   LCDL: ,OK
+  send     dimg="/data/a.bmp" -> DIMG: ,ERROR
+  send     lcdl=1 -> LCDL: ,OK
   #:
-  send     dimg="/data/a.bmp"
-  expect   DIMG: ,OK
-  phone    pixel 0 0 -> FF0000
-  phone    pixel 1 0 -> 00FF00
-  phone    pixel 0 1 -> 0000FF
-  phone    pixel 1 1 -> 123456
-  phone    pixel 2 0 -> 000000
-  phone    pixel 0 500 -> FFFFFF
+  send     dimg="/data/a.bmp" -> DIMG: ,OK
+  phone    pixel 0 0 -> FF0000 | pixel 1 0 -> 00FF00 | pixel 0 1 -> 0000FF | pixel 1 1 -> 123456
+  phone    pixel 2 0 -> 000000 | pixel 0 500 -> FFFFFF
 
 a file that can't be read, one that is no picture, a missing one, a folder, no path and one without quotes
   write    /data/a.bmp BMF\0\0\0\0\0\0\06\0\0\0(\0\0\0\x02\0\0\0\x02\0\0\0\x01\0\x18\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\xff\0\0V4\x12\0\0\0\0\xff\0\xff\0\0\0
   write    /data/text.bmp Bonjour
-  send     lcdl=1,0
-  expect   LCDL: ,OK
+  send     lcdl=1,0 -> LCDL: ,OK
   phone    fail read /data/a.bmp
-  send     dimg="/data/a.bmp"
-  expect   DIMG: ,ERROR
+  send     dimg="/data/a.bmp" -> DIMG: ,ERROR
   phone    pixel 0 0 -> 000000
-  send     dimg="/data/text.bmp"
-  expect   DIMG: ,ERROR
-  send     dimg="/data/nosuch.bmp"
-  expect   DIMG: ,ERROR
-  send     dimg="/sys"
-  expect   DIMG: ,ERROR
-  send     dimg
-  expect   DIMG: ,ERROR
-  send     dimg=/data/a.bmp
-  expect   dimg      a...z                                             image(file),SYNTAX
+  send     dimg="/data/text.bmp" | dimg="/data/nosuch.bmp" | dimg="/sys" | dimg -> DIMG: ,ERROR
+  send     dimg=/data/a.bmp -> dimg      a...z                                             image(file),SYNTAX
 
 the accepted values
-  send     dimg=?
-  expect   DIMG:Load and display image file,dimg      a...z                                             image(file),OK
+  send     dimg=? -> DIMG:Load and display image file,dimg      a...z                                             image(file),OK

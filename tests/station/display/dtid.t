@@ -8,45 +8,30 @@
 # Who the touch controller is, and what the phone remembers of it.
 
 the forms
-  send     dtid
-  expect   DTID:0x00740460,0x00010203,OK
-  send     dtid=0
-  expect   DTID:0x00740460,0x00010203,OK
+  send     dtid | dtid=0 -> DTID:0x00740460,0x00010203,OK
   #:
-  send     dtid?1
-  expect   DTID:0x01,0x0074,0x0460,0x00010203,OK
-  send     dtid=4
-  expect   DTID:0x460,OK
+  send     dtid?1 -> DTID:0x01,0x0074,0x0460,0x00010203,OK
+  send     dtid=4 -> DTID:0x460,OK
 
 it is stored, and read again without the panel
-  send     dtid=2
-  expect   DTID:0x01,0x0074,0x0460,OK
-  send     dtld=0
-  expect   DTLD: ,OK
+  send     dtid=2 -> DTID:0x01,0x0074,0x0460,OK
+  send     dtld=0 -> DTLD: ,OK
   phone    fail /dev/max1187x_ctrl all
-  send     dtid=3
-  expect   DTID:0x01,0x0074,0x0460,OK
-  send     dtid=1
-  expect   ERROR
+  send     dtid=3 -> DTID:0x01,0x0074,0x0460,OK
+  send     dtid=1 -> ERROR
 
 another panel
   conf     touch 2 0x75 0x0012 0xdeadbeef
-  send     dtid
-  expect   DTID:0x00750012,0xDEADBEEF,OK
-  send     dtid=1
-  expect   DTID:0x02,0x0075,0x0012,0xDEADBEEF,OK
+  send     dtid -> DTID:0x00750012,0xDEADBEEF,OK
+  send     dtid=1 -> DTID:0x02,0x0075,0x0012,0xDEADBEEF,OK
 
 values out of range, and the help
-  send     dtid=5
-  expect   SYNTAX
-  send     dtid=1,1
-  expect   dtid      [(1-4)]                                           dtid(action),SYNTAX
+  send     dtid=5 -> SYNTAX
+  send     dtid=1,1 -> dtid      [(1-4)]                                           dtid(action),SYNTAX
   send     dtid=?
   expect   DTID:Read touch hardware info and write/read trim area,dtid      [(1-4)]                                           dtid(action),OK
 
 a panel that doesn't tell
-  send     dtld=1
-  expect   DTLD: ,OK
+  send     dtld=1 -> DTLD: ,OK
   phone    fail ioctl /dev/max1187x_ctrl 1
-  send     dtid
-  expect   ERROR
+  send     dtid -> ERROR

@@ -3,15 +3,9 @@
 
 no reading
   #:
-  send     ladc=0
-  expect   LADC: ,ERROR
-  send     ladc=1,0x1f
-  expect   LADC: ,ERROR
+  send     ladc=0 -> LADC: ,ERROR
+  send     ladc=1,0x1f -> LADC: ,ERROR
 
 modes are 0 and 1, values one or two
-  send     ladc=2
-  expect   LADC: ,SYNTAX
-  send     ladc
-  expect   LADC: ,SYNTAX
-  send     ladc?
-  expect   SYNTAX
+  send     ladc=2 | ladc -> LADC: ,SYNTAX
+  send     ladc? -> SYNTAX

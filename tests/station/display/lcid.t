@@ -7,33 +7,25 @@
 
 the identity is the eight bytes of the record, without a screen too
   #:
-  send     lcid
-  expect   LCID:0x56,0x73,0x7b,0x1c,0x04,0xa8,0x39,0xd2,OK
-  send     lcid=2
-  expect   LCID:0x56,0x73,0x7b,0x1c,0x04,0xa8,0x39,0xd2,OK
+  send     lcid -> LCID:0x56,0x73,0x7b,0x1c,0x04,0xa8,0x39,0xd2,OK
+  send     lcid=2 -> LCID:0x56,0x73,0x7b,0x1c,0x04,0xa8,0x39,0xd2,OK
   file     /sys/kernel/debug/mdss_dsi_panel/read -> dcs 8 a1 00
 
 mode 3 gives one field of it
   # 0x56 = 01 0101 1 0, 0x73 = 011 1001 1, 0x7B = 0111 1011
-  send     lcid=3,1
-  expect   LCID:JDI,OK
+  send     lcid=3,1 -> LCID:JDI,OK
   # month 1001 = 9, day 1 0111 = 23
   #:
-  send     lcid=3,4
-  expect   LCID:20130923,OK
-  send     lcid=3
-  expect   LCID:0x56737B,OK
+  send     lcid=3,4 -> LCID:20130923,OK
+  send     lcid=3 -> LCID:0x56737B,OK
 
 a driver that doesn't take the question gives no identity
   phone    fail write /sys/kernel/debug/mdss_dsi_panel/read 1
-  send     lcid
-  expect   LCID:,ERROR
+  send     lcid -> LCID:,ERROR
 
 a phone without the panel's debugfs has no identity
   conf     without /sys/kernel/debug/mdss_dsi_panel/result
-  send     lcid
-  expect   LCID:,ERROR
+  send     lcid -> LCID:,ERROR
 
 the accepted values
-  send     lcid=?
-  expect   LCID:Print LCD HW ID.,lcid      [(0-3)][,(0-6)]                                   lcd_id(mode[,sub_mode]),OK
+  send     lcid=? -> LCID:Print LCD HW ID.,lcid      [(0-3)][,(0-6)]                                   lcd_id(mode[,sub_mode]),OK

@@ -6,53 +6,35 @@
 
 a measurement needs an active screen; its low 16 bits are stored and read back while the store is open
   phone    vsync 16667
-  send     lvsm
-  expect   LVSM: ,ERROR
-  send     lcdl=1,0
-  expect   LCDL: ,OK
+  send     lvsm -> LVSM: ,ERROR
+  send     lcdl=1,0 -> LCDL: ,OK
   # 16667 = 0x411B
   #:
-  send     lvsm
-  expect   LVSM:0x411B,OK
+  send     lvsm -> LVSM:0x411B,OK
   phone    vsync 0xABCD1234
-  send     lvsm=1
-  expect   LVSM: ,ERROR
-  send     lvsm=2
-  expect   LVSM: ,ERROR
+  send     lvsm=1 | lvsm=2 -> LVSM: ,ERROR
   phone    unit 0xEB3C -> 412B2B41
-  send     tact=1
-  expect   TACT:,OK
-  send     lvsm=1
-  expect   LVSM:0xABCD1234,OK
+  send     tact=1 -> TACT:,OK
+  send     lvsm=1 -> LVSM:0xABCD1234,OK
   phone    unit 0xEB3C -> 12343412
-  send     lvsm=2
-  expect   LVSM:0x1234,OK
+  send     lvsm=2 -> LVSM:0x1234,OK
 
 a record must mirror and have four bytes
-  send     tact=1
-  expect   TACT:,OK
+  send     tact=1 -> TACT:,OK
   phone    unit 0xEB3C 412B2B41
-  send     lvsm=2
-  expect   LVSM:0x412B,OK
+  send     lvsm=2 -> LVSM:0x412B,OK
   phone    unit 0xEB3C 412B2B40
-  send     lvsm=2
-  expect   LVSM: ,ERROR
+  send     lvsm=2 -> LVSM: ,ERROR
   phone    unit 0xEB3C 412B2B4100
-  send     lvsm=2
-  expect   LVSM: ,ERROR
+  send     lvsm=2 -> LVSM: ,ERROR
   phone    unit 0xEB3C -
-  send     lvsm=2
-  expect   LVSM: ,ERROR
+  send     lvsm=2 -> LVSM: ,ERROR
 
 other modes are refused, and the help
-  send     lvsm=3
-  expect   LVSM: ,SYNTAX
-  send     lvsm=?
-  expect   LVSM:Measure LCD VSYNC period.,lvsm      [(1-2)]                                           LCD VSYNC Measurement,OK
+  send     lvsm=3 -> LVSM: ,SYNTAX
+  send     lvsm=? -> LVSM:Measure LCD VSYNC period.,lvsm      [(1-2)]                                           LCD VSYNC Measurement,OK
 
 a phone that can't measure says so
   conf     without /dev/vsync_measurement
-  send     lcdl=1,0
-  expect   LCDL: ,OK
-  send     lvsm
-  expect   LVSM: ,ERROR
+  send     lcdl=1,0 -> LCDL: ,OK
+  send     lvsm -> LVSM: ,ERROR

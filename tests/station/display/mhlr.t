@@ -2,27 +2,19 @@
 #: mhlr | 1 good, 0 bad; 0 and `ERROR` when there is none
 
 a verdict of a former test
-  send     mhlr
-  expect   MHLR:0,ERROR
+  send     mhlr -> MHLR:0,ERROR
   write    /system/modules/mhl_sii8334_result.txt 1
   #:
-  send     mhlr
-  expect   MHLR:1,OK
+  send     mhlr -> MHLR:1,OK
   restart
-  send     mhlr?
-  expect   MHLR:1,OK
+  send     mhlr? -> MHLR:1,OK
   write    /system/modules/mhl_sii8334_result.txt 0
-  send     mhlr
-  expect   MHLR:0,OK
+  send     mhlr -> MHLR:0,OK
   write    /system/modules/mhl_sii8334_result.txt x1
-  send     mhlr
-  expect   MHLR:0,OK
+  send     mhlr -> MHLR:0,OK
   write    /system/modules/mhl_sii8334_result.txt 
-  send     mhlr
-  expect   MHLR:0,ERROR
+  send     mhlr -> MHLR:0,ERROR
 
 values and help
-  send     mhlr=1
-  expect   mhlr                                                        mhlr(void) MHL read,SYNTAX
-  send     mhlr=?
-  expect   MHLR:Read MHL Test Result,mhlr                                                        mhlr(void) MHL read,OK
+  send     mhlr=1 -> mhlr                                                        mhlr(void) MHL read,SYNTAX
+  send     mhlr=? -> MHLR:Read MHL Test Result,mhlr                                                        mhlr(void) MHL read,OK

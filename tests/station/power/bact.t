@@ -4,23 +4,16 @@
 on and off, in the two low bits of its register
   phone    spmi 2845 11
   #:
-  send     bact=1
-  expect   BACT: ,OK
+  send     bact=1 -> BACT: ,OK
   phone    spmi 2845 -> 12
-  send     bact=0
-  expect   BACT: ,OK
+  send     bact=0 -> BACT: ,OK
   phone    spmi 2845 -> 10
 
 a bus that fails is an error
   phone    fail spmi 02845 1
-  send     bact=1
-  expect   BACT: ,ERROR
+  send     bact=1 -> BACT: ,ERROR
   phone    spmi 2845 -> 10
 
 nothing but 0 and 1
-  send     bact
-  expect   BACT: ,SYNTAX
-  send     bact=2
-  expect   BACT: ,SYNTAX
-  send     bact=?
-  expect   BACT:Backup Capacitor Control Test command,bact      (0-1)                                             bact(action),OK
+  send     bact | bact=2 -> BACT: ,SYNTAX
+  send     bact=? -> BACT:Backup Capacitor Control Test command,bact      (0-1)                                             bact(action),OK

@@ -11,40 +11,27 @@
 voltage and current
   phone    battery 3801 -212
   #:
-  send     fgct=1
-  expect   FGCT: 3801,OK
-  send     fgct=2
-  expect   FGCT: -212,OK
+  send     fgct=1 -> FGCT: 3801,OK
+  send     fgct=2 -> FGCT: -212,OK
 
 the converter calibrates itself when its attribute is read, and gives 0 when that went well
-  send     fgct=7
-  expect   FGCT: ,OK
-  send     fgct=7,1
-  expect   FGCT:1,OK
+  send     fgct=7 -> FGCT: ,OK
+  send     fgct=7,1 -> FGCT:1,OK
   write    /sys/devices/qpnp-iadc-9/calib_ccadc 1\n
-  send     fgct=7
-  expect   FGCT: ,ERROR
+  send     fgct=7 -> FGCT: ,ERROR
   # as a byte this is 0
   write    /sys/devices/qpnp-iadc-9/calib_ccadc 256\n
-  send     fgct=7,1
-  expect   FGCT:1,OK
+  send     fgct=7,1 -> FGCT:1,OK
 
 what a gauge of its own would do isn't found
   #:
-  send     fgct=3,0
-  expect   FGCT: ,NOT FOUND
-  send     fgct=4,0,0x10,0x20
-  expect   FGCT: ,NOT FOUND
+  send     fgct=3,0 -> FGCT: ,NOT FOUND
+  send     fgct=4,0,0x10,0x20 -> FGCT: ,NOT FOUND
 
 other values are a syntax error, and the help
-  send     fgct
-  expect   SYNTAX
-  send     fgct=8
-  expect   FGCT: ,SYNTAX
-  send     fgct=1,0
-  expect   FGCT: ,SYNTAX
-  send     fgct=?
-  expect   FGCT:Fuelgauge test,FGCT:FGCT=1 - Read battery voltage,FGCT:FGCT=2 - Read battery current,
+  send     fgct -> SYNTAX
+  send     fgct=8 | fgct=1,0 -> FGCT: ,SYNTAX
+  send     fgct=? -> FGCT:Fuelgauge test,FGCT:FGCT=1 - Read battery voltage,FGCT:FGCT=2 - Read battery current,
   +        FGCT:FGCT=3,<options>,<path> - Flash cal data and firmware,FGCT:FGCT=4,0,<reg>,<data> - Custom write,
   +        FGCT:FGCT=4,1,<reg> - Custom read,FGCT:FGCT=5 - Initialize fg component for battery capacity,
   +        FGCT:FGCT=6 - Read battery capacity from component,FGCT:FGCT=7 - Calibrate fuelgauge block,

@@ -7,8 +7,7 @@
 it restarts at once and says nothing
   send     kill
   reboots
-  send     case?
-  expect   CASE:false,OK
+  send     case? -> CASE:false,OK
   phone    shell 5 -> 0 reboot\n0 echo "Korvat HVT is starting up..." > /dev/kmsg\n0 echo "0x1b4 0x27" > /sys/kernel/debug/asoc/msm8974-taiko-mtp-snd-card/taiko_codec/codec_reg\n0 rm /system/etc/firmware/wlan/prima/WCNSS_qcom_wlan_nv.bin\n0 echo 1 > /dev/wcnss_wlan
 
 1 and 2 leave a marker in their unit first
@@ -30,12 +29,9 @@ a marker that can't be written doesn't keep the phone up
 
 a phone that refuses to restart says so
   phone    fail system reboot 1
-  send     kill
-  expect   KILL: ,ERROR
+  send     kill -> KILL: ,ERROR
 
 what isn't 0 to 2 is a syntax error, and the help
   #: Nothing but 0 to 2:
-  send     kill=3
-  expect   KILL: ,SYNTAX
-  send     kill=?
-  expect   KILL:Kill (restart) system.,kill      (0-2)                                             KILL(arg),OK
+  send     kill=3 -> KILL: ,SYNTAX
+  send     kill=? -> KILL:Kill (restart) system.,kill      (0-2)                                             KILL(arg),OK

@@ -8,37 +8,26 @@
 charging answers with the charger's status
   conf     charger simple
   #:
-  send     scct=1,1500,2000
-  expect   SCCT:0x3,OK
+  send     scct=1,1500,2000 -> SCCT:0x3,OK
   # code 30, index 20
-  phone    spmi 1049 -> 80
-  phone    spmi 1044 -> 1E
-  phone    spmi 1444 -> 14
-  send     scct=0
-  expect   SCCT: ,OK
+  phone    spmi 1049 -> 80 | spmi 1044 -> 1E | spmi 1444 -> 14
+  send     scct=0 -> SCCT: ,OK
   phone    spmi 1049 -> 01
   phone    charger none
-  send     scct=1
-  expect   SCCT:0x0,OK
+  send     scct=1 -> SCCT:0x0,OK
   phone    charger usb
-  send     scct=1
-  expect   SCCT:0x1,OK
+  send     scct=1 -> SCCT:0x1,OK
   phone    charger wall
-  send     scct=1
-  expect   SCCT:0x2,OK
+  send     scct=1 -> SCCT:0x2,OK
 
 a current that is no step, or a bus that fails, is an error
-  send     scct=1,1501
-  expect   SCCT: ,ERROR
+  send     scct=1,1501 -> SCCT: ,ERROR
   phone    spmi 1049 -> 01
   phone    fail spmi 01308 1
-  send     scct=1
-  expect   SCCT: ,ERROR
+  send     scct=1 -> SCCT: ,ERROR
 
 other values
-  send     scct
-  expect   SCCT: ,SYNTAX
-  send     scct=2
-  expect   SCCT: ,ERROR
+  send     scct -> SCCT: ,SYNTAX
+  send     scct=2 -> SCCT: ,ERROR
   send     scct=?
   expect   SCCT:Simple Charging Control Test command,scct      (0-3, 0-)                                         scct(action[,current],[mode]),OK

@@ -4,11 +4,9 @@
 
 a rail goes off and on
   #:
-  send     smps=2,0
-  expect   SMPS:0,OK
+  send     smps=2,0 -> SMPS:0,OK
   file     /sys/kernel/debug/regulator/krait2/enable -> 0
-  send     smps=2,1
-  expect   SMPS:0,OK
+  send     smps=2,1 -> SMPS:0,OK
   file     /sys/kernel/debug/regulator/krait2/enable -> 1
   # on sets the level that it has
   file     /sys/kernel/debug/regulator/krait2/voltage -> 935000 935000
@@ -16,16 +14,10 @@ a rail goes off and on
 a rail that isn't there, or can't be written, isn't switched
   strange  any
   #: There is no such rail:
-  send     smps=7,0
-  expect   SMPS:1,OK
+  send     smps=7,0 -> SMPS:1,OK
   phone    fail write /sys/kernel/debug/regulator/krait0/enable
-  send     smps=0,1
-  expect   SMPS:1,OK
+  send     smps=0,1 -> SMPS:1,OK
 
 two values, and 0 or 1 for the second
-  send     smps
-  expect   SYNTAX
-  send     smps=1
-  expect   SYNTAX
-  send     smps=?
-  expect   SMPS:smps cpu regulator control test,smps      (0-9),(0-1)                                       smps(reg,op),OK
+  send     smps | smps=1 -> SYNTAX
+  send     smps=? -> SMPS:smps cpu regulator control test,smps      (0-9),(0-1)                                       smps(reg,op),OK

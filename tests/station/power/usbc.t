@@ -9,61 +9,35 @@
 
 a phone without the detection attribute has no charger type
   conf     without /sys/devices/platform/msm_hsusb/gadget/detect
-  send     usbc=5
-  expect   USBC: ,ERROR
+  send     usbc=5 -> USBC: ,ERROR
 
 a detection attribute that holds a number answers
   write    /sys/devices/platform/msm_hsusb/gadget/detect 2\n
-  send     usbc=5
-  expect   USBC:2,OK
-  send     usbc?5,9
-  expect   USBC:2,OK
+  send     usbc=5 | usbc?5,9 -> USBC:2,OK
   write    /sys/devices/platform/msm_hsusb/gadget/detect nothing\n
-  send     usbc=5
-  expect   USBC: ,ERROR
+  send     usbc=5 -> USBC: ,ERROR
 
 the host power goes at once, or comes for a while when the cable goes
   phone    spmi 18346 91
-  send     usbc=6,0
-  expect   USBC: ,OK
+  send     usbc=6,0 -> USBC: ,OK
   phone    spmi 18346 -> 11
   phone    fail spmi 01049 1
-  send     usbc=6,0
-  expect   USBC: ,ERROR
+  send     usbc=6,0 -> USBC: ,ERROR
   # the cable is looked for every 100 ms, until it is gone
   phone    clock hold
   #:
-  send     usbc?6,1,400
-  expect   USBC: ,OK
-  phone    clock +150
-  phone    usb off
-  phone    clock +49
-  phone    spmi 1A046 -> 00
-  phone    clock +1
-  phone    spmi 1A046 -> 80
-  phone    clock +399
-  phone    spmi 1A046 -> 80
-  phone    clock +1
-  phone    spmi 1A046 -> 00
+  send     usbc?6,1,400 -> USBC: ,OK
+  phone    clock +150 | usb off | clock +49 | spmi 1A046 -> 00
+  phone    clock +1 | spmi 1A046 -> 80
+  phone    clock +399 | spmi 1A046 -> 80
+  phone    clock +1 | spmi 1A046 -> 00
 
 what the driver can't do is an error
-  send     usbc=0
-  expect   USBC: ,ERROR
-  send     usbc=3,1,100
-  expect   USBC: ,ERROR
+  send     usbc=0 | usbc=3,1,100 -> USBC: ,ERROR
 
 what no row names is a syntax error, and so is no value
-  send     usbc=7
-  expect   USBC: ,SYNTAX
-  send     usbc=3,2
-  expect   USBC: ,SYNTAX
-  send     usbc=6,2
-  expect   USBC: ,SYNTAX
-  send     usbc
-  expect   USBC: ,SYNTAX
+  send     usbc=7 | usbc=3,2 | usbc=6,2 | usbc -> USBC: ,SYNTAX
 
 the test form wants values too
-  send     usbc=?1
-  expect   USBC:USB control command,usbc                                                        usbc(act,opt,timeout),OK
-  send     usbc=?
-  expect   USBC: ,usbc                                                        usbc(act,opt,timeout),SYNTAX
+  send     usbc=?1 -> USBC:USB control command,usbc                                                        usbc(act,opt,timeout),OK
+  send     usbc=? -> USBC: ,usbc                                                        usbc(act,opt,timeout),SYNTAX

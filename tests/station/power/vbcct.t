@@ -9,82 +9,52 @@
 
 currents are set with the charger
   #:
-  send     vbcct=1,1000,1500
-  expect   VBCCT: ,OK
+  send     vbcct=1,1000,1500 -> VBCCT: ,OK
   # code 20, index 15
-  phone    spmi 1049 -> 80
-  phone    spmi 1044 -> 14
-  phone    spmi 1344 -> 0F
-  phone    spmi 1444 -> 0F
+  phone    spmi 1049 -> 80 | spmi 1044 -> 14 | spmi 1344 -> 0F | spmi 1444 -> 0F
   # code 60, index 25
-  send     vbcct=1,3000,2500
-  expect   VBCCT: ,OK
-  phone    spmi 1044 -> 3C
-  phone    spmi 1444 -> 19
-  send     vbcct=0
-  expect   VBCCT: ,OK
+  send     vbcct=1,3000,2500 -> VBCCT: ,OK
+  phone    spmi 1044 -> 3C | spmi 1444 -> 19
+  send     vbcct=0 -> VBCCT: ,OK
   phone    spmi 1049 -> 01
   # 1000 mA and 1500 mA
-  send     vbcct=1
-  expect   VBCCT: ,OK
-  phone    spmi 1044 -> 14
-  phone    spmi 1344 -> 0F
+  send     vbcct=1 -> VBCCT: ,OK
+  phone    spmi 1044 -> 14 | spmi 1344 -> 0F
 
 currents that aren't steps are refused, and the charger goes off again
   #: No step of 50 mA:
-  send     vbcct=1,1025
-  expect   VBCCT: ,ERROR
+  send     vbcct=1,1025 -> VBCCT: ,ERROR
   phone    spmi 1049 -> 01
   # the input limit was written, the battery's not
-  phone    spmi 1344 -> 0F
-  phone    spmi 1044 -> 06
-  send     vbcct=1,1000,550
-  expect   VBCCT: ,ERROR
+  phone    spmi 1344 -> 0F | spmi 1044 -> 06
+  send     vbcct=1,1000,550 -> VBCCT: ,ERROR
 
 the charger really charges, as much as the limits and the feed allow
   conf     charger wall
   conf     battery 60%
-  phone    clock hold
-  phone    battery auto
-  send     batc=2
-  expect   BATC:-600,OK
-  send     vbcct=1,500
-  expect   VBCCT: ,OK
-  send     batc=2
-  expect   BATC:500,OK
+  phone    clock hold | battery auto
+  send     batc=2 -> BATC:-600,OK
+  send     vbcct=1,500 -> VBCCT: ,OK
+  send     batc=2 -> BATC:500,OK
   # nine minutes of 500 mA into 2380 mAh are 3.15 percent
-  phone    clock +540000
-  phone    battery auto
+  phone    clock +540000 | battery auto
   file     /sys/class/power_supply/battery/capacity -> 63\n
 
 a bus that fails is an error, and the charger goes off again
   phone    fail spmi 01344 1
-  send     vbcct=1
-  expect   VBCCT: ,ERROR
+  send     vbcct=1 -> VBCCT: ,ERROR
   phone    spmi 1049 -> 01
   phone    fail spmi 01049 1
-  send     vbcct=0
-  expect   VBCCT: ,ERROR
+  send     vbcct=0 -> VBCCT: ,ERROR
 
 the dump reads the charger's nine registers, whatever comes of it
-  phone    fail spmi 01044
-  phone    fail spmi 01049
-  phone    fail spmi 01308
-  phone    fail spmi 01344
-  phone    fail spmi 01444
-  phone    fail spmi 18345
-  phone    fail spmi 18346
-  phone    fail spmi 01348
-  phone    fail spmi 1A046
-  send     vbcct=2
-  expect   VBCCT: ,OK
+  phone    fail spmi 01044 | fail spmi 01049 | fail spmi 01308 | fail spmi 01344 | fail spmi 01444
+  phone    fail spmi 18345 | fail spmi 18346 | fail spmi 01348 | fail spmi 1A046
+  send     vbcct=2 -> VBCCT: ,OK
   phone    fail off -> 0 faults were never reached
 
 one to three values, and an action up to 2, and the help
-  send     vbcct
-  expect   VBCCT: ,SYNTAX
-  send     vbcct=3
-  expect   VBCCT: ,SYNTAX
+  send     vbcct | vbcct=3 -> VBCCT: ,SYNTAX
   send     vbcct=?
   read     VBCCT:VBUS Charging Control Test command \n,VBCCT:VBCCT=0 - Turn off charging\n,
   +        VBCCT:VBCCT=1,[<current_bat>,[<current_input>]] - Turn on charging\n,

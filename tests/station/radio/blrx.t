@@ -3,14 +3,8 @@
 
 a level that isn't measured is 0 behind its minus
   #:
-  send     blrx=3
-  expect   BLRX:-0,ERROR
-  send     blrx?
-  expect   BLRX:-0,ERROR
-  send     blrx=3,
-  expect   BLRX:-0,ERROR
-  send     blrx=3,4
-  expect   blrx      (0x00-0x4E)                                       CW test for rx(ch),SYNTAX
-  send     blrx=?
-  expect   BLRX:Bluetooth CW for RX to measure RSSI.,blrx      (0x00-0x4E)                                       CW test for rx(ch),OK
+  send     blrx=3 -> BLRX:-0,ERROR
+  send     blrx? | blrx=3, -> BLRX:-0,ERROR
+  send     blrx=3,4 -> blrx      (0x00-0x4E)                                       CW test for rx(ch),SYNTAX
+  send     blrx=? -> BLRX:Bluetooth CW for RX to measure RSSI.,blrx      (0x00-0x4E)                                       CW test for rx(ch),OK
   phone    hci recent -> none

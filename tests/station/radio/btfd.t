@@ -5,32 +5,18 @@
 
 each download, and all of them, pass without a word to the controller
   #:
-  send     btfd=1
-  expect   BTFD: ,OK
-  send     btfd=1,1
-  expect   BTFD: ,OK
-  send     btfd=1,2
-  expect   BTFD: ,OK
-  send     btfd?1,3
-  expect   BTFD: ,OK
-  send     btfd=1,4
-  expect   BTFD: ,ERROR
+  send     btfd=1 -> BTFD: ,OK
+  send     btfd=1,1 | btfd=1,2 | btfd?1,3 -> BTFD: ,OK
+  send     btfd=1,4 -> BTFD: ,ERROR
   phone    hci recent -> none
 
 reading the configuration ends in an error all the same, other modes do nothing
-  send     btfd=5
-  expect   BTFD: ,ERROR
+  send     btfd=5 -> BTFD: ,ERROR
   phone    hci recent -> 01030C00\n01F6FC00
   # shorter than its own head
   phone    hci 01F6FC00 040E0301F6FC
-  send     btfd=5
-  expect   BTFD: ,ERROR
-  send     btfd
-  expect   BTFD: ,ERROR
-  send     btfd=4,1
-  expect   BTFD: ,ERROR
+  send     btfd=5 | btfd | btfd=4,1 -> BTFD: ,ERROR
   phone    hci recent -> 01030C00\n01F6FC00\n01F6FC00
 
 the help is one line
-  send     btfd=?
-  expect   BTFD:Download bluetooth files to chip,btfd      (0-5),(0-4)                                       fwdl(mode,act),OK
+  send     btfd=? -> BTFD:Download bluetooth files to chip,btfd      (0-5),(0-4)                                       fwdl(mode,act),OK

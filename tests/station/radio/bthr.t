@@ -5,42 +5,27 @@
 
 a reset is one HCI command, and the start has made one before it
   #:
-  send     bthr
-  expect   BTHR: ,OK
+  send     bthr -> BTHR: ,OK
   phone    hci recent -> 01030C00\n01030C00
-  send     bthr?0
-  expect   BTHR: ,OK
+  send     bthr?0 -> BTHR: ,OK
 
 a reset that the controller refuses, or doesn't hear of, is an error
-  send     bthr
-  expect   BTHR: ,OK
+  send     bthr -> BTHR: ,OK
   phone    hci 01030C00 040E0401030C0C 1
-  send     bthr=0
-  expect   BTHR: ,ERROR
+  send     bthr=0 -> BTHR: ,ERROR
   phone    fail hci_send_cmd hci0
-  send     bthr=0
-  expect   BTHR: ,ERROR
+  send     bthr=0 -> BTHR: ,ERROR
   phone    fail read hci0
-  send     bthr=0
-  expect   BTHR: ,ERROR
+  send     bthr=0 -> BTHR: ,ERROR
   phone    fail poll hci0 all
-  send     bthr=0
-  expect   BTHR: ,ERROR
+  send     bthr=0 -> BTHR: ,ERROR
   phone    fail off -> 0 faults were never reached
-  send     bthr=0
-  expect   BTHR: ,OK
+  send     bthr=0 -> BTHR: ,OK
 
 the chip's reset fails, other numbers do nothing
-  send     bthr=1
-  expect   BTHR: ,ERROR
-  send     bthr=2
-  expect   BTHR: ,ERROR
-  send     bthr=-1
-  expect   BTHR: ,ERROR
+  send     bthr=1 | bthr=2 | bthr=-1 -> BTHR: ,ERROR
   phone    hci recent -> none
 
 the help is one line, and two values are too many
-  send     bthr=?
-  expect   BTHR:Reset bluetooth,bthr      (0-1)                                             reset(),OK
-  send     bthr=0,0
-  expect   bthr      (0-1)                                             reset(),SYNTAX
+  send     bthr=? -> BTHR:Reset bluetooth,bthr      (0-1)                                             reset(),OK
+  send     bthr=0,0 -> bthr      (0-1)                                             reset(),SYNTAX

@@ -3,16 +3,11 @@
 
 a script is an error, whether it is there or not
   #:
-  send     btse="/data/bt.bts"
-  expect   BTSE: ,ERROR
-  send     btse?"x"
-  expect   BTSE: ,ERROR
+  send     btse="/data/bt.bts" -> BTSE: ,ERROR
+  send     btse?"x" -> BTSE: ,ERROR
 
 without a text, or with one outside quotes, nothing is done
-  send     btse
-  expect   BTSE: ,ERROR
-  send     btse=/data/bt.bts
-  expect   btse      ("A-Z","a-z")                                     exec(path),SYNTAX
-  send     btse=?
-  expect   BTSE:Bluetooth script execute,btse      ("A-Z","a-z")                                     exec(path),OK
+  send     btse -> BTSE: ,ERROR
+  send     btse=/data/bt.bts -> btse      ("A-Z","a-z")                                     exec(path),SYNTAX
+  send     btse=? -> BTSE:Bluetooth script execute,btse      ("A-Z","a-z")                                     exec(path),OK
   phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan

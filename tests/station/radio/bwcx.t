@@ -3,17 +3,11 @@
 
 bytes or none, the operation isn't there
   #:
-  send     bwcx
-  expect   BWCX:,NOT FOUND
-  send     bwcx?1,ff
-  expect   BWCX:,NOT FOUND
-  send     bwcx=1\*9{,0xA}
-  expect   BWCX:,NOT FOUND
+  send     bwcx -> BWCX:,NOT FOUND
+  send     bwcx?1,ff | bwcx=1\*9{,0xA} -> BWCX:,NOT FOUND
 
 more than ten bytes are too many
-  send     bwcx=1\*10{,2}
-  expect   BWCX:Too many parameters,ERROR
+  send     bwcx=1\*10{,2} -> BWCX:Too many parameters,ERROR
   phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
-  send     bwcx=?
-  expect   BWCX:Bluetooth Coexistence test,bwcx                                                        BT Set/Get Coex,OK
+  send     bwcx=? -> BWCX:Bluetooth Coexistence test,bwcx                                                        BT Set/Get Coex,OK
   phone    hci recent -> none

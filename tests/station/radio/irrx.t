@@ -5,167 +5,102 @@
 #: An empty line. Fewer than four bytes aren't told.
 
 each packet is told with its length and that of the packet that would be sent
-  send     irpa=4,1
-  expect   IRPA:,OK
+  send     irpa=4,1 -> IRPA:,OK
   #:
-  send     irrx=1
-  expect   IRRX:,OK
-  phone    irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 0
+  send     irrx=1 -> IRRX:,OK
+  phone    irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 0 | irda 01020304 -> heard
+  expect   IRRX:0x4,0x100,OK
+  phone    idle | irda \*256{5A} -> heard
+  expect   IRRX:0x100,0x100,OK
+  phone    idle | irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 0
+  send     irpa=4,5 -> IRPA:,OK
+  send     irrx?7 -> IRRX:,OK
   phone    irda 01020304 -> heard
-  read     IRRX:0x4,0x100,OK\r\n
-  phone    idle
-  phone    irda \*256{5A} -> heard
-  read     IRRX:0x100,0x100,OK\r\n
-  phone    idle
-  phone    irda -> select 1 uart 1 receiver 1 mode 1 speed 115200 sent 0
-  send     irpa=4,5
-  expect   IRPA:,OK
-  send     irrx?7
-  expect   IRRX:,OK
-  phone    irda 01020304 -> heard
-  read     IRRX:0x4,0x04,OK\r\n
+  expect   IRRX:0x4,0x04,OK
 
 fewer than four bytes are dropped, more than 256 are two packets
-  send     irpa
-  expect   IRPA:,OK
-  send     irrx=1
-  expect   IRRX:,OK
+  send     irpa -> IRPA:,OK
+  send     irrx=1 -> IRRX:,OK
   phone    irda 010203 -> heard
-  phone    idle
-  phone    irda \*300{11} -> heard
+  phone    idle | irda \*300{11} -> heard
   read     IRRX:0x100,0x100,OK\r\nIRRX:0x2C,0x100,OK\r\n
 
 silence is told after twice 5 seconds, and ends the test; each packet and each command gives the time anew
-  send     irpa
-  expect   IRPA:,OK
+  send     irpa -> IRPA:,OK
   phone    clock hold
-  raw      irrx=1\r
-  phone    clock +1
-  expect   IRRX:,OK
+  send     irrx=1 after 1 -> IRRX:,OK
   phone    clock +9990
-  phone    clock +20
-  read     IRRX:0x0,-1,OK\r\n
-  phone    irda -> select 1 uart 1 receiver 0 mode 0 speed 115200 sent 0
-  phone    irda 01020304 -> lost
-  raw      irrx=1\r
-  phone    clock +4000
-  expect   IRRX:,OK
-  raw      irrx=1\r
-  phone    clock +3000
-  expect   IRRX:,OK
+  after    20 -> IRRX:0x0,-1,OK
+  phone    irda -> select 1 uart 1 receiver 0 mode 0 speed 115200 sent 0 | irda 01020304 -> lost
+  send     irrx=1 after 4000 -> IRRX:,OK
+  send     irrx=1 after 3000 -> IRRX:,OK
   phone    irda 01020304 -> heard
-  phone    clock +1
-  read     IRRX:0x4,0x100,OK\r\n
+  after    1 -> IRRX:0x4,0x100,OK
   phone    clock +9980
-  phone    clock +30
-  read     IRRX:0x0,-1,OK\r\n
+  after    30 -> IRRX:0x0,-1,OK
   phone    clock run
 
 a time-out that is on its way is void once the test is ended, in each of the ways
-  send     irpa
-  expect   IRPA:,OK
+  send     irpa -> IRPA:,OK
   phone    clock hold
-  raw      irrx=1\r
-  phone    clock +7000
-  expect   IRRX:,OK
-  raw      irrx=0\r
-  phone    clock +7000
-  expect   IRRX:,OK
+  send     irrx=1 after 7000 -> IRRX:,OK
+  send     irrx=0 after 7000 -> IRRX:,OK
   phone    irda -> select 1 uart 1 receiver 0 mode 0 speed 115200 sent 0
-  raw      irrx=1\r
-  phone    clock +7000
-  expect   IRRX:,OK
-  raw      irtx=1\r
-  phone    clock +7000
-  expect   IRTX:,OK
-  raw      irrx=1\r
-  phone    clock +7000
-  expect   IRRX:,OK
-  raw      irpa\r
-  phone    clock +7000
-  expect   IRPA:,OK
-  raw      irrx=1\r
-  phone    clock +7000
-  expect   IRRX:,OK
+  send     irrx=1 after 7000 -> IRRX:,OK
+  send     irtx=1 after 7000 -> IRTX:,OK
+  send     irrx=1 after 7000 -> IRRX:,OK
+  send     irpa after 7000 -> IRPA:,OK
+  send     irrx=1 after 7000 -> IRRX:,OK
   phone    irda 01020304 -> heard
-  phone    clock +1
-  read     IRRX:0x4,0x100,OK\r\n
+  after    1 -> IRRX:0x4,0x100,OK
   phone    clock +7000
-  raw      irtx=0\r
-  phone    clock +7000
-  expect   IRTX:,OK
+  send     irtx=0 after 7000 -> IRTX:,OK
   phone    clock run
 
 with the key poll beside it the time stays that of the test
-  send     irpa
-  expect   IRPA:,OK
-  send     keyb=2
-  expect   KEYB: ,OK
+  send     irpa -> IRPA:,OK
+  send     keyb=2 -> KEYB: ,OK
   phone    clock hold
-  raw      irrx=1\r
-  phone    clock +9980
-  expect   IRRX:,OK
-  phone    clock +30
-  read     IRRX:0x0,-1,OK\r\n
+  send     irrx=1 after 9980 -> IRRX:,OK
+  after    30 -> IRRX:0x0,-1,OK
   phone    clock run
 
 the console's own line ends are in force again behind a report
-  send     s3=2c,d
-  expect   S3:0x2c, 0x0d,OK
-  send     irpa
-  expect   IRPA:,OK
-  send     irrx=1
-  expect   IRRX:,OK
+  send     s3=2c,d -> S3:0x2c, 0x0d,OK
+  send     irpa -> IRPA:,OK
+  send     irrx=1 -> IRRX:,OK
   phone    irda 01020304 -> heard
-  read     IRRX:0x4,0x100,OK\r\n
-  send     s4?
-  expect   S4:0x00, 0x0a,OK
-  send     s3?
-  expect   S3:0x2c, 0x0d,OK
+  expect   IRRX:0x4,0x100,OK
+  send     s4? -> S4:0x00, 0x0a,OK
+  send     s3? -> S3:0x2c, 0x0d,OK
 
 a reading that fails is made again
-  send     irpa
-  expect   IRPA:,OK
-  send     irrx=1
-  expect   IRRX:,OK
-  phone    fail read /dev/ttyHSL2 3
-  phone    irda 01020304 -> heard
-  read     IRRX:0x4,0x100,OK\r\n
+  send     irpa -> IRPA:,OK
+  send     irrx=1 -> IRRX:,OK
+  phone    fail read /dev/ttyHSL2 3 | irda 01020304 -> heard
+  expect   IRRX:0x4,0x100,OK
   phone    fail off -> 0 faults were never reached
 
 what is read when the test has just ended is dropped
-  send     irpa
-  expect   IRPA:,OK
-  send     irrx=1
-  expect   IRRX:,OK
+  send     irpa -> IRPA:,OK
+  send     irrx=1 -> IRRX:,OK
   phone    clock hold
   # the packet comes while the receiver is being switched off
   phone    fail ioctl /dev/irda 1 slow 50
-  raw      irrx=0\r
+  send     irrx=0
   phone    irda 01020304 -> heard
-  phone    clock +60
-  expect   IRRX:,OK
-  phone    clock run
-  phone    fail off -> 0 faults were never reached
-  send     irrx=1
-  expect   IRRX:,OK
+  after    60 -> IRRX:,OK
+  phone    clock run | fail off -> 0 faults were never reached
+  send     irrx=1 -> IRRX:,OK
   phone    irda 0102030405 -> heard
-  read     IRRX:0x5,0x100,OK\r\n
+  expect   IRRX:0x5,0x100,OK
 
 without a port, or with a transceiver that doesn't obey, it is an error
-  send     irrx=1
-  expect   IRRX:,ERROR
-  send     irrx
-  expect   IRRX:,ERROR
-  send     irpa
-  expect   IRPA:,OK
+  send     irrx=1 | irrx -> IRRX:,ERROR
+  send     irpa -> IRPA:,OK
   phone    fail irda CC0F
-  send     irrx=1
-  expect   IRRX:,ERROR
+  send     irrx=1 -> IRRX:,ERROR
   phone    fail irda CC10
-  send     irrx=0
-  expect   IRRX:,ERROR
-  send     irrx=1,1
-  expect   irrx      (0x0-0x1)                                         ,SYNTAX
-  send     irrx=?
-  expect   IRRX:IrDA Static Receive,irrx      (0x0-0x1)                                         ,OK
+  send     irrx=0 -> IRRX:,ERROR
+  send     irrx=1,1 -> irrx      (0x0-0x1)                                         ,SYNTAX
+  send     irrx=? -> IRRX:IrDA Static Receive,irrx      (0x0-0x1)                                         ,OK

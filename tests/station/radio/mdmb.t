@@ -5,87 +5,61 @@
 
 a modem that is up is asked once, and must answer unless it was only to be kickstarted
   #:
-  send     mdmb=1
-  expect   MDMB:,OK
+  send     mdmb=1 -> MDMB:,OK
   phone    diag last -> none
-  send     mdmb
-  expect   MDMB:,OK
+  send     mdmb -> MDMB:,OK
   phone    diag last -> 4B0B00800000
-  send     mdmb?2
-  expect   MDMB:,OK
+  send     mdmb?2 -> MDMB:,OK
   phone    diag recent -> 4B0B00800000\n4B0B00800000
   # a descriptor of its own, given back
   phone    files diag -> /dev/diag
 
 a modem that comes up is found at the next look, 50 ms apart
-  phone    diag down
-  phone    clock hold
-  raw      mdmb=1\r
-  phone    clock +39000
-  phone    diag up
-  phone    clock +60
-  expect   MDMB:,OK
+  phone    diag down | clock hold
+  send     mdmb=1
+  phone    clock +39000 | diag up
+  after    60 -> MDMB:,OK
   phone    diag last -> none
 
 one that doesn't in 40 seconds is an error
-  phone    diag down
-  phone    clock hold
-  raw      mdmb=1\r
+  phone    diag down | clock hold
+  send     mdmb=1
   phone    clock +39900
   # nothing yet
-  phone    clock +200
-  expect   MDMB:,ERROR
+  after    200 -> MDMB:,ERROR
   phone    diag last -> none
 
 one that is up and silent is up; both waits together take 40 seconds and no more, and the channel's time-out comes back
-  phone    diag 4B0B0080 silent
-  phone    clock hold
-  raw      mdmb=0\r
+  phone    diag 4B0B0080 silent | clock hold
+  send     mdmb=0
   phone    clock +39800
   # attempts of 1 s, 50 ms apart, the last one begun before 40 s are over
-  phone    clock +2000
-  expect   MDMB:,OK
-  phone    clock run
-  phone    diag off
-  phone    diag down
-  phone    clock hold
-  raw      ftmc=75,11,14,0\r
-  phone    clock +24000
-  phone    diag up
-  phone    clock +10
-  expect   FTMC:0x4b,0x0b,0x0e,0x00,OK
+  after    2000 -> MDMB:,OK
+  phone    clock run | diag off | diag down | clock hold
+  send     ftmc=75,11,14,0
+  phone    clock +24000 | diag up
+  after    10 -> FTMC:0x4b,0x0b,0x0e,0x00,OK
 
 time spent in the first wait counts against the second
-  phone    diag down
-  phone    diag 4B0B0080 silent
-  phone    clock hold
-  raw      mdmb\r
-  phone    clock +35000
-  phone    diag up
+  phone    diag down | diag 4B0B0080 silent | clock hold
+  send     mdmb
+  phone    clock +35000 | diag up
   # 35 s and 5 s, and an attempt that was begun before
-  phone    clock +6300
-  expect   MDMB:,OK
+  after    6300 -> MDMB:,OK
   phone    clock run
 
 a phone without the channel, or whose node can't be opened, is an error at once
   conf     without /dev/diag
-  send     mdmb
-  expect   MDMB:,ERROR
+  send     mdmb -> MDMB:,ERROR
 
 a request that fails is asked again
-  phone    fail diag 110 3
-  phone    fail open /dev/diag
-  send     mdmb=1
-  expect   MDMB:,ERROR
-  send     mdmb=1
-  expect   MDMB:,OK
+  phone    fail diag 110 3 | fail open /dev/diag
+  send     mdmb=1 -> MDMB:,ERROR
+  send     mdmb=1 -> MDMB:,OK
   phone    fail off -> 0 faults were never reached
 
 any number is a mode, and the help has four lines
-  send     mdmb=-1
-  expect   MDMB:,OK
-  send     mdmb=1,2
-  expect   mdmb      (0-2)                                             modem_boot(val),SYNTAX
-  send     mdmb=?
-  expect   MDMB:Boots modem,MDMB:0: Waits for modem up,MDMB:1: Kickstarts MDM,MDMB:2: Brings GSS out of reset,
+  send     mdmb=-1 -> MDMB:,OK
+  send     mdmb=1,2 -> mdmb      (0-2)                                             modem_boot(val),SYNTAX
+  send     mdmb=? -> MDMB:Boots modem,MDMB:0: Waits for modem up,MDMB:1: Kickstarts MDM,MDMB:2: Brings GSS out of reset,
   + mdmb      (0-2)                                             modem_boot(val),OK

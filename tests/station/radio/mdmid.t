@@ -3,11 +3,7 @@
 
 it is an error, takes no value, and has a help
   #:
-  send     mdmid
-  expect   MDMID:,ERROR
-  send     mdmid?
-  expect   MDMID:,ERROR
-  send     mdmid=1
-  expect   mdmid                                                       modem_id,SYNTAX
-  send     mdmid=?
-  expect   MDMID:Read modem id,mdmid                                                       modem_id,OK
+  send     mdmid -> MDMID:,ERROR
+  send     mdmid? -> MDMID:,ERROR
+  send     mdmid=1 -> mdmid                                                       modem_id,SYNTAX
+  send     mdmid=? -> MDMID:Read modem id,mdmid                                                       modem_id,OK

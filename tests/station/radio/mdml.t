@@ -7,30 +7,12 @@
 
 what could be done fails with a blank
   #:
-  send     mdml=0
-  expect   MDML: ,ERROR
-  send     mdml=1,2013-07-29
-  expect   MDML: ,ERROR
-  send     mdml?2,/system/mask.cfg
-  expect   MDML: ,ERROR
-  send     mdml=3
-  expect   MDML: ,ERROR
-  send     mdml=3,a,b
-  expect   MDML: ,ERROR
+  send     mdml=0 -> MDML: ,ERROR
+  send     mdml=1,2013-07-29 | mdml?2,/system/mask.cfg | mdml=3 | mdml=3,a,b -> MDML: ,ERROR
 
 a text that is missing, and a number that means nothing, are a syntax error without a line
-  send     mdml=1
-  expect   SYNTAX
-  send     mdml=2
-  expect   SYNTAX
-  send     mdml=4,x
-  expect   SYNTAX
-  send     mdml=-1
-  expect   SYNTAX
-  send     mdml
-  expect   ERROR
-  send     mdml?
-  expect   ERROR
+  send     mdml=1 | mdml=2 | mdml=4,x | mdml=-1 -> SYNTAX
+  send     mdml | mdml? -> ERROR
 
 the help has five lines
   send     mdml=?

@@ -5,19 +5,7 @@
 
 reading and setting it are errors, anything else is one of syntax
   #:
-  send     mdsw
-  expect   MDSW: ,ERROR
-  send     mdsw?0
-  expect   MDSW: ,ERROR
-  send     mdsw=1,2
-  expect   MDSW: ,ERROR
-  send     mdsw=0,1
-  expect   MDSW: ,SYNTAX
-  send     mdsw=1
-  expect   MDSW: ,SYNTAX
-  send     mdsw=2,1
-  expect   MDSW: ,SYNTAX
-  send     mdsw=1,2,3
-  expect   MDSW: ,SYNTAX
-  send     mdsw=?
-  expect   MDSW:Modem switch,mdsw      (0,1),(0-2)                                       modem_switch(val),OK
+  send     mdsw -> MDSW: ,ERROR
+  send     mdsw?0 | mdsw=1,2 -> MDSW: ,ERROR
+  send     mdsw=0,1 | mdsw=1 | mdsw=2,1 | mdsw=1,2,3 -> MDSW: ,SYNTAX
+  send     mdsw=? -> MDSW:Modem switch,mdsw      (0,1),(0-2)                                       modem_switch(val),OK

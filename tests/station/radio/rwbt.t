@@ -8,53 +8,26 @@
 
 the address is read from the controller, in the order of its event
   #:
-  send     rwbt=3
-  expect   RWBT:0x5C8E2D907600,OK
+  send     rwbt=3 -> RWBT:0x5C8E2D907600,OK
   phone    hci recent -> 01030C00\n01091000
   # one byte too few
   phone    hci 010910 040E09010910000102030405 1
-  send     rwbt=3
-  expect   RWBT: ,ERROR
+  send     rwbt=3 -> RWBT: ,ERROR
   phone    hci 010910 040E0A0109100C010203040506 1
-  send     rwbt=3
-  expect   RWBT: ,ERROR
+  send     rwbt=3 -> RWBT: ,ERROR
 
 writing it, and the copy in the flash, are errors, whatever the text
-  send     rwbt
-  expect   RWBT: ,ERROR
-  send     rwbt=0
-  expect   RWBT: ,ERROR
-  send     rwbt=1,"001122334455"
-  expect   RWBT: ,ERROR
-  send     rwbt=2
-  expect   RWBT: ,ERROR
+  send     rwbt | rwbt=0 | rwbt=1,"001122334455" | rwbt=2 -> RWBT: ,ERROR
   phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
-  send     rwbt=4,"0x0011223344FF"
-  expect   RWBT: ,ERROR
-  send     rwbt=4,"00112233445"
-  expect   RWBT: ,ERROR
-  send     rwbt=4,"0011223344GG"
-  expect   RWBT: ,ERROR
-  send     rwbt=4,""
-  expect   RWBT: ,ERROR
+  send     rwbt=4,"0x0011223344FF" | rwbt=4,"00112233445" | rwbt=4,"0011223344GG" -> RWBT: ,ERROR
+  send     rwbt=4,"" -> RWBT: ,ERROR
 
 a count of values that doesn't go with the operation is an error, an unquoted text one of syntax
-  send     rwbt=3,"001122334455"
-  expect   RWBT: ,ERROR
-  send     rwbt=4
-  expect   RWBT: ,ERROR
-  send     rwbt=1,
-  expect   RWBT: ,ERROR
-  send     rwbt=5
-  expect   RWBT: ,ERROR
-  send     rwbt=4,001122334455
-  expect   rwbt      [(0-4)[(" ")]]                                    test rwbt,SYNTAX
+  send     rwbt=3,"001122334455" | rwbt=4 | rwbt=1, | rwbt=5 -> RWBT: ,ERROR
+  send     rwbt=4,001122334455 -> rwbt      [(0-4)[(" ")]]                                    test rwbt,SYNTAX
   phone    hci recent -> none
 
 it has no read form, and stands in every list
-  send     rwbt?3
-  expect   SYNTAX
-  send     rwbt=?
-  expect   RWBT:Bluetooth read/write IEEE address.,rwbt      [(0-4)[(" ")]]                                    test rwbt,OK
-  send     help="rwbt",1
-  expect   rwbt      [(0-4)[(" ")]]                                    test rwbt,OK
+  send     rwbt?3 -> SYNTAX
+  send     rwbt=? -> RWBT:Bluetooth read/write IEEE address.,rwbt      [(0-4)[(" ")]]                                    test rwbt,OK
+  send     help="rwbt",1 -> rwbt      [(0-4)[(" ")]]                                    test rwbt,OK

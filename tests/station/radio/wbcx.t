@@ -3,28 +3,18 @@
 #: A transmission is stopped first.
 
 with power or without, bytes or none
-  send     wbcx=1
-  expect   WBCX:,ERROR
-  send     wlpu
-  expect   WLPU: ,OK
+  send     wbcx=1 -> WBCX:,ERROR
+  send     wlpu -> WLPU: ,OK
   #:
-  send     wbcx
-  expect   WBCX:,NOT FOUND
-  send     wbcx?1\*9{,0xA}
-  expect   WBCX:,NOT FOUND
-  send     wbcx=1\*10{,2}
-  expect   WBCX:Too many parameters,ERROR
-  send     wbcx=?
-  expect   WBCX:Wlan Coexistence test,wbcx                                                        test coex(...),OK
+  send     wbcx -> WBCX:,NOT FOUND
+  send     wbcx?1\*9{,0xA} -> WBCX:,NOT FOUND
+  send     wbcx=1\*10{,2} -> WBCX:Too many parameters,ERROR
+  send     wbcx=? -> WBCX:Wlan Coexistence test,wbcx                                                        test coex(...),OK
 
 a transmission is stopped first; one that can't be stopped is an error
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wbtx
-  expect   WBTX: ,OK
+  send     wlpu -> WLPU: ,OK
+  send     wbtx -> WBTX: ,OK
   phone    fail wlanftmtest -s
-  send     wbcx
-  expect   WBCX: ,ERROR
-  send     wbcx
-  expect   WBCX:,NOT FOUND
+  send     wbcx -> WBCX: ,ERROR
+  send     wbcx -> WBCX:,NOT FOUND
   phone    shell 1 -> 0 wlanftmtest -s

@@ -7,131 +7,87 @@
 #: they are. A transmission that runs is stopped first.
 
 without values the defaults are sent, with the preamble and the length that go with the rate
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wbtx
-  expect   WBTX: ,OK
+  send     wlpu -> WLPU: ,OK
+  send     wbtx -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -A -c 1 -r 3 -p 4 -i 200 -l 1000 -w 0 -g 25 -o 0 -G 1
 
 each value has its place; power is in thousandths, of which tenths go out
-  send     wlpu
-  expect   WLPU: ,OK
+  send     wlpu -> WLPU: ,OK
   #:
-  send     wbtx=100,21,0,32,30,4,12.5,1,1
-  expect   WBTX: ,OK
+  send     wbtx=100,21,0,32,30,4,12.5,1,1 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -A -c 98 -r 31 -p 3 -i 30 -l 32 -w 1 -g 1250 -o 1 -G 4
   # the same channel again: the short line
-  send     wbtx?98,0,1,65534,31,2,-1.5,0,2
-  expect   WBTX: ,OK
+  send     wbtx?98,0,1,65534,31,2,-1.5,0,2 -> WBTX: ,OK
   phone    shell 2 -> 0 wlanftmtest -s\n0 wlanftmtest -B -c 98 -r 0 -p 4 -i 31 -l 65534 -g -150 -o 2
-  send     wbtx=99
-  expect   WBTX: ,OK
+  send     wbtx=99 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -A -c 99 -r 3 -p 4 -i 200 -l 1000 -w 0 -g 25 -o 0 -G 1
 
 the station's rates and the chip's, at the ends of their ranges; preambles and lengths of their own accord
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wbtx=1,4
-  expect   WBTX: ,OK
+  send     wlpu -> WLPU: ,OK
+  send     wbtx=1,4 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -A -c 1 -r 0 -p 4 -i 200 -l 100 -w 0 -g 25 -o 0 -G 1
-  send     wbtx=1,1
-  expect   WBTX: ,OK
+  send     wbtx=1,1 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 1 -p 4 -i 200 -l 400 -g 25 -o 0
-  send     wbtx=1,2
-  expect   WBTX: ,OK
+  send     wbtx=1,2 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 2 -p 4 -i 200 -l 700 -g 25 -o 0
-  send     wbtx=1,5
-  expect   WBTX: ,OK
+  send     wbtx=1,5 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 7 -p 3 -i 200 -l 1000 -g 25 -o 0
-  send     wbtx=1,6
-  expect   WBTX: ,OK
+  send     wbtx=1,6 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 8 -p 3 -i 200 -l 1000 -g 25 -o 0
-  send     wbtx=1,7
-  expect   WBTX: ,OK
+  send     wbtx=1,7 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 9 -p 0 -i 200 -l 1000 -g 25 -o 0
-  send     wbtx=1,12
-  expect   WBTX: ,OK
+  send     wbtx=1,12 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 14 -p 0 -i 200 -l 1000 -g 25 -o 0
-  send     wbtx=1,14
-  expect   WBTX: ,OK
+  send     wbtx=1,14 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 24 -p 0 -i 200 -l 1000 -g 25 -o 0
-  send     wbtx=1,15
-  expect   WBTX: ,OK
+  send     wbtx=1,15 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 25 -p 2 -i 200 -l 1000 -g 25 -o 0
-  send     wbtx=1,13,2
-  expect   WBTX: ,OK
+  send     wbtx=1,13,2 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 23 -p 0 -i 200 -l 1000 -g 25 -o 0
-  send     wbtx=1,20,3
-  expect   WBTX: ,OK
+  send     wbtx=1,20,3 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 30 -p 2 -i 200 -l 1000 -g 25 -o 0
-  send     wbtx=1,44,4
-  expect   WBTX: ,OK
+  send     wbtx=1,44,4 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 54 -p 1 -i 200 -l 1000 -g 25 -o 0
-  send     wbtx=1,45
-  expect   WBTX: ,OK
+  send     wbtx=1,45 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 63 -p 2 -i 200 -l 1000 -g 25 -o 0
-  send     wbtx=1,53
-  expect   WBTX: ,OK
+  send     wbtx=1,53 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 71 -p 2 -i 200 -l 1000 -g 25 -o 0
-  send     wbtx=1,54
-  expect   WBTX: ,OK
+  send     wbtx=1,54 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 73 -p 2 -i 200 -l 1000 -g 25 -o 0
-  send     wbtx=1,62
-  expect   WBTX: ,OK
+  send     wbtx=1,62 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 81 -p 2 -i 200 -l 1000 -g 25 -o 0
-  send     wbtx=1,63
-  expect   WBTX: ,OK
+  send     wbtx=1,63 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 83 -p 2 -i 200 -l 1000 -g 25 -o 0
-  send     wbtx=1,102
-  expect   WBTX: ,OK
+  send     wbtx=1,102 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -B -c 1 -r 122 -p 2 -i 200 -l 1000 -g 25 -o 0
 
 a rate, a preamble, a channel that there isn't
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wbtx=1,103
-  expect   WBTX: ,SYNTAX
-  send     wbtx=1,-1
-  expect   WBTX: ,SYNTAX
-  send     wbtx=1,0,5
-  expect   WBTX: ,ERROR
-  send     wbtx=253,0
-  expect   WBTX: ,ERROR
+  send     wlpu -> WLPU: ,OK
+  send     wbtx=1,103 | wbtx=1,-1 -> WBTX: ,SYNTAX
+  send     wbtx=1,0,5 | wbtx=253,0 -> WBTX: ,ERROR
   phone    shell 1 -> 0 wlanftmtest -e
 
 the longest line that values can make goes out whole
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wbtx=246,102,99,-2147483648,-2147483648,4294967295,-2000000,10,-2147483648
-  expect   WBTX: ,OK
+  send     wlpu -> WLPU: ,OK
+  send     wbtx=246,102,99,-2147483648,-2147483648,4294967295,-2000000,10,-2147483648 -> WBTX: ,OK
   # 2000000 thousand times -1 in 32 bits is -2000000000
   phone    shell 1 -> 0 wlanftmtest -A -c 252 -r 122 -p 2 -i -2147483648 -l -2147483648 -w 10 -g -200000000 -o -2147483648 -G 4294967295
 
 ten values or more leave all defaults
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wbtx=9,9,1,100,100,0,1,1,1,1
-  expect   WBTX: ,OK
+  send     wlpu -> WLPU: ,OK
+  send     wbtx=9,9,1,100,100,0,1,1,1,1 -> WBTX: ,OK
   phone    shell 1 -> 0 wlanftmtest -A -c 1 -r 3 -p 4 -i 200 -l 1000 -w 0 -g 25 -o 0 -G 1
-  send     wbtx=?9,9,1,100,100,0,1,1,1,1
-  expect   WBTX:WLAN bursted TX,
+  send     wbtx=?9,9,1,100,100,0,1,1,1,1 -> WBTX:WLAN bursted TX,
   + wbtx      (1-252)(0-44)(0-4)(32-2400)(30-1000)(0-4)(1.0-16.0)(0-2)(btx(ch,rate,pre,len,interval,mod,OK
 
 a failing burst is none, and a running one is stopped before the next
-  send     wbtx
-  expect   WBTX: ,SYNTAX
-  send     wlpu
-  expect   WLPU: ,OK
+  send     wbtx -> WBTX: ,SYNTAX
+  send     wlpu -> WLPU: ,OK
   phone    fail wlanftmtest -A
-  send     wbtx
-  expect   WBTX: ,ERROR
-  send     wtxg=1
-  expect   WTXG:Not in Tx!,WTXG: ,SYNTAX
-  send     wbtx
-  expect   WBTX: ,OK
+  send     wbtx -> WBTX: ,ERROR
+  send     wtxg=1 -> WTXG:Not in Tx!,WTXG: ,SYNTAX
+  send     wbtx -> WBTX: ,OK
   phone    fail wlanftmtest -s
-  send     wbtx
-  expect   WBTX: ,ERROR
+  send     wbtx -> WBTX: ,ERROR
   phone    shell 1 -> 0 wlanftmtest -A -c 1 -r 3 -p 4 -i 200 -l 1000 -w 0 -g 25 -o 0 -G 1
-  send     wbtx
-  expect   WBTX: ,OK
+  send     wbtx -> WBTX: ,OK

@@ -7,95 +7,63 @@
 
 test mode: the file system for writing, the module in its test mode, the tool
   #:
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wlid
-  expect   WLID:1936,OK
+  send     wlpu -> WLPU: ,OK
+  send     wlid -> WLID:1936,OK
   phone    shell 4 -> 0 mount -o rw,remount /system\n0 /system/bin/insmod /system/modules/pronto_wlan.ko con_mode=5\n0 wlanftmtest -e\n0 wlanftmtest -v
 
 station mode: the module in its usual mode, and the interface
-  send     wlpu=1
-  expect   WLPU: ,OK
-  send     wlscan
-  expect   WLSCAN:a0:f3:c1:2b:7d:18,OK
+  send     wlpu=1 -> WLPU: ,OK
+  send     wlscan -> WLSCAN:a0:f3:c1:2b:7d:18,OK
   phone    shell 4 -> 0 mount -o rw,remount /system\n0 /system/bin/insmod /system/modules/pronto_wlan.ko con_mode=0\n0 ifconfig wlan0 up\n0 iw wlan0 scan
 
 a second power-up without a power-down is an error; the module keeps the mode of its first load
-  send     wlpu?0
-  expect   WLPU: ,OK
-  send     wlpu=1
-  expect   WLPU: ,ERROR
-  send     wlpd
-  expect   WLPD: ,OK
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wlid
-  expect   WLID:1936,OK
+  send     wlpu?0 -> WLPU: ,OK
+  send     wlpu=1 -> WLPU: ,ERROR
+  send     wlpd -> WLPD: ,OK
+  send     wlpu -> WLPU: ,OK
+  send     wlid -> WLID:1936,OK
   phone    shell 3 -> 0 mount -o rw,remount /system\n0 wlanftmtest -e\n0 wlanftmtest -v
-  send     wlpd
-  expect   WLPD: ,OK
+  send     wlpd -> WLPD: ,OK
   # the interface isn't there in this mode
-  send     wlpu=1
-  expect   WLPU: ,OK
-  send     wlscan
-  expect   WLSCAN:Other error,ERROR
+  send     wlpu=1 -> WLPU: ,OK
+  send     wlscan -> WLSCAN:Other error,ERROR
 
 a power-up that fails leaves the driver stopped: commands fail, power-down and a new power-up bring it back
   phone    fail wlanftmtest -e
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wlid
-  expect   WLID: ,ERROR
-  send     wlpu
-  expect   WLPU: ,ERROR
-  send     wtfd
-  expect   WTFD: ,ERROR
-  send     wlpd
-  expect   WLPD: ,OK
+  send     wlpu -> WLPU: ,OK
+  send     wlid -> WLID: ,ERROR
+  send     wlpu -> WLPU: ,ERROR
+  send     wtfd -> WTFD: ,ERROR
+  send     wlpd -> WLPD: ,OK
   phone    shell 1 -> 0 /system/bin/insmod /system/modules/pronto_wlan.ko con_mode=5
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wlid
-  expect   WLID:1936,OK
+  send     wlpu -> WLPU: ,OK
+  send     wlid -> WLID:1936,OK
   phone    shell 3 -> 0 mount -o rw,remount /system\n0 wlanftmtest -e\n0 wlanftmtest -v
 
 each earlier step that fails ends the power-up there
   phone    fail mount -o
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wlpd
-  expect   WLPD: ,OK
+  send     wlpu -> WLPU: ,OK
+  send     wlpd -> WLPD: ,OK
   phone    shell 1 -> 0 echo 1 > /dev/wcnss_wlan
   phone    fail /system/bin/insmod
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wlpd
-  expect   WLPD: ,OK
+  send     wlpu -> WLPU: ,OK
+  send     wlpd -> WLPD: ,OK
   phone    shell 1 -> 0 mount -o rw,remount /system
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wlid
-  expect   WLID:1936,OK
+  send     wlpu -> WLPU: ,OK
+  send     wlid -> WLID:1936,OK
 
 a phone without the module can't be powered up
   conf     without /system/modules/pronto_wlan.ko
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wlid
-  expect   WLID: ,ERROR
+  send     wlpu -> WLPU: ,OK
+  send     wlid -> WLID: ,ERROR
   phone    shell 1 -> 1 /system/bin/insmod /system/modules/pronto_wlan.ko con_mode=5
 
 a mode above 1 does nothing in any form, the help leaves the radio alone
-  send     wlpu=2
-  expect   WLPU:Parameter out of range (0-1),ERROR
-  send     wlpu=?2
-  expect   WLPU:Parameter out of range (0-1),wlpu      (0,1)                                             start(),ERROR
-  send     wlpu=?
-  expect   WLPU:WLAN power up,wlpu      (0,1)                                             start(),OK
-  send     wlpu=0,1
-  expect   wlpu      (0,1)                                             start(),SYNTAX
-  send     wlid
-  expect   WLID: ,ERROR
+  send     wlpu=2 -> WLPU:Parameter out of range (0-1),ERROR
+  send     wlpu=?2 -> WLPU:Parameter out of range (0-1),wlpu      (0,1)                                             start(),ERROR
+  send     wlpu=? -> WLPU:WLAN power up,wlpu      (0,1)                                             start(),OK
+  send     wlpu=0,1 -> wlpu      (0,1)                                             start(),SYNTAX
+  send     wlid -> WLID: ,ERROR
 
 the calibration file of the RF variant is linked in its place at each start, and the radio's processor takes it
   # "L1234578_20W12458" is what the healthy phone's voltage means
@@ -121,5 +89,4 @@ the calibration file of the RF variant is linked in its place at each start, and
 a calibration file that isn't there is told, and the phone starts all the same
   conf     without /system/etc/firmware/wlan/prima/korvat_sella_WCNSS_qcom_wlan_nv.bin
   phone    kmsg 1 -> phone: wcnss: no calibration
-  send     case?
-  expect   CASE:false,OK
+  send     case? -> CASE:false,OK

@@ -3,64 +3,43 @@
 #: A transmission is stopped first.
 
 as a station the second word of what the tool prints is the answer
-  send     wlpu=1
-  expect   WLPU: ,OK
+  send     wlpu=1 -> WLPU: ,OK
   #:
-  send     wlscan
-  expect   WLSCAN:a0:f3:c1:2b:7d:18,OK
+  send     wlscan -> WLSCAN:a0:f3:c1:2b:7d:18,OK
   phone    shell 1 -> 0 iw wlan0 scan
   phone    tool iw wlan0 \\n\\tone\\n\\n two\\n three
-  send     wlscan?
-  expect   WLSCAN:two,OK
+  send     wlscan? -> WLSCAN:two,OK
 
 fewer than two words, one that is too long, and a tool that fails
-  send     wlpu=1
-  expect   WLPU: ,OK
+  send     wlpu=1 -> WLPU: ,OK
   phone    tool iw wlan0 BSS\\n
-  send     wlscan
-  expect   WLSCAN:Other error,ERROR
+  send     wlscan -> WLSCAN:Other error,ERROR
   phone    tool iw wlan0 none
-  send     wlscan
-  expect   WLSCAN:Other error,ERROR
+  send     wlscan -> WLSCAN:Other error,ERROR
   phone    tool iw wlan0 BSS \*128{x}
-  send     wlscan
-  expect   WLSCAN:Other error,ERROR
+  send     wlscan -> WLSCAN:Other error,ERROR
   phone    tool iw wlan0 \*300{BSS }\*127{x} y
-  send     wlscan
-  expect   WLSCAN:BSS,OK
-  phone    tool off
-  phone    fail popen iw
-  send     wlscan
-  expect   WLSCAN:Other error,ERROR
+  send     wlscan -> WLSCAN:BSS,OK
+  phone    tool off | fail popen iw
+  send     wlscan -> WLSCAN:Other error,ERROR
   phone    fail pclose
-  send     wlscan
-  expect   WLSCAN:Other error,ERROR
-  send     wlscan
-  expect   WLSCAN:a0:f3:c1:2b:7d:18,OK
+  send     wlscan -> WLSCAN:Other error,ERROR
+  send     wlscan -> WLSCAN:a0:f3:c1:2b:7d:18,OK
 
 in test mode there is no interface, and without power nothing at all
-  send     wlscan
-  expect   WLSCAN:WLAN not started,ERROR
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wlscan
-  expect   WLSCAN:Other error,ERROR
+  send     wlscan -> WLSCAN:WLAN not started,ERROR
+  send     wlpu -> WLPU: ,OK
+  send     wlscan -> WLSCAN:Other error,ERROR
   phone    shell 1 -> 1 iw wlan0 scan
 
 a transmission is stopped first; one that can't be stopped says so
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wbtx
-  expect   WBTX: ,OK
+  send     wlpu -> WLPU: ,OK
+  send     wbtx -> WBTX: ,OK
   phone    fail wlanftmtest -s
-  send     wlscan
-  expect   WLSCAN:TX not OK,ERROR
-  send     wlscan
-  expect   WLSCAN:Other error,ERROR
+  send     wlscan -> WLSCAN:TX not OK,ERROR
+  send     wlscan -> WLSCAN:Other error,ERROR
   phone    shell 2 -> 0 wlanftmtest -s\n1 iw wlan0 scan
 
 it takes no value, and has a help
-  send     wlscan=1
-  expect   wlscan                                                      scan(),SYNTAX
-  send     wlscan=?
-  expect   WLSCAN:Retrieves WLANs,wlscan                                                      scan(),OK
+  send     wlscan=1 -> wlscan                                                      scan(),SYNTAX
+  send     wlscan=? -> WLSCAN:Retrieves WLANs,wlscan                                                      scan(),OK

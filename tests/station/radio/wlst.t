@@ -4,23 +4,15 @@
 
 with power or without, bytes or none
   #:
-  send     wlst
-  expect   WLST: ,NOT FOUND
-  send     wlst?1\*19{,10}
-  expect   WLST: ,NOT FOUND
-  send     wlst=1\*20{,10}
-  expect   WLST:Too many parameters,ERROR
-  send     wlst=?
-  expect   WLST:WLAN Selftest,wlst                                                        run selftest(...),OK
+  send     wlst -> WLST: ,NOT FOUND
+  send     wlst?1\*19{,10} -> WLST: ,NOT FOUND
+  send     wlst=1\*20{,10} -> WLST:Too many parameters,ERROR
+  send     wlst=? -> WLST:WLAN Selftest,wlst                                                        run selftest(...),OK
 
 a transmission is stopped first; one that can't be stopped is an error
-  send     wlpu
-  expect   WLPU: ,OK
-  send     wbtx
-  expect   WBTX: ,OK
+  send     wlpu -> WLPU: ,OK
+  send     wbtx -> WBTX: ,OK
   phone    fail wlanftmtest -s
-  send     wlst
-  expect   WLST: ,ERROR
-  send     wlst
-  expect   WLST: ,NOT FOUND
+  send     wlst -> WLST: ,ERROR
+  send     wlst -> WLST: ,NOT FOUND
   phone    shell 1 -> 0 wlanftmtest -s

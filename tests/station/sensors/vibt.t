@@ -9,39 +9,29 @@
 
 one measurement answers at once and reports when it is done
   phone    clock hold
-  send     vibt=1
-  expect   OK
+  send     vibt=1 -> OK
   phone    idle
   file     /sys/hvt/hvt-vib/vib -> 3000
   # while it is at work there is no other
-  send     vibt=1
-  expect   ERROR
-  send     vibt=2
-  expect   ERROR
-  send     vibt=3
-  expect   ERROR
+  send     vibt=1 | vibt=2 | vibt=3 -> ERROR
   phone    clock +9
   file     /sys/hvt/hvt-vib/vib -> 3000
   phone    clock +1
   read     VIBT:viberator test FAILED!\n,
   file     /sys/hvt/hvt-vib/vib -> 0
   #:
-  send     vibt=4
-  expect   VIBT:freq=0.000000      amplX=0.000000       amplY=0.000000       amplZ=0.000000,OK
-  send     vibt=1,2000
-  expect   OK
+  send     vibt=4 -> VIBT:freq=0.000000      amplX=0.000000       amplY=0.000000       amplZ=0.000000,OK
+  send     vibt=1,2000 -> OK
   phone    idle
   file     /sys/hvt/hvt-vib/vib -> 2000
   phone    clock +10
   read     VIBT:viberator test FAILED!\n,
-  phone    files vibt             ->
+  phone    files vibt ->
 
 at level 0 the motor isn't started, but switched off behind a capture that failed
   phone    clock hold
-  send     vibc=1
-  expect   VIBC: ,OK
-  send     vibt=1,0
-  expect   OK
+  send     vibc=1 -> VIBC: ,OK
+  send     vibt=1,0 -> OK
   phone    idle
   file     /sys/hvt/hvt-vib/vib -> 3000
   phone    clock +10
@@ -50,70 +40,51 @@ at level 0 the motor isn't started, but switched off behind a capture that faile
 
 a repeating test measures every half second until it is stopped
   phone    clock hold
-  send     vibt=2,1500
-  expect   OK
-  phone    idle
-  phone    clock +10
+  send     vibt=2,1500 -> OK
+  phone    idle | clock +10
   read     VIBT:viberator test FAILED!\n,
   phone    clock +499
   file     /sys/hvt/hvt-vib/vib -> 0
   phone    clock +1
   file     /sys/hvt/hvt-vib/vib -> 1500
-  send     vibt=1
-  expect   ERROR
+  send     vibt=1 -> ERROR
   # the measurement that runs is completed before the answer, and nothing comes behind it
-  raw      vibt=3\r
+  send     vibt=3
   phone    clock +510
   read     VIBT:viberator test FAILED!\n,OK\r\n
-  send     vibt=3
-  expect   ERROR
+  send     vibt=3 -> ERROR
   phone    clock +2000
-  send     vibt=1
-  expect   OK
-  phone    idle
-  phone    clock +10
+  send     vibt=1 -> OK
+  phone    idle | clock +10
   read     VIBT:viberator test FAILED!\n,
 
 a stop right behind the start
   phone    clock hold
-  send     vibt=2
-  expect   OK
+  send     vibt=2 -> OK
   phone    idle
-  raw      vibt=3\r
+  send     vibt=3
   phone    clock +510
   read     VIBT:viberator test FAILED!\n,OK\r\n
 
 the report has the line term of the moment and the name's case
   phone    clock hold
-  send     s3=7c,d
-  expect   S3:0x7c, 0x0d|OK
-  send     case=1
-  expect   case:true|OK
-  send     vibt=1
-  expect   OK
-  phone    idle
-  phone    clock +10
+  send     s3=7c,d -> S3:0x7c, 0x0d|OK
+  send     case=1 -> case:true|OK
+  send     vibt=1 -> OK
+  phone    idle | clock +10
   read     vibt:viberator test FAILED!\n|
 
 without a result file the test ends silently; a repeating one counts as running until it is stopped
   phone    fail open /system/hvtdebug/vibt_result.txt all
-  send     vibt=1
-  expect   OK
+  send     vibt=1 -> OK
   phone    idle
-  send     vibt=2
-  expect   OK
+  send     vibt=2 -> OK
   phone    idle
   file     /sys/hvt/hvt-vib/vib -> 0\n
-  send     vibt=1
-  expect   ERROR
-  send     vibt=2
-  expect   ERROR
-  send     vibt=3
-  expect   OK
-  send     vibt=3
-  expect   ERROR
-  send     vibt=1
-  expect   OK
+  send     vibt=1 | vibt=2 -> ERROR
+  send     vibt=3 -> OK
+  send     vibt=3 -> ERROR
+  send     vibt=1 -> OK
   phone    idle
 
 a motor that can't be switched fails the measurement at once
@@ -122,37 +93,22 @@ a motor that can't be switched fails the measurement at once
   phone    clock hold
   # so that the answer comes before the report
   phone    fail open /system/hvtdebug/vibt_result.txt slow 10
-  send     vibt=1
-  expect   OK
-  phone    idle
-  phone    clock +10
+  send     vibt=1 -> OK
+  phone    idle | clock +10
   read     VIBT:viberator test FAILED!\n,
 
 the reports of a test that the menu started don't go to the station
-  write    /system/scripts/start_korvat.lua -- start
-  + \nlocal status, text = qat("vibt=1")
+  write    /system/scripts/start_korvat.lua local status, text = qat("vibt=1")
   + \nlocal out = io.open("/data/out", "w")
   + \nout:write(status, "|", tostring(text))
   + \nout:close()
-  phone    key 116 tap
-  phone    clock +140
-  phone    idle
+  phone    key 116 tap | clock +140 | idle
   file     /data/out -> OK|nil
-  phone    clock +20
-  phone    idle
+  phone    clock +20 | idle
   file     /sys/hvt/hvt-vib/vib -> 0
 
 lines that are none, and the help
-  send     vibt
-  expect   ERROR
-  send     vibt=0
-  expect   ERROR
-  send     vibt=5
-  expect   ERROR
-  send     vibt=1,2,3
-  expect   ERROR
-  send     vibt?
-  expect   VIBT:Test the amplitude & frequency of Vibrator,OK
-  send     vibt=?
-  expect   VIBT:Test the amplitude & frequency of Vibrator,
+  send     vibt | vibt=0 | vibt=5 | vibt=1,2,3 -> ERROR
+  send     vibt? -> VIBT:Test the amplitude & frequency of Vibrator,OK
+  send     vibt=? -> VIBT:Test the amplitude & frequency of Vibrator,
   +        vibt      (1-4)[,(0-65535)]                                 vibr test,OK

@@ -41,8 +41,7 @@ control characters and bytes above ASCII make a name that nobody has
   expect   case      [(0,1)]                                           case(en),SYNTAX
 
 a name is matched whole, blanks are part of it
-  send     cas
-  expect   NOT FOUND
+  send     cas -> NOT FOUND
   raw      case \r
   expect   NOT FOUND
   raw      \x20case\r
@@ -52,51 +51,37 @@ more than sixteen values are too many
   # eighteen, for a format that repeats for ever
   send     s3=1,2,3,4,5,6,7,8,9,a,b,c,d,e,f,10,11,12
   expect   s3        0xB[,0xB]                                         s3(ct,final),SYNTAX
-  send     s3?1,2,3,4,5,6,7,8,9,a,b,c,d,e,f,10
-  expect   S3:0x2c, 0x0d,OK
+  send     s3?1,2,3,4,5,6,7,8,9,a,b,c,d,e,f,10 -> S3:0x2c, 0x0d,OK
 
 registers are read up to R32
   send     help="s3",R0
   # a mask of 0 leaves no group
   expect   NOT FOUND
-  send     help="s3",r32
-  expect   NOT FOUND
-  send     help="s3",R33
-  expect   help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
+  send     help="s3",r32 -> NOT FOUND
+  send     help="s3",R33 -> help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
 
 a line can't read memory
-  send     help="s3",*0
-  expect   help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
-  send     help=*12345678
-  expect   help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
-  send     help="s3",&&1
-  expect   help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
-  send     help="s3",***1
-  expect   help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
+  send     help="s3",*0 -> help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
+  send     help=*12345678 -> help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
+  send     help="s3",&&1 -> help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
+  send     help="s3",***1 -> help      ["a..z"[,(1-15)]]                                 help(string,group),SYNTAX
 
 numbers of any length wrap
   # 36893488147419103233 is twice 2 to the 64th and 1
-  send     case=36893488147419103233
-  expect   case:true,OK
+  send     case=36893488147419103233 -> case:true,OK
 
 the cable is pulled in the middle of a line, and the line goes on
   raw      ca
-  phone    idle
-  phone    usb off
-  phone    idle
-  phone    usb on
+  phone    idle | usb off | idle | usb on
   read     TP,OK\r\n
   raw      se?\r
   expect   CASE:false,OK
 
 a write that fails loses that text and nothing else
   phone    fail write /dev/ttyGS0 1
-  send     case?
-  expect   ,OK
-  send     case?
-  expect   CASE:false,OK
+  send     case? -> ,OK
+  send     case? -> CASE:false,OK
 
 a console on the second serial port of a phone that has one
   conf     with /dev/ttyGS1
-  send     case?
-  expect   CASE:false,OK
+  send     case? -> CASE:false,OK

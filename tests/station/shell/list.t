@@ -7,19 +7,14 @@
 
 a pattern lists the names that begin with it, in table order
   #:
-  send     list="i2c"
-  expect   i2cw      ,i2cr      ,OK
-  send     list="s3"
-  expect   s3        ,OK
+  send     list="i2c" -> i2cw      ,i2cr      ,OK
+  send     list="s3" -> s3        ,OK
 
 the mask wants its blank
   #:
-  send     list="cas", 1
-  expect   case      ,OK
-  send     list="cas", 2
-  expect   NOT FOUND
-  send     list="cas",1
-  expect   list      ["a..z"[,(1-15)]]                                 list(string,group),SYNTAX
+  send     list="cas", 1 -> case      ,OK
+  send     list="cas", 2 -> NOT FOUND
+  send     list="cas",1 -> list      ["a..z"[,(1-15)]]                                 list(string,group),SYNTAX
 
 the test form names the groups, and the usage line follows
   send     list=?

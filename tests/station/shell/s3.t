@@ -20,26 +20,21 @@ one value sets both, and its low byte counts
   read     S3:0x2c, 0x2c,OK,\n
 
 a zero byte leaves the text without a terminator
-  send     s3=0,d
-  read     S3:0x00, 0x0dOK\r\n
+  send     s3=0,d -> S3:0x00, 0x0dOK
   send     help="s",1
-  read     s3        0xB[,0xB]                                         s3(ct,final)s4        0xB[,0xB[,0xB]]                                   s4(lt,final,prompt)OK\r\n
+  expect   s3        0xB[,0xB]                                         s3(ct,final)s4        0xB[,0xB[,0xB]]                                   s4(lt,final,prompt)OK
 
 no value, and more than two, set both to carriage return
   send     s3
   read     S3:0x0d, 0x0d\rOK\r\n
-  send     s3=2c,d
-  expect   S3:0x2c, 0x0d,OK
+  send     s3=2c,d -> S3:0x2c, 0x0d,OK
   send     s3=2c,d,9
   read     S3:0x0d, 0x0d\rOK\r\n
 
 the start-up setting is a comma and a carriage return, and a read applies nothing
   #: A read applies nothing, whatever values it has:
-  send     s3?21,21
-  expect   S3:0x2c, 0x0d,OK
+  send     s3?21,21 -> S3:0x2c, 0x0d,OK
 
 the test form is the usage line, and so is the answer to a line that doesn't fit
-  send     s3=?
-  expect   s3        0xB[,0xB]                                         s3(ct,final),OK
-  send     s3=g
-  expect   s3        0xB[,0xB]                                         s3(ct,final),SYNTAX
+  send     s3=? -> s3        0xB[,0xB]                                         s3(ct,final),OK
+  send     s3=g -> s3        0xB[,0xB]                                         s3(ct,final),SYNTAX

@@ -9,8 +9,7 @@
 the start-up setting has no second byte in the term, a line feed in the final sequence and no prompt
   # a read applies nothing
   #:
-  send     s4?21,21,21
-  expect   S4:0x00, 0x0a,OK
+  send     s4?21,21,21 -> S4:0x00, 0x0a,OK
 
 with s3 it brings back line ends and a prompt
   send     s3=d,d
@@ -26,16 +25,14 @@ two values leave the prompt as it is, and 0 removes it
   read     S4:0x00, 0x0a,OK\r\n>
   send     s4=0,a
   read     S4:0x00, 0x0a,OK\r\n>
-  send     s4=0,a,0
-  expect   S4:0x00, 0x0a,OK
+  send     s4=0,a,0 -> S4:0x00, 0x0a,OK
 
 one value sets both; no value, and more than three, set both to line feed
   send     s4=21
   read     S4:0x21, 0x21,!OK\r!
   send     s4
   read     S4:0x0a, 0x0a,\nOK\r\n
-  send     s4=0,a
-  expect   S4:0x00, 0x0a,OK
+  send     s4=0,a -> S4:0x00, 0x0a,OK
   send     s4=1,2,3,4
   read     S4:0x0a, 0x0a,\nOK\r\n
 
@@ -46,7 +43,5 @@ a zero in the final sequence ends it before the prompt
   read     S4:0x00, 0x0a,OK\r\n>
 
 the test form is the usage line, and so is the answer to a line that doesn't fit
-  send     s4=?
-  expect   s4        0xB[,0xB[,0xB]]                                   s4(lt,final,prompt),OK
-  send     s4=a a
-  expect   s4        0xB[,0xB[,0xB]]                                   s4(lt,final,prompt),SYNTAX
+  send     s4=? -> s4        0xB[,0xB[,0xB]]                                   s4(lt,final,prompt),OK
+  send     s4=a a -> s4        0xB[,0xB[,0xB]]                                   s4(lt,final,prompt),SYNTAX

@@ -10,48 +10,29 @@
 the parameter is a text, and no value means number 0
   phone    unit 80001324 4142433132330000
   #:
-  send     ppre
-  expect   PPRE:ABC123,OK
-  send     ppre=0,0
-  expect   PPRE:ABC123,OK
+  send     ppre -> PPRE:ABC123,OK
+  send     ppre=0,0 -> PPRE:ABC123,OK
 
 the RF variant is there from the first start on, and its absence is no error and no line
   #:
-  send     ppre=11
-  expect   PPRE:L1234578_20W12458,OK
+  send     ppre=11 -> PPRE:L1234578_20W12458,OK
   phone    unit 800009F7 -
-  send     ppre=11
-  expect   OK
+  send     ppre=11 -> OK
 
 what the board lacks is an error for a text and 0 for a number
-  send     ppre=1
-  expect   PPRE:,ERROR
-  send     ppre=9
-  expect   PPRE:,ERROR
-  send     ppre=3
-  expect   PPRE:0,OK
-  send     ppre=6,9
-  expect   PPRE:0,OK
+  send     ppre=1 | ppre=9 -> PPRE:,ERROR
+  send     ppre=3 | ppre=6,9 -> PPRE:0,OK
 
 numbers that don't exist are syntax errors, and the help
-  send     ppre=0,1
-  expect   PPRE:,SYNTAX
-  send     ppre=2
-  expect   PPRE:,SYNTAX
-  send     ppre=?
-  expect   PPRE:Production Parameter Read,ppre      (0,1,3,5-10)[,(0,1)]                              ppre(),OK
+  send     ppre=0,1 | ppre=2 -> PPRE:,SYNTAX
+  send     ppre=? -> PPRE:Production Parameter Read,ppre      (0,1,3,5-10)[,(0,1)]                              ppre(),OK
 
 an absent, unreadable or oversized unit is an error
   phone    unit 80001324 4142434445464748494A4B4C4D4E4F505152535455565758595A3031323334
-  send     ppre
-  expect   PPRE:ABCDEFGHIJKLMNOPQRSTUVWXYZ01234,OK
+  send     ppre -> PPRE:ABCDEFGHIJKLMNOPQRSTUVWXYZ01234,OK
   phone    unit 80001324 4142434445464748494A4B4C4D4E4F505152535455565758595A303132333435
-  send     ppre
-  expect   PPRE:,ERROR
-  phone    unit 80001324 41
-  phone    fail auxnvq_read_unit
-  send     ppre
-  expect   PPRE:,ERROR
+  send     ppre -> PPRE:,ERROR
+  phone    unit 80001324 41 | fail auxnvq_read_unit
+  send     ppre -> PPRE:,ERROR
   phone    unit 80001324 -
-  send     ppre
-  expect   PPRE:,ERROR
+  send     ppre -> PPRE:,ERROR

@@ -5,33 +5,23 @@
 
 a text is cut to ten characters and stored without an end
   #: Three characters too many (`ppre` gives `ABCDEFGHIJ` from now on):
-  send     ppwr=0,ABCDEFGHIJKLM
-  expect   PPWR:,OK
+  send     ppwr=0,ABCDEFGHIJKLM -> PPWR:,OK
   phone    unit 80001324 -> 4142434445464748494A
-  send     ppre
-  expect   PPRE:ABCDEFGHIJ,OK
-  send     ppwr=0,A b,"c"
-  expect   PPWR:,OK
+  send     ppre -> PPRE:ABCDEFGHIJ,OK
+  send     ppwr=0,A b,"c" -> PPWR:,OK
   phone    unit 80001324 -> 4120622C226322
   restart
-  send     ppre
-  expect   PPRE:A b,"c",OK
+  send     ppre -> PPRE:A b,"c",OK
 
 the number has no unit on this board, and the help
-  send     ppwr=3,4711
-  expect   PPWR:,ERROR
-  send     ppwr=?
-  expect   PPWR:Production Parameter Write,ppwr      (0,3),S                                           ppwr(),OK
+  send     ppwr=3,4711 -> PPWR:,ERROR
+  send     ppwr=? -> PPWR:Production Parameter Write,ppwr      (0,3),S                                           ppwr(),OK
 
 other numbers, and a line without a text, are syntax errors
-  send     ppwr=1,A
-  expect   PPWR:,SYNTAX
-  send     ppwr
-  expect   PPWR:,SYNTAX
+  send     ppwr=1,A | ppwr -> PPWR:,SYNTAX
   phone    unit 80001324 -> 42583930334C374B3254
 
 a store that fails is an error and keeps the text
   phone    fail auxnvq_write_unit
-  send     ppwr=0,NEW
-  expect   PPWR:,ERROR
+  send     ppwr=0,NEW -> PPWR:,ERROR
   phone    unit 80001324 -> 42583930334C374B3254

@@ -7,45 +7,20 @@
 
 a circuit that is known, with a path where it needs one
   #: The wide path of circuit 5:
-  send     issl=5,0
-  expect   ISSL:,OK
-  send     issl=0,1
-  expect   ISSL:,OK
-  send     issl=1,0
-  expect   ISSL:,OK
-  send     issl=4,1
-  expect   ISSL:,OK
-  send     issl=2,77
-  expect   ISSL:,OK
-  send     issl=3
-  expect   ISSL:,OK
+  send     issl=5,0 -> ISSL:,OK
+  send     issl=0,1 | issl=1,0 | issl=4,1 | issl=2,77 | issl=3 -> ISSL:,OK
 
 what isn't known is refused without a text, and selected all the same
-  send     issl
-  expect   ERROR
-  send     issl=0
-  expect   ERROR
-  send     issl=5,2
-  expect   ERROR
-  send     issl=2
-  expect   ISSL:,OK
-  send     isdb=1,20
-  expect   ISDB:0x14,OK
-  send     issl=9
-  expect   ERROR
-  send     isdb=1,20
-  expect   ISDB:ISDB-T Chip is not selected yet,ERROR
+  send     issl | issl=0 | issl=5,2 -> ERROR
+  send     issl=2 -> ISSL:,OK
+  send     isdb=1,20 -> ISDB:0x14,OK
+  send     issl=9 -> ERROR
+  send     isdb=1,20 -> ISDB:ISDB-T Chip is not selected yet,ERROR
 
 values of the other two forms select, too
-  send     issl?2
-  expect   ISSL: ,OK
-  send     isdb=1,62
-  expect   ISDB:0x3e,OK
-  send     issl=?5,1
-  expect   ISSL:ISDB Chip Select,issl      (0-2)[(1-2)]                                      issl(),OK
-  send     isdb=1,68
-  expect   ISDB:0x44,OK
-  send     issl=?
-  expect   ISSL:ISDB Chip Select,issl      (0-2)[(1-2)]                                      issl(),OK
-  send     isdb=1,68
-  expect   ISDB:0x44,OK
+  send     issl?2 -> ISSL: ,OK
+  send     isdb=1,62 -> ISDB:0x3e,OK
+  send     issl=?5,1 -> ISSL:ISDB Chip Select,issl      (0-2)[(1-2)]                                      issl(),OK
+  send     isdb=1,68 -> ISDB:0x44,OK
+  send     issl=? -> ISSL:ISDB Chip Select,issl      (0-2)[(1-2)]                                      issl(),OK
+  send     isdb=1,68 -> ISDB:0x44,OK

@@ -5,20 +5,13 @@
 
 one record by its name
   #:
-  send     rev="space_num"
-  expect   REV:space_num: 8842-1170,OK
-  send     rev?"vmrk_rev"
-  expect   REV:vmrk_rev: @(#) s_qat_korvat_1_32_2_5_b,OK
+  send     rev="space_num" -> REV:space_num: 8842-1170,OK
+  send     rev?"vmrk_rev" -> REV:vmrk_rev: @(#) s_qat_korvat_1_32_2_5_b,OK
 
 an unknown record is an error, and names are matched whole and by case
-  send     rev="nosuch"
-  expect   ERROR
-  send     rev="space"
-  expect   ERROR
+  send     rev="nosuch" | rev="space" -> ERROR
 
 a name without quotes is a syntax error, and the help
-  send     rev=nosuch
-  expect   rev       (name)                                            revision(object),SYNTAX
-  send     rev=?
-  expect   REV:space_num,REV:bld_time,REV:bld_date,REV:vmrk_rev,
+  send     rev=nosuch -> rev       (name)                                            revision(object),SYNTAX
+  send     rev=? -> REV:space_num,REV:bld_time,REV:bld_date,REV:vmrk_rev,
   + rev       (name)                                            revision(object),OK

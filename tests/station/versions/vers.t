@@ -6,34 +6,26 @@
 the application system's version is the kernel's, without line ends, and may be empty
   # a backspace takes the last character that stayed
   write    /proc/version Linux version 3.4.0 (builder@host)x\r\n\x08 #1 SMP PREEMPT\n
-  send     vers=2
-  expect   VERS:Linux version 3.4.0 (builder@host) #1 SMP PREEMPT,OK
+  send     vers=2 -> VERS:Linux version 3.4.0 (builder@host) #1 SMP PREEMPT,OK
   write    /proc/version \n
-  send     vers=2
-  expect   VERS:,OK
+  send     vers=2 -> VERS:,OK
 
 a kernel's version that can't be read is an error
   phone    fail read /proc/version
-  send     vers=2
-  expect   VERS:,ERROR
-  send     vers=2
-  expect   VERS:Linux version 3.4.0-perf-g5d2c81e (build@korvat) (gcc version 4.7 (GCC) ) #1 SMP PREEMPT Mon Jul 29 19:12:44 2013,OK
+  send     vers=2 -> VERS:,ERROR
+  send     vers=2 -> VERS:Linux version 3.4.0-perf-g5d2c81e (build@korvat) (gcc version 4.7 (GCC) ) #1 SMP PREEMPT Mon Jul 29 19:12:44 2013,OK
 
 a value above 3 is an error without a line
-  send     vers=4
-  expect   ERROR
+  send     vers=4 -> ERROR
 
 two values are a syntax error, and the help
-  send     vers=1,2
-  expect   vers      [(0-3)]                                           vers(val),SYNTAX
-  send     vers=?
-  expect   VERS:Parameters: 0=All, 1=QAT, 2=App OS 3=Modem,
+  send     vers=1,2 -> vers      [(0-3)]                                           vers(val),SYNTAX
+  send     vers=? -> VERS:Parameters: 0=All, 1=QAT, 2=App OS 3=Modem,
   + vers      [(0-3)]                                           vers(val),OK
 
 the modem's version is its build and the time of its build
   #:
-  send     vers=3
-  expect   VERS:M8974A-KORVAT-1.0.4085,Jul 12 201319:45:30,OK
+  send     vers=3 -> VERS:M8974A-KORVAT-1.0.4085,Jul 12 201319:45:30,OK
   phone    diag recent -> 7C\n00
 
 the build is cut at 99 characters with its comma, the time at 19
@@ -45,18 +37,13 @@ the build is cut at 99 characters with its comma, the time at 19
   + 414141414141414141414141414141414141414141414141414141414141
   # 1 byte, then 25 times "B"
   phone    diag 00 0042424242424242424242424242424242424242424242424242
-  send     vers=3
-  expect   VERS:\*99{A}\*19{B},OK
+  send     vers=3 -> VERS:\*99{A}\*19{B},OK
 
 responses too short for a text, and none at all
   phone    diag 7C 7C00
-  send     vers=3
-  expect   VERS:,Jul 12 201319:45:30,OK
-  send     ftmc=209,1
-  expect   FTMC:,OK
+  send     vers=3 -> VERS:,Jul 12 201319:45:30,OK
+  send     ftmc=209,1 -> FTMC:,OK
   phone    diag 00 silent
-  send     vers=3
-  expect   VERS:,,OK
+  send     vers=3 -> VERS:,,OK
   phone    diag 7C empty
-  send     vers=3
-  expect   VERS:,OK
+  send     vers=3 -> VERS:,OK

@@ -212,24 +212,6 @@ TEST_F(alsa, the_gain_step_counts_for_a_capture_and_not_for_a_tone)
     EXPECT_EQ(alsa_fake.objects, objects); // its thread has ended, the stream is closed
 }
 
-// What the card got is the wave from phase 0 on, without a seam, however many writes it took.
-TEST_F(alsa, the_wave_has_no_seam)
-{
-    for (const unsigned period : {1u, 48u, 109u, 2000u}) {
-        alsa_fake_reset();
-        output.wave = alsa_wave_make(period, 6000, alsa_wave_reach(output, period));
-        output.periods = static_cast<unsigned>(output.buffer_size / (2 * period));
-        ASSERT_EQ(alsa_tgen_start(&output, route, gains), 0);
-        ASSERT_TRUE(comes([] { return alsa_fake_count("write") > 20; }));
-        alsa_tgen_stop();
-        int worst = 0;
-        for (std::size_t i = period; i < alsa_fake.written.size(); i++)
-            worst = std::max(worst, std::abs(alsa_fake.written[i] - alsa_fake.written[i - period]));
-        EXPECT_LE(worst, 1) << period; // a rounding of the sine
-        EXPECT_EQ(alsa_fake.written[0], 0);
-    }
-}
-
 TEST_F(alsa, a_ring_larger_than_asked_makes_the_wave_grow)
 {
     alsa_fake.granted_ring = 10'000;
@@ -240,20 +222,6 @@ TEST_F(alsa, a_ring_larger_than_asked_makes_the_wave_grow)
     EXPECT_GE(output.wave->count, 10'000u);
     for (std::size_t i = 48; i < alsa_fake.written.size(); i++)
         ASSERT_LE(std::abs(alsa_fake.written[i] - alsa_fake.written[i - 48]), 1) << i;
-}
-
-TEST_F(alsa, a_new_wave_comes_between_two_writes_and_none_ends_the_thread)
-{
-    ASSERT_EQ(alsa_tgen_start(&output, route, gains), 0);
-    alsa_wave_set(&output, alsa_wave_make(96, 3000, alsa_wave_reach(output, 96)));
-    const long before = alsa_fake_count("write");
-    ASSERT_TRUE(comes([&] { return alsa_fake_count("write") > before + 3; }));
-    EXPECT_LE(alsa_fake.written.back(), 3000);
-    alsa_wave_set(&output, nullptr);
-    ASSERT_TRUE(comes([] { return alsa_fake_count("close") == 1; }));
-    EXPECT_EQ(alsa_tgen_start(&output, route, gains), 0); // it counts as running
-    EXPECT_EQ(alsa_tgen_stop(), 0);
-    EXPECT_EQ(alsa_tgen_start(&output, route, gains), ALSA_FAILED);
 }
 
 TEST_F(alsa, a_tone_recovers_from_every_error)
@@ -284,20 +252,6 @@ TEST_F(alsa, a_tone_recovers_from_every_error)
     EXPECT_EQ(alsa_tgen_stop(), 0);
 }
 
-TEST_F(alsa, a_block_is_read_over_overruns_and_short_reads)
-{
-    input.buffer.reset(static_cast<std::int16_t*>(std::calloc(7680, sizeof(std::int16_t))));
-    for (std::int16_t i = 1; i <= 1000; i++)
-        alsa_fake.block.push_back(i);
-    alsa_fake.results["read"] = {100, -EPIPE, 3740};
-    ASSERT_EQ(alsa_auan_start(&input, route, gains), 0);
-    ASSERT_TRUE(comes([] { return alsa_fake_count("read") >= 3; }));
-    ASSERT_EQ(alsa_auan_stop(), 0);
-    EXPECT_EQ(alsa_fake_count("prepare"), 2); // one of them the set-up's
-    EXPECT_EQ(input.pcm, nullptr);
-    EXPECT_EQ(alsa_auan_stop(), ALSA_FAILED);
-}
-
 // After n frames the next read goes n samples on: a short read is overlapped by the one behind it.
 TEST_F(alsa, a_short_read_is_overlapped)
 {
@@ -319,17 +273,6 @@ TEST_F(alsa, a_short_read_is_overlapped)
     const std::int16_t wanted[] = {1, 2, 3, 4, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 0};
     for (std::size_t i = 0; i < std::size(wanted); i++)
         EXPECT_EQ(input.buffer[i], wanted[i]) << i;
-}
-
-TEST_F(alsa, a_hundred_starts_and_stops)
-{
-    for (int i = 0; i < 100; i++) {
-        input.buffer.reset(static_cast<std::int16_t*>(std::calloc(7680, sizeof(std::int16_t))));
-        ASSERT_EQ(alsa_tgen_start(&output, route, gains), 0);
-        ASSERT_EQ(alsa_auan_start(&input, route, gains), 0);
-        ASSERT_EQ(i % 2 == 0 ? alsa_tgen_stop() : alsa_auan_stop(), 0);
-        ASSERT_EQ(i % 2 == 0 ? alsa_auan_stop() : alsa_tgen_stop(), 0);
-    }
 }
 
 TEST_F(alsa, a_capture_that_can_not_be_prepared_again_gives_its_block_up)

@@ -74,6 +74,9 @@ struct Drivers : testing::Test {
             text += shown + "|";
         return text + std::to_string(status);
     }
+
+    // The same, and the values that the driver was given.
+    std::string told(const char* line, int gives = 0) { return answer(line, gives) + "; " + called; }
 };
 
 bt_co full_bt()
@@ -110,12 +113,9 @@ TEST_F(Drivers, RowsThatABluetoothDriverLacksAreNotFound)
     EXPECT_EQ(answer("bwcx=1"), "bwcx:|3");
     EXPECT_EQ(answer("pint"), "pint:0xFF,0xFF,0xFF|1");
     // without the chip's defaults those of the commands hold, and values go behind them in their order
-    EXPECT_EQ(answer("bstx=3"), "bstx: |0");
-    EXPECT_EQ(called, "3 15 0 0 0");
-    EXPECT_EQ(answer("bwtx=3,2,1,0,7"), "bwtx: |0");
-    EXPECT_EQ(called, "0 3 2 1024 7 1");
-    EXPECT_EQ(answer("bwtx"), "bwtx: |0");
-    EXPECT_EQ(called, "0 0 0 1024 15 4");
+    EXPECT_EQ(told("bstx=3"), "bstx: |0; 3 15 0 0 0");
+    EXPECT_EQ(told("bwtx=3,2,1,0,7"), "bwtx: |0; 0 3 2 1024 7 1");
+    EXPECT_EQ(told("bwtx"), "bwtx: |0; 0 0 0 1024 15 4");
 }
 
 TEST_F(Drivers, WhatAnotherBluetoothDriverCouldDo)
@@ -128,16 +128,12 @@ TEST_F(Drivers, WhatAnotherBluetoothDriverCouldDo)
     bt_attach(&co);
     EXPECT_EQ(answer("bthr=1"), "bthr: |0");
     EXPECT_EQ(answer("btse=\"file\"", BT_NO_FILE), "btse:File not found.|1");
-    EXPECT_EQ(answer("btse=\"file\""), "btse: |0");
-    EXPECT_EQ(called, "4");
+    EXPECT_EQ(told("btse=\"file\""), "btse: |0; 4");
     EXPECT_EQ(answer("blrx=5"), "blrx:-61|0");
     EXPECT_EQ(answer("rwbt"), "rwbt:0x010203FDFEFF|0");
-    EXPECT_EQ(answer("rwbt=1,\"0xAb0000000012\""), "rwbt: |0");
-    EXPECT_EQ(called, "171 18");
-    EXPECT_EQ(answer("rwbt=2"), "rwbt: |0");
-    EXPECT_EQ(called, "1 255 6");
-    EXPECT_EQ(answer("rwbt=4,\"ab0000000013\""), "rwbt: |0");
-    EXPECT_EQ(called, "171 19 6");
+    EXPECT_EQ(told("rwbt=1,\"0xAb0000000012\""), "rwbt: |0; 171 18");
+    EXPECT_EQ(told("rwbt=2"), "rwbt: |0; 1 255 6");
+    EXPECT_EQ(told("rwbt=4,\"ab0000000013\""), "rwbt: |0; 171 19 6");
     EXPECT_EQ(answer("btscan=3", BT_NOT_IMPLEMENTED), "btscan:Not implemented|3");
     // the downloads' numbers, and the first that fails is the last
     for (const auto& [line, what] :
@@ -145,8 +141,7 @@ TEST_F(Drivers, WhatAnotherBluetoothDriverCouldDo)
         EXPECT_EQ(answer(line), "btfd: |0");
         EXPECT_EQ(called, what) << line;
     }
-    EXPECT_EQ(answer("btfd=1,0", 1), "btfd: |1");
-    EXPECT_EQ(called, "0");
+    EXPECT_EQ(told("btfd=1,0", 1), "btfd: |1; 0");
 }
 
 TEST_F(Drivers, TestsThatGiveBytes)
@@ -164,15 +159,11 @@ TEST_F(Drivers, TestsThatGiveBytes)
     f_wlan_init();
     wlan_attach(&wlan);
     EXPECT_EQ(answer("wlpu"), "wlpu: |0");
-    EXPECT_EQ(answer("bwcx"), "bwcx:|0");
-    EXPECT_EQ(called, "none");
+    EXPECT_EQ(told("bwcx"), "bwcx:|0; none");
     given = 3;
-    EXPECT_EQ(answer("bwcx=1,2,ff"), "bwcx:0x0a,0x2b,0x4c|0");
-    EXPECT_EQ(called, "1..255");
-    EXPECT_EQ(answer("wbcx=10"), "wbcx:0x0a,0x2b,0x4c|0");
-    EXPECT_EQ(called, "16..16");
-    EXPECT_EQ(answer("wlst=10,20"), "wlst:10,43,76|0");
-    EXPECT_EQ(called, "10..20");
+    EXPECT_EQ(told("bwcx=1,2,ff"), "bwcx:0x0a,0x2b,0x4c|0; 1..255");
+    EXPECT_EQ(told("wbcx=10"), "wbcx:0x0a,0x2b,0x4c|0; 16..16");
+    EXPECT_EQ(told("wlst=10,20"), "wlst:10,43,76|0; 10..20");
     EXPECT_EQ(answer("bwcx", 5), "bwcx:|2");
     EXPECT_EQ(answer("wbcx", 1), "wbcx:|1");
     EXPECT_EQ(answer("wlst", 5), "wlst: |1");
@@ -215,8 +206,7 @@ TEST_F(Drivers, RowsThatAWlanDriverLacksAreNotFound)
     EXPECT_EQ(answer("wlscan"), "wlscan:No access points|1");
     EXPECT_EQ(answer("wlcg=1", WLAN_BAD_VALUE), "wlcg: |2");
     EXPECT_EQ(answer("wsrx"), "wsrx: |3");
-    EXPECT_EQ(answer("wbtx=5"), "wbtx: |0");
-    EXPECT_EQ(called, "5 0");
+    EXPECT_EQ(told("wbtx=5"), "wbtx: |0; 5 0");
     EXPECT_EQ(answer("wtxg=1"), "wtxg: |3");
     EXPECT_EQ(answer("widl"), "widl: |1"); // and it can't be stopped
     EXPECT_EQ(answer("wlpd"), "wlpd: |0");
@@ -268,14 +258,11 @@ TEST_F(Drivers, WhatAnotherModemDriverCouldDo)
     modem_init();
     f_modem_init();
     modem_co_attach(&modem);
-    EXPECT_EQ(answer("mdmr=7", 1), "mdmr:|0");
-    EXPECT_EQ(called, "7");
+    EXPECT_EQ(told("mdmr=7", 1), "mdmr:|0; 7");
     EXPECT_EQ(answer("mdsw", 1), "mdsw:-2|0");
     EXPECT_EQ(answer("mdsw", 2), "mdsw: |1");
-    EXPECT_EQ(answer("mdsw=1,5", 1), "mdsw:|0");
-    EXPECT_EQ(called, "5");
-    EXPECT_EQ(answer("mdmf= 1 6,0xFE, 3", 1), "mdmf:|0");
-    EXPECT_EQ(called, "16 3 3");
+    EXPECT_EQ(told("mdsw=1,5", 1), "mdsw:|0; 5");
+    EXPECT_EQ(told("mdmf= 1 6,0xFE, 3", 1), "mdmf:|0; 16 3 3");
     EXPECT_EQ(answer("mdmid", 1), "mdmid:0xbeef|0");
 }
 
@@ -293,8 +280,7 @@ TEST_F(Drivers, WhatAnotherFmDriverCouldDo)
     fm_init();
     f_fm_init();
     fm_co_attach(&fm);
-    EXPECT_EQ(answer("fmct=1,900", FM_TIMEOUT), "fmct:tune timeout|fmct: |1");
-    EXPECT_EQ(called, "90000000");
+    EXPECT_EQ(told("fmct=1,900", FM_TIMEOUT), "fmct:tune timeout|fmct: |1; 90000000");
     EXPECT_EQ(answer("fmct=4"), "fmct:0x2345|0");
     EXPECT_EQ(answer("fmct=5"), "fmct:0x6789|0");
     EXPECT_EQ(answer("fmct=7,0x1FE"), "fmct:0x00fe|0");
