@@ -101,13 +101,14 @@ _hvt() {
         _hvt_of "$(_hvt_help "$program" | cut -d' ' -f1)"
         return
     elif [[ $word == -* ]]; then
-        # "station" has the options of "play".
-        _hvt_of "$(_hvt_help "$program" | awk -v verb="${verb/#station/play}" '$1 == verb { $1 = ""; print }')"
+        # "station" has the options of "play", too.
+        _hvt_of "$(_hvt_help "$program" | awk -v verb="$verb" '
+            $1 == verb || (verb == "station" && $1 == "play") { $1 = ""; print }')"
         return
     fi
     case $verb:$before in
     play:--junit | play:--json | station:--junit | station:--json) _hvt_files "" ;;
-    play:-[!-]* | play:--* | station:-[!-]* | station:--*) ;; # a number
+    play:-[!-]* | play:--* | station:-[!-]* | station:--*) ;; # a number, or a shell line
     run:* | up:* | down:* | view:*) _hvt_folders ;;
     play:*) _hvt_files .t ;;
     record:record) _hvt_paths _hvt_is_phone_or_case < <(compgen -f -- "$word") ;;

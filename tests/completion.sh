@@ -43,7 +43,7 @@ offers "record run" ./hvt r
 offers "" ./hvt nosuch
 offers "--check" ./hvt run -
 offers "--case --json --junit --limit" ./hvt play --
-offers "--case --json --junit --limit -n" ./hvt station -
+offers "--case --fresh --json --junit --limit -n" ./hvt station -
 offers "" ./hvt down --
 offers "$dir/phone build/ cases/ my\\ phone phone" ./hvt up ""
 offers "my\\ phone" ./hvt view my

@@ -305,17 +305,20 @@ class Transcripts(unittest.TestCase):
         wanted = sorted(os.path.join(folder, name)
                         for folder, _, names in os.walk(os.path.join(SOURCE, "tests", "station"))
                         for name in names if name.endswith(".t") and name[:-2] not in rows)
-        played = subprocess.run(
+        played = subprocess.Popen(
             [os.path.join(BUILD, "tests", "transcripts"), "--port", phone.path("ttyGS0"), "--json", "-", "--fresh",
              "%s %s fresh" % (os.path.join(BUILD, "phone", "hvt-ask"), phone.folder), *wanted],
-            stdout=subprocess.PIPE, text=True, check=False)
+            stdout=subprocess.PIPE, text=True)
         failed = []
         ran = 0
-        for row in map(json.loads, played.stdout.splitlines()):
+        for row in map(json.loads, played.stdout):
             name = "%s: %s" % (os.path.basename(row["file"])[:-2], row["case"])
             if row["result"] == "failed" and name not in rows:
-                failed.append((name, row["message"]))
+                failed.append(name)
+                print("%s (line %d): %s" % (name, row["line"], row["message"]), flush=True)
             ran += row["result"] == "passed"
+        played.stdout.close()
+        played.wait()
         return failed, ran
 
 
