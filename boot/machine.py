@@ -42,6 +42,7 @@ class Machine:
         self.image = os.path.abspath(image)
         self.counting = counting
         self.process = None
+        self.links = []  # to the emulator
         self.events = []
         self.greetings = 0  # how often the program has greeted on the station's line
         self.last_byte = 0.0  # when the line's last byte went by, either way, by time.monotonic()
@@ -101,6 +102,7 @@ class Machine:
                 link = socket.socket(socket.AF_UNIX)
                 try:
                     link.connect("/proc/self/fd/%d/%s" % (folder, name))
+                    self.links.append(link)
                     return link
                 except OSError:
                     link.close()
@@ -156,6 +158,9 @@ class Machine:
         if self.process is not None and self.process.poll() is None:
             self.process.kill()
             self.process.wait()
+        for link in self.links:
+            link.close()
+        self.links = []
         if os.path.lexists(self.path("ttyGS0")):
             os.unlink(self.path("ttyGS0"))
 

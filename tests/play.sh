@@ -49,6 +49,14 @@ grep -Eq '^  phone    clock \+1[0-9]{3}$' late.t || bad "$(cat late.t)"
 grep '^  [a-z]' late.t | sed -n 2p | grep -q '^  send     dtch=1$' || bad "$(cat late.t)"
 "$play" --phone "$phone/hvt-virtual" late.t >out 2>&1 || bad "the late report isn't played"
 
+# On a port the phone is made fresh before each case, if somebody says how; one that can't be is no phone to test.
+printf 'one\n  send     case? -> CASE:false,OK\ntwo\n  send     batc=1 -> BATC:3700,OK\n' >fresh.t
+"$play" --port phone/ttyGS0 --fresh "$phone/hvt-ask phone battery 3700 -100; echo once >>told" fresh.t >out 2>&1 ||
+    bad "a phone that is made fresh isn't as it should be"
+[ "$(wc -l <told)" -eq 2 ] || bad "it isn't made fresh twice"
+"$play" --port phone/ttyGS0 --fresh false fresh.t >out 2>&1 && bad "a phone that can't be made fresh passes"
+grep -q "^fresh.t:1: one: the phone can't be made fresh$" out || bad "not what is wrong"
+
 # What fails, in all forms.
 cat >fails.t <<'END'
 passes
