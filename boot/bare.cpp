@@ -1,5 +1,5 @@
-// hvt-bare: a program with the libraries of hvt-boot that opens the same port and writes the same bytes: what the start
-// of hvt-boot is measured beside. HVT_COUNT as there.
+// hvt-bare: a program with the libraries of hvt-boot that opens the same port and writes the same bytes: what
+// the start of hvt-boot is measured beside. HVT_COUNT as there.
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>

@@ -1,5 +1,5 @@
-// hvt-finger: a finger on the panel, as an input device of the kernel's (uinput). Reads lines from the standard input:
-// "down X Y", "move X Y", "up".
+// hvt-finger: a finger on the panel, as an input device of the kernel's (uinput). Reads lines from the
+// standard input: "down X Y", "move X Y", "up".
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
@@ -29,9 +29,10 @@ bool create()
     uinput_setup setup{};
     setup.id.bustype = BUS_VIRTUAL;
     std::strcpy(setup.name, "finger");
-    return device >= 0 && ioctl(device, UI_SET_EVBIT, EV_KEY) == 0 && ioctl(device, UI_SET_KEYBIT, BTN_TOUCH) == 0 &&
-           ioctl(device, UI_SET_EVBIT, EV_ABS) == 0 && add_axis(ABS_X, width - 1) && add_axis(ABS_Y, height - 1) &&
-           add_axis(ABS_PRESSURE, 255) && ioctl(device, UI_DEV_SETUP, &setup) == 0 && ioctl(device, UI_DEV_CREATE) == 0;
+    return device >= 0 && ioctl(device, UI_SET_EVBIT, EV_KEY) == 0 &&
+           ioctl(device, UI_SET_KEYBIT, BTN_TOUCH) == 0 && ioctl(device, UI_SET_EVBIT, EV_ABS) == 0 &&
+           add_axis(ABS_X, width - 1) && add_axis(ABS_Y, height - 1) && add_axis(ABS_PRESSURE, 255) &&
+           ioctl(device, UI_DEV_SETUP, &setup) == 0 && ioctl(device, UI_DEV_CREATE) == 0;
 }
 
 void tell(unsigned short type, unsigned short code, int value)

@@ -18,7 +18,8 @@ int main(int argc, char** argv)
     all.nl_family = AF_NETLINK;
     all.nl_groups = 1;
     const int fd = socket(AF_NETLINK, SOCK_DGRAM | SOCK_CLOEXEC, NETLINK_KOBJECT_UEVENT);
-    if (fd < 0 || sendto(fd, message.data(), message.size(), 0, reinterpret_cast<const sockaddr*>(&all), sizeof all) < 0) {
+    if (fd < 0 || sendto(fd, message.data(), message.size(), 0, reinterpret_cast<const sockaddr*>(&all),
+                         sizeof all) < 0) {
         std::perror("forge");
         return 1;
     }

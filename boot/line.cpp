@@ -1,6 +1,6 @@
-// hvt-line STATION PORT: the station's end of the gadget inside the machine. What comes from the one serial line to
-// the desk, STATION, goes to PORT (/dev/ttyACM0) and the other way round. While the cable is out PORT isn't there, and
-// what the desk sends is lost.
+// hvt-line STATION PORT: the station's end of the gadget inside the machine. What comes from the one serial
+// line to the desk, STATION, goes to PORT (/dev/ttyACM0) and the other way round. While the cable is out PORT
+// isn't there, and what the desk sends is lost.
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -36,7 +36,8 @@ bool send_all(int fd, const char* bytes, ssize_t size)
         if (taken > 0) {
             bytes += taken;
             size -= taken;
-        } else if (errno != EAGAIN || poll(&room, 1, 1000) <= 0 || (room.revents & (POLLHUP | POLLERR)) != 0) {
+        } else if (errno != EAGAIN || poll(&room, 1, 1000) <= 0 ||
+                   (room.revents & (POLLHUP | POLLERR)) != 0) {
             return false;
         }
     }

@@ -1,6 +1,6 @@
-// hvt-boot: the program that ships, on a Linux kernel that isn't the phone's own (./hvt boot). It is hvt-device but for
-// what that machine calls otherwise, and for the closed libraries, which are those of the virtual phone and want to
-// be introduced to it.
+// hvt-boot: the program that ships, on a Linux kernel that isn't the phone's own (./hvt boot). It is
+// hvt-device but for what that machine calls otherwise, and for the closed libraries, which are those of the
+// virtual phone and want to be introduced to it.
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
@@ -60,8 +60,8 @@ void* open_library(const char* name, int flags)
 
 const char* count_path; // where the cost of the start is told; null: nowhere
 
-// "PROGRAM SHELL-LINES", the nanoseconds of processor time that this process has used, and the processes that it
-// has waited for.
+// "PROGRAM SHELL-LINES", the nanoseconds of processor time that this process has used, and the processes that
+// it has waited for.
 void tell_count()
 {
     timespec own{};

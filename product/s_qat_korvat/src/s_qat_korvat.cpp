@@ -58,7 +58,7 @@ cio_tty_config cio_tty_cfg = {nullptr, 115200};
 
 constexpr std::string_view GREETING_OK = "TP,OK\r\n";
 usb_linux_config usb_linux_cfg = {"/sys/devices/virtual/android_usb/android0/state", "CONFIGURED",
-                                            "DISCONNECTED", nullptr};
+                                  "DISCONNECTED", nullptr};
 usb_listener usb_tpok_con = {{nullptr}, USB_EVT_CONNECTED, nullptr};
 usb_listener usb_tpok_discon = {{nullptr}, USB_EVT_DISCONNECTED, nullptr};
 

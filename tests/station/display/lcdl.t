@@ -54,3 +54,7 @@ a console in front of the panel is put into graphics mode; one that can't be ope
   phone    fail ioctl /dev/tty0
   send     lcdl=1,0 -> LCDL: ,OK
   phone    fail off -> 0 faults were never reached
+
+a product whose framebuffer is another driver's
+  conf     setting screenconf main_fb_id otherfb
+  send     lcdl=1 -> LCDL: ,ERROR

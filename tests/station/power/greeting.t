@@ -48,3 +48,14 @@ without the state attribute nobody is greeted, and the console works
   strange  any
   phone    port ->
   send     case? -> CASE:false,OK
+
+a product whose messages of the cable come from another device
+  conf     setting usb_linux uevent_path /devices/other
+  # the first one uses up the check of a connection that was there at the start
+  phone    uevent kernel change@/devices/other;A;B;C;USB_STATE=DISCONNECTED
+  phone    uevent kernel change@/devices/virtual/android_usb/android0;A;B;C;USB_STATE=DISCONNECTED
+  phone    uevent kernel change@/devices/virtual/android_usb/android0;A;B;C;USB_STATE=CONFIGURED
+  send     case? -> CASE:false,OK
+  phone    uevent kernel change@/devices/other;A;B;C;USB_STATE=DISCONNECTED
+  phone    uevent kernel change@/devices/other;A;B;C;USB_STATE=CONFIGURED
+  expect   TP,OK
