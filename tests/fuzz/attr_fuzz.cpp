@@ -2,13 +2,7 @@
 // parsers of the SPMI dump, the converters, the regulators, the fuses, the settings, the codec and the plug,
 // and to the readers of a list of bytes and of a last number. The first byte sets the count of the SPMI
 // reading and its place in a row, and how many bytes of a list are wanted.
-#include <algorithm>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
-#include <fcntl.h>
 #include <memory>
-#include <unistd.h>
 #include <vector>
 
 #include "adcr/adcr.h"
@@ -17,11 +11,10 @@
 #include "audio_v2/audio.h"
 #include "audio_wcd9320/audio_wcd9320.h"
 #include "cfg/cfg.h"
+#include "fuzz_input.h"
 #include "mpvc/mpvc.h"
 #include "msm/msm.h"
 #include "msm_linux/msm_linux.h"
-#include "plat/plat.h"
-#include "plat_linux/plat_linux.h"
 #include "spmi/spmi.h"
 #include "spmi_linux/spmi_linux.h"
 #include "syscfg/syscfg.h"
@@ -30,26 +23,6 @@
 #include "vreg_linux/vreg_linux.h"
 
 namespace {
-
-constexpr int the_fd = 1000;
-
-const std::uint8_t* input;
-std::size_t input_size;
-std::size_t position;
-
-int fuzz_open(const char*, int, mode_t)
-{
-    position = 0;
-    return the_fd;
-}
-
-ssize_t fuzz_read(int, void* buf, std::size_t size)
-{
-    const std::size_t n = std::min({size, input_size - position, std::size_t{97}});
-    std::memcpy(buf, input + position, n);
-    position += n;
-    return static_cast<ssize_t>(n);
-}
 
 // Bytes that can't be there must not be given: a failed reading leaves them alone.
 void read_spmi(std::uint8_t how)
@@ -68,26 +41,22 @@ void read_others()
     for (const std::uint32_t channel : {10u, 11u, 13u, 19u, 38u})
         adcr_read(channel, channel % 3, value);
     vreg_get_level("x", &value[0], &value[1], &value[2]);
-    if (vreg_get_name(0, name, sizeof name) == 0 && std::strlen(name) >= sizeof name)
-        std::abort();
+    require(vreg_get_name(0, name, sizeof name) != 0 || std::strlen(name) < sizeof name);
     msm_pvs_read(value);
     msm_version_read(version);
     const char* const text = syscfg_get_setting(0);
-    if (text != nullptr && std::strlen(text) > 200)
-        std::abort();
+    require(text == nullptr || std::strlen(text) <= 200);
 }
 
 // The codec's registers and the plug detection.
 void read_sound()
 {
     unsigned reg = 0;
-    if (audio_wcd9320_read(0x1b4, &reg) == 0 && reg > 0xFF)
-        std::abort();
+    require(audio_wcd9320_read(0x1b4, &reg) != 0 || reg <= 0xFF);
     int contact;
     vadet_read(1, 0, &contact);
     vadet_read(2, 0, &contact);
-    if (ajdt_detect() > 1)
-        std::abort();
+    require(ajdt_detect() <= 1);
 }
 
 void read_numbers(std::uint8_t how)
@@ -101,11 +70,8 @@ void read_numbers(std::uint8_t how)
 
 void attach()
 {
-    static plat_callouts co = plat_linux_co;
-    co.open = fuzz_open;
-    co.close = [](int) { return 0; };
-    co.read = fuzz_read;
-    co.write = [](int, const void*, std::size_t size) { return static_cast<ssize_t>(size); };
+    static plat_callouts co = file_callouts();
+    co.read = [](int, void* buf, std::size_t size) { return static_cast<ssize_t>(give(buf, size, 97)); };
     co.opendir = [](const char*) -> DIR* { return opendir("/"); };
     co.readdir = [](DIR*) -> dirent* {
         static dirent vadc;
@@ -130,8 +96,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const bool attached = (attach(), true);
     if (!attached || size == 0)
         return 0;
-    input = data + 1;
-    input_size = size - 1;
+    take_input(data + 1, size - 1);
     read_spmi(data[0]);
     read_others();
     read_sound();

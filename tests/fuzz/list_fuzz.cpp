@@ -1,24 +1,10 @@
 // The lists of values behind acct and gspt: any text, in a block of exactly its size, gives items that lie in
 // it, and numbers that are numbers.
 #include <cmath>
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <memory>
 
+#include "fuzz_input.h"
 #include "value_list/value_list.h"
-
-namespace {
-
-// Aborts, so that the fuzzer keeps the input.
-void require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -1,14 +1,11 @@
 // What the contactless chips may say: frames of the PN65's link and of its firmware download, native answers
 // and envelopes of the second chip. The first byte chooses; the rest is given in whatever is read, and
 // nothing may be read or written beyond a buffer.
-#include <algorithm>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <linux/i2c-dev.h>
 #include <linux/i2c.h>
 
 #include "cfg/cfg.h"
+#include "fuzz_input.h"
 #include "gpio_linux/gpio_linux.h"
 #include "i2c/i2c.h"
 #include "nfc/nfc.h"
@@ -16,27 +13,17 @@
 #include "nfc_tamiro_qxr5170jvk_brenk/nfc_tamiro_qxr5170jvk_brenk.h"
 #include "pin/pin.h"
 #include "pin_brenk/pin_brenk.h"
-#include "plat/plat.h"
-#include "plat_linux/plat_linux.h"
 #include "tmr/tmr.h"
 
 namespace {
 
-constexpr int the_fd = 1000;
 constexpr i2c_cfg_row chips[] = {{"pn65", 2, 0x28}, {"", 0, 0}};
-
-const std::uint8_t* input;
-std::size_t input_size;
-std::size_t position;
 
 // As many bytes as there are, behind them FF.
 std::size_t take(void* buf, std::size_t size)
 {
-    const std::size_t n = std::min(size, input_size - position);
     std::memset(buf, 0xFF, size);
-    std::memcpy(buf, input + position, n);
-    position += n;
-    return n;
+    return give(buf, size, size);
 }
 
 int fuzz_ioctl(int, unsigned long request, void* arg)
@@ -63,14 +50,11 @@ ssize_t fuzz_read(int, void* buf, std::size_t size)
 
 void attach()
 {
-    static plat_callouts co = plat_linux_co;
-    co.open = [](const char*, int, mode_t) { return the_fd; };
-    co.close = [](int) { return 0; };
+    static plat_callouts co = file_callouts();
+    co.open = [](const char*, int, mode_t) { return the_fd; }; // all are one stream
     co.read = fuzz_read;
-    co.write = [](int, const void*, std::size_t size) { return static_cast<ssize_t>(size); };
     co.lseek = [](int, off_t, int) { return off_t{0}; };
     co.ioctl = fuzz_ioctl;
-    co.nanosleep = [](const timespec*, timespec*) { return 0; };
     plat_attach(&co);
     pin_init();
     pin_map_set(pin_brenk_co_get, 1);
@@ -86,8 +70,7 @@ void attach()
 // Nobody may be told of more bytes than there is room for.
 void require_length(std::uint8_t length)
 {
-    if (length > NFC_ROOM)
-        std::abort();
+    require(length <= NFC_ROOM);
 }
 
 void ask_chip(std::uint8_t what)
@@ -119,9 +102,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const bool attached = (attach(), true);
     if (!attached || size < 2)
         return 0;
-    input = data + 2;
-    input_size = size - 2;
-    position = 0;
+    take_input(data + 2, size - 2);
     nfc_select(data[0] % 2 + 1u);
     nfc_start(0);
     nfc_power_ctrl(1, 1);

@@ -1,23 +1,13 @@
 // The line parser on whatever a port may bring: the bytes are cleaned and parsed as the console does it, in a
 // block of exactly their size, against rows with every directive of a format.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <memory>
 
 #include "dcp/dcp.h"
+#include "fuzz_input.h"
 #include "nav/nav.h"
 #include "scf/scf.h"
 
 namespace {
-
-// Aborts, so that the fuzzer keeps the input.
-void require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 const char* line_start;
 const char* line_end; // one behind the NUL

@@ -1,37 +1,12 @@
 // The tuner's files, whatever they hold: each path gives the input's bytes, in pieces, to the readers of
 // registers, patches and channels. What they give stays within its limits, and the table can be dumped and
 // searched.
-#include <algorithm>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
 
-#include "plat/plat.h"
-#include "plat_linux/plat_linux.h"
+#include "fuzz_input.h"
 #include "tunerx/tunerx.h"
 #include "tunerx/tunerx_files.h"
 
 namespace {
-
-constexpr int the_fd = 1000;
-
-const std::uint8_t* input;
-std::size_t input_size;
-std::size_t position;
-
-void require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
-ssize_t fuzz_read(int, void* buf, std::size_t size)
-{
-    const std::size_t n = std::min({size, input_size - position, std::size_t{61}});
-    std::memcpy(buf, input + position, n);
-    position += n;
-    return static_cast<ssize_t>(n);
-}
 
 void read_registers()
 {
@@ -67,14 +42,8 @@ void read_channels()
 
 extern "C" int LLVMFuzzerInitialize(int*, char***)
 {
-    static plat_callouts co = plat_linux_co;
-    co.open = [](const char*, int, mode_t) {
-        position = 0;
-        return the_fd;
-    };
-    co.close = [](int) { return 0; };
-    co.read = fuzz_read;
-    co.write = [](int, const void*, std::size_t size) { return static_cast<ssize_t>(size); };
+    static plat_callouts co = file_callouts();
+    co.read = [](int, void* buf, std::size_t size) { return static_cast<ssize_t>(give(buf, size, 61)); };
     plat_attach(&co);
     libtuner_init();
     return 0;
@@ -82,8 +51,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    input = data;
-    input_size = size;
+    take_input(data, size);
     read_registers();
     read_patches();
     read_channels();

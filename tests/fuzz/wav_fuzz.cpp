@@ -2,7 +2,6 @@
 // frames, and what is written of it is read the same.
 #include <cstdint>
 #include <cstdlib>
-#include <string>
 #include <vector>
 
 #include "audio/wav.h"

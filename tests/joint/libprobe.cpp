@@ -1,7 +1,6 @@
 // A closed library of the tests' own: it passes on what its host record gives it.
 #include <atomic>
 #include <condition_variable>
-#include <cstring>
 #include <mutex>
 
 #include "core/library_host.h"

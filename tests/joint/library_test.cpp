@@ -1,8 +1,5 @@
 // What a closed library gets of the phone: clock, threads, watch, logs, places.
-#include <cerrno>
 #include <dlfcn.h>
-#include <fstream>
-#include <unistd.h>
 
 #include "core/clock.h"
 #include "core/control.h"

@@ -105,14 +105,19 @@ struct Pn65Download : Joint {
         return text;
     }
 
+    // Expects an image to succeed at once, with these frames at the end.
+    static void expect_last(const bytes& image, const frames& last)
+    {
+        EXPECT_EQ(run_image(image), 8u + NFC_DNLD_DONE);
+        EXPECT_EQ(recent(last.size()), text_of(last));
+    }
+
     // Expects an image to succeed at once, with these frames between the first reset and the check.
     static void expect_frames(const bytes& image, frames between)
     {
-        EXPECT_EQ(run_image(image), 8u + NFC_DNLD_DONE);
         between.insert(between.begin(), reset_frame);
-        between.push_back(check_frame);
-        between.push_back(reset_frame);
-        EXPECT_EQ(recent(between.size()), text_of(between));
+        between.insert(between.end(), {check_frame, reset_frame});
+        expect_last(image, between);
     }
 };
 
@@ -175,11 +180,8 @@ TEST_F(Pn65Download, AChunkThatReadsBackWrongIsWrittenFourTimesMore)
     expect_frames(img, five);
     ask("pn65dl 07 " + hex(wrong));
     EXPECT_EQ(run_image(img), five_failed);
-    EXPECT_EQ(recent(11), text_of([&] {
-                  frames all = five;
-                  all.insert(all.begin(), reset_frame);
-                  return all;
-              }()));
+    five.insert(five.begin(), reset_frame);
+    EXPECT_EQ(recent(11), text_of(five));
 }
 
 TEST_F(Pn65Download, ALowSectionBehindALowOneIsSkipped)
@@ -191,8 +193,7 @@ TEST_F(Pn65Download, ALowSectionBehindALowOneIsSkipped)
 }
 
 struct status_row {
-    int status;
-    int times;
+    int status, times;
     bool good;
     int writes; // of the one chunk, in the first attempt
 };
@@ -226,9 +227,8 @@ TEST_F(Pn65Download, EachStatusOfAReply)
         EXPECT_EQ(recent(wanted.size()), text_of(wanted)) << row.status << " " << row.times;
     }
     // The length of a reply to a reading has to be right; that of one to another command is told and no more.
-    put(image({{read_back, 0x90000, {1, 2, 3}}}));
     ask("pn65dl 07 000004010203 1");
-    EXPECT_EQ(run(), 16 + NFC_DNLD_DONE);
+    EXPECT_EQ(run_image(image({{read_back, 0x90000, {1, 2, 3}}})), 16 + NFC_DNLD_DONE);
 }
 
 TEST_F(Pn65Download, TheCheckValuesDecideWhenAllThreeAreKnown)
@@ -244,13 +244,11 @@ TEST_F(Pn65Download, TheCheckValuesDecideWhenAllThreeAreKnown)
         damaged.erase(damaged.begin() + (which == 0 ? 1 : 0));
         EXPECT_EQ(run_image(image(damaged)), good_end) << which << ": one of the places isn't known";
     }
-    put(image({at_80, at_188, at_82}));
     ask("pn65dl 0B 000010000000010000000000000000000000FF 1");
-    EXPECT_EQ(run(), 16 + NFC_DNLD_DONE);
+    EXPECT_EQ(run_image(image({at_80, at_188, at_82})), 16 + NFC_DNLD_DONE);
     // Status bytes whose sum in 8 bits isn't 0 fail also where no value is compared.
-    put(image({at_80}));
     ask("pn65dl 0B 00001001000000000000000000000000000000 1");
-    EXPECT_EQ(run(), 16 + NFC_DNLD_DONE);
+    EXPECT_EQ(run_image(image({at_80})), 16 + NFC_DNLD_DONE);
 }
 
 TEST_F(Pn65Download, RawRecordsBySelectorGroupAndKind)
@@ -259,35 +257,27 @@ TEST_F(Pn65Download, RawRecordsBySelectorGroupAndKind)
                 d = frame(6, pattern(7, 1));
     const bytes check2 = frame(11, {2}), nine = frame(9, {5});
     // Selectors 0 and 255 and groups that ended aren't sent; the last group's end ends the walk.
-    put(raw_image({{0, 0x10, a},
-                   {255, 0x10, a},
-                   {1, 0x10, b},
-                   {254, 0x20, c},
-                   {1, 0x1E, d},
-                   {1, 0x10, a},
-                   {1, 0x30, check2},
-                   {1, 0xE0, nine},
-                   {1, 0xEE, frame(0x42, {})},
-                   {1, 0x20, a}}));
-    EXPECT_EQ(run(), good_end);
-    EXPECT_EQ(recent(7), text_of({reset_frame, b, c, d, check2, nine, frame(0x42, {})}));
+    expect_last(raw_image({{0, 0x10, a},
+                           {255, 0x10, a},
+                           {1, 0x10, b},
+                           {254, 0x20, c},
+                           {1, 0x1E, d},
+                           {1, 0x10, a},
+                           {1, 0x30, check2},
+                           {1, 0xE0, nine},
+                           {1, 0xEE, frame(0x42, {})},
+                           {1, 0x20, a}}),
+                {reset_frame, b, c, d, check2, nine, frame(0x42, {})});
     // A reading's reply isn't waited for.
-    put(raw_image({{1, 0x10, read(0xA0000, 4)}, {1, 0xFE, a}}));
-    EXPECT_EQ(run(), good_end);
-    EXPECT_EQ(recent(3), text_of({reset_frame, read(0xA0000, 4), a}));
-    put(raw_image({{1, 0xFE, frame(5, {})}}));
-    EXPECT_EQ(run(), five_failed);
+    expect_last(raw_image({{1, 0x10, read(0xA0000, 4)}, {1, 0xFE, a}}), {reset_frame, read(0xA0000, 4), a});
+    EXPECT_EQ(run_image(raw_image({{1, 0xFE, frame(5, {})}})), five_failed);
     // A walk that comes to no end.
-    put(raw_image({{1, 0x10, a}}));
-    EXPECT_EQ(run(), five_failed);
+    EXPECT_EQ(run_image(raw_image({{1, 0x10, a}})), five_failed);
     // A refused group gives way to another one, if there is one.
-    put(raw_image({{1, 0x10, c}, {1, 0x10, d}, {1, 0xEE, b}}));
     ask("pn65dl 0A 0B0000 1");
-    EXPECT_EQ(run(), good_end);
-    EXPECT_EQ(recent(3), text_of({reset_frame, c, b}));
-    put(raw_image({{1, 0xF0, c}, {1, 0xFE, b}}));
+    expect_last(raw_image({{1, 0x10, c}, {1, 0x10, d}, {1, 0xEE, b}}), {reset_frame, c, b});
     ask("pn65dl 0A 1D0000 1");
-    EXPECT_EQ(run(), 16 + NFC_DNLD_DONE);
+    EXPECT_EQ(run_image(raw_image({{1, 0xF0, c}, {1, 0xFE, b}})), 16 + NFC_DNLD_DONE);
 }
 
 TEST_F(Pn65Download, ALongRawFrameGoesInPieces)
@@ -300,20 +290,17 @@ TEST_F(Pn65Download, ALongRawFrameGoesInPieces)
     };
     const frames pieces = {part(0, 509), part(509, 1018), part(1018, 1108)};
     const bytes img = raw_image({{1, 0xFE, whole}});
-    EXPECT_EQ(run_image(img), good_end);
-    EXPECT_EQ(recent(4), text_of({reset_frame, pieces[0], pieces[1], pieces[2]}));
+    expect_last(img, {reset_frame, pieces[0], pieces[1], pieces[2]});
     EXPECT_EQ(ask("pn65dl mem B0000"), hex(bytes(data.begin(), data.begin() + 16)));
     // A strike repeats the piece, status 230 begins the frame anew.
     ask("pn65dl " + hex(pieces[1]).substr(0, 16) + " 020000 1");
-    EXPECT_EQ(run_image(img), good_end);
-    EXPECT_EQ(recent(5), text_of({reset_frame, pieces[0], pieces[1], pieces[1], pieces[2]}));
+    expect_last(img, {reset_frame, pieces[0], pieces[1], pieces[1], pieces[2]});
     ask("pn65dl " + hex(pieces[1]).substr(0, 16) + " E60000 1");
-    EXPECT_EQ(run_image(img), good_end);
-    EXPECT_EQ(recent(6), text_of({reset_frame, pieces[0], pieces[1], pieces[0], pieces[1], pieces[2]}));
+    expect_last(img, {reset_frame, pieces[0], pieces[1], pieces[0], pieces[1], pieces[2]});
     ask("pn65dl 0D E60000");
     EXPECT_EQ(run_image(img), five_failed);
-    EXPECT_EQ(run_image(raw_image({{1, 0xFE, write(0xB0000, pattern(501, 1), 12)}})), good_end);
-    EXPECT_EQ(recent(2), text_of({reset_frame, write(0xB0000, pattern(501, 1), 12)}));
+    expect_last(raw_image({{1, 0xFE, write(0xB0000, pattern(501, 1), 12)}}),
+                {reset_frame, write(0xB0000, pattern(501, 1), 12)});
 }
 
 TEST_F(Pn65Download, ContainersThatCantBeEndEachAttemptBeforeItsFirstFrame)
@@ -351,9 +338,8 @@ TEST_F(Pn65Download, ContainersThatCantBeEndEachAttemptBeforeItsFirstFrame)
 TEST_F(Pn65Download, ALateReplyCountsAsAFailureEvenWhenItIsGood)
 {
     // With the line held low, the reply is there but isn't told; the reading takes it all the same.
-    put(image({{0, 0x30000, {1}}}));
     ask("gpio 59 0");
-    EXPECT_EQ(run(), five_failed);
+    EXPECT_EQ(run_image(image({{0, 0x30000, {1}}})), five_failed);
     EXPECT_EQ(recent(3), text_of({write(0x30000, {1}), check_frame, reset_frame}));
     ask("gpio 59 free");
     ask("fail ioctl /dev/i2c-10 1");

@@ -25,8 +25,7 @@ struct section {
 };
 
 struct raw_record {
-    std::uint8_t selector;
-    std::uint8_t type;
+    std::uint8_t selector, type;
     bytes frame;
 };
 

@@ -35,6 +35,17 @@ struct TunerBench : Joint {
         return phone::i2c_chip(4, 0x68 + letter - 'A')->val[static_cast<std::size_t>(number)];
     }
 
+    using numbers = std::vector<int>;
+
+    // `count` of them from `first` on.
+    static numbers regs(char letter, int first, int count)
+    {
+        numbers values;
+        for (int i = 0; i < count; i++)
+            values.push_back(reg(letter, first + i));
+        return values;
+    }
+
     static void fill(std::uint8_t value)
     {
         for (const char letter : {'A', 'B', 'C'})
@@ -90,8 +101,7 @@ private:
 struct bit_pair {
     int record;
     char letter;
-    int number;
-    int bit;
+    int number, bit;
 };
 
 // Pairs in the notation of a table: "0-1 B139 6-7, 8-14 C197 6-0", either side up or down.

@@ -77,14 +77,11 @@ TEST_F(Tuner, BlocksAreOneMessageOrSingleWritesAndThePatchRegisterTakesTheRest)
     const long single = transfers([&] { EXPECT_EQ(tuner_device_write(105, 0x20, bytes, 1), 0); });
     EXPECT_EQ(transfers([&] { EXPECT_EQ(tuner_device_write(105, 0x20, bytes, 4), 0); }), 4 * single);
     EXPECT_EQ(transfers([&] { EXPECT_EQ(tuner_device_write(105, 0x30, bytes, 5), 0); }), single);
-    for (int i = 0; i < 5; i++) {
-        EXPECT_EQ(reg('B', 0x20 + i), i < 4 ? i + 1 : 0);
-        EXPECT_EQ(reg('B', 0x30 + i), i + 1);
-    }
+    EXPECT_EQ(regs('B', 0x20, 5), (numbers{1, 2, 3, 4, 0}));
+    EXPECT_EQ(regs('B', 0x30, 5), (numbers{1, 2, 3, 4, 5}));
     for (const std::size_t n : {4u, 6u}) {
         EXPECT_EQ(tuner_device_write(105, 0xF4, bytes, n), 0);
-        EXPECT_EQ(reg('B', 0xF6), n);
-        EXPECT_EQ(reg('B', 0xF7), 0);
+        EXPECT_EQ(std::tuple(reg('B', 0xF6), reg('B', 0xF7)), std::tuple(n, 0));
         EXPECT_EQ(tuner_device_write(106, 0xF4, bytes, n), 0);
         EXPECT_EQ(reg('C', 0xF4 + static_cast<int>(n) - 1), n) << "the third address has no such register";
     }
@@ -93,8 +90,7 @@ TEST_F(Tuner, BlocksAreOneMessageOrSingleWritesAndThePatchRegisterTakesTheRest)
     std::fill(many.end() - 3, many.end(), std::uint8_t{0x22});
     EXPECT_EQ(transfers([&] { EXPECT_EQ(tuner_device_write(106, 0x40, many.data(), many.size()), 0); }),
               4 * single);
-    EXPECT_EQ(reg('C', 0x42), 0x22);
-    EXPECT_EQ(reg('C', 0x43), 0x11);
+    EXPECT_EQ(std::tuple(reg('C', 0x42), reg('C', 0x43)), std::tuple(0x22, 0x11));
     EXPECT_EQ(tuner_device_write(104, 0xF6, many.data(), many.size()), 0);
     EXPECT_EQ(reg('A', 0xF6), 0x22);
     EXPECT_EQ(tuner_device_write(105, 0x20, bytes, 0), 0);
@@ -111,13 +107,11 @@ TEST_F(Tuner, RegisterFilesAreReadInAllSpellingsAndPassOverWhatIsNone)
         "8");
     std::vector<tunerx_reg_line> lines;
     ASSERT_TRUE(tunerx_read_reg_file("/system/etc/isdbtmm/r", lines));
-    const int wanted[][3] = {{1, 0x20, 0x30}, {2, 0x20, 0xFF}, {0, 0x1F, 0x07}, {1, 2, 3}, {1, 9, 8}};
-    ASSERT_EQ(lines.size(), std::size(wanted));
-    for (std::size_t i = 0; i < lines.size(); i++) {
-        EXPECT_EQ(lines[i].unit, wanted[i][0]) << i;
-        EXPECT_EQ(lines[i].reg, wanted[i][1]) << i;
-        EXPECT_EQ(lines[i].value, wanted[i][2]) << i;
-    }
+    std::vector<numbers> found;
+    for (const tunerx_reg_line& line : lines)
+        found.push_back({line.unit, line.reg, line.value});
+    EXPECT_EQ(found, (std::vector<numbers>{
+                         {1, 0x20, 0x30}, {2, 0x20, 0xFF}, {0, 0x1F, 0x07}, {1, 2, 3}, {1, 9, 8}}));
     // what is behind 127 characters is a line of its own
     lay("r", std::string(100, 'x') + ",1,1,1" + std::string(21, ' ') + "y,1,5,6\n");
     ASSERT_TRUE(tunerx_read_reg_file("/system/etc/isdbtmm/r", lines));
@@ -165,18 +159,14 @@ TEST_F(Tuner, TheTableTakesFiveHundredChannels)
     EXPECT_EQ(tunXParams.channel_count, 500);
     lay("c", rows + "S,500,100,0,1,1,1,1,1,1,1,1,1\n");
     EXPECT_EQ(tuner_read_chfile("/system/etc/isdbtmm/c"), 16);
-    EXPECT_EQ(tunXParams.channel_count, 500);
-    EXPECT_EQ(tuner_get_chrcd_id(11, 499), 499);
-    EXPECT_EQ(tuner_get_chrcd_id(11, 500), -1);
-    EXPECT_EQ(tuner_get_chrcd_id(10, 499), -1);
+    EXPECT_EQ(std::tuple(tunXParams.channel_count, tuner_get_chrcd_id(11, 499)), std::tuple(500, 499));
+    EXPECT_EQ(std::tuple(tuner_get_chrcd_id(11, 500), tuner_get_chrcd_id(10, 499)), std::tuple(-1, -1));
     // what no register holds is 0 and does no harm
     lay("c",
         "UF,1,nan,1,1,1,1,1,1,1,1,1,1\nVMF,1,1e30,1,1,1,1,1,1,1,1,1,1\nVLF,3,-inf,9,1,1,1,1,1,1,1,1,1\n");
     EXPECT_EQ(tuner_read_chfile("/system/etc/isdbtmm/c"), 0);
-    EXPECT_EQ(tunXParams.channels[0].p_m, 0);
-    EXPECT_EQ(tuner_get_chrcd_id(2, 1), 0);
-    EXPECT_EQ(tuner_get_chrcd_id(5, 1), 1);
-    EXPECT_EQ(tuner_get_chrcd_id(8, 3), 2);
+    EXPECT_EQ(std::tuple(tunXParams.channels[0].p_m, tuner_get_chrcd_id(2, 1)), std::tuple(0, 0));
+    EXPECT_EQ(std::tuple(tuner_get_chrcd_id(5, 1), tuner_get_chrcd_id(8, 3)), std::tuple(1, 2));
     lay("c", "UF,1,473,0,1,1,1,1,1,1,1,1,1\n\nUF,2,473,0,1,1,1,1,1,1,1,1,1\n");
     EXPECT_EQ(tuner_read_chfile("/system/etc/isdbtmm/c"), 16) << "an empty line has no fields";
     EXPECT_EQ(tunXParams.channel_count, 1);
@@ -186,8 +176,7 @@ TEST_F(Tuner, TheStateIsHeldAgainstTheChip)
 {
     const struct {
         std::uint32_t state;
-        int a242, b0, b2;
-        int rc;
+        int a242, b0, b2, rc;
         std::uint32_t then;
     } cases[] = {
         {0x1100, 2, 0, 0, 259, 0x1100},     {0x1200, 2, 0, 0, 259, 0x1200},
@@ -250,8 +239,7 @@ TEST_F(Tuner, ABringUpGivesWarningsInOneNumberAndFailuresAlone)
     tunerx_setup setup = {{1, 2, 3}, {}, {}, {}};
     std::fill(std::begin(setup.ch_file), std::end(setup.ch_file), 'x');
     EXPECT_EQ(tunerx_start(&setup), 0);
-    EXPECT_EQ(tunXParams.setup.slave[2], 3);
-    EXPECT_EQ(tunXParams.setup.ch_file[510], 'x');
+    EXPECT_EQ(std::tuple(tunXParams.setup.slave[2], tunXParams.setup.ch_file[510]), std::tuple(3, 'x'));
     EXPECT_EQ(tunXParams.setup.ch_file[511], '\0');
     EXPECT_EQ(std::string(tunXParams.setup.fw_file[1]), "/system/etc/isdbtmm/TNCTL20130219p_diff.hex");
 }
@@ -275,25 +263,19 @@ TEST_F(Tuner, TuningGoesToTheStateOfItsBandOrSaysWhy)
 {
     bring_up();
     ask("broadcast 13 state 9 5");
-    EXPECT_EQ(tunerx_tuning(18, 13), 258);
-    EXPECT_EQ(tunerx_tuning(-1, 13), 258);
-    EXPECT_EQ(tunerx_tuning(0, 12), 258);
+    EXPECT_EQ((numbers{tunerx_tuning(18, 13), tunerx_tuning(-1, 13), tunerx_tuning(0, 12)}), numbers(3, 258));
     EXPECT_EQ(tunXParams.status, TUNER_TUNE_FAILED);
     EXPECT_EQ(tunerx_tuning(2, 13), 0);
-    EXPECT_EQ(tuner_get_status(), TUNER_WIDE_THIRD);
-    EXPECT_EQ(reg('B', 237), 0x4A);
+    EXPECT_EQ(std::tuple(tuner_get_status(), reg('B', 237)), std::tuple(TUNER_WIDE_THIRD, 0x4A));
     EXPECT_EQ(tunXParams.sync_flags, 0x17u); // 5, 4 and 7 of B9, and bit 4 of 10
-    EXPECT_EQ(ant_swt.counter, 1);
-    EXPECT_EQ(ant_search_mode, 1);
+    EXPECT_EQ(std::tuple(ant_swt.counter.load(), ant_search_mode.load()), std::tuple(1, 1));
     EXPECT_EQ(tunerx_tuning(1, 13), 0);
-    EXPECT_EQ(tuner_get_status(), TUNER_NARROW);
-    EXPECT_EQ(ant_swt.counter, 2);
+    EXPECT_EQ(std::tuple(tuner_get_status(), ant_swt.counter.load()), std::tuple(TUNER_NARROW, 2));
     const std::uint64_t start = tuner_get_time();
     EXPECT_EQ(tunerx_tuning(0, 40), 257) << "not on the air";
     EXPECT_GE(tuner_get_time() - start, 5000u);
     EXPECT_EQ(tuner_get_status(), TUNER_WIDE) << "it stays tuned";
-    EXPECT_EQ(tunXParams.sync_flags, 0x80u);
-    EXPECT_EQ(ant_swt.counter, 2);
+    EXPECT_EQ(std::tuple(tunXParams.sync_flags, ant_swt.counter.load()), std::tuple(0x80u, 2));
     std::uint32_t flags;
     tunXParams.state = TUNER_NARROW;
     EXPECT_EQ(tuner_sync_detect(&flags, 500), 259);
@@ -322,15 +304,11 @@ TEST_F(Tuner, TheOtherSystemHasItsShiftTwice)
     EXPECT_EQ(tunerx_tuning(10, 5), 0);
     EXPECT_EQ(reg('B', 0), 0x02);
     // (24.645 * 0.23 - 4) / 24.645 * 65536 = 4436.5
-    EXPECT_EQ(reg('B', 16), 0x11);
-    EXPECT_EQ(reg('B', 17), 0x54);
-    EXPECT_EQ(reg('B', 18), 0x11);
-    EXPECT_EQ(reg('B', 19), 0x54);
+    EXPECT_EQ(regs('B', 16, 4), (numbers{0x11, 0x54, 0x11, 0x54}));
     EXPECT_EQ(reg('B', 13) << 16 | reg('B', 14) << 8 | reg('B', 15), 11305943);
     // 0.286 / (197.16 / 64) * 4096 = 380.3
     EXPECT_EQ(reg('B', 10) << 16 | reg('B', 11) << 8 | reg('B', 12), 380);
-    EXPECT_EQ(reg('C', 242), 0x13);
-    EXPECT_EQ(reg('B', 237), 0x10);
+    EXPECT_EQ(std::tuple(reg('C', 242), reg('B', 237)), std::tuple(0x13, 0x10));
 }
 
 TEST_F(Tuner, ThePinCheckOfBothKinds)
@@ -365,10 +343,8 @@ TEST_F(Tuner, TheVariantChangesWithoutATuning)
     ASSERT_EQ(tunerx_tuning(0, 13), 0);
     for (const auto& [band, state, path] : {std::tuple{2, 0x1331u, 0x4A}, {0, 0x1321u, 0x0A}}) {
         EXPECT_EQ(tunerx_change_seamless(), 0);
-        EXPECT_EQ(tunXParams.band, band);
-        EXPECT_EQ(tuner_get_status(), state);
-        EXPECT_EQ(reg('B', 237), path);
-        EXPECT_EQ(tunXParams.status, TUNER_TUNED);
+        EXPECT_EQ(std::tuple(tunXParams.band, tuner_get_status(), reg('B', 237), tunXParams.status),
+                  std::tuple(band, state, path, TUNER_TUNED));
     }
     for (const auto& [band, partner] : {std::pair{3, 5}, {5, 3}, {6, 8}, {8, 6}}) {
         tunXParams.band = band;
@@ -387,9 +363,7 @@ TEST_F(Tuner, ListsOfChannelsAreTriedInTheirOrder)
     bring_up();
     let_spin();
     const auto head = tunerx_create_tdc();
-    EXPECT_EQ(head->ch, 13);
-    EXPECT_EQ(head->record, -1);
-    EXPECT_EQ(head->status, 2);
+    EXPECT_EQ(std::tuple(head->ch, head->record, head->status), std::tuple(13, -1, 2));
     EXPECT_EQ(tuner_search_ch(head.get()), 0) << "an empty list";
     tunerx_tdc* const p_first = tunerx_cs_addch(0, 27, head.get());
     tunerx_tdc* const p_second = tunerx_cs_addch(4, 19, head.get());
@@ -397,12 +371,9 @@ TEST_F(Tuner, ListsOfChannelsAreTriedInTheirOrder)
     tunerx_cs_addch(0, 40, head.get());
     EXPECT_EQ(head->next.get(), p_first);
     EXPECT_EQ(tuner_search_ch(head.get()), 257) << "the third isn't on the air";
-    EXPECT_EQ(tunXParams.wait, 1);
-    EXPECT_EQ(p_first->record, 14);
-    EXPECT_EQ(p_first->status, 0);
+    EXPECT_EQ(std::tuple(tunXParams.wait, p_first->record, p_first->status), std::tuple(1, 14, 0));
     EXPECT_GE(p_first->elapsed_ms, 200u);
-    EXPECT_EQ(p_second->ch, 19);
-    EXPECT_EQ(p_second->record, 112 + 53 + 19);
+    EXPECT_EQ(std::tuple(p_second->ch, p_second->record), std::tuple(19, 112 + 53 + 19));
     EXPECT_EQ(p_second->next->status, 2) << "not noted";
     tunerx_cs_delch(0, 40, head.get());
     tunerx_cs_delch(0, 41, head.get());
@@ -436,9 +407,8 @@ TEST_F(Tuner, TheHostsNodesAreOpenedOnceAndClosedAll)
     ant_switch_thread_activequeue();
     ant_swt.counter = 5;
     EXPECT_EQ(tunerx_hwl_terminate(), 0);
-    EXPECT_EQ(tunXParams.state, TUNER_OPEN);
-    EXPECT_EQ(ant_swt.run, 0);
-    EXPECT_EQ(ant_swt.counter, 0);
+    EXPECT_EQ(std::tuple(tunXParams.state, ant_swt.run.load(), ant_swt.counter.load()),
+              std::tuple(TUNER_OPEN, 0, 0));
     EXPECT_TRUE(phone::file_read("/sys/devices/platform/mmtuner_pdev.0/power_ctrl", text));
     EXPECT_EQ(text, "1");
     EXPECT_EQ(tunerx_hwl_ctl_power(1), 258);
@@ -473,9 +443,7 @@ TEST_F(Tuner, TheBusCheckWaitsForTheLine)
         std::copy_n(before, 4, values);
         const std::uint64_t start = tuner_get_time();
         EXPECT_EQ(isdb_check_bbif(values), 1);
-        for (int i = 0; i < 3; i++)
-            EXPECT_EQ(values[i], c.wanted[i]) << i;
-        EXPECT_EQ(values[3], 9);
+        EXPECT_EQ(numbers(values, values + 4), (numbers{c.wanted[0], c.wanted[1], c.wanted[2], 9}));
         EXPECT_EQ(reg('B', 219), c.way);
         EXPECT_EQ(tuner_get_time() - start >= 3000, c.bench[0] != 'f');
     }

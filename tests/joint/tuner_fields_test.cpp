@@ -132,8 +132,7 @@ TEST_F(Fields, AFieldIsWrittenWhenItsLowestMaskBitIsSetAndOnlyThen)
     fill(0);
     tunerx_field_record record = {0xFFFFFFFF, 1u << 9 | 1u << 13};
     EXPECT_EQ(tunerx_cfg_berper(0, 0, record), 0);
-    EXPECT_EQ(reg('B', 139), 0x00);
-    EXPECT_EQ(reg('B', 140), 0x0F);
+    EXPECT_EQ(std::tuple(reg('B', 139), reg('B', 140)), std::tuple(0x00, 0x0F));
 }
 
 TEST_F(Fields, WhatIsNoPathOrKindAndAChipThatIsNotReadyAreRefused)
@@ -161,17 +160,14 @@ TEST_F(Fields, AcConfigurationIsTheInverseOfOneBitAndEqualToTheOther)
     tunerx_field_record record = {1, 1};
     fill(0xFF);
     EXPECT_EQ(tunerx_cfg_ac(record), 0);
-    EXPECT_EQ(reg('B', 128), 0xBF);
-    EXPECT_EQ(reg('C', 120), 0xFF);
+    EXPECT_EQ(std::tuple(reg('B', 128), reg('C', 120)), std::tuple(0xBF, 0xFF));
     record = {0, 1};
     fill(0);
     EXPECT_EQ(tunerx_cfg_ac(record), 0);
-    EXPECT_EQ(reg('B', 128), 0x40);
-    EXPECT_EQ(reg('C', 120), 0x00);
+    EXPECT_EQ(std::tuple(reg('B', 128), reg('C', 120)), std::tuple(0x40, 0x00));
     record = {7, 0};
     EXPECT_EQ(tunerx_cfg_ac(record), 0);
-    EXPECT_EQ(record.value, 0u);
-    EXPECT_EQ(record.mask, 1u);
+    EXPECT_EQ(std::tuple(record.value, record.mask), std::tuple(0u, 1u));
     tunXParams.state = TUNER_NARROW;
     reg('C', 120) = 0x40;
     record = {0, 0};

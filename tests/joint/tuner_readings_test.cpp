@@ -1,6 +1,5 @@
 // The tuner library's readings, against registers set by hand and against the phone's own broadcasts; and the
 // antenna thread.
-#include <cmath>
 #include <filesystem>
 
 #include "core/files.h"
@@ -23,6 +22,23 @@ struct Readings : TunerBench {
         TunerBench::SetUp();
         let_run();
         tunXParams.state = TUNER_WIDE;
+    }
+
+    using words = std::vector<std::int64_t>;
+
+    // A reading with what it gives: errors, period, ratio and flags; raw, dB and flags. Without waiting or
+    // not.
+    static words berper(int at_once, std::uint32_t flags)
+    {
+        tunerx_berper r = {1, 2, 3, flags};
+        const int rc = tunerx_get_berper(at_once, r);
+        return {rc, r.errors, r.period, r.ratio, r.flags};
+    }
+    static words cn(int at_once)
+    {
+        tunerx_cn r = {1, 2, 3};
+        const int rc = tunerx_get_cn(at_once, r);
+        return rc == 0 ? words{r.raw, r.cn, r.flags} : words{rc};
     }
 };
 
@@ -66,14 +82,9 @@ TEST_F(Readings, ErrorRatesOfTheWidePath)
         set('B', 195,
             {c.status, byte(c.errors, 16), byte(c.errors, 8), byte(c.errors, 0), byte(c.period, 8),
              byte(c.period, 0)});
-        tunerx_berper result = {1, 2, 3, c.input};
-        EXPECT_EQ(tunerx_get_berper(0, result), 0);
-        EXPECT_EQ(result.errors, c.wanted.errors);
-        EXPECT_EQ(result.period, c.wanted.period);
-        EXPECT_EQ(result.ratio, c.wanted.ratio);
-        EXPECT_EQ(result.flags, c.wanted.flags);
-        EXPECT_EQ(reg('B', 144), c.reg144_then);
-        EXPECT_EQ(reg('B', 147), c.reg147_then);
+        EXPECT_EQ(berper(0, c.input),
+                  (words{0, c.wanted.errors, c.wanted.period, c.wanted.ratio, c.wanted.flags}));
+        EXPECT_EQ(std::tuple(reg('B', 144), reg('B', 147)), std::tuple(c.reg144_then, c.reg147_then));
     }
 }
 
@@ -85,19 +96,15 @@ TEST_F(Readings, ErrorRatesOfTheNarrowPath)
         set('C', packets ? 130 : 128, {0x20});
         set('C', 133, {packets ? 0x00 : 0xFF});
         set('C', 174, {packets ? 0x0C : 0x30, 0xAB, 0xCD, 0xEF, 0x12, 0x34});
-        tunerx_berper result = {1, 2, 3, packets ? 0xFFFFFFFF : 0xFFFFFFFB};
-        EXPECT_EQ(tunerx_get_berper(0, result), 0);
-        EXPECT_EQ(result.errors, 0xABCDEFu);
-        EXPECT_EQ(result.period, 0x1234u);
-        EXPECT_EQ(result.ratio, 241617489u); // 11259375 / 4660
-        EXPECT_EQ(result.flags, packets ? 0x93Du : 0x939u);
+        // 11259375 / 4660
+        const std::uint32_t flags = packets ? 0x93D : 0x939;
+        EXPECT_EQ(berper(0, packets ? 0xFFFFFFFF : 0xFFFFFFFB),
+                  (words{0, 0xABCDEF, 0x1234, 241617489, flags}));
         EXPECT_EQ(reg('C', 133), packets ? 0x80 : 0x7F);
         // by bits of a packet: 1911 / (64 * 203 * 8)
         fill(0);
         set('C', 174, {packets ? 0x0C : 0x30, 0x00, 0x07, 0x77, 0x00, 0x40});
-        EXPECT_EQ(tunerx_get_berper(0, result), 0);
-        EXPECT_EQ(result.ratio, 1838u);
-        EXPECT_EQ(result.flags, packets ? 0x91Du : 0x919u);
+        EXPECT_EQ(berper(0, flags), (words{0, 1911, 64, 1838, packets ? 0x91D : 0x919}));
     }
 }
 
@@ -106,27 +113,21 @@ TEST_F(Readings, AMeasurementThatDoesntEndIsReadAfterThreeSecondsOrAtOnce)
     fill(0);
     set('B', 144, {0x04});
     set('B', 195, {0xFA, 0, 0, 5, 0, 1}); // all but the complete bit of layer B
-    tunerx_berper result = {0, 0, 0, 2};
     const std::uint64_t start = tuner_get_time();
-    EXPECT_EQ(tunerx_get_berper(1, result), 0);
-    EXPECT_EQ(result.flags, 0x10Au);
-    EXPECT_EQ(result.errors, 5u);
+    // 5 / (203 * 8)
+    EXPECT_EQ(berper(1, 2), (words{0, 5, 1, 307, 0x10A}));
     EXPECT_LT(tuner_get_time() - start, 1000u);
-    EXPECT_EQ(tunerx_get_berper(0, result), 0);
-    EXPECT_EQ(result.flags, 0x50Au);
-    EXPECT_EQ(result.errors, 5u);
+    EXPECT_EQ(berper(0, 2), (words{0, 5, 1, 307, 0x50A}));
     EXPECT_GE(tuner_get_time() - start, 3000u);
     tunXParams.state = TUNER_NARROW;
     set('C', 174, {0x20});
-    EXPECT_EQ(tunerx_get_berper(0, result), 0);
-    EXPECT_EQ(result.flags, 0xD09u);
+    EXPECT_EQ(berper(0, 2).back(), 0xD09);
 }
 
 TEST_F(Readings, ErrorRatesThatArentAvailable)
 {
     const struct {
-        std::uint32_t state;
-        std::uint32_t flags;
+        std::uint32_t state, flags;
         char letter;
         int number, value;
     } cases[] = {{TUNER_WIDE, 0, 'B', 142, 1},
@@ -136,67 +137,51 @@ TEST_F(Readings, ErrorRatesThatArentAvailable)
     for (const auto& c : cases) {
         fill(0);
         tunXParams.state = c.state;
-        tunerx_berper result = {0, 0, 0, c.flags};
-        EXPECT_EQ(tunerx_get_berper(1, result), 0);
+        EXPECT_EQ(berper(1, c.flags)[0], 0);
         reg(c.letter, c.number) = static_cast<std::uint8_t>(c.value);
-        EXPECT_EQ(tunerx_get_berper(1, result), 259);
+        EXPECT_EQ(berper(1, c.flags)[0], 259);
     }
-    tunerx_berper result = {0, 0, 0, 0};
     tunXParams.state = TUNER_INITIALISED;
-    EXPECT_EQ(tunerx_get_berper(1, result), 259);
+    EXPECT_EQ(berper(1, 0)[0], 259);
     tunXParams.state = TUNER_WIDE;
     ask("gpio 14 0");
-    EXPECT_EQ(tunerx_get_berper(1, result), -1);
+    EXPECT_EQ(berper(1, 0)[0], -1);
 }
 
 TEST_F(Readings, CarrierToNoiseOfTheWidePath)
 {
     fill(0);
-    tunerx_cn result = {1, 2, 3};
     set('B', 191, {0x03, 0x01, 0xD0});
-    EXPECT_EQ(tunerx_get_cn(0, result), 259) << "without its sync bit";
+    EXPECT_EQ(cn(0), words{259}) << "without its sync bit";
     set('B', 151, {0x10});
-    EXPECT_EQ(tunerx_get_cn(0, result), 0);
-    EXPECT_EQ(result.raw, 464u);
-    EXPECT_EQ(result.cn, 2349961);
-    EXPECT_EQ(result.flags, 3u);
+    EXPECT_EQ(cn(0), (words{464, 2349961, 3}));
     set('B', 191, {0x02, 0x00, 0x00});
-    EXPECT_EQ(tunerx_get_cn(1, result), 0);
-    EXPECT_EQ(result.cn, 5016479) << "0 counts as 1";
-    EXPECT_EQ(result.flags, 1u);
+    EXPECT_EQ(cn(1), (words{0, 5016479, 1})) << "0 counts as 1";
     set('B', 191, {0x01});
-    EXPECT_EQ(tunerx_get_cn(0, result), 0);
-    EXPECT_EQ(result.flags, 6u) << "complete, and the time over";
+    EXPECT_EQ(cn(0)[2], 6) << "complete, and the time over";
     set('B', 161, {3 << 3});
-    EXPECT_EQ(tunerx_get_cn(1, result), 0);
+    EXPECT_EQ(cn(1).size(), 3u);
     set('B', 161, {4 << 3});
-    EXPECT_EQ(tunerx_get_cn(1, result), 259);
+    EXPECT_EQ(cn(1), words{259});
     set('B', 161, {0});
     set('B', 135, {0x01});
-    EXPECT_EQ(tunerx_get_cn(1, result), 259) << "not available";
+    EXPECT_EQ(cn(1), words{259}) << "not available";
     tunXParams.state = TUNER_INITIALISED;
-    EXPECT_EQ(tunerx_get_cn(1, result), 259);
+    EXPECT_EQ(cn(1), words{259});
 }
 
 TEST_F(Readings, CarrierToNoiseOfTheNarrowPath)
 {
     fill(0);
     tunXParams.state = TUNER_NARROW;
-    tunerx_cn result = {0, 0, 0};
     set('C', 171, {0x0C, 0xC0, 0x09});
-    EXPECT_EQ(tunerx_get_cn(0, result), 259);
+    EXPECT_EQ(cn(0), words{259});
     set('C', 135, {0x08});
-    EXPECT_EQ(tunerx_get_cn(0, result), 0);
-    EXPECT_EQ(result.raw, 9u);
-    EXPECT_EQ(result.cn, 2286057);
-    EXPECT_EQ(result.flags, 0xBu);
+    EXPECT_EQ(cn(0), (words{9, 2286057, 0xB}));
     set('C', 171, {0x04, 0xFF, 0xFF});
-    EXPECT_EQ(tunerx_get_cn(1, result), 0);
-    EXPECT_EQ(result.raw, 0x3FFFu);
-    EXPECT_EQ(result.cn, -974093);
-    EXPECT_EQ(result.flags, 9u);
+    EXPECT_EQ(cn(1), (words{0x3FFF, -974093, 9}));
     set('C', 126, {0x01});
-    EXPECT_EQ(tunerx_get_cn(1, result), 259);
+    EXPECT_EQ(cn(1), words{259});
 }
 
 TEST_F(Readings, TheLevelIsSignedInSixteenths)
@@ -303,8 +288,7 @@ TEST_F(Received, PlainNumbersOfTheNarrowPath)
     EXPECT_EQ(reg('C', 125) & 0x1E, 0x06);
     // 4000 of 250 * 203 * 8
     EXPECT_NEAR(reading(TUNER_MONI_BER, 2), 985e-5f, 1e-9);
-    EXPECT_EQ(reg('C', 128) & 0x3F, 0x12);
-    EXPECT_EQ(reg('C', 130), 0);
+    EXPECT_EQ(std::tuple(reg('C', 128) & 0x3F, reg('C', 130)), std::tuple(0x12, 0));
     EXPECT_EQ(reading(TUNER_MONI_PER, 2), 16.0f);
     EXPECT_EQ(reg('C', 130), 0x32);
 }
@@ -384,14 +368,11 @@ struct Antenna : Received {
 TEST_F(Antenna, SwitchingGoesThroughTheAttribute)
 {
     EXPECT_EQ(tuner_ant_switch(1), 0);
-    EXPECT_EQ(ant_ctrl(), "1");
-    EXPECT_EQ(tuner_get_current_ant(), 1);
+    EXPECT_EQ(std::tuple(ant_ctrl(), tuner_get_current_ant()), std::tuple("1", 1));
     EXPECT_EQ(tuner_auto_ant_search(1), 0);
-    EXPECT_EQ(ant_ctrl(), "2");
-    EXPECT_EQ(ant_search_mode, 1);
+    EXPECT_EQ(std::tuple(ant_ctrl(), ant_search_mode.load()), std::tuple("2", 1));
     EXPECT_EQ(tuner_auto_ant_search(3), 0);
-    EXPECT_EQ(ant_ctrl(), "0");
-    EXPECT_EQ(ant_search_mode, 3);
+    EXPECT_EQ(std::tuple(ant_ctrl(), ant_search_mode.load()), std::tuple("0", 3));
     ask("fail write /sys/devices/platform/mmtuner_pdev.0/ant_ctrl 9");
     EXPECT_EQ(tuner_ant_switch(1), 0) << "the tenth attempt";
     ask("fail write /sys/devices/platform/mmtuner_pdev.0/ant_ctrl 10");
@@ -401,25 +382,21 @@ TEST_F(Antenna, SwitchingGoesThroughTheAttribute)
 
 TEST_F(Antenna, TheSearchTakesTheBetterOne)
 {
-    tuner_search_ant();
-    EXPECT_EQ(ant_swt.best_level[0], 51.75f);
-    EXPECT_EQ(ant_swt.best_level[1], 46.5f);
-    EXPECT_EQ(ant_swt.best_ant[0], 0);
-    EXPECT_EQ(ant_swt.best_ant[1], 1);
-    EXPECT_EQ(ant_ctrl(), "0");
+    const auto found = [] {
+        tuner_search_ant();
+        return std::tuple(ant_swt.best_level[0].load(), ant_swt.best_ant[0].load(),
+                          ant_swt.best_level[1].load(), ant_swt.best_ant[1].load(), ant_ctrl());
+    };
+    EXPECT_EQ(found(), std::tuple(51.75f, 0, 46.5f, 1, "0"));
     ask("broadcast 13 level -60 -50");
-    tuner_search_ant();
-    EXPECT_EQ(ant_swt.best_level[0], 50.0f);
-    EXPECT_EQ(ant_swt.best_level[1], 40.0f);
-    EXPECT_EQ(ant_swt.best_ant[0], 1);
-    EXPECT_EQ(ant_swt.best_ant[1], 0);
-    EXPECT_EQ(ant_ctrl(), "1");
+    EXPECT_EQ(found(), std::tuple(50.0f, 1, 40.0f, 0, "1"));
     EXPECT_EQ(tuner_set_ant_get_drssi(2), -1.0f);
     reg('A', 185) = 0;
     tuner_search_ant();
-    EXPECT_EQ(ant_swt.best_level[0], 0.0f);
-    EXPECT_EQ(ant_swt.best_level[1], -1.0f) << "a failed level takes the second place";
-    EXPECT_EQ(ant_swt.best_ant[1], 1);
+    EXPECT_EQ(
+        std::tuple(ant_swt.best_level[0].load(), ant_swt.best_level[1].load(), ant_swt.best_ant[1].load()),
+        std::tuple(0.0f, -1.0f, 1))
+        << "a failed level takes the second place";
 }
 
 TEST_F(Antenna, StabilityTriesTheSecondAntennaAndThenAsksForASearch)
@@ -434,8 +411,7 @@ TEST_F(Antenna, StabilityTriesTheSecondAntennaAndThenAsksForASearch)
     ask("broadcast 13 errors 3 5000 1");
     const std::uint64_t start = tuner_get_time();
     tuner_stability();
-    EXPECT_EQ(ant_swt.status, ANT_SEARCH_NEEDED);
-    EXPECT_EQ(ant_ctrl(), "1");
+    EXPECT_EQ(std::tuple(ant_swt.status.load(), ant_ctrl()), std::tuple(ANT_SEARCH_NEEDED, "1"));
     EXPECT_GE(tuner_get_time() - start, 3 * 600u);
     ant_swt.best_level[1] = -100.0f;
     tuner_ant_switch(0);
@@ -460,8 +436,7 @@ TEST_F(Antenna, TheThreadSearchesThenWatches)
     ask("broadcast 13 off");
     EXPECT_TRUE(status_becomes(ANT_CHECK_NEEDED));
     end_thread();
-    EXPECT_EQ(ant_swt.counter, 0);
-    EXPECT_EQ(ant_swt.run, 0);
+    EXPECT_EQ(std::tuple(ant_swt.counter.load(), ant_swt.run.load()), std::tuple(0, 0));
 }
 
 TEST_F(Antenna, TheThreadEndsWithoutItsFlagOnTheNarrowUhfBandAndDoesNothingInAnotherMode)

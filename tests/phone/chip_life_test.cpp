@@ -14,7 +14,9 @@
 #include "board/i2c_bus.h"
 #include "core/control.h"
 #include "core/table.h"
+#include "phone/bus_steps.h"
 #include "phone/clock_once.h"
+#include "phone/error_of.h"
 
 namespace {
 
@@ -105,6 +107,11 @@ struct ChipLife : testing::Test {
         std::uint8_t bytes[] = {reg, value};
         return message(0, 2, bytes);
     }
+    static void steps(const std::string& text)
+    {
+        bus_steps(
+            text, [](std::uint8_t reg, std::uint8_t value) { EXPECT_EQ(write(reg, value), 1); }, read);
+    }
     // The register as the bus reads it; -1 without an acknowledge.
     static int read(std::uint8_t reg)
     {
@@ -115,11 +122,9 @@ struct ChipLife : testing::Test {
 
 TEST_F(ChipLife, ItsSupplyIsNoticedBetweenTwoMessages)
 {
-    ASSERT_EQ(write(0x02, 0x05), 1);
-    EXPECT_EQ(read(0x02), 0x15);
+    steps("02<05 02=15");
     gpio_drive(21, 1);
-    EXPECT_EQ(read(0x00), -1);
-    EXPECT_EQ(errno, ENXIO);
+    EXPECT_EQ(error_of(read(0x00)), ENXIO);
     EXPECT_EQ(ask("i2c 5 7A 02"), "15\nok\n") << "kept until the supply comes back";
     gpio_drive(20, 0); // the second line of a supply that is gone already
     gpio_drive(20, 1);
@@ -157,25 +162,13 @@ TEST_F(ChipLife, ItsTimersComeInTimeAndNotWhenTheyWereStopped)
 
 TEST_F(ChipLife, AKeyLaysAnotherRegisterMapOverItsOwn)
 {
-    ASSERT_EQ(write(0x03, 0xAA), 1);
-    EXPECT_EQ(read(0x00), 0xE1);
-    ASSERT_EQ(write(0x02, 0x00), 1);
-    EXPECT_EQ(read(0x02), 0xE2);
     queued = 3;
-    EXPECT_EQ(read(0x01), 3) << "what the map lacks stays";
-    ASSERT_EQ(write(0x03, 0xCA), 1);
-    EXPECT_EQ(read(0x00), 0x42);
-    ASSERT_EQ(write(0x7D, 0x77), 1);
-    ASSERT_EQ(write(0x02, 0x99), 1);
+    steps("03<AA 00=E1 02<00 02=E2 01=3"); // what the map lacks stays
+    steps("03<CA 00=42 7D<77 02<99");
     EXPECT_EQ(ask("i2c 5 7A 2"), "99\nok\n");
-    ASSERT_EQ(write(0x03, 0x0A), 1);
-    EXPECT_EQ(read(0x02), 0x11);
-    ASSERT_EQ(write(0x03, 0xCA), 1);
-    EXPECT_EQ(read(0x7D), 0x77);
+    steps("03<0A 02=11 03<CA 7D=77");
     chip_reset(the_chip());
-    EXPECT_EQ(read(0x00), 0x42);
-    ASSERT_EQ(write(0x03, 0xCA), 1);
-    EXPECT_EQ(read(0x7D), 0x01);
+    steps("00=42 03<CA 7D=01");
 }
 
 TEST_F(ChipLife, ALookPastTheBusIsUpToDateAndChangesNothing)

@@ -122,8 +122,7 @@ TEST_F(Chips, ATransferEndsWhereNothingAcknowledges)
     i2c_msg messages[] = {{0x18, 0, 2, first}, {0x19, 0, 2, second}, {0x18, 0, 2, second}};
     i2c_rdwr_ioctl_data data{messages, 3};
     EXPECT_EQ(phone_co.ioctl(phone_co.open("/dev/i2c-5", O_RDWR, 0), I2C_RDWR, &data), -1);
-    EXPECT_EQ(i2c_chip(5, 0x18)->val[0x38], 0x44);
-    EXPECT_EQ(i2c_chip(5, 0x18)->val[0x39], 0x00);
+    EXPECT_EQ(std::tuple(i2c_chip(5, 0x18)->val[0x38], i2c_chip(5, 0x18)->val[0x39]), std::tuple(0x44, 0x00));
 }
 
 TEST_F(Chips, ThePowerChipKeepsItsTableAndItsIdentities)

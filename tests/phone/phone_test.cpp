@@ -26,6 +26,7 @@
 #include "core/toolbox.h"
 #include "core/watch.h"
 #include "phone/clock_once.h"
+#include "phone/error_of.h"
 #include "runner/file_text.h"
 #include "runtime/insmod.h"
 #include "runtime/tools.h"
@@ -77,8 +78,7 @@ TEST_F(Phone, NothingOutsideItsTreeCanBeReached)
     const std::string root = dir + "/root";
     EXPECT_EQ(host_path("/data/text"), root + "/data/text");
     EXPECT_EQ(host_path("/../../etc/passwd"), root + "/etc/passwd");
-    EXPECT_EQ(host_path("data/../../../x"), root + "/x");
-    EXPECT_EQ(host_path("/"), root);
+    EXPECT_EQ(std::tuple(host_path("data/../../../x"), host_path("/")), std::tuple(root + "/x", root));
     ASSERT_EQ(phone_co.symlink("/etc/passwd", "/data/absolute"), 0);
     ASSERT_EQ(phone_co.symlink("../../../../etc/passwd", "/data/relative"), 0);
     ASSERT_EQ(phone_co.symlink("round", "/data/round"), 0);
@@ -87,10 +87,8 @@ TEST_F(Phone, NothingOutsideItsTreeCanBeReached)
     EXPECT_EQ(host_path("/data/relative"), root + "/etc/passwd");
     EXPECT_EQ(host_path("/data/absolute", false), root + "/data/absolute");
     EXPECT_EQ(host_path("/data/self/self/text"), root + "/data/text");
-    EXPECT_EQ(phone_co.open("/data/absolute", O_RDONLY, 0), -1);
-    EXPECT_EQ(errno, ENOENT);
-    EXPECT_EQ(phone_co.open("/data/round", O_RDONLY, 0), -1);
-    EXPECT_EQ(errno, ELOOP);
+    EXPECT_EQ(error_of(phone_co.open("/data/absolute", O_RDONLY, 0)), ENOENT);
+    EXPECT_EQ(error_of(phone_co.open("/data/round", O_RDONLY, 0)), ELOOP);
 }
 
 TEST_F(Phone, ASeedMayBeAnEmptyFolder)
@@ -136,8 +134,7 @@ TEST_F(Phone, AConnectionThatStaysWithinItsFolderNamesNothingOutside)
 
 TEST_F(Phone, AttributesBehaveAsTheKernels)
 {
-    EXPECT_EQ(phone_co.open("/sys/class/lamp/colour", O_RDWR | O_CREAT, 0666), -1);
-    EXPECT_EQ(errno, ENOENT);
+    EXPECT_EQ(error_of(phone_co.open("/sys/class/lamp/colour", O_RDWR | O_CREAT, 0666)), ENOENT);
     EXPECT_EQ(ask("strange"), "1 open /sys/class/lamp/colour\nok\n");
     const int fd = phone_co.open("/sys/class/lamp/level", O_RDWR, 0);
     ASSERT_GE(fd, 0);
@@ -145,8 +142,7 @@ TEST_F(Phone, AttributesBehaveAsTheKernels)
     EXPECT_EQ(phone_co.write(fd, "5", 1), 1);
     EXPECT_EQ(content("/sys/class/lamp/level"), "5");
     EXPECT_EQ(phone_co.close(fd), 0);
-    EXPECT_EQ(phone_co.ioctl(phone_co.open("/data/text", O_RDONLY, 0), 0x1234, nullptr), -1);
-    EXPECT_EQ(errno, ENOTTY);
+    EXPECT_EQ(error_of(phone_co.ioctl(phone_co.open("/data/text", O_RDONLY, 0), 0x1234, nullptr)), ENOTTY);
 }
 
 TEST_F(Phone, ShellLines)
@@ -381,9 +377,7 @@ TEST_F(Phone, CallsOfALineAreThoseOfItsThreadsToo)
     phone_co.access("/data/text", F_OK); // outside of a line
     EXPECT_EQ(ask("calls text"),
               "access /data/text\naccess /data/text\naccess /data/text\naccess /data/text2\nok\n");
-    EXPECT_EQ(results[0], 0);
-    EXPECT_EQ(results[1], -1);
-    EXPECT_EQ(results[2], 0);
+    EXPECT_EQ(std::tuple(results[0], results[1], results[2]), std::tuple(0, -1, 0));
     EXPECT_EQ(ask("fail off"), "0 faults were never reached\nok\n");
     ask("calls on");
     ask("calls off");
@@ -481,8 +475,7 @@ TEST_F(Phone, ATimerFiresWhileTheExpiryOfAnotherWaits)
 {
     std::mutex mutex;
     std::condition_variable changed;
-    bool far_fired = false;
-    bool near_saw_it = false;
+    bool far_fired = false, near_saw_it = false;
     const nanoseconds start = clock_now(CLOCK_MONOTONIC);
     const int far = clock_timer_create([&] {
         const std::lock_guard lock(mutex);

@@ -16,6 +16,7 @@
 #include "core/home.h"
 #include "core/table.h"
 #include "core/watch.h"
+#include "phone/bus_steps.h"
 #include "phone/clock_once.h"
 #include "sensors/ak8963.h"
 #include "sensors/apds9930.h"
@@ -97,6 +98,12 @@ struct Sensors : testing::Test {
         EXPECT_TRUE(transfer(addr, {reg}, &bytes));
         return bytes;
     }
+    static void steps(int addr, const std::string& text)
+    {
+        bus_steps(
+            text, [addr](std::uint8_t reg, std::uint8_t value) { write(addr, reg, value); },
+            [addr](std::uint8_t reg) { return read_one(addr, reg); });
+    }
     static int read_one(int addr, std::uint8_t reg) { return read(addr, reg, 1)[0]; }
     static int word(int addr, std::uint8_t reg)
     {
@@ -112,19 +119,18 @@ TEST_F(Sensors, AccelerationHasTheScaleOfItsRangeAndItsOwnError)
 {
     ask("pose 500 -250 1000");
     // -15.625, 15.625 and -39.0625 mg of its own: 484.375, -234.375 and 960.9375
-    const int steps[][5] = {{3, 1024, 496, -240, 984},
+    const int cases[][5] = {{3, 1024, 496, -240, 984},
                             {5, 512, 248, -120, 492},
                             {8, 256, 124, -60, 246},
                             {12, 128, 62, -30, 123}};
-    for (const auto& s : steps) {
+    for (const auto& s : cases) {
         write(accel, 0x0F, static_cast<std::uint8_t>(s[0]));
-        EXPECT_EQ(accel_steps(0x02), s[2]) << s[1];
-        EXPECT_EQ(accel_steps(0x04), s[3]) << s[1];
-        EXPECT_EQ(accel_steps(0x06), s[4]) << s[1];
+        EXPECT_EQ((std::vector{accel_steps(0x02), accel_steps(0x04), accel_steps(0x06)}),
+                  std::vector(s + 2, s + 5))
+            << s[1];
     }
     // An offset is 7.8125 mg at any range: 16 and -8 of them
-    write(accel, 0x38, 16);
-    write(accel, 0x39, 0xF8);
+    steps(accel, "38<10 39<F8");
     EXPECT_EQ(accel_steps(0x02), 78) << "609.375 mg";
     EXPECT_EQ(accel_steps(0x04), -38) << "-296.875 mg";
 }
@@ -143,16 +149,14 @@ TEST_F(Sensors, TheQueueFillsAtItsBandwidthAndEndsWhenItIsFull)
 {
     const nanoseconds periods_us[] = {64000, 32000, 16000, 8000, 4000, 2000, 1000, 500};
     for (std::uint8_t code = 0; code < 8; code++) {
+        SCOPED_TRACE(int{code});
         write(accel, 0x10, static_cast<std::uint8_t>(8 + code));
         write(accel, 0x3E, 0x40);
-        wait_us(3 * periods_us[code] - 1);
-        EXPECT_EQ(read_one(accel, 0x0E), 2) << int{code};
-        wait_us(1);
-        EXPECT_EQ(read_one(accel, 0x0E), 3) << int{code};
-        wait_us(29 * periods_us[code]);
-        EXPECT_EQ(read_one(accel, 0x0E), 32) << int{code};
-        wait_us(periods_us[code]);
-        EXPECT_EQ(read_one(accel, 0x0E), 0x80 + 32) << int{code};
+        const auto filled = [](nanoseconds us) { return wait_us(us), read_one(accel, 0x0E); };
+        EXPECT_EQ(filled(3 * periods_us[code] - 1), 2);
+        EXPECT_EQ(filled(1), 3);
+        EXPECT_EQ(filled(29 * periods_us[code]), 32);
+        EXPECT_EQ(filled(periods_us[code]), 0x80 + 32);
     }
     write(accel, 0x3E, 0x40);
     EXPECT_EQ(read_one(accel, 0x0E), 0) << "a write empties it";
@@ -216,17 +220,7 @@ TEST_F(Sensors, AfterASoftResetTheHalvesDoNotAcknowledgeForAWhile)
 
 TEST_F(Sensors, AMemoryNeedsItsWholeKey)
 {
-    write(accel, 0x35, 0xAA);
-    EXPECT_EQ(read_one(accel, 0x00), 0xFA);
-    write(accel, 0x35, 0x00);
-    write(accel, 0x35, 0xAA);
-    EXPECT_EQ(read_one(accel, 0x00), 0xFA);
-    write(accel, 0x35, 0xAA);
-    EXPECT_EQ(read_one(accel, 0x00), 0x5A);
-    EXPECT_EQ(read_one(accel, 0x1A), 0xA0);
-    EXPECT_EQ(read_one(accel, 0x20), 0x05);
-    write(accel, 0x35, 0x0A);
-    EXPECT_EQ(read_one(accel, 0x00), 0xFA);
+    steps(accel, "35<AA 00=FA 35<00 35<AA 00=FA 35<AA 00=5A 1A=A0 20=05 35<0A 00=FA");
 
     const auto unlock = [](std::uint8_t key) {
         for (const std::uint8_t byte : {std::uint8_t{0x0A}, key, key})
@@ -241,12 +235,9 @@ TEST_F(Sensors, AMemoryNeedsItsWholeKey)
     unlock(0x8A);
     wait_us(499999);
     read_one(gyro, 0x40);
-    EXPECT_EQ(read_one(gyro, 0x40), 0) << "not yet";
+    steps(gyro, "40=00"); // not yet
     wait_us(1);
-    EXPECT_EQ(read_one(gyro, 0x41), 0) << "the first reading";
-    EXPECT_EQ(read_one(gyro, 0x41), 0x30);
-    EXPECT_EQ(read_one(gyro, 0x7D), 0);
-    EXPECT_EQ(read_one(gyro, 0x7D), 0x48);
+    steps(gyro, "41=00 41=30 7D=00 7D=48"); // a first reading gives nothing
     unlock(0xCA);
     EXPECT_EQ(read_one(gyro, 0x7D), control | 0x10);
     write(gyro, 0x7D, static_cast<std::uint8_t>(control));
@@ -257,10 +248,10 @@ TEST_F(Sensors, RatesHaveTheScaleOfTheirRange)
 {
     ask("turn 100 0 0");
     // Its own -41 steps of 125 / 2048 are -2.50244 degrees a second: 97.49756 of them
-    const int steps[] = {1599, 3198, 6396, 12792, 25583};
+    const int wanted[] = {1599, 3198, 6396, 12792, 25583};
     for (std::uint8_t range = 0; range < 5; range++) {
         write(gyro, 0x0F, range);
-        EXPECT_EQ(word(gyro, 0x02), steps[range]) << int{range};
+        EXPECT_EQ(word(gyro, 0x02), wanted[range]) << int{range};
     }
 }
 
@@ -294,9 +285,8 @@ TEST_F(Sensors, TheCompassMeasuresInTwoWidthsAndHidesItsFuses)
         wait_us(1);
         EXPECT_EQ(read_one(compass, 0x02), 1);
         // 6, 12 and -60 uT by 0.6 or 0.15 and 1.171875, 1.1796875 and 1.13671875
-        EXPECT_EQ(word(compass, 0x03), x);
-        EXPECT_EQ(word(compass, 0x05), y);
-        EXPECT_EQ(word(compass, 0x07), z);
+        EXPECT_EQ((std::vector{word(compass, 3), word(compass, 5), word(compass, 7)}),
+                  (std::vector{x, y, z}));
         EXPECT_EQ(read_one(compass, 0x02), 0) << "taken";
         EXPECT_EQ(read_one(compass, 0x09), width);
     }
@@ -306,9 +296,7 @@ TEST_F(Sensors, AnInterruptComesAfterSoManyConversionsOutsideTheThresholds)
 {
     const auto line = [] { return gpio_level(74); };
     // proximity: above 500, three in a row; 6 ms each
-    for (const auto& [reg, value] : {std::pair{0x8A, 0xF4}, std::pair{0x8B, 0x01}, std::pair{0x8C, 0x30},
-                                     std::pair{0x8E, 8}, std::pair{0x8F, 0x20}, std::pair{0x80, 0x25}})
-        write(light, static_cast<std::uint8_t>(reg), static_cast<std::uint8_t>(value));
+    steps(light, "8A<F4 8B<01 8C<30 8E<08 8F<20 80<25");
     ask("near 100");
     wait_us(5999);
     EXPECT_EQ(word(light, 0xB8), 0) << "no conversion yet";
@@ -339,9 +327,7 @@ TEST_F(Sensors, AnInterruptComesAfterSoManyConversionsOutsideTheThresholds)
 TEST_F(Sensors, LightIsValidAfterAConversionAndItsInterruptSharesTheLine)
 {
     // 4 cycles of 2.73 ms; between 10 and 1000, twice in a row
-    for (const auto& [reg, value] : {std::pair{0x81, 252}, std::pair{0x84, 10}, std::pair{0x86, 0xE8},
-                                     std::pair{0x87, 3}, std::pair{0x8C, 0x02}, std::pair{0x80, 0x13}})
-        write(light, static_cast<std::uint8_t>(reg), static_cast<std::uint8_t>(value));
+    steps(light, "81<FC 84<0A 86<E8 87<03 8C<02 80<13");
     wait_us(10919);
     EXPECT_EQ(word(light, 0xB4), 0);
     EXPECT_EQ(read_one(light, 0x93), 0x00);

@@ -3,16 +3,15 @@
 
 #include <asm/ioctls.h>
 #include <asm/termbits.h>
-#include <atomic>
 #include <cerrno>
 #include <fcntl.h>
 #include <string>
-#include <thread>
 
 #include "board/serial_line.h"
 #include "core/control.h"
 #include "core/table.h"
 #include "phone/clock_once.h"
+#include "phone/error_of.h"
 
 namespace {
 
@@ -87,13 +86,10 @@ TEST_F(SerialLine, KeepsItsSettingsWhileItIsClosed)
     fd = phone_co.open(path, O_RDWR | O_NONBLOCK, 0);
     struct termios found {};
     ASSERT_EQ(phone_co.ioctl(fd, TCGETS, &found), 0);
-    EXPECT_EQ(found.c_iflag, static_cast<unsigned>(IGNPAR));
-    EXPECT_EQ(found.c_cflag & CBAUD, static_cast<unsigned>(B460800));
-    EXPECT_EQ(found.c_cc[VMIN], 3);
-    EXPECT_EQ(found.c_cc[VTIME], 4);
+    EXPECT_EQ(std::tuple(found.c_iflag, found.c_cflag & CBAUD, found.c_cc[VMIN], found.c_cc[VTIME]),
+              std::tuple(static_cast<unsigned>(IGNPAR), static_cast<unsigned>(B460800), 3, 4));
     EXPECT_EQ(serial_speed(path), 460800);
-    EXPECT_EQ(phone_co.ioctl(fd, 0x1234, nullptr), -1);
-    EXPECT_EQ(errno, ENOTTY);
+    EXPECT_EQ(error_of(phone_co.ioctl(fd, 0x1234, nullptr)), ENOTTY);
 }
 
 TEST_F(SerialLine, BytesGoOutAtTheSpeedThatWasSetTenBitsAByte)
@@ -116,8 +112,7 @@ TEST_F(SerialLine, AFullLineTakesNoMoreAndAnotherWaits)
     set(B115200, 0, 0);
     const std::string many(5000, 'm');
     EXPECT_EQ(phone_co.write(fd, many.data(), many.size()), 4096);
-    EXPECT_EQ(phone_co.write(fd, "x", 1), -1);
-    EXPECT_EQ(errno, EAGAIN);
+    EXPECT_EQ(error_of(phone_co.write(fd, "x", 1)), EAGAIN);
     const int other = phone_co.open(path, O_RDWR, 0);
     const int ms = step_until_done([&] {
         EXPECT_EQ(phone_co.write(other, "tail", 4), 4);
@@ -133,8 +128,7 @@ TEST_F(SerialLine, AnEmptyLineReadsAsItsSettingsSay)
     char buf[8] = {};
     EXPECT_EQ(phone_co.read(fd, buf, sizeof buf), 0) << "no error with VMIN and VTIME 0";
     set(B9600, 1, 0);
-    EXPECT_EQ(phone_co.read(fd, buf, sizeof buf), -1);
-    EXPECT_EQ(errno, EAGAIN);
+    EXPECT_EQ(error_of(phone_co.read(fd, buf, sizeof buf)), EAGAIN);
     pollfd p{fd, POLLIN, 0};
     EXPECT_EQ(phone_co.poll(&p, 1, 0), 0);
     receive("hello world");

@@ -11,6 +11,7 @@
 #include "core/sockets.h"
 #include "core/table.h"
 #include "core/watch.h"
+#include "phone/error_of.h"
 
 namespace {
 
@@ -75,12 +76,9 @@ struct Sockets : testing::Test {
 
 TEST_F(Sockets, AFamilyThatNobodyHasNeverReachesTheHost)
 {
-    EXPECT_EQ(phone_co.socket(bluetooth, SOCK_RAW | SOCK_CLOEXEC, raw_hci), -1);
-    EXPECT_EQ(errno, EAFNOSUPPORT);
-    EXPECT_EQ(phone_co.hci_open_dev(0), -1);
-    EXPECT_EQ(errno, EAFNOSUPPORT);
-    EXPECT_EQ(phone_co.socket(AF_UNIX, SOCK_STREAM, 0), -1);
-    EXPECT_EQ(errno, EAFNOSUPPORT);
+    EXPECT_EQ(error_of(phone_co.socket(bluetooth, SOCK_RAW | SOCK_CLOEXEC, raw_hci)), EAFNOSUPPORT);
+    EXPECT_EQ(error_of(phone_co.hci_open_dev(0)), EAFNOSUPPORT);
+    EXPECT_EQ(error_of(phone_co.socket(AF_UNIX, SOCK_STREAM, 0)), EAFNOSUPPORT);
     EXPECT_EQ(ask("strange"), "1 socket of family 1\n2 socket of family 31\nok\n");
 }
 
@@ -92,10 +90,8 @@ TEST_F(Sockets, ADeviceClaimsAFamily)
     EXPECT_EQ(phone_co.ioctl(plain, 0x48D3, nullptr), 7);
     EXPECT_EQ(phone_co.close(plain), 0);
     close(far_end);
-    EXPECT_EQ(phone_co.socket(bluetooth, SOCK_STREAM, 0), -1);
-    EXPECT_EQ(errno, EPROTONOSUPPORT);
-    EXPECT_EQ(phone_co.hci_open_dev(1), -1);
-    EXPECT_EQ(errno, ENODEV);
+    EXPECT_EQ(error_of(phone_co.socket(bluetooth, SOCK_STREAM, 0)), EPROTONOSUPPORT);
+    EXPECT_EQ(error_of(phone_co.hci_open_dev(1)), ENODEV);
     close(far_end);
     EXPECT_FALSE(is_open("hci0"));
 
@@ -111,8 +107,7 @@ TEST_F(Sockets, ADeviceClaimsAFamily)
     ASSERT_EQ(read(far_end, packet, sizeof packet), 6);
     EXPECT_EQ(std::string(reinterpret_cast<char*>(packet), 6), std::string("\x01\x05\xFC\x02\x11\x22", 6));
     ask("fail hci_send_cmd hci0");
-    EXPECT_EQ(phone_co.hci_send_cmd(fd, 0x3F, 0x0005, 2, param), -1);
-    EXPECT_EQ(errno, EIO);
+    EXPECT_EQ(error_of(phone_co.hci_send_cmd(fd, 0x3F, 0x0005, 2, param)), EIO);
     ASSERT_EQ(write(far_end, "\x04\x0E", 2), 2);
     ask("calls on");
     ask("fail read hci0 short");

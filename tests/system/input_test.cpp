@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include "client/port_client.h"

@@ -16,9 +16,18 @@
 
 namespace {
 
-TEST(Start, ASecondStartOnTheSameFolderSaysSo)
-{
+struct Start : testing::Test {
     phone_fixture phone;
+};
+
+// What a start says that fails.
+void expect_says(const std::string& said, const std::string& wanted)
+{
+    EXPECT_NE(said.find(wanted), said.npos) << said;
+}
+
+TEST_F(Start, ASecondStartOnTheSameFolderSaysSo)
+{
     ASSERT_EQ(phone.up(), "");
     phone_fixture second;
     const std::string own = second.dir;
@@ -26,16 +35,13 @@ TEST(Start, ASecondStartOnTheSameFolderSaysSo)
     const std::string wrong = second.up();
     second.dir = own;
     const std::string pid = std::to_string(std::atoi(file_text(phone.dir + "/hvt.pid").c_str()));
-    EXPECT_NE(wrong.find("hvt: " + phone.dir + " is already running (process " + pid + "); \"./hvt down " +
-                         phone.dir + "\" stops it"),
-              std::string::npos)
-        << wrong;
+    expect_says(wrong, "hvt: " + phone.dir + " is already running (process " + pid + "); \"./hvt down " +
+                           phone.dir + "\" stops it");
     EXPECT_TRUE(phone.runs());
 }
 
-TEST(Start, WhatLiesInTheFolderSurvives)
+TEST_F(Start, WhatLiesInTheFolderSurvives)
 {
-    phone_fixture phone;
     const std::string state = "/sys/devices/virtual/android_usb/android0/state";
     std::filesystem::create_directories(phone.dir + "/root/sys/class/x");
     std::ofstream(phone.dir + "/root/sys/class/x/y") << "mine";
@@ -48,9 +54,8 @@ TEST(Start, WhatLiesInTheFolderSurvives)
     EXPECT_FALSE(std::filesystem::exists(phone.dir + "/root" + state)) << "a seed is laid once";
 }
 
-TEST(Start, AFolderGetsWhatIsNewSinceItsFirstStart)
+TEST_F(Start, AFolderGetsWhatIsNewSinceItsFirstStart)
 {
-    phone_fixture phone;
     ASSERT_EQ(phone.up(), "");
     ASSERT_EQ(phone.down(), "");
     const std::string state = "/sys/devices/virtual/android_usb/android0/state";
@@ -65,12 +70,10 @@ TEST(Start, AFolderGetsWhatIsNewSinceItsFirstStart)
     EXPECT_EQ(file_text(phone.dir + "/root" + state), "CONFIGURED\n");
 }
 
-TEST(Start, AFolderOfSomebodyElseIsRefused)
+TEST_F(Start, AFolderOfSomebodyElseIsRefused)
 {
-    phone_fixture phone;
     std::ofstream(phone.dir + "/letter.txt") << "mine";
-    EXPECT_NE(phone.up().find("hvt: " + phone.dir + ": isn't a phone's folder: it has files"),
-              std::string::npos);
+    expect_says(phone.up(), "hvt: " + phone.dir + ": isn't a phone's folder: it has files");
     EXPECT_FALSE(std::filesystem::exists(phone.dir + "/hvt.pid"));
     std::filesystem::create_directories(phone.dir + "/root");
     std::filesystem::create_directories(phone.dir + "/etc");
@@ -79,9 +82,8 @@ TEST(Start, AFolderOfSomebodyElseIsRefused)
     EXPECT_EQ(phone.up(), "") << "a folder that a bench has prepared";
 }
 
-TEST(Start, APhoneWhoseFolderIsDeletedEnds)
+TEST_F(Start, APhoneWhoseFolderIsDeletedEnds)
 {
-    phone_fixture phone;
     ASSERT_EQ(phone.up(), "");
     const int pid = std::atoi(file_text(phone.dir + "/hvt.pid").c_str());
     std::filesystem::remove_all(phone.dir);
@@ -93,42 +95,40 @@ TEST(Start, APhoneWhoseFolderIsDeletedEnds)
     EXPECT_EQ(got, "");
 }
 
-TEST(Start, ADamagedFolderIsNamed)
+TEST_F(Start, ADamagedFolderIsNamed)
 {
     for (const char* part : {"root", "units", "log", "hvt.pid"}) {
-        phone_fixture phone;
-        const std::string path = phone.dir + "/" + part;
+        phone_fixture one;
+        const std::string path = one.dir + "/" + part;
         if (std::string(part) == "hvt.pid")
             std::filesystem::create_directory(path);
         else
             std::ofstream(path) << "not a folder";
-        std::ofstream(phone.dir + "/phone.conf") << "\n";
-        const std::string wrong = phone.up();
-        EXPECT_NE(wrong.find("hvt: " + path + ": can't be "), std::string::npos) << part << ": " << wrong;
+        std::ofstream(one.dir + "/phone.conf") << "\n";
+        const std::string wrong = one.up();
+        expect_says(wrong, "hvt: " + path + ": can't be ");
     }
 }
 
-TEST(Start, AnUnwritableFolderIsNamed)
+TEST_F(Start, AnUnwritableFolderIsNamed)
 {
     // Even root can't make a folder in /proc.
-    phone_fixture phone;
     const std::string own = phone.dir;
     phone.dir = "/proc/nobody/phone";
     const std::string wrong = phone.up();
     phone.dir = own;
-    EXPECT_NE(wrong.find("hvt: /proc/nobody/phone: can't be made: "), std::string::npos) << wrong;
+    expect_says(wrong, "hvt: /proc/nobody/phone: can't be made: ");
 }
 
-TEST(Start, AFullDiskIsNamedAndNothingIsLost)
+TEST_F(Start, AFullDiskIsNamedAndNothingIsLost)
 {
-    phone_fixture phone;
     if (mount("none", phone.dir.c_str(), "tmpfs", 0, "size=16k") != 0)
         GTEST_SKIP() << "a small file system can't be mounted here";
     std::filesystem::create_directories(phone.dir + "/root/keep");
     std::ofstream(phone.dir + "/root/keep/this") << "as it was";
     std::ofstream(phone.dir + "/filler") << std::string(1 << 20, 'x');
     const std::string wrong = phone.up();
-    EXPECT_NE(wrong.find("No space left on device"), std::string::npos) << wrong;
+    expect_says(wrong, "No space left on device");
     EXPECT_EQ(file_text(phone.dir + "/root/keep/this"), "as it was");
     // With room again the phone starts and is whole.
     std::filesystem::remove(phone.dir + "/filler");
@@ -142,9 +142,8 @@ TEST(Start, AFullDiskIsNamedAndNothingIsLost)
     umount2(phone.dir.c_str(), MNT_DETACH);
 }
 
-TEST(Start, NobodyButTheOwnerReachesTheControlPort)
+TEST_F(Start, NobodyButTheOwnerReachesTheControlPort)
 {
-    phone_fixture phone;
     const mode_t former = umask(0);
     const std::string wrong = phone.up();
     umask(former);
@@ -154,9 +153,8 @@ TEST(Start, NobodyButTheOwnerReachesTheControlPort)
     EXPECT_EQ(st.st_mode & 07777, 0600u);
 }
 
-TEST(Start, ABatteryThatCantBeWrittenSaysSoAndFollowsLater)
+TEST_F(Start, ABatteryThatCantBeWrittenSaysSoAndFollowsLater)
 {
-    phone_fixture phone;
     ASSERT_EQ(phone.up(), "");
     const std::string voltage = phone.dir + "/root/sys/class/power_supply/battery/voltage_now";
     std::string answer;
@@ -170,12 +168,11 @@ TEST(Start, ABatteryThatCantBeWrittenSaysSoAndFollowsLater)
     std::string reply;
     ASSERT_TRUE(port_send(phone.port, "batc=1\r", reply, 10'000));
     phone.receive(reply, std::string_view("BATC:3700,OK\r\n").size());
-    EXPECT_EQ(reply, "BATC:3700,OK\r\n");
-    EXPECT_EQ(file_text(voltage), "3700000\n");
+    EXPECT_EQ(std::tuple(reply, file_text(voltage)), std::tuple("BATC:3700,OK\r\n", "3700000\n"));
     EXPECT_EQ(phone.down(), "");
 }
 
-TEST(Start, AWrongLineOfPhoneConfIsNamed)
+TEST_F(Start, AWrongLineOfPhoneConfIsNamed)
 {
     const char* const lines[][2] = {
         {"\n# fine\ncolour red\n", "line 3: \"colour\" isn't understood; the keys are battery, "},
@@ -191,32 +188,31 @@ TEST(Start, AWrongLineOfPhoneConfIsNamed)
         {"setting luigi canvas_padding 4294967296\n", "line 1: a number goes to 4294967295"},
     };
     for (const auto& [text, reason] : lines) {
-        phone_fixture phone;
-        std::ofstream(phone.dir + "/phone.conf") << text;
-        const std::string wrong = phone.up();
-        EXPECT_NE(wrong.find("hvt: " + phone.dir + "/phone.conf, " + reason), std::string::npos) << wrong;
+        phone_fixture one;
+        std::ofstream(one.dir + "/phone.conf") << text;
+        const std::string wrong = one.up();
+        expect_says(wrong, "hvt: " + one.dir + "/phone.conf, " + reason);
     }
 }
 
-TEST(Start, TheConsoleIsOnTheSecondPortWhereThereIsOne)
+TEST_F(Start, TheConsoleIsOnTheSecondPortWhereThereIsOne)
 {
     for (const bool second : {false, true}) {
-        phone_fixture phone;
-        std::ofstream(phone.dir + "/phone.conf") << (second ? "with /dev/ttyGS1\n" : "");
-        ASSERT_EQ(phone.up(), "");
+        phone_fixture one;
+        std::ofstream(one.dir + "/phone.conf") << (second ? "with /dev/ttyGS1\n" : "");
+        ASSERT_EQ(one.up(), "");
         std::string answer;
-        ASSERT_TRUE(phone.ask("calls line", answer));
-        ASSERT_GT(write(phone.port, "case?\r", 6), 0);
-        ASSERT_TRUE(phone.ask("idle", answer));
-        ASSERT_TRUE(phone.ask("calls", answer));
+        ASSERT_TRUE(one.ask("calls line", answer));
+        ASSERT_GT(write(one.port, "case?\r", 6), 0);
+        ASSERT_TRUE(one.ask("idle", answer));
+        ASSERT_TRUE(one.ask("calls", answer));
         EXPECT_EQ(answer.substr(0, answer.find('\n')),
                   second ? "write /dev/ttyGS1 = 10" : "write /dev/ttyGS0 = 10");
     }
 }
 
-TEST(Start, ASessionOutlivesARestartAndSaysWhenThePhoneGoesOff)
+TEST_F(Start, ASessionOutlivesARestartAndSaysWhenThePhoneGoesOff)
 {
-    phone_fixture phone;
     ASSERT_EQ(phone.up(), "");
     close(phone.port); // it would take a part of the answers
     phone.port = -1;
@@ -231,9 +227,8 @@ TEST(Start, ASessionOutlivesARestartAndSaysWhenThePhoneGoesOff)
                        "hvt: the phone is off; the rest of the input wasn't sent\n");
 }
 
-TEST(Start, AProgramThatStopsItselfLeavesItsReason)
+TEST_F(Start, AProgramThatStopsItselfLeavesItsReason)
 {
-    phone_fixture phone;
     ASSERT_EQ(phone.up(), "");
     std::string answer;
     ASSERT_TRUE(phone.ask("fail open /proc/version", answer));
@@ -245,9 +240,8 @@ TEST(Start, AProgramThatStopsItselfLeavesItsReason)
     EXPECT_NE(log.find("phone: the program stopped itself: fd >= 0, vers_linux.cpp line "), log.npos) << log;
 }
 
-TEST(Start, WithoutAPortTheProgramRunsOn)
+TEST_F(Start, WithoutAPortTheProgramRunsOn)
 {
-    phone_fixture phone;
     std::ofstream(phone.dir + "/phone.conf") << "without /dev/ttyGS0\n";
     ASSERT_EQ(phone.up(), "");
     std::string answer;

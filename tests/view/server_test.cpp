@@ -5,7 +5,7 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
-#include <poll.h>
+#include <optional>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -38,8 +38,13 @@ std::string ws_head(const view_process& v, const std::string& token, const std::
 
 struct View : testing::Test {
     phone_fixture phone;
+    std::optional<view_process> v;
 
-    void SetUp() override { ASSERT_EQ(phone.up(), ""); }
+    void SetUp() override
+    {
+        ASSERT_EQ(phone.up(), "");
+        v.emplace(phone.dir);
+    }
 
     std::string say(const std::string& request)
     {
@@ -51,9 +56,8 @@ struct View : testing::Test {
 
 TEST_F(View, OnlyItsOwnAddressIsServed)
 {
-    const view_process v(phone.dir);
-    ASSERT_EQ(v.token.size(), 32u);
-    const std::string page = web_get(v, "");
+    ASSERT_EQ(v->token.size(), 32u);
+    const std::string page = web_get(*v, "");
     EXPECT_EQ(status(page), " 200 OK");
     EXPECT_NE(page.find("<title>The phone</title>"), page.npos);
     for (const char* line :
@@ -61,37 +65,33 @@ TEST_F(View, OnlyItsOwnAddressIsServed)
           "referrer-policy: no-referrer\r\n", "x-content-type-options: nosniff\r\n",
           "cache-control: no-store\r\n"})
         EXPECT_NE(page.find(line), page.npos) << line;
-    const std::string host = "Host: " + v.host() + "\r\n";
-    EXPECT_EQ(status(web_request(v.port, "GET / HTTP/1.1\r\n" + host)), forbidden);
-    EXPECT_EQ(status(web_request(v.port, "GET /index.html HTTP/1.1\r\n" + host)), forbidden);
-    EXPECT_EQ(status(web_get(v, "", "Origin: http://evil.example\r\n")), forbidden);
-    EXPECT_EQ(status(web_request(v.port, "GET /" + v.token + "/ HTTP/1.1\r\nHost: evil.example:" +
-                                             std::to_string(v.port) + "\r\n")),
-              forbidden);
-    EXPECT_EQ(
-        status(web_request(v.port, "POST /" + v.token + "/ HTTP/1.1\r\n" + host + "Content-Length: 0\r\n")),
-        forbidden);
-    EXPECT_EQ(web_request(v.port, "GET / HTTP/1.1\r\n" + host, "127.0.0.2"), "refused");
+    const std::string host = "Host: " + v->host() + "\r\n";
+    for (const std::string& head :
+         {"GET / HTTP/1.1\r\n" + host, "GET /index.html HTTP/1.1\r\n" + host,
+          "GET /" + v->token + "/ HTTP/1.1\r\n" + host + "Origin: http://evil.example\r\n",
+          "GET /" + v->token + "/ HTTP/1.1\r\nHost: evil.example:" + std::to_string(v->port) + "\r\n",
+          "POST /" + v->token + "/ HTTP/1.1\r\n" + host + "Content-Length: 0\r\n"})
+        EXPECT_EQ(status(web_request(v->port, head)), forbidden) << head;
+    EXPECT_EQ(web_request(v->port, "GET / HTTP/1.1\r\n" + host, "127.0.0.2"), "refused");
 }
 
 TEST_F(View, APageOfAnotherSiteCanNeitherReadNorDriveThePhone)
 {
-    const view_process v(phone.dir);
-    const std::string own = "Origin: http://" + v.host() + "\r\n";
+    const std::string own = "Origin: http://" + v->host() + "\r\n";
     const std::string other(32, 'a');
-    EXPECT_EQ(status(web_request(v.port, ws_head(v, v.token, ""))), forbidden);
-    EXPECT_EQ(status(web_request(v.port, ws_head(v, v.token, "Origin: http://evil.example\r\n"))), forbidden);
-    EXPECT_EQ(status(web_request(v.port, ws_head(v, other, own))), forbidden);
-    EXPECT_EQ(status(web_request(v.port, ws_head(v, v.token + "/x", own))), forbidden);
+    for (const auto& [token, origin] : {std::pair(v->token, std::string()),
+                                        {v->token, "Origin: http://evil.example\r\n"},
+                                        {other, own},
+                                        {v->token + "/x", own}})
+        EXPECT_EQ(status(web_request(v->port, ws_head(*v, token, origin))), forbidden) << token << origin;
 }
 
 TEST_F(View, TheTokenIsNowhereButInTheAddress)
 {
-    const view_process v(phone.dir);
-    web_get(v, "style.css");
-    EXPECT_EQ(file_text("/proc/" + std::to_string(v.pid) + "/cmdline").find(v.token), std::string::npos);
+    web_get(*v, "style.css");
+    EXPECT_EQ(file_text("/proc/" + std::to_string(v->pid) + "/cmdline").find(v->token), std::string::npos);
     for (const auto& entry : std::filesystem::directory_iterator(phone.dir + "/log"))
-        EXPECT_EQ(file_text(entry.path()).find(v.token), std::string::npos) << entry.path();
+        EXPECT_EQ(file_text(entry.path()).find(v->token), std::string::npos) << entry.path();
     struct stat st {};
     ASSERT_EQ(stat((phone.dir + "/view").c_str(), &st), 0);
     EXPECT_EQ(st.st_mode & 0777, 0700u);
@@ -99,18 +99,17 @@ TEST_F(View, TheTokenIsNowhereButInTheAddress)
 
 TEST_F(View, NoFileOfTheHostCanBeRead)
 {
-    const view_process v(phone.dir);
     const std::string secret = phone.dir + "/secret.raw";
     std::ofstream(secret) << std::string(64, 's');
     for (const char* file :
          {"../../etc/passwd", "..%2f..%2fetc/passwd", "files/../../secret.raw", "files/..%2f..%2fsecret.raw",
           "files//etc/passwd", "files/", "files/.", "/etc/passwd"}) {
-        const std::string answer = web_get(v, file);
+        const std::string answer = web_get(*v, file);
         EXPECT_TRUE(status(answer) == forbidden || status(answer) == " 404 Not Found") << file << answer;
     }
     std::filesystem::create_symlink(secret, phone.dir + "/view/files/link.raw");
-    EXPECT_EQ(status(web_get(v, "files/link.raw")), " 404 Not Found");
-    web_page page(v);
+    EXPECT_EQ(status(web_get(*v, "files/link.raw")), " 404 Not Found");
+    web_page page(*v);
     for (const std::string& named :
          {secret, std::string("../../secret.raw"), std::string("a/../../../secret.raw")})
         EXPECT_TRUE(page.ask("scene 1 " + named + " 4x4").starts_with("error\n")) << named;
@@ -123,13 +122,12 @@ TEST_F(View, NoFileOfTheHostCanBeRead)
     page.send("keep mine.raw");
     page.send(std::string(24, 'm'), true);
     EXPECT_EQ(page.ask("scene 1 mine.raw 4x4"), "ok\n");
-    EXPECT_NE(web_get(v, "files/mine.raw").find("\r\n\r\n" + std::string(24, 'm')), std::string::npos);
+    EXPECT_NE(web_get(*v, "files/mine.raw").find("\r\n\r\n" + std::string(24, 'm')), std::string::npos);
 }
 
 TEST_F(View, WhatAnotherClientChangesIsTold)
 {
-    const view_process v(phone.dir);
-    web_page page(v);
+    web_page page(*v);
     EXPECT_EQ(page.text("phone "), "phone on");
     say("light 33");
     EXPECT_EQ(page.text("word "), "word light 33");
@@ -143,8 +141,7 @@ TEST_F(View, WhatAnotherClientChangesIsTold)
 
 TEST_F(View, AQuietPanelSendsNothingAndAHiddenPageGetsNothing)
 {
-    const view_process v(phone.dir);
-    web_page page(v);
+    web_page page(*v);
     page.send("want screen0");
     EXPECT_EQ(page.picture(), 18 * 60) << "a first picture is whole";
     EXPECT_EQ(page.picture(quiet_ms), -1);
@@ -163,8 +160,7 @@ TEST_F(View, AQuietPanelSendsNothingAndAHiddenPageGetsNothing)
 
 TEST_F(View, TouchesAndKeysReachTheProgram)
 {
-    const view_process v(phone.dir);
-    web_page page(v);
+    web_page page(*v);
     page.send("hand key 116 tap");
     EXPECT_EQ(page.text("word "), "word key 116 tap");
     page.send("hand touch 250 190 tap");
@@ -175,8 +171,7 @@ TEST_F(View, TouchesAndKeysReachTheProgram)
 
 TEST_F(View, TheConsoleLeavesAnotherStationItsBytes)
 {
-    const view_process v(phone.dir);
-    web_page page(v);
+    web_page page(*v);
     page.send("want log port");
     ASSERT_NE(page.text("tail port"), "");
     page.send("type case?"); // the fixture has the port open
@@ -206,8 +201,7 @@ TEST_F(View, TheConsoleLeavesAnotherStationItsBytes)
 
 TEST_F(View, ThePageComesBackWithThePhone)
 {
-    const view_process v(phone.dir);
-    web_page page(v);
+    web_page page(*v);
     EXPECT_EQ(page.text("phone "), "phone on");
     page.send("want screen0");
     EXPECT_GT(page.picture(), 0);
@@ -231,17 +225,15 @@ TEST_F(View, ThePageComesBackWithThePhone)
 
 TEST_F(View, APortThatIsTakenIsLeftForTheNext)
 {
-    const view_process first(phone.dir);
-    const view_process second(phone.dir, first.port);
-    EXPECT_EQ(second.port, first.port + 1);
+    const view_process second(phone.dir, v->port);
+    EXPECT_EQ(second.port, v->port + 1);
     EXPECT_EQ(status(web_get(second, "")), " 200 OK");
-    EXPECT_NE(first.token, second.token);
+    EXPECT_NE(v->token, second.token);
 }
 
 TEST_F(View, WhatIsNoMessageHarmsNobody)
 {
-    const view_process v(phone.dir);
-    web_page page(v);
+    web_page page(*v);
     const char* const wrong[] = {"",        " ",
                                  "seen 9",  "ask",
                                  "ask 1",   "keep",
@@ -254,8 +246,8 @@ TEST_F(View, WhatIsNoMessageHarmsNobody)
     EXPECT_TRUE(page.text("answer 8 ").starts_with("answer 8 error\n"));
     std::string junk = "\xC1\xFE";
     page.send(junk + std::string(70000, '\0'));
-    EXPECT_EQ(status(web_get(v, "")), " 200 OK");
-    web_page other(v);
+    EXPECT_EQ(status(web_get(*v, "")), " 200 OK");
+    web_page other(*v);
     EXPECT_EQ(other.ask("usb"), "ok\non");
 }
 

@@ -162,8 +162,7 @@ void web_page::send(std::string_view text, bool binary) const
 bool web_page::next(std::string& message, bool& binary, int timeout_ms)
 {
     const auto end = steady::now() + std::chrono::milliseconds(timeout_ms);
-    std::size_t head = 0;
-    std::size_t size;
+    std::size_t head = 0, size;
     while ((size = frame_size(got, head)) == 0)
         if (!take(fd, got, left_ms(end)))
             return false;

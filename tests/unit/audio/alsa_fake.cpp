@@ -74,7 +74,7 @@ int freed(const void* p, const char* name)
     return 0;
 }
 
-int granted(const void* p, const char* name)
+int granted(const void* p, const std::string& name)
 {
     return static_cast<int>(called(p, name));
 }
@@ -95,65 +95,28 @@ long alsa_fake_count(const std::string& what)
     return std::count(alsa_fake.log.begin(), alsa_fake.log.end(), what);
 }
 
+// What the module calls of the library, a call a line where one suffices.
+// clang-format off
 extern "C" {
 
-int snd_ctl_open(snd_ctl_t** pp, const char*, int)
-{
-    return made(pp, &ctl, "ctl_open");
-}
-int snd_ctl_close(snd_ctl_t* p)
-{
-    return freed(p, "ctl_close");
-}
-int snd_ctl_elem_info_malloc(snd_ctl_elem_info_t** pp)
-{
-    return made(pp, &info, "info_malloc");
-}
-void snd_ctl_elem_info_free(snd_ctl_elem_info_t* p)
-{
-    freed(p, "info_free");
-}
-int snd_ctl_elem_id_malloc(snd_ctl_elem_id_t** pp)
-{
-    return made(pp, &id, "id_malloc");
-}
-void snd_ctl_elem_id_free(snd_ctl_elem_id_t* p)
-{
-    freed(p, "id_free");
-}
-int snd_ctl_elem_value_malloc(snd_ctl_elem_value_t** pp)
-{
-    return made(pp, &value, "value_malloc");
-}
-void snd_ctl_elem_value_free(snd_ctl_elem_value_t* p)
-{
-    freed(p, "value_free");
-}
+int snd_ctl_open(snd_ctl_t** pp, const char*, int) { return made(pp, &ctl, "ctl_open"); }
+int snd_ctl_close(snd_ctl_t* p) { return freed(p, "ctl_close"); }
+int snd_ctl_elem_info_malloc(snd_ctl_elem_info_t** pp) { return made(pp, &info, "info_malloc"); }
+void snd_ctl_elem_info_free(snd_ctl_elem_info_t* p) { freed(p, "info_free"); }
+int snd_ctl_elem_id_malloc(snd_ctl_elem_id_t** pp) { return made(pp, &id, "id_malloc"); }
+void snd_ctl_elem_id_free(snd_ctl_elem_id_t* p) { freed(p, "id_free"); }
+int snd_ctl_elem_value_malloc(snd_ctl_elem_value_t** pp) { return made(pp, &value, "value_malloc"); }
+void snd_ctl_elem_value_free(snd_ctl_elem_value_t* p) { freed(p, "value_free"); }
 void snd_ctl_elem_id_set_interface(snd_ctl_elem_id_t*, snd_ctl_elem_iface_t) {}
-void snd_ctl_elem_id_set_numid(snd_ctl_elem_id_t* p, unsigned numid)
-{
-    p->numid = numid;
-}
+void snd_ctl_elem_id_set_numid(snd_ctl_elem_id_t* p, unsigned numid) { p->numid = numid; }
 void snd_ctl_elem_info_set_id(snd_ctl_elem_info_t*, const snd_ctl_elem_id_t* p)
 {
     alsa_fake.faults += p->numid == 0 ? 1 : 0; // the real one stops the process
 }
-int snd_ctl_elem_info(snd_ctl_t* p, snd_ctl_elem_info_t*)
-{
-    return granted(p, "elem_info");
-}
-void snd_ctl_elem_value_set_id(snd_ctl_elem_value_t* p, const snd_ctl_elem_id_t* p_id)
-{
-    p->numid = p_id->numid;
-}
-void snd_ctl_elem_value_set_integer(snd_ctl_elem_value_t* p, unsigned, long v)
-{
-    p->value = v;
-}
-void snd_ctl_elem_value_set_boolean(snd_ctl_elem_value_t* p, unsigned, long v)
-{
-    p->value = v;
-}
+int snd_ctl_elem_info(snd_ctl_t* p, snd_ctl_elem_info_t*) { return granted(p, "elem_info"); }
+void snd_ctl_elem_value_set_id(snd_ctl_elem_value_t* p, const snd_ctl_elem_id_t* p_id) { p->numid = p_id->numid; }
+void snd_ctl_elem_value_set_integer(snd_ctl_elem_value_t* p, unsigned, long v) { p->value = v; }
+void snd_ctl_elem_value_set_boolean(snd_ctl_elem_value_t* p, unsigned, long v) { p->value = v; }
 int snd_ctl_elem_write(snd_ctl_t* p, snd_ctl_elem_value_t* v)
 {
     called(p, std::to_string(v->numid) + "=" + std::to_string(v->value));
@@ -165,81 +128,35 @@ int snd_pcm_open(snd_pcm_t** pp, const char*, snd_pcm_stream_t, int)
     pcm.at = 0;
     return made(pp, &pcm, "open");
 }
-int snd_pcm_close(snd_pcm_t* p)
-{
-    return freed(p, "close");
-}
-int snd_pcm_hw_free(snd_pcm_t* p)
-{
-    return granted(p, "hw_free");
-}
-int snd_pcm_hw_params_malloc(snd_pcm_hw_params_t** pp)
-{
-    return made(pp, &params, "params_malloc");
-}
-void snd_pcm_hw_params_free(snd_pcm_hw_params_t* p)
-{
-    freed(p, "params_free");
-}
-int snd_pcm_hw_params_any(snd_pcm_t* p, snd_pcm_hw_params_t*)
-{
-    return granted(p, "any");
-}
-int snd_pcm_hw_params_set_access(snd_pcm_t* p, snd_pcm_hw_params_t*, snd_pcm_access_t access)
-{
-    return granted(p, ("access " + std::to_string(access)).c_str());
-}
-int snd_pcm_hw_params_set_format(snd_pcm_t* p, snd_pcm_hw_params_t*, snd_pcm_format_t format)
-{
-    return granted(p, ("format " + std::to_string(format)).c_str());
-}
+int snd_pcm_close(snd_pcm_t* p) { return freed(p, "close"); }
+int snd_pcm_hw_free(snd_pcm_t* p) { return granted(p, "hw_free"); }
+int snd_pcm_hw_params_malloc(snd_pcm_hw_params_t** pp) { return made(pp, &params, "params_malloc"); }
+void snd_pcm_hw_params_free(snd_pcm_hw_params_t* p) { freed(p, "params_free"); }
+int snd_pcm_hw_params_any(snd_pcm_t* p, snd_pcm_hw_params_t*) { return granted(p, "any"); }
+int snd_pcm_hw_params_set_access(snd_pcm_t* p, snd_pcm_hw_params_t*, snd_pcm_access_t access) { return granted(p, "access " + std::to_string(access)); }
+int snd_pcm_hw_params_set_format(snd_pcm_t* p, snd_pcm_hw_params_t*, snd_pcm_format_t format) { return granted(p, "format " + std::to_string(format)); }
 int snd_pcm_hw_params_set_rate_near(snd_pcm_t* p, snd_pcm_hw_params_t*, unsigned* p_rate, int*)
 {
-    const int result = granted(p, ("rate " + std::to_string(*p_rate)).c_str());
+    const int result = granted(p, "rate " + std::to_string(*p_rate));
     if (alsa_fake.granted_rate != 0)
         *p_rate = alsa_fake.granted_rate;
     return result;
 }
-int snd_pcm_hw_params_set_channels(snd_pcm_t* p, snd_pcm_hw_params_t*, unsigned channels)
-{
-    return granted(p, ("channels " + std::to_string(channels)).c_str());
-}
+int snd_pcm_hw_params_set_channels(snd_pcm_t* p, snd_pcm_hw_params_t*, unsigned channels) { return granted(p, "channels " + std::to_string(channels)); }
 int snd_pcm_hw_params_set_buffer_size_near(snd_pcm_t* p, snd_pcm_hw_params_t*, snd_pcm_uframes_t* p_size)
 {
-    const int result = granted(p, ("ring " + std::to_string(*p_size)).c_str());
+    const int result = granted(p, "ring " + std::to_string(*p_size));
     if (alsa_fake.granted_ring != 0)
         *p_size = alsa_fake.granted_ring;
     return result;
 }
-int snd_pcm_hw_params_set_period_size_near(snd_pcm_t* p, snd_pcm_hw_params_t*, snd_pcm_uframes_t* p_size,
-                                           int*)
-{
-    return granted(p, ("period " + std::to_string(*p_size)).c_str());
-}
-int snd_pcm_hw_params(snd_pcm_t* p, snd_pcm_hw_params_t*)
-{
-    return granted(p, "hw_params");
-}
-int snd_pcm_prepare(snd_pcm_t* p)
-{
-    return granted(p, "prepare");
-}
-int snd_pcm_resume(snd_pcm_t* p)
-{
-    return granted(p, "resume");
-}
-int snd_pcm_drain(snd_pcm_t* p)
-{
-    return granted(p, "drain");
-}
-int snd_pcm_nonblock(snd_pcm_t* p, int on)
-{
-    return granted(p, ("nonblock " + std::to_string(on)).c_str());
-}
-snd_pcm_sframes_t snd_pcm_avail_update(snd_pcm_t* p)
-{
-    return called(p, "avail", alsa_fake.free);
-}
+int snd_pcm_hw_params_set_period_size_near(snd_pcm_t* p, snd_pcm_hw_params_t*, snd_pcm_uframes_t* p_size, int*) { return granted(p, "period " + std::to_string(*p_size)); }
+int snd_pcm_hw_params(snd_pcm_t* p, snd_pcm_hw_params_t*) { return granted(p, "hw_params"); }
+int snd_pcm_prepare(snd_pcm_t* p) { return granted(p, "prepare"); }
+int snd_pcm_resume(snd_pcm_t* p) { return granted(p, "resume"); }
+int snd_pcm_drain(snd_pcm_t* p) { return granted(p, "drain"); }
+int snd_pcm_nonblock(snd_pcm_t* p, int on) { return granted(p, "nonblock " + std::to_string(on)); }
+snd_pcm_sframes_t snd_pcm_avail_update(snd_pcm_t* p) { return called(p, "avail", alsa_fake.free); }
 snd_pcm_sframes_t snd_pcm_writei(snd_pcm_t* p, const void* p_buf, snd_pcm_uframes_t size)
 {
     std::this_thread::sleep_for(std::chrono::microseconds(200)); // a card takes its time
@@ -260,3 +177,4 @@ snd_pcm_sframes_t snd_pcm_readi(snd_pcm_t* p, void* p_buf, snd_pcm_uframes_t siz
     return n;
 }
 }
+// clang-format on

@@ -40,8 +40,19 @@ protected:
     {
         alsa_tgen_stop();
         alsa_auan_stop();
-        EXPECT_EQ(alsa_fake.faults, 0);
-        EXPECT_EQ(alsa_fake.objects, objects);
+        EXPECT_EQ(std::tuple(alsa_fake.faults, alsa_fake.objects), std::tuple(0, objects));
+    }
+
+    // The results of a call's next turns, while the module's threads are at work.
+    static void queue(const char* call, const std::vector<long>& results)
+    {
+        const std::lock_guard lock(alsa_fake_mutex);
+        alsa_fake.results[call] = results;
+    }
+
+    void make_block()
+    {
+        input.buffer.reset(static_cast<std::int16_t*>(std::calloc(7680, sizeof(std::int16_t))));
     }
 
     // Gives the module's threads the host's time until it is so.
@@ -86,8 +97,7 @@ TEST(alsa_controls, each_failing_call_of_the_opening_gives_all_back)
     }
     alsa_ctl_entry route[] = {plain(ALSA_INTEGER, 1, 2, 3, 4), {}};
     EXPECT_EQ(alsa_ctl_set_on(route), 0); // makes up for it
-    EXPECT_EQ(get_alsa_state(), ALSA_STATE_READY);
-    EXPECT_EQ(alsa_fake.objects, 4);
+    EXPECT_EQ(std::tuple(get_alsa_state(), alsa_fake.objects), std::tuple(ALSA_STATE_READY, 4));
     EXPECT_EQ(alsa_fake.faults, 0);
 }
 
@@ -188,7 +198,7 @@ TEST_F(alsa, each_failing_call_of_a_start_gives_all_back)
         EXPECT_EQ(alsa_fake.objects, objects) << call;
         EXPECT_EQ(get_tgen_cfg(), nullptr);
     }
-    input.buffer.reset(static_cast<std::int16_t*>(std::calloc(7680, sizeof(std::int16_t))));
+    make_block();
     for (const char* call : {"open", "params_malloc", "channels 2", "ring 15360", "hw_params", "prepare"}) {
         alsa_fake.results[call] = {-EIO};
         EXPECT_EQ(alsa_auan_start(&input, route, gains), ALSA_FAILED) << call;
@@ -203,7 +213,7 @@ TEST_F(alsa, each_failing_call_of_a_start_gives_all_back)
 
 TEST_F(alsa, the_gain_step_counts_for_a_capture_and_not_for_a_tone)
 {
-    input.buffer.reset(static_cast<std::int16_t*>(std::calloc(7680, sizeof(std::int16_t))));
+    make_block();
     gains[0].values[ALSA_VALUE_SHORT_STEP] = -1;
     EXPECT_EQ(alsa_tgen_start(&output, route, gains), 0);
     EXPECT_EQ(alsa_auan_start(&input, route, gains), ALSA_FAILED);
@@ -236,18 +246,11 @@ TEST_F(alsa, a_tone_recovers_from_every_error)
     }
     ASSERT_TRUE(comes([] { return alsa_fake_count("prepare") == 3; }));
     EXPECT_EQ(alsa_fake_count("resume"), 4);
-    {
-        const std::lock_guard lock(alsa_fake_mutex);
-        alsa_fake.results["avail"] = {
-            -EPIPE, -EPIPE}; // one of them is asked for behind a write, where it doesn't count
-    }
+    queue("avail", {-EPIPE, -EPIPE}); // one of them is asked for behind a write, where it doesn't count
     ASSERT_TRUE(comes([] { return alsa_fake_count("prepare") >= 4; }));
     // a resume that never ends is left when the tone is stopped
-    {
-        const std::lock_guard lock(alsa_fake_mutex);
-        alsa_fake.results["write"] = {-ESTRPIPE};
-        alsa_fake.results["resume"].assign(1'000'000, -EAGAIN);
-    }
+    queue("resume", std::vector<long>(1'000'000, -EAGAIN));
+    queue("write", {-ESTRPIPE});
     ASSERT_TRUE(comes([] { return alsa_fake_count("resume") > 10; }));
     EXPECT_EQ(alsa_tgen_stop(), 0);
 }
@@ -255,15 +258,14 @@ TEST_F(alsa, a_tone_recovers_from_every_error)
 // After n frames the next read goes n samples on: a short read is overlapped by the one behind it.
 TEST_F(alsa, a_short_read_is_overlapped)
 {
-    input.buffer.reset(static_cast<std::int16_t*>(std::calloc(7680, sizeof(std::int16_t))));
+    make_block();
     input.transfer_frames = 10;
     for (std::int16_t i = 1; i <= 20; i++)
         alsa_fake.block.push_back(i);
-    {
-        const std::lock_guard lock(alsa_fake_mutex);
-        alsa_fake.results["read"] = {4, 6};
-        alsa_fake.results["read"].resize(1'000'000, -EIO);
-    }
+    std::vector<long> reads(1'000'000, -EIO);
+    reads[0] = 4;
+    reads[1] = 6;
+    queue("read", reads);
     const std::uint64_t before = plat_fake_now_us();
     ASSERT_EQ(alsa_auan_start(&input, route, gains), 0);
     ASSERT_TRUE(comes([] { return alsa_fake_count("read") >= 4; }));
@@ -277,14 +279,11 @@ TEST_F(alsa, a_short_read_is_overlapped)
 
 TEST_F(alsa, a_capture_that_can_not_be_prepared_again_gives_its_block_up)
 {
-    input.buffer.reset(static_cast<std::int16_t*>(std::calloc(7680, sizeof(std::int16_t))));
+    make_block();
     ASSERT_EQ(alsa_auan_start(&input, route, gains), 0);
     EXPECT_EQ(alsa_auan_start(&input, route, gains), ALSA_FAILED);
-    {
-        const std::lock_guard lock(alsa_fake_mutex);
-        alsa_fake.results["read"].assign(1'000'000, -EPIPE);
-        alsa_fake.results["prepare"].assign(1'000'000, -ENODEV);
-    }
+    queue("prepare", std::vector<long>(1'000'000, -ENODEV));
+    queue("read", std::vector<long>(1'000'000, -EPIPE));
     EXPECT_EQ(alsa_auan_stop(), 0);
     EXPECT_EQ(get_alsa_state(), ALSA_STATE_READY);
 }

@@ -16,6 +16,7 @@
 #include "cfg/cfg.h"
 #include "pin/pin.h"
 #include "plat/plat.h"
+#include "runner/file_text.h"
 #include "unit/audio/alsa_fake.h"
 #include "unit/plat_fake.h"
 #include "unit/runtime/transform_loops.h"
@@ -37,10 +38,7 @@ int open_there(const char* path, int flags, mode_t mode)
 
 std::string content(const char* path)
 {
-    std::ifstream file(place(path));
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
+    return file_text(place(path));
 }
 
 void write(const char* path, const std::string& text)
@@ -104,8 +102,7 @@ bool measure(int n, const std::int16_t* s, double rate, double channels, audio_r
     r = {0, 0, static_cast<std::int32_t>(std::floor(power / 1.5 + 0.5))};
     if (peak < 8 || peak > n / 2 - 8)
         return false;
-    double sum = 0;
-    double weighted = 0;
+    double sum = 0, weighted = 0;
     for (int j = peak - 7; j <= peak + 7; j++) {
         const double p = 2 * std::pow(magnitude(j) / n, 2);
         sum += p;
@@ -116,68 +113,34 @@ bool measure(int n, const std::int16_t* s, double rate, double channels, audio_r
     return true;
 }
 
-// What a word touches of a phone that lacks no route: the slots whose controls it writes, in their order, or
-// whose working value it stores.
+// What a word touches of a phone that lacks no route, by its path: the slots whose controls it writes, in
+// their order, or whose working value it stores. A gain's step 1 is the working value as it is.
 struct touch_row {
     int (*run)(audio_path path);
-    audio_path path;
-    std::vector<int> slots;
+    std::vector<std::pair<audio_path, std::vector<int>>> paths;
 };
 
 // clang-format off
 const touch_row touches[] = {
-    { audio_tgen_start,      0x01010001, {  2,  6 } },
-    { audio_tgen_start,      0x01020001, {  2,  8 } },
-    { audio_tgen_start,      0x01030001, { 10, 12 } },
-    { audio_tgen_start,      0x01040001, { 14, 16 } },
-    { audio_tgen_start,      0x01050001, { 14, 15 } },
-    { audio_tgen_start,      0x01060001, { 14, 17 } },
-    { audio_auan_start,      0x02010001, { 18, 24 } },
-    { audio_auan_start,      0x02020001, { 18, 26 } },
-    { audio_auan_start,      0x02040001, { 35, 36 } },
-    { audio_auan_start,      0x02050001, {        } },
-    { audio_auan_start,      0x02060001, { 18, 28 } },
-    { audio_auan_start,      0x02070001, { 18, 29 } },
-    { audio_tgen_auan_start, 0x03010001, { 14, 15, 30, 31 } },
-    { audio_tgen_auan_start, 0x03020001, { 14, 16, 30, 31 } },
-    { audio_tgen_auan_start, 0x03030001, { 14, 15, 18, 34 } },
-    { audio_tgen_auan_start, 0x03040001, { 14, 16, 18, 33 } },
-    { audio_loopback,        0x0501FFFF, { 11 } },
-    { audio_loopback,        0x0502FFFF, {  5 } },
-    { audio_loopback,        0x0503FFFF, {  4 } },
-    { audio_loopback,        0x0600FFFF, {    } },
-    { audio_loopback,        0x0601FFFF, { 19 } },
-    { audio_loopback,        0x0602FFFF, { 21 } },
-    { audio_loopback,        0x0609FFFF, { 23 } },
-    { audio_loopback,        0x060AFFFF, { 20 } },
-    { audio_loopback,        0x060BFFFF, { 22 } },
-    { audio_loopback,        0x0701FFFF, { 37, 41 } },
-    { audio_loopback,        0x0702FFFF, { 38, 41 } },
-    { audio_loopback,        0x0703FFFF, { 39, 41 } },
-    { audio_loopback,        0x0704FFFF, { 37, 40 } },
-    { audio_loopback,        0x0705FFFF, { 38, 40 } },
-    { audio_loopback,        0x0706FFFF, { 39, 40 } },
-    { audio_loopback,        0x0707FFFF, { 37, 42 } },
-    { audio_loopback,        0x0708FFFF, { 38, 42 } },
-    { audio_loopback,        0x0709FFFF, { 39, 42 } },
-    { audio_tgen_gain,       0x01010500, {  2,  6 } },
-    { audio_tgen_gain,       0x01020500, {  2,  8 } },
-    { audio_tgen_gain,       0x01030500, { 10, 12 } },
-    { audio_tgen_gain,       0x01040500, { 14, 16 } },
-    { audio_tgen_gain,       0x01050500, { 14, 15 } },
-    { audio_auan_gain,       0x02010500, { 18, 24 } },
-    { audio_auan_gain,       0x02020500, { 18, 26 } },
-    { audio_auan_gain,       0x02030500, { 30, 31 } },
-    { audio_auan_gain,       0x02040500, {        } },
-    { audio_tgen_auan_gain,  0x03010505, { 14, 15, 30, 31 } },
-    { audio_tgen_auan_gain,  0x03020505, { 14, 16, 30, 31 } },
-    { audio_tgen_auan_gain,  0x03010105, { 30, 31 } }, // step 1 is the working value as it is
-    { audio_lb_sp_gain,      0x05010500, { 13 } },
-    { audio_lb_sp_gain,      0x05020500, {  9 } },
-    { audio_lb_sp_gain,      0x05030500, {  7 } },
-    { audio_lb_mic_gain,     0x06010500, { 25 } },
-    { audio_lb_mic_gain,     0x06020500, { 27 } },
-    { audio_lb_mic_gain,     0x06090500, { 32 } },
+    { audio_tgen_start, { {0x01010001, {2, 6}}, {0x01020001, {2, 8}}, {0x01030001, {10, 12}},
+        {0x01040001, {14, 16}}, {0x01050001, {14, 15}}, {0x01060001, {14, 17}} } },
+    { audio_auan_start, { {0x02010001, {18, 24}}, {0x02020001, {18, 26}}, {0x02040001, {35, 36}},
+        {0x02050001, {}}, {0x02060001, {18, 28}}, {0x02070001, {18, 29}} } },
+    { audio_tgen_auan_start, { {0x03010001, {14, 15, 30, 31}}, {0x03020001, {14, 16, 30, 31}},
+        {0x03030001, {14, 15, 18, 34}}, {0x03040001, {14, 16, 18, 33}} } },
+    { audio_loopback, { {0x0501FFFF, {11}}, {0x0502FFFF, {5}}, {0x0503FFFF, {4}}, {0x0600FFFF, {}},
+        {0x0601FFFF, {19}}, {0x0602FFFF, {21}}, {0x0609FFFF, {23}}, {0x060AFFFF, {20}}, {0x060BFFFF, {22}},
+        {0x0701FFFF, {37, 41}}, {0x0702FFFF, {38, 41}}, {0x0703FFFF, {39, 41}}, {0x0704FFFF, {37, 40}},
+        {0x0705FFFF, {38, 40}}, {0x0706FFFF, {39, 40}}, {0x0707FFFF, {37, 42}}, {0x0708FFFF, {38, 42}},
+        {0x0709FFFF, {39, 42}} } },
+    { audio_tgen_gain, { {0x01010500, {2, 6}}, {0x01020500, {2, 8}}, {0x01030500, {10, 12}},
+        {0x01040500, {14, 16}}, {0x01050500, {14, 15}} } },
+    { audio_auan_gain, { {0x02010500, {18, 24}}, {0x02020500, {18, 26}}, {0x02030500, {30, 31}},
+        {0x02040500, {}} } },
+    { audio_tgen_auan_gain, { {0x03010505, {14, 15, 30, 31}}, {0x03020505, {14, 16, 30, 31}},
+        {0x03010105, {30, 31}} } },
+    { audio_lb_sp_gain, { {0x05010500, {13}}, {0x05020500, {9}}, {0x05030500, {7}} } },
+    { audio_lb_mic_gain, { {0x06010500, {25}}, {0x06020500, {27}}, {0x06090500, {32}} } },
 };
 // clang-format on
 
@@ -241,6 +204,8 @@ protected:
 std::vector<std::string> audio::lines;
 
 constexpr audio_path stop = 0x02010000;
+
+using results = std::vector<int>;
 
 } // namespace
 
@@ -333,19 +298,14 @@ TEST_F(audio, without_a_driver_all_fails_but_gains_and_a_tone_s_stop)
     audio_co_attach(nullptr);
     audio_result result;
     unsigned value;
-    EXPECT_EQ(audio_tgen_init(0x010003E8), AUDIO_FAILED);
-    EXPECT_EQ(audio_tgen_start(0x01010001), AUDIO_FAILED);
-    EXPECT_EQ(audio_auan_init(0x0201FFFF), AUDIO_FAILED);
-    EXPECT_EQ(audio_auan_start(0x02010001), AUDIO_FAILED);
-    EXPECT_EQ(audio_auan_stop(stop, &result), AUDIO_FAILED);
-    EXPECT_EQ(audio_tgen_auan_start(0x03010001), AUDIO_FAILED);
-    EXPECT_EQ(audio_loopback(0x0600FFFF), AUDIO_FAILED);
-    EXPECT_EQ(audio_reset(0), AUDIO_FAILED);
-    EXPECT_EQ(record_audio(1), AUDIO_FAILED);
-    EXPECT_EQ(audio_read_register(1, &value), AUDIO_FAILED);
-    EXPECT_EQ(audio_tgen_stop(0x01010000), AUDIO_OK);
-    EXPECT_EQ(audio_tgen_gain(0x01010100), AUDIO_OK);
-    EXPECT_EQ(audio_lb_sp_gain(0x05010100), AUDIO_OK);
+    EXPECT_EQ((results{audio_tgen_init(0x010003E8), audio_tgen_start(0x01010001), audio_auan_init(0x0201FFFF),
+                       audio_auan_start(0x02010001), audio_auan_stop(stop, &result),
+                       audio_tgen_auan_start(0x03010001), audio_loopback(0x0600FFFF), audio_reset(0),
+                       record_audio(1), audio_read_register(1, &value)}),
+              results(10, AUDIO_FAILED));
+    EXPECT_EQ(
+        (results{audio_tgen_stop(0x01010000), audio_tgen_gain(0x01010100), audio_lb_sp_gain(0x05010100)}),
+        results(3, AUDIO_OK));
     EXPECT_TRUE(alsa_fake.log.empty());
 }
 
@@ -356,23 +316,21 @@ TEST_F(audio, an_entry_of_the_driver_takes_the_place_of_the_logic)
     own.tgen_start = [](audio_path path) { return path == 0x01090001 ? 5 : 6; };
     own.lb_mic_gain = [](audio_path) { return 7; };
     audio_co_attach(&own);
-    EXPECT_EQ(audio_tgen_start(0x01090001), 5);
-    EXPECT_EQ(audio_lb_mic_gain(0), 7);
-    EXPECT_EQ(audio_reset(0), AUDIO_OK);
-    EXPECT_EQ(audio_dump(nullptr, nullptr), AUDIO_NO_DUMP);
+    EXPECT_EQ((results{audio_tgen_start(0x01090001), audio_lb_mic_gain(0), audio_reset(0),
+                       audio_dump(nullptr, nullptr)}),
+              (results{5, 7, AUDIO_OK, AUDIO_NO_DUMP}));
     alsa_cfg_attach(nullptr);
-    EXPECT_EQ(audio_auan_start(0x02010001), AUDIO_FAILED);
-    EXPECT_EQ(audio_loopback(0x0501FFFF), AUDIO_FAILED);
-    EXPECT_EQ(audio_auan_stop(stop, nullptr), AUDIO_FAILED);
+    EXPECT_EQ(
+        (results{audio_auan_start(0x02010001), audio_loopback(0x0501FFFF), audio_auan_stop(stop, nullptr)}),
+        results(3, AUDIO_FAILED));
 }
 
 TEST_F(audio, a_phone_without_a_speaker_has_no_such_routes)
 {
     audio_wcd9320_init(6, 6);
-    EXPECT_EQ(audio_loopback(0x0502FFFF), AUDIO_FAILED);
-    EXPECT_EQ(audio_tgen_gain(0x01010100), AUDIO_FAILED);
-    EXPECT_EQ(audio_tgen_start(0x01010001), AUDIO_FAILED);
-    EXPECT_EQ(audio_lb_sp_gain(0x05020100), AUDIO_FAILED);
+    EXPECT_EQ((results{audio_loopback(0x0502FFFF), audio_tgen_gain(0x01010100), audio_tgen_start(0x01010001),
+                       audio_lb_sp_gain(0x05020100)}),
+              results(4, AUDIO_FAILED));
     EXPECT_EQ(audio_lb_sp_gain(0x06010100), AUDIO_WRONG_PATH);
 }
 
@@ -382,44 +340,39 @@ TEST_F(audio, each_word_touches_the_slots_of_its_row)
     static alsa_cfg full;
     full = {alsa_cfg_get()->p_output, p_input, {}};
     alsa_cfg_attach(&full);
-    for (const touch_row& row : touches) {
-        for (int slot = 2; slot < ALSA_SLOTS; slot++) {
-            routes[slot][0] = {
-                ALSA_GAIN | ALSA_INTEGER, static_cast<unsigned>(slot), 0, {0, 1, 2, 3, 4, 5}, 0};
-            full.p_route[slot] = routes[slot];
+    for (const auto& [run, paths] : touches)
+        for (const auto& [path, slots] : paths) {
+            for (int slot = 2; slot < ALSA_SLOTS; slot++) {
+                const auto numid = static_cast<unsigned>(slot);
+                routes[slot][0] = {ALSA_GAIN | ALSA_INTEGER, numid, 0, {0, 1, 2, 3, 4, 5}, 0};
+                full.p_route[slot] = routes[slot];
+            }
+            routes[0][0] = routes[1][0] = {0, 0, 0, {0, 1}, 0};
+            alsa_fake_reset();
+            EXPECT_EQ(run(path) == AUDIO_OK, !slots.empty() || path == 0x0600FFFF) << path;
+            alsa_auan_stop();
+            alsa_tgen_stop();
+            EXPECT_EQ(slots_touched(routes), slots) << std::hex << path;
         }
-        routes[0][0] = routes[1][0] = {0, 0, 0, {0, 1}, 0};
-        alsa_fake_reset();
-        EXPECT_EQ(row.run(row.path) == AUDIO_OK, !row.slots.empty() || row.path == 0x0600FFFF) << row.path;
-        alsa_auan_stop();
-        alsa_tgen_stop();
-        EXPECT_EQ(slots_touched(routes), row.slots) << std::hex << row.path;
-    }
 }
 
 TEST_F(audio, codec_files_of_every_kind)
 {
     audio_wcd9320_conf("/codec_reg");
-    unsigned value = 99;
-    EXPECT_EQ(audio_wcd9320_read(0x1b4, &value), -1); // no file
+    const auto read = [](std::uint16_t reg) {
+        unsigned value = 99;
+        return audio_wcd9320_read(reg, &value) == 0 ? static_cast<int>(value) : -1;
+    };
+    EXPECT_EQ(read(0x1b4), -1) << "no file";
     write("/codec_reg", "");
-    EXPECT_EQ(audio_wcd9320_read(0x1b4, &value), -1);
+    EXPECT_EQ(read(0x1b4), -1);
+    // what is no digit counts as 0; a value that is cut short, and a register that isn't there
     write("/codec_reg", "01b3: 11\n01b4: 2x\n01b5: g9\n01b6: 7");
-    EXPECT_EQ(audio_wcd9320_read(0x1b3, &value), 0);
-    EXPECT_EQ(value, 0x11u);
-    // what is no digit counts as 0
-    EXPECT_EQ(audio_wcd9320_read(0x1b4, &value), 0);
-    EXPECT_EQ(value, 0x20u);
-    EXPECT_EQ(audio_wcd9320_read(0x1b5, &value), 0);
-    EXPECT_EQ(value, 0x09u);
-    // a value that is cut short, and a register that isn't there
-    EXPECT_EQ(audio_wcd9320_read(0x1b6, &value), -1);
-    EXPECT_EQ(audio_wcd9320_read(0x1b7, &value), -1);
+    EXPECT_EQ((results{read(0x1b3), read(0x1b4), read(0x1b5), read(0x1b6), read(0x1b7)}),
+              (results{0x11, 0x20, 0x09, -1, -1}));
     // the first 6999 bytes count
     write("/codec_reg", std::string(6991, ' ') + "01b4: a5\n01b5: 11\n");
-    EXPECT_EQ(audio_wcd9320_read(0x1b4, &value), 0);
-    EXPECT_EQ(value, 0xA5u);
-    EXPECT_EQ(audio_wcd9320_read(0x1b5, &value), -1);
+    EXPECT_EQ((results{read(0x1b4), read(0x1b5)}), (results{0xA5, -1}));
 }
 
 TEST_F(audio, a_register_is_written_twice_at_most)
@@ -429,8 +382,7 @@ TEST_F(audio, a_register_is_written_twice_at_most)
     EXPECT_EQ(audio_wcd9320_write(0x101, 0x55), 0);
     EXPECT_EQ(lines, std::vector<std::string>{"echo \"0x101 0x55\" > /codec_reg"});
     EXPECT_EQ(audio_wcd9320_write(0x101, 0x05), -1);
-    EXPECT_EQ(lines.size(), 3u);
-    EXPECT_EQ(lines.back(), "echo \"0x101 0x05\" > /codec_reg");
+    EXPECT_EQ(std::tuple(lines.size(), lines.back()), std::tuple(3u, "echo \"0x101 0x05\" > /codec_reg"));
     const std::uint64_t before = plat_fake_now_us();
     EXPECT_EQ(audio_wcd9320_write_with_delay(0x101, 0x55), 0);
     EXPECT_EQ(plat_fake_now_us() - before, 8000u);

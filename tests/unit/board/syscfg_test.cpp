@@ -1,6 +1,5 @@
 // Every setting of every system mode, against a table of its own; the phone's files are caught in the
 // platform.
-#include <cstdio>
 #include <gtest/gtest.h>
 #include <string>
 

@@ -16,15 +16,14 @@ TEST(Camconf, RecordsAreFoundByTheirFlags)
         << "once more without the probe";
     EXPECT_EQ(camconf_cam_prd_spec_get_first(1, CAMCONF_MODULE), nullptr);
     EXPECT_EQ(camconf_cam_prd_spec_get_first(3, 0), nullptr);
-    EXPECT_EQ(camconf_get_snapshot_rotation(1), 7);
-    EXPECT_EQ(camconf_get_device_number(1), 11);
-    EXPECT_EQ(camconf_get_i2c_address(1), 0x20);
+    EXPECT_EQ(std::tuple(camconf_get_snapshot_rotation(1), camconf_get_device_number(1),
+                         camconf_get_i2c_address(1)),
+              std::tuple(7, 11, 0x20));
     EXPECT_STREQ(camconf_get_i2c_user_interface(1), "/dev/i2c-4");
     // The second camera's module isn't loaded
-    EXPECT_EQ(camconf_get_snapshot_rotation(2), -1);
-    EXPECT_EQ(camconf_get_device_number(2), 0);
-    EXPECT_EQ(camconf_get_snapshot_yuv_format(2), 4);
-    EXPECT_EQ(camconf_adjust_rotation(2, 0), -1);
+    EXPECT_EQ(std::tuple(camconf_get_snapshot_rotation(2), camconf_get_device_number(2),
+                         camconf_get_snapshot_yuv_format(2), camconf_adjust_rotation(2, 0)),
+              std::tuple(-1, 0, 4, -1));
     camconf_prd_spec* table;
     std::uint32_t count;
     ASSERT_EQ(camconf_get_prd_spec(&table, &count), 1);
@@ -62,29 +61,19 @@ TEST(Camera, WithoutADriverNothingIsSupported)
     *camera_get_platform_callout() = {};
     std::uint32_t word = 0;
     std::uint8_t memory[CAMERA_EEPROM_SIZE];
-    EXPECT_EQ(camera_start(1), 0);
-    EXPECT_EQ(camera_stop(), 0);
-    EXPECT_EQ(camera_start_viewfinder({}, 0), 0);
-    EXPECT_EQ(camera_stop_viewfinder(), 0);
-    EXPECT_EQ(camera_take_snapshot({}), 0);
-    EXPECT_EQ(camera_take_raw_snapshot({}), 0);
-    EXPECT_EQ(camera_grab_viewfinder_frame({}), 0);
-    EXPECT_EQ(camera_release_snapshot({}, 0), 0);
-    EXPECT_EQ(camera_start_autofocus(), 0);
-    EXPECT_EQ(camera_stop_autofocus(), 0);
+    using results = std::vector<std::int64_t>;
+    EXPECT_EQ(
+        (results{camera_start(1), camera_stop(), camera_start_viewfinder({}, 0), camera_stop_viewfinder(),
+                 camera_take_snapshot({}), camera_take_raw_snapshot({}), camera_grab_viewfinder_frame({}),
+                 camera_release_snapshot({}, 0), camera_start_autofocus(), camera_stop_autofocus(),
+                 camera_load_firmware("x"), camera_get_firmware_version(), camera_get_isp_version(),
+                 camera_read_rgby(&word), camera_get_eeprom_size(), camera_read_eeprom(&word, memory)}),
+        results(16, 0));
+    EXPECT_EQ((results{camera_test_pattern(1), camera_get_calibration_settings(&word),
+                       camera_set_calibration_settings(&word), camera_get_current_shutter_speed(),
+                       camera_read_luminance(1, &word), camera_check_eeprom()}),
+              results(6, -1));
     EXPECT_EQ(camera_get_autofocus_status(), 5);
-    EXPECT_EQ(camera_test_pattern(1), -1);
-    EXPECT_EQ(camera_load_firmware("x"), 0);
-    EXPECT_EQ(camera_get_firmware_version(), 0u);
-    EXPECT_EQ(camera_get_isp_version(), 0u);
-    EXPECT_EQ(camera_get_calibration_settings(&word), -1);
-    EXPECT_EQ(camera_set_calibration_settings(&word), -1);
-    EXPECT_EQ(camera_get_current_shutter_speed(), -1);
-    EXPECT_EQ(camera_read_luminance(1, &word), -1);
-    EXPECT_EQ(camera_read_rgby(&word), 0);
-    EXPECT_EQ(camera_get_eeprom_size(), 0u);
-    EXPECT_EQ(camera_read_eeprom(&word, memory), 0);
-    EXPECT_EQ(camera_check_eeprom(), -1);
     camera_set_ae_wb_window(1, 2, 3, 4);
     camera_init();
     EXPECT_EQ(camera_read_luminance(1, &word), 0) << "no active camera comes first";
@@ -104,8 +93,7 @@ TEST(Camera, ASnapshotTakesThePlaceOfTheOneBefore)
         return 1;
     };
     co.prepare_snapshot = [](const camconf_sizeconfig*) {
-        camera_desk::asked.push_back("prepare_snapshot");
-        return 0;
+        return camera_desk::asked.push_back("prepare_snapshot"), 0;
     };
     const camconf_sizeconfig yuv = {0, 64, 48, 0}, direct = {5, 64, 48, 5};
     EXPECT_EQ(camera_take_snapshot(yuv), 1);

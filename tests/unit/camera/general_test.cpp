@@ -38,6 +38,12 @@ struct planes {
     }
 };
 
+// Each test finds the parameters as they are at the start.
+struct General : testing::Test {
+    void SetUp() override { camera_general_init(); }
+    void TearDown() override { camera_general_init(); }
+};
+
 constexpr int red_y = 90, red_u = 100, red_v = 210;
 
 std::uint32_t edge_of(const cam_gen_point (&middles)[4], int half = 8, cam_gen_point* p_corners = nullptr)
@@ -65,9 +71,8 @@ bool shows(const std::string& line, std::uint32_t count, std::uint8_t bar, std::
 
 } // namespace
 
-TEST(General, ColoursOfPixels)
+TEST_F(General, ColoursOfPixels)
 {
-    camera_general_init();
     std::uint8_t y = 235, u = 128, v = 128;
     const cam_gen_planes one = {&y, &u, &v};
     const auto rgb = [&](int luma, int cu, int cv) {
@@ -94,14 +99,12 @@ TEST(General, ColoursOfPixels)
     for (const auto& row : rows) {
         const cam_gen_hsv h = camera_general_get_hsv({row.r, row.g, row.b});
         EXPECT_EQ(h.hue, row.hue) << int{row.r} << "," << int{row.g} << "," << int{row.b};
-        EXPECT_EQ(h.saturation, row.saturation);
-        EXPECT_EQ(h.value, row.value);
+        EXPECT_EQ(std::tuple(h.saturation, h.value), std::tuple(row.saturation, row.value));
     }
 }
 
-TEST(General, EachLimitHasItsDefaultAndItsWidth)
+TEST_F(General, EachLimitHasItsDefaultAndItsWidth)
 {
-    camera_general_init();
     constexpr int no = -1;
     const int defaults[80] = {
         20,  50, 5,  no, no, no, no, no, no, no, no, no, no, no, no, no, // 16
@@ -123,12 +126,10 @@ TEST(General, EachLimitHasItsDefaultAndItsWidth)
         camera_general_get_param(id, &value);
         EXPECT_EQ(value, id == 18 ? 0x1234Fu : 0x4Fu) << id;
     }
-    camera_general_init();
 }
 
-TEST(General, TheFramesShape)
+TEST_F(General, TheFramesShape)
 {
-    camera_general_init();
     struct {
         const char* what;
         cam_gen_point middles[4];
@@ -153,9 +154,8 @@ TEST(General, TheFramesShape)
     }
 }
 
-TEST(General, RunsOfRed)
+TEST_F(General, RunsOfRed)
 {
-    camera_general_init();
     // A block counts when its run is longer than 5 and ends inside its rectangle, 128 x 96.
     EXPECT_EQ(edge_of({{60, 45}, {580, 45}, {60, 435}, {580, 435}}, 3), 0u);
     camera_general_set_param(18, 6);
@@ -169,12 +169,10 @@ TEST(General, RunsOfRed)
     camera_general_set_param(17, 0);
     camera_general_set_param(16, 255);
     EXPECT_EQ(edge_of({{60, 45}, {580, 45}, {60, 435}, {580, 435}}), 0xF10u) << "everything is red";
-    camera_general_init();
 }
 
-TEST(General, RedIsWhatExceedsBothOtherColoursByTheLimit)
+TEST_F(General, RedIsWhatExceedsBothOtherColoursByTheLimit)
 {
-    camera_general_init();
     for (const int luma : {60, 90, 150})
         for (const int cu : {60, 90, 100, 128, 140})
             for (const int cv : {150, 180, 210, 250}) {
@@ -191,12 +189,10 @@ TEST(General, RedIsWhatExceedsBothOtherColoursByTheLimit)
                 camera_general_set_param(17, static_cast<std::uint32_t>(excess + 1));
                 EXPECT_EQ(cam_gen_edge_do_test(p.data), 0xF10u) << luma << "," << cu << "," << cv;
             }
-    camera_general_init();
 }
 
-TEST(General, PatchesAtBothSidesOfTheirLimits)
+TEST_F(General, PatchesAtBothSidesOfTheirLimits)
 {
-    camera_general_init();
     planes p(1020, 1020); // a frame of 1000 x 1000
     // Hue, saturation and value of a colour that stands in all patches: (200, 100, 100) by the pixel formula
     const cam_gen_rgb seen = [&] {
@@ -230,12 +226,10 @@ TEST(General, PatchesAtBothSidesOfTheirLimits)
         EXPECT_EQ(word(first + 1, off), 0u) << i;
         EXPECT_EQ(word(first + 1, off - 1), bit | 0x10) << i;
     }
-    camera_general_init();
 }
 
-TEST(General, PatchesLieInTheirPlaces)
+TEST_F(General, PatchesLieInTheirPlaces)
 {
-    camera_general_init();
     // White, 254 of 255, to the pixel: a line of black in it makes 98 percent of 99.
     for (const std::uint32_t least : {33, 37, 41, 45})
         camera_general_set_param(least, 99);
@@ -258,12 +252,10 @@ TEST(General, PatchesLieInTheirPlaces)
             p.box(line[0], line[1], line[2], line[3], 235);
         }
     }
-    camera_general_init();
 }
 
-TEST(General, FlareLinesLieInTheirPlaces)
+TEST_F(General, FlareLinesLieInTheirPlaces)
 {
-    camera_general_init();
     // Lines of 130 and 170 pixels of a frame that is 1001 wide: bars and gaps of 6 at least. The third gap is
     // known with the line's last pixel, and a fourth bar begins behind it.
     struct {
@@ -286,7 +278,7 @@ TEST(General, FlareLinesLieInTheirPlaces)
     EXPECT_EQ(word(6, 5), 0xF10u) << "the dark start too short";
 }
 
-TEST(General, BarsOfALine)
+TEST_F(General, BarsOfALine)
 {
     EXPECT_TRUE(shows("...###...###...###....", 3, 2, 2));
     EXPECT_FALSE(shows("...###...###..........", 3, 2, 2));
@@ -306,7 +298,7 @@ TEST(General, BarsOfALine)
     EXPECT_TRUE(shows(".#.#.#...", 3, 0, 0)) << "least widths count from 1";
 }
 
-TEST(General, ContrastOfLines)
+TEST_F(General, ContrastOfLines)
 {
     constexpr std::int32_t width = 100, height = 60;
     const auto passes = [](int dark, int bright, int count, std::uint32_t wanted, std::uint8_t least) {
@@ -333,9 +325,8 @@ TEST(General, ContrastOfLines)
         << "each dark stretch is just too short";
 }
 
-TEST(General, BlocksOfLinesLieInTheirPlaces)
+TEST_F(General, BlocksOfLinesLieInTheirPlaces)
 {
-    camera_general_init();
     // Blocks of 200 x 120, from the corner inwards. In one row, and those beside it: bright up to `start`, a
     // dark stretch, then lines of which the fourth is the block's last column.
     constexpr int dark = 16, bright = 95; // two of three rows don't reach 70
@@ -363,10 +354,9 @@ TEST(General, BlocksOfLinesLieInTheirPlaces)
     EXPECT_EQ(word(40, 118), 0x1010u);
     camera_general_set_param(82, 4);
     EXPECT_EQ(word(40, 118), 0x1F10u);
-    camera_general_init();
 }
 
-TEST(General, ContrastsBehindABadOneStayForTheNextRow)
+TEST_F(General, ContrastsBehindABadOneStayForTheNextRow)
 {
     // Row 2 of six has lines of 20, 73, 73, 73 percent, row 0 one of 73.
     std::vector<std::uint8_t> block(200 * 60, 16);
@@ -385,9 +375,8 @@ TEST(General, ContrastsBehindABadOneStayForTheNextRow)
     EXPECT_FALSE(cam_gen_chk_ctf(block.data(), {200, 60}, 5, 40));
 }
 
-TEST(General, TheRampMayBowButNotTurn)
+TEST_F(General, TheRampMayBowButNotTurn)
 {
-    camera_general_init();
     const auto word = [](double bow, double swing, int at, double jump) {
         planes p(420, 420);
         // The line is measured from a quarter of the frame to three quarters: 110 to 310, at 0.28 of its
@@ -423,9 +412,8 @@ TEST(General, TheRampMayBowButNotTurn)
     EXPECT_EQ(cam_gen_solarization_do_test(p.data), 1u);
 }
 
-TEST(General, TheRampIsReadFromOneColumnAndFiveRows)
+TEST_F(General, TheRampIsReadFromOneColumnAndFiveRows)
 {
-    camera_general_init();
     // Column 10 + 0.28 * 400, rows 110 to 310 and two more at either end
     const auto word = [](int column, int first, int last) {
         planes p(420, 420);
@@ -443,7 +431,7 @@ TEST(General, TheRampIsReadFromOneColumnAndFiveRows)
     EXPECT_EQ(cam_gen_solarization_do_test(bent.data), 5u);
 }
 
-TEST(General, PlanesOfBothLayoutsAndWhatIsRefused)
+TEST_F(General, PlanesOfBothLayoutsAndWhatIsRefused)
 {
     // Each sample says where it is: brightness 1 to 8, U 20 on, V 40 on.
     const std::uint8_t packed[] = {1, 20, 2, 40, 3, 21, 4, 41, 5, 22, 6, 42, 7, 23, 8, 43};

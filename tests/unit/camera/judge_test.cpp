@@ -5,6 +5,10 @@
 
 namespace {
 
+struct Pn9 : testing::Test {
+    void SetUp() override { camera_pn9_init(); }
+};
+
 // The sequence by its recurrence: bit n + 9 is bit n exclusive-or bit n + 5; eight bits a pixel, the first
 // lowest.
 std::vector<std::uint16_t> sequence()
@@ -58,16 +62,14 @@ std::vector<std::uint16_t> stream(std::size_t from, std::size_t count = 1200)
 
 } // namespace
 
-TEST(Pn9, TheTableIsTheSequence)
+TEST_F(Pn9, TheTableIsTheSequence)
 {
-    camera_pn9_init();
     const auto table = camera_pn9_table();
     EXPECT_EQ(std::vector<std::uint16_t>(table.begin(), table.end()), sequence());
 }
 
-TEST(Pn9, AWalkFindsItsPlaceAndCountsWhatIsWrong)
+TEST_F(Pn9, AWalkFindsItsPlaceAndCountsWhatIsWrong)
 {
-    camera_pn9_init();
     for (std::size_t from = 0; from < 511; from++)
         EXPECT_EQ(packed_picture(stream(from), 40).errors(), 0) << "begins at " << from;
     auto wrong = stream(100);
@@ -84,9 +86,8 @@ TEST(Pn9, AWalkFindsItsPlaceAndCountsWhatIsWrong)
         << "only rows that aren't looked at";
 }
 
-TEST(Pn9, DroppedAndDoubledPixels)
+TEST_F(Pn9, DroppedAndDoubledPixels)
 {
-    camera_pn9_init();
     for (std::size_t at = 300; at < 420; at += 7) {
         auto dropped = stream(0);
         dropped.erase(dropped.begin() + static_cast<std::ptrdiff_t>(at));
@@ -101,13 +102,11 @@ TEST(Pn9, DroppedAndDoubledPixels)
     }
 }
 
-TEST(Pn9, PixelsBehindTheBytesAreNotRead)
+TEST_F(Pn9, PixelsBehindTheBytesAreNotRead)
 {
-    camera_pn9_init();
     const std::vector<std::uint8_t> bytes = {0xAB, 0xCD, 0xEF};
     const camera_snapshot s = {0, 2, 100, const_cast<std::uint8_t*>(bytes.data()), 3};
-    EXPECT_EQ(getBufPN9(s, 0, 0), 0xABF >> 2);
-    EXPECT_EQ(getBufPN9(s, 1, 0), 0xCDE >> 2);
+    EXPECT_EQ(std::tuple(getBufPN9(s, 0, 0), getBufPN9(s, 1, 0)), std::tuple(0xABF >> 2, 0xCDE >> 2));
     EXPECT_EQ(getBufPN9(s, 0, 1), 0);
     std::int32_t errors = 0;
     EXPECT_EQ(pn9_checkTestPattern(s, UINT32_MAX, &errors), 1);
@@ -161,17 +160,12 @@ TEST(Judge, IntensityOfEachLayout)
                    : std::pair(-1, -1);
     };
     using pair = std::pair<int, int>;
-    EXPECT_EQ(mean(0, 1), pair(20, 64));
-    EXPECT_EQ(mean(0, 2), pair(20, 0));
-    EXPECT_EQ(mean(0, 3), pair(40, 64));
-    EXPECT_EQ(mean(1, 1), pair(30, 64));
-    EXPECT_EQ(mean(1, 2), pair(10, 0));
-    EXPECT_EQ(mean(1, 3), pair(30, 64));
-    EXPECT_EQ(mean(2, 1), pair(25, 64));
-    EXPECT_EQ(mean(2, 2), pair(25, 16));
-    EXPECT_EQ(mean(3, 1), pair(-1, -1));
-    EXPECT_EQ(mean(0, 0), pair(-1, -1));
-    EXPECT_EQ(mean(0, 4), pair(-1, -1));
+    EXPECT_EQ((std::vector{mean(0, 1), mean(0, 2), mean(0, 3)}),
+              (std::vector<pair>{{20, 64}, {20, 0}, {40, 64}}));
+    EXPECT_EQ((std::vector{mean(1, 1), mean(1, 2), mean(1, 3)}),
+              (std::vector<pair>{{30, 64}, {10, 0}, {30, 64}}));
+    EXPECT_EQ((std::vector{mean(2, 1), mean(2, 2)}), (std::vector<pair>{{25, 64}, {25, 16}}));
+    EXPECT_EQ((std::vector{mean(3, 1), mean(0, 0), mean(0, 4)}), std::vector(3, pair(-1, -1)));
 }
 
 TEST(Judge, FocusAndAlignmentOfALayoutWithAStep)
@@ -183,16 +177,11 @@ TEST(Judge, FocusAndAlignmentOfALayoutWithAStep)
     const camera_snapshot s = {5, 128, 64, bytes.data(), static_cast<std::uint32_t>(bytes.size())};
     camera_focus_result f;
     EXPECT_EQ(camera_focus_do_test(6, &f, &s, 60, 0, 8, 64), 1);
-    EXPECT_EQ(f.max, 160u);
-    EXPECT_EQ(f.min, 40u);
-    EXPECT_EQ(f.measure, 600u);
+    EXPECT_EQ(std::tuple(f.max, f.min, f.measure), std::tuple(160u, 40u, 600u));
     EXPECT_EQ(camera_focus_do_test(4, &f, &s, 0, 0, 0, 0), 0);
     camera_alignment_result a;
     EXPECT_EQ(camera_alignment_test({10, 12, 160}, &a, &s), 0) << "the left column has nothing bright";
     EXPECT_EQ(camera_alignment_test({10, 12, 40}, &a, &s), 1);
-    EXPECT_EQ(a.angle, 0.0);
-    EXPECT_EQ(a.top_x, 10u);
-    EXPECT_EQ(a.bottom_y, 52u);
-    EXPECT_EQ(a.right_x, 118u);
-    EXPECT_EQ(a.left_y, 12u);
+    EXPECT_EQ(std::tuple(a.angle, a.top_x, a.bottom_y, a.right_x, a.left_y),
+              std::tuple(0.0, 10u, 52u, 118u, 12u));
 }

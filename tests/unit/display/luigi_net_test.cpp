@@ -1,7 +1,6 @@
 // The scripts' bridge to another instance, against a peer that answers in every way that a network can; and
 // the queue before the scripts, when it is full.
 #include <chrono>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>

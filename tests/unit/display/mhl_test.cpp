@@ -198,21 +198,19 @@ TEST_F(Bridge, TheDataLine)
                          "0 ? 4D 12 81",  "0 4D 12 C1",     "0 /sys/hvt/hvt-hdmi/i2c_a0",
                          "0 ? 64 08 04",  "0 ? 64 0B 01"};
     EXPECT_EQ(record, wanted);
-    registers[0x6408] = 0xFB;
-    EXPECT_EQ(run(mhl_run_ddc_test), "1 0");
-    registers[0x6408] = 0x04;
-    registers[0x640B] = 0xFE;
-    EXPECT_EQ(run(mhl_run_ddc_test), "1 0");
-    registers[0x640B] = 0x01;
+    for (const auto& [reg, wrong] : {std::pair{0x6408, 0xFB}, {0x640B, 0xFE}}) {
+        const std::uint8_t right = std::exchange(registers[reg], static_cast<std::uint8_t>(wrong));
+        EXPECT_EQ(run(mhl_run_ddc_test), "1 0") << reg;
+        registers[reg] = right;
+    }
     for (const int reg : {0x4D12, 0x6408, 0x640B}) {
         failing_reg = reg;
         EXPECT_EQ(run(mhl_run_ddc_test), "1 0") << reg;
     }
     failing_reg = 0;
-    for (failing_write = 1; failing_write <= 2;) {
-        const int which = failing_write;
+    for (const int which : {1, 2}) {
+        failing_write = which;
         EXPECT_EQ(run(mhl_run_ddc_test), "1 0") << which;
-        failing_write = which + 1;
     }
 }
 

@@ -6,9 +6,7 @@
 #include <vector>
 
 struct panel_shape {
-    unsigned width, height;
-    unsigned bits = 32;
-    unsigned pages = 1;
+    unsigned width, height, bits = 32, pages = 1;
     unsigned line_padding = 0; // bytes between two rows
     fb_bitfield red = {16, 8, 0}, green = {8, 8, 0}, blue = {0, 8, 0};
 };

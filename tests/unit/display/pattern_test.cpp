@@ -2,11 +2,11 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "dcp/dcp.h"
 #include "f_screen/f_screen.h"
 #include "screen/screen.h"
 #include "unit/display/panel_fake.h"
 #include "unit/display/plain_canvas.h"
+#include "unit/line_spy.h"
 
 namespace {
 
@@ -221,17 +221,11 @@ void plain(plain_canvas& c, uint32_t mode)
     }
 }
 
-int send(std::string line)
+int send(const std::string& line)
 {
-    dcp_init();
+    line_spy spy;
     f_screen_init();
-    dcp_client silent = {0, [](dcp_client*, int, int, const char*) {},
-                         [](dcp_client*, void*, std::size_t, dcp_bin_cb, void*) {},
-                         [](dcp_client*, const void*, std::size_t, dcp_bin_cb, void*) {}, "silent"};
-    const int id = dcp_clnt_add(&silent);
-    const int status = dcp_parse(id, line.data());
-    dcp_clnt_rem(id);
-    return status;
+    return spy.say(line.c_str());
 }
 
 TEST(Pattern, EveryOneIsItsPlainRule)

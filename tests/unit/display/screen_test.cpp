@@ -197,18 +197,14 @@ TEST(Screen, TextIsItsGlyphsAtEveryScaleAndPlace)
 
 TEST(ScreenLinux, TheOtherDepthsGetTheSameFiguresInTheirLayout)
 {
-    const fb_bitfield red5 = {11, 5, 0}, green6 = {5, 6, 0}, blue5 = {0, 5, 0};
+    const fb_bitfield red5 = {11, 5, 0}, green6 = {5, 6, 0};
+    // clang-format off
     const panel_shape layouts[] = {
-        {.width = 239,
-         .height = 41,
-         .bits = 16,
-         .line_padding = 6,
-         .red = red5,
-         .green = green6,
-         .blue = blue5},
+        {.width = 239, .height = 41, .bits = 16, .line_padding = 6, .red = red5, .green = green6, .blue = {0, 5, 0}},
         {.width = 239, .height = 41, .bits = 24, .line_padding = 3},
         {.width = 239, .height = 41, .red = {0, 8, 0}, .green = {8, 8, 0}, .blue = {24, 6, 0}},
     };
+    // clang-format on
     for (const panel_shape& shape : layouts) {
         plain_canvas plain(shape.width, shape.height, 0x00FE12);
         plain.line(3, 1, 200, 38, 0xF8765A);
@@ -298,8 +294,7 @@ TEST(ScreenLinux, AVideoModeIsSetOnceWithItsTimingsInTheirPlaces)
         std::memcpy(words.data(), &v, sizeof v);
         const std::size_t at = offsetof(fb_var_screeninfo, rotate) / 4 + 1;
         EXPECT_EQ((std::vector(&words[at], &words[at] + 5)), (std::vector<uint32_t>{7, 0, 0, 0, r.told_id}));
-        EXPECT_EQ(v.xoffset + v.yoffset, 0u);
-        EXPECT_EQ(v.activate, 192u);
+        EXPECT_EQ(std::tuple(v.xoffset + v.yoffset, v.activate), std::tuple(0u, 192u));
     }
     screen_control(SCREEN_CONTROL_BLANK, 0);
     ASSERT_EQ(screen_control(SCREEN_CONTROL_MODE, 99), 0);

@@ -7,29 +7,14 @@
 
 namespace {
 
-int measured_mv;
-int measured_ma;
-int known_type;
+int measured_mv, measured_ma, known_type;
 
-int read_mv(int* p_mv)
-{
-    *p_mv = measured_mv;
-    return 1;
-}
-
-int read_ma(int* p_ma)
-{
-    *p_ma = measured_ma;
-    return 1;
-}
-
-int read_type(int* p_type)
-{
-    *p_type = known_type;
-    return 1;
-}
-
-constexpr battery_co spy = {read_mv, read_ma, nullptr, read_type, nullptr, nullptr};
+constexpr battery_co spy = {[](int* p) { return *p = measured_mv, 1; },
+                            [](int* p) { return *p = measured_ma, 1; },
+                            nullptr,
+                            [](int* p) { return *p = known_type, 1; },
+                            nullptr,
+                            nullptr};
 
 struct Battery : testing::Test {
     Battery()
@@ -55,14 +40,12 @@ struct Battery : testing::Test {
 };
 
 struct at_rest {
-    int mv;
-    int percent;
+    int mv, percent;
 };
 
 struct cell_case {
     const char* name;
-    std::uint32_t algorithm;
-    std::uint32_t model;
+    std::uint32_t algorithm, model;
     int type;
     std::vector<at_rest> points;
 };
@@ -122,8 +105,7 @@ TEST_F(Battery, ValuesThatAreGivenTakeThePlaceOfTheMeasurement)
     set(1, 3, 135);
     int percent = 0;
     // the largest numbers that a line can hold
-    int mv = INT32_MAX;
-    int ma = INT32_MAX;
+    int mv = INT32_MAX, ma = INT32_MAX;
     EXPECT_EQ(battery_read_capacity(&percent, &mv, &ma), 1);
     EXPECT_EQ(percent, 100);
     ma = INT32_MIN;

@@ -33,6 +33,12 @@ int note(Values... values)
     return result;
 }
 
+int tell(const std::string& text)
+{
+    called = text;
+    return result;
+}
+
 int give_bytes(const std::uint8_t* p_bytes, std::size_t count, std::uint8_t* p_out, std::size_t* p_count)
 {
     called = count > 0 ? std::to_string(p_bytes[0]) + ".." + std::to_string(p_bytes[count - 1]) : "none";
@@ -64,19 +70,24 @@ struct Drivers : testing::Test {
         called.clear();
     }
 
-    // What a line is answered, with `gives` as the driver's result: its lines and its status.
-    std::string answer(const char* line, int gives = 0)
+    // Rows "LINE -> ANSWER", or "LINE -> ANSWER; the values that the driver was given", with `gives` as the
+    // driver's result. An answer is its lines, a bar behind each, and its status.
+    void expect(std::initializer_list<std::string_view> rows, int gives = 0)
     {
-        result = gives;
-        const int status = spy.say(line);
-        std::string text;
-        for (const std::string& shown : spy.lines)
-            text += shown + "|";
-        return text + std::to_string(status);
+        for (const std::string_view row : rows) {
+            const std::size_t arrow = row.find(" -> ");
+            ASSERT_NE(arrow, row.npos) << row;
+            result = gives;
+            const int status = spy.say(std::string(row.substr(0, arrow)).c_str());
+            std::string got;
+            for (const std::string& shown : spy.lines)
+                got += shown + "|";
+            got += std::to_string(status);
+            if (row.find("; ", arrow) != row.npos)
+                got += "; " + called;
+            EXPECT_EQ(got, row.substr(arrow + 4)) << row;
+        }
     }
-
-    // The same, and the values that the driver was given.
-    std::string told(const char* line, int gives = 0) { return answer(line, gives) + "; " + called; }
 };
 
 bt_co full_bt()
@@ -107,15 +118,11 @@ TEST_F(Drivers, RowsThatABluetoothDriverLacksAreNotFound)
     f_bt_init();
     bt_attach(&co);
     EXPECT_EQ(bt_reset(), BT_NOT_IMPLEMENTED);
-    EXPECT_EQ(answer("bthr=1"), "bthr: |3");
-    EXPECT_EQ(answer("bsrx=1,0,3"), "bsrx: |3");
-    EXPECT_EQ(answer("bsrx=0,0"), "bsrx: |3");
-    EXPECT_EQ(answer("bwcx=1"), "bwcx:|3");
-    EXPECT_EQ(answer("pint"), "pint:0xFF,0xFF,0xFF|1");
+    expect({"bthr=1 -> bthr: |3", "bsrx=1,0,3 -> bsrx: |3", "bsrx=0,0 -> bsrx: |3", "bwcx=1 -> bwcx:|3",
+            "pint -> pint:0xFF,0xFF,0xFF|1"});
     // without the chip's defaults those of the commands hold, and values go behind them in their order
-    EXPECT_EQ(told("bstx=3"), "bstx: |0; 3 15 0 0 0");
-    EXPECT_EQ(told("bwtx=3,2,1,0,7"), "bwtx: |0; 0 3 2 1024 7 1");
-    EXPECT_EQ(told("bwtx"), "bwtx: |0; 0 0 0 1024 15 4");
+    expect({"bstx=3 -> bstx: |0; 3 15 0 0 0", "bwtx=3,2,1,0,7 -> bwtx: |0; 0 3 2 1024 7 1",
+            "bwtx -> bwtx: |0; 0 0 0 1024 15 4"});
 }
 
 TEST_F(Drivers, WhatAnotherBluetoothDriverCouldDo)
@@ -126,22 +133,16 @@ TEST_F(Drivers, WhatAnotherBluetoothDriverCouldDo)
     bt_init();
     f_bt_init();
     bt_attach(&co);
-    EXPECT_EQ(answer("bthr=1"), "bthr: |0");
-    EXPECT_EQ(answer("btse=\"file\"", BT_NO_FILE), "btse:File not found.|1");
-    EXPECT_EQ(told("btse=\"file\""), "btse: |0; 4");
-    EXPECT_EQ(answer("blrx=5"), "blrx:-61|0");
-    EXPECT_EQ(answer("rwbt"), "rwbt:0x010203FDFEFF|0");
-    EXPECT_EQ(told("rwbt=1,\"0xAb0000000012\""), "rwbt: |0; 171 18");
-    EXPECT_EQ(told("rwbt=2"), "rwbt: |0; 1 255 6");
-    EXPECT_EQ(told("rwbt=4,\"ab0000000013\""), "rwbt: |0; 171 19 6");
-    EXPECT_EQ(answer("btscan=3", BT_NOT_IMPLEMENTED), "btscan:Not implemented|3");
+    expect({"bthr=1 -> bthr: |0"});
+    expect({"btse=\"file\" -> btse:File not found.|1"}, BT_NO_FILE);
+    expect({"btse=\"file\" -> btse: |0; 4", "blrx=5 -> blrx:-61|0", "rwbt -> rwbt:0x010203FDFEFF|0",
+            "rwbt=1,\"0xAb0000000012\" -> rwbt: |0; 171 18", "rwbt=2 -> rwbt: |0; 1 255 6",
+            "rwbt=4,\"ab0000000013\" -> rwbt: |0; 171 19 6"});
+    expect({"btscan=3 -> btscan:Not implemented|3"}, BT_NOT_IMPLEMENTED);
     // the downloads' numbers, and the first that fails is the last
-    for (const auto& [line, what] :
-         {std::pair{"btfd=1,1", "0"}, {"btfd=1,2", "2"}, {"btfd=1,3", "1"}, {"btfd=1,0", "1"}}) {
-        EXPECT_EQ(answer(line), "btfd: |0");
-        EXPECT_EQ(called, what) << line;
-    }
-    EXPECT_EQ(told("btfd=1,0", 1), "btfd: |1; 0");
+    expect({"btfd=1,1 -> btfd: |0; 0", "btfd=1,2 -> btfd: |0; 2", "btfd=1,3 -> btfd: |0; 1",
+            "btfd=1,0 -> btfd: |0; 1"});
+    expect({"btfd=1,0 -> btfd: |1; 0"}, 1);
 }
 
 TEST_F(Drivers, TestsThatGiveBytes)
@@ -158,24 +159,23 @@ TEST_F(Drivers, TestsThatGiveBytes)
     wlan_init();
     f_wlan_init();
     wlan_attach(&wlan);
-    EXPECT_EQ(answer("wlpu"), "wlpu: |0");
-    EXPECT_EQ(told("bwcx"), "bwcx:|0; none");
+    expect({"wlpu -> wlpu: |0", "bwcx -> bwcx:|0; none"});
     given = 3;
-    EXPECT_EQ(told("bwcx=1,2,ff"), "bwcx:0x0a,0x2b,0x4c|0; 1..255");
-    EXPECT_EQ(told("wbcx=10"), "wbcx:0x0a,0x2b,0x4c|0; 16..16");
-    EXPECT_EQ(told("wlst=10,20"), "wlst:10,43,76|0; 10..20");
-    EXPECT_EQ(answer("bwcx", 5), "bwcx:|2");
-    EXPECT_EQ(answer("wbcx", 1), "wbcx:|1");
-    EXPECT_EQ(answer("wlst", 5), "wlst: |1");
+    expect({"bwcx=1,2,ff -> bwcx:0x0a,0x2b,0x4c|0; 1..255", "wbcx=10 -> wbcx:0x0a,0x2b,0x4c|0; 16..16",
+            "wlst=10,20 -> wlst:10,43,76|0; 10..20"});
+    expect({"bwcx -> bwcx:|2"}, 5);
+    expect({"wbcx -> wbcx:|1"}, 1);
+    expect({"wlst -> wlst: |1"}, 5);
     given = 10;
-    EXPECT_EQ(answer("bwcx"), "bwcx:0x0a,0x2b,0x4c,0x6d,0x8e,0xaf,0xd0,0xf1,0x12,0x33|0");
+    expect({"bwcx -> bwcx:0x0a,0x2b,0x4c,0x6d,0x8e,0xaf,0xd0,0xf1,0x12,0x33|0"});
     given = 11;
-    EXPECT_EQ(answer("bwcx"), "bwcx:Response to large|1");
+    expect({"bwcx -> bwcx:Response to large|1"});
     given = 20;
-    EXPECT_EQ(answer("wlst"), "wlst:10,43,76,109,142,175,208,241,18,51,0,0,0,0,0,0,0,0,0,0|0");
+    expect({"wlst -> wlst:10,43,76,109,142,175,208,241,18,51,0,0,0,0,0,0,0,0,0,0|0"});
     given = 21;
-    EXPECT_EQ(answer("wlst"), "wlst:Response to large|1");
-    EXPECT_EQ(answer("wlpd"), "wlpd: |0"); // the next test finds the radio down
+    expect({
+        "wlst -> wlst:Response to large|1", "wlpd -> wlpd: |0", // the next test finds the radio down
+    });
 }
 
 TEST_F(Drivers, RowsThatAWlanDriverLacksAreNotFound)
@@ -184,32 +184,21 @@ TEST_F(Drivers, RowsThatAWlanDriverLacksAreNotFound)
     wlan_init();
     f_wlan_init();
     wlan_attach(&co);
-    EXPECT_EQ(answer("wlpu"), "wlpu: |3");
-    EXPECT_EQ(answer("wlcg=1"), "3");
+    expect({"wlpu -> wlpu: |3", "wlcg=1 -> 3"});
     co.start = [](std::uint32_t) { return result; };
-    EXPECT_EQ(answer("wlpu"), "wlpu: |0");
-    EXPECT_EQ(answer("wtfd"), "wtfd: |1");
-    EXPECT_EQ(answer("wlid"), "wlid: |3");
-    EXPECT_EQ(answer("wsrx"), "wsrx: |3");
-    EXPECT_EQ(answer("wsrx=1,6"), "wsrx: |3");
-    EXPECT_EQ(answer("wlrx"), "3");
-    EXPECT_EQ(answer("wlrx=1,6"), "wlrx: |3");
-    EXPECT_EQ(answer("wbtx"), "wbtx: |1");
-    EXPECT_EQ(answer("wbcx"), "wbcx:|3");
-    EXPECT_EQ(answer("wlscan"), "wlscan:Not implemented|3");
+    expect({"wlpu -> wlpu: |0", "wtfd -> wtfd: |1", "wlid -> wlid: |3", "wsrx -> wsrx: |3",
+            "wsrx=1,6 -> wsrx: |3", "wlrx -> 3", "wlrx=1,6 -> wlrx: |3", "wbtx -> wbtx: |1",
+            "wbcx -> wbcx:|3", "wlscan -> wlscan:Not implemented|3"});
     co.nvs_id = give_text;
     co.scan = [](char*) { return result; };
     co.calibration_gain = [](std::uint32_t, std::uint32_t*) { return result; };
     co.tx_burst = [](const wlan_burst* p) { return note(p->channel, p->power); };
     co.rx_static_stop = [] { return 0; };
-    EXPECT_EQ(answer("wlid=1"), "wlid:text|0");
-    EXPECT_EQ(answer("wlscan"), "wlscan:No access points|1");
-    EXPECT_EQ(answer("wlcg=1", WLAN_BAD_VALUE), "wlcg: |2");
-    EXPECT_EQ(answer("wsrx"), "wsrx: |3");
-    EXPECT_EQ(told("wbtx=5"), "wbtx: |0; 5 0");
-    EXPECT_EQ(answer("wtxg=1"), "wtxg: |3");
-    EXPECT_EQ(answer("widl"), "widl: |1"); // and it can't be stopped
-    EXPECT_EQ(answer("wlpd"), "wlpd: |0");
+    expect({"wlid=1 -> wlid:text|0", "wlscan -> wlscan:No access points|1"});
+    expect({"wlcg=1 -> wlcg: |2"}, WLAN_BAD_VALUE);
+    expect({"wsrx -> wsrx: |3", "wbtx=5 -> wbtx: |0; 5 0", "wtxg=1 -> wtxg: |3",
+            "widl -> widl: |1", // and it can't be stopped
+            "wlpd -> wlpd: |0"});
 }
 
 TEST_F(Drivers, RowsThatASmallDriverLacksAreSyntaxOrErrors)
@@ -230,13 +219,9 @@ TEST_F(Drivers, RowsThatASmallDriverLacksAreSyntaxOrErrors)
     modem_co_attach(&no_modem);
     fm_co_attach(&no_fm);
     irda_co_attach(&no_irda);
-    EXPECT_EQ(answer("sict=1"), "sict:|2");
-    EXPECT_EQ(answer("sict=4"), "sict:|2");
-    for (const char* line : {"mdmb", "mdmr", "mdmf=1", "mdmid"})
-        EXPECT_EQ(answer(line), std::string(line).substr(0, std::strcspn(line, "=")) + ":|1");
-    EXPECT_EQ(answer("fmct=1,900"), "fmct: |0");
-    EXPECT_EQ(answer("fmct=6"), "fmct:0x0000|0");
-    EXPECT_EQ(answer("fmct=0"), "fmct: |0");
+    expect({"sict=1 -> sict:|2", "sict=4 -> sict:|2", "mdmb -> mdmb:|1", "mdmr -> mdmr:|1",
+            "mdmf=1 -> mdmf:|1", "mdmid -> mdmid:|1", "fmct=1,900 -> fmct: |0", "fmct=6 -> fmct:0x0000|0",
+            "fmct=0 -> fmct: |0"});
     EXPECT_EQ(irda_start() + irda_stop() + irda_set_para({}) + irda_tx(1) + irda_rx(true) + irda_loop(1, 1),
               0);
 }
@@ -258,12 +243,9 @@ TEST_F(Drivers, WhatAnotherModemDriverCouldDo)
     modem_init();
     f_modem_init();
     modem_co_attach(&modem);
-    EXPECT_EQ(told("mdmr=7", 1), "mdmr:|0; 7");
-    EXPECT_EQ(answer("mdsw", 1), "mdsw:-2|0");
-    EXPECT_EQ(answer("mdsw", 2), "mdsw: |1");
-    EXPECT_EQ(told("mdsw=1,5", 1), "mdsw:|0; 5");
-    EXPECT_EQ(told("mdmf= 1 6,0xFE, 3", 1), "mdmf:|0; 16 3 3");
-    EXPECT_EQ(answer("mdmid", 1), "mdmid:0xbeef|0");
+    expect({"mdmr=7 -> mdmr:|0; 7", "mdsw -> mdsw:-2|0"}, 1);
+    expect({"mdsw -> mdsw: |1"}, 2);
+    expect({"mdsw=1,5 -> mdsw:|0; 5", "mdmf= 1 6,0xFE, 3 -> mdmf:|0; 16 3 3", "mdmid -> mdmid:0xbeef|0"}, 1);
 }
 
 TEST_F(Drivers, WhatAnotherFmDriverCouldDo)
@@ -280,16 +262,10 @@ TEST_F(Drivers, WhatAnotherFmDriverCouldDo)
     fm_init();
     f_fm_init();
     fm_co_attach(&fm);
-    EXPECT_EQ(told("fmct=1,900", FM_TIMEOUT), "fmct:tune timeout|fmct: |1; 90000000");
-    EXPECT_EQ(answer("fmct=4"), "fmct:0x2345|0");
-    EXPECT_EQ(answer("fmct=5"), "fmct:0x6789|0");
-    EXPECT_EQ(answer("fmct=7,0x1FE"), "fmct:0x00fe|0");
-    for (const auto& [line, what] :
-         {std::pair{"fmct=2,0", "2 1 100 0"}, {"fmct=2,1", "1 1 100 0"}, {"fmct=2,2", "3 1 100 0"}}) {
-        EXPECT_EQ(answer(line), "fmct: |0");
-        EXPECT_EQ(called, what) << line;
-    }
-    EXPECT_EQ(answer("fmct=0"), "fmct: |0");
+    expect({"fmct=1,900 -> fmct:tune timeout|fmct: |1; 90000000"}, FM_TIMEOUT);
+    expect({"fmct=4 -> fmct:0x2345|0", "fmct=5 -> fmct:0x6789|0", "fmct=7,0x1FE -> fmct:0x00fe|0",
+            "fmct=2,0 -> fmct: |0; 2 1 100 0", "fmct=2,1 -> fmct: |0; 1 1 100 0",
+            "fmct=2,2 -> fmct: |0; 3 1 100 0", "fmct=0 -> fmct: |0"});
 }
 
 TEST_F(Drivers, WhatAnotherSimDriverCouldDo)
@@ -306,47 +282,25 @@ TEST_F(Drivers, WhatAnotherSimDriverCouldDo)
     sim_init();
     f_sim_init();
     sim_co_attach(&sim);
-    EXPECT_EQ(answer("sict=4"), "sict:0x35|0");
-    EXPECT_EQ(answer("sict=4,1"), "sict:0x05|0");
-    EXPECT_EQ(answer("sict=4,2"), "sict:0x03|0");
-    EXPECT_EQ(answer("sict=2,2"), "sict:0x22|0");
-    EXPECT_EQ(answer("sict=0,1"), "sict:0x10|0");
-    EXPECT_EQ(answer("sict=1", 3), "sict:|1");
+    expect({"sict=4 -> sict:0x35|0", "sict=4,1 -> sict:0x05|0", "sict=4,2 -> sict:0x03|0",
+            "sict=2,2 -> sict:0x22|0", "sict=0,1 -> sict:0x10|0"});
+    expect({"sict=1 -> sict:|1"}, 3);
 }
 
 TEST_F(Drivers, ALogDriverIsCalledWithTheTextThatWasGiven)
 {
-    static std::string text;
     mdml_co mdml{};
-    mdml.off = [] {
-        text = "off";
-        return result;
-    };
-    mdml.on = [](const char* p) {
-        text = std::string("on ") + p;
-        return result;
-    };
-    mdml.set_mask = [](const char* p) {
-        text = std::string("mask ") + p;
-        return result;
-    };
-    mdml.rm_log = [](const char* p) {
-        text = std::string("rm ") + (p != nullptr ? p : "all");
-        return result;
-    };
+    mdml.off = [] { return tell("off"); };
+    mdml.on = [](const char* p) { return tell(std::string("on ") + p); };
+    mdml.set_mask = [](const char* p) { return tell(std::string("mask ") + p); };
+    mdml.rm_log = [](const char* p) { return tell(std::string("rm ") + (p != nullptr ? p : "all")); };
     mdml_init();
     f_mdml_init();
-    EXPECT_EQ(answer("mdml=0"), "mdml: |1");
+    expect({"mdml=0 -> mdml: |1"});
     mdml_cmd_co_attach(&mdml);
-    for (const auto& [line, what] : {std::pair{"mdml=0", "off"},
-                                     {"mdml=1,a,b", "on a,b"},
-                                     {"mdml=2,/m", "mask /m"},
-                                     {"mdml=3", "rm all"},
-                                     {"mdml=3,x", "rm x"}}) {
-        EXPECT_EQ(answer(line), "mdml: |0");
-        EXPECT_EQ(text, what);
-    }
-    EXPECT_EQ(answer("mdml=0", 7), "mdml: |1");
+    expect({"mdml=0 -> mdml: |0; off", "mdml=1,a,b -> mdml: |0; on a,b", "mdml=2,/m -> mdml: |0; mask /m",
+            "mdml=3 -> mdml: |0; rm all", "mdml=3,x -> mdml: |0; rm x"});
+    expect({"mdml=0 -> mdml: |1"}, 7);
 }
 
 } // namespace

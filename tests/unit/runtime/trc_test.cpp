@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "file_linux/file_linux.h"
+#include "runner/file_text.h"
 #include "tmr/tmr.h"
 #include "trc/trc.h"
 #include "trc/trc_nodes.h"
@@ -65,10 +66,7 @@ void spy_print(const char* text, int len)
 
 std::string content(const char* path)
 {
-    std::ifstream in(host(path), std::ios::binary);
-    std::ostringstream out;
-    out << in.rdbuf();
-    return out.str();
+    return file_text(host(path));
 }
 
 std::string archived()
@@ -77,11 +75,17 @@ std::string archived()
     return content("/plain");
 }
 
-std::string buffer()
+// Bytes used and left of the buffer.
+std::pair<std::size_t, std::size_t> sizes()
 {
     std::size_t used, left;
     trc_get_buf_sz(&used, &left);
-    return {trc_get_buf_start(), used};
+    return {used, left};
+}
+
+std::string buffer()
+{
+    return {trc_get_buf_start(), sizes().first};
 }
 
 class Trace : public testing::Test {
@@ -178,16 +182,13 @@ TEST_F(Trace, TheGlobalFilterCutsWhatIsRegistered)
     trc_node late_node{}, upper_node{};
     trc_reg(&late, &late_node);
     trc_reg(&upper, &upper_node);
-    EXPECT_EQ(late.mask, 0x02u);
-    EXPECT_EQ(client.mask, 0x0Bu);
+    EXPECT_EQ(std::tuple(late.mask, client.mask), std::tuple(0x02u, 0x0Bu));
 
     trc_do_set(nullptr, trc_client_list(), "la", 0x40);
-    EXPECT_EQ(late.mask, 0x40u);
-    EXPECT_EQ(client.mask, 0x0Bu);
+    EXPECT_EQ(std::tuple(late.mask, client.mask), std::tuple(0x40u, 0x0Bu));
 
     EXPECT_EQ(trc_mask_filter_all(0x10), 0x06u);
-    EXPECT_EQ(late.mask, 0x10u);
-    EXPECT_EQ(client.mask, 0x10u);
+    EXPECT_EQ(std::tuple(late.mask, client.mask), std::tuple(0x10u, 0x10u));
     EXPECT_EQ(upper.mask, 0x02u) << "only names that begin with a to z";
     EXPECT_EQ(trc_mask_filter(0), 0x10u);
 
@@ -237,25 +238,18 @@ TEST_F(Trace, ALineAtTheLimit)
 TEST_F(Trace, TheBufferDropsWholeLinesAndDoesntWrap)
 {
     trc_mode_set(TRC_MODE_BUFFER);
-    std::size_t used, left;
-    trc_get_buf_sz(&used, &left);
-    EXPECT_EQ(used, 0u);
-    EXPECT_EQ(left, 4096u);
+    using pair = std::pair<std::size_t, std::size_t>;
+    EXPECT_EQ(sizes(), pair(0, 4096));
     // 4 lines of 1000, then 96 bytes are free: a line of 96 doesn't go in, one of 95 does
     const auto line = [&](int length) { trc_trace(&node, 0x01, "f", 1, "%*d", length - 12, 0); };
     for (int i = 0; i < 4; i++)
         line(1000);
     line(96);
-    trc_get_buf_sz(&used, &left);
-    EXPECT_EQ(used, 4000u);
+    EXPECT_EQ(sizes(), pair(4000, 96));
     line(95);
-    trc_get_buf_sz(&used, &left);
-    EXPECT_EQ(used, 4095u);
-    EXPECT_EQ(left, 1u);
+    EXPECT_EQ(sizes(), pair(4095, 1));
     trc_clear_buf();
-    trc_get_buf_sz(&used, &left);
-    EXPECT_EQ(used, 0u);
-    EXPECT_EQ(left, 4096u);
+    EXPECT_EQ(sizes(), pair(0, 4096));
 }
 
 TEST_F(Trace, DumpsHaveRowsOfSixteen)
@@ -284,8 +278,7 @@ TEST_F(Trace, TheLogGoesToTheArchiveBeyond256KiB)
     ASSERT_EQ(line(), 256);
     for (int i = 1; i < 1024; i++)
         line();
-    EXPECT_EQ(content(log_path).size(), 256u * 1024);
-    EXPECT_EQ(content(archive_path), "");
+    EXPECT_EQ(std::tuple(content(log_path).size(), content(archive_path)), std::tuple(256u * 1024, ""));
     trc_trace(&node, 0x01, "f", 1, "over");
     EXPECT_EQ(content(log_path), "");
     const std::string first = archived();

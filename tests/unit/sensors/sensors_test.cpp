@@ -87,24 +87,14 @@ TEST(ValueList, TakesExactlySoManyNumbers)
 {
     struct row {
         const char* text;
-        bool three_floats;
-        bool three_ints;
+        bool three_floats, three_ints;
     };
-    // clang-format off
     const row rows[] = {
-        { "1,2,3",            true,  true  },
-        { " 1 ,, 2,3,",       true,  true  },
-        { "-1.5,+2,.5",       true,  false },
-        { "1x,2y,3z",         true,  true  },
-        { "1e30,inf,0",       true,  false },
-        { "1,2",              false, false },
-        { "1,2,3,4",          false, false },
-        { "1,nan,3",          false, false },
-        { "1,x,3",            false, false },
-        { "",                 false, false },
-        { " , ,",             false, false },
+        {"1,2,3", true, true},     {" 1 ,, 2,3,", true, true},  {"-1.5,+2,.5", true, false},
+        {"1x,2y,3z", true, true},  {"1e30,inf,0", true, false}, {"1,2", false, false},
+        {"1,2,3,4", false, false}, {"1,nan,3", false, false},   {"1,x,3", false, false},
+        {"", false, false},        {" , ,", false, false},
     };
-    // clang-format on
     for (const row& r : rows) {
         std::string text = r.text;
         const value_list list = cut(text);
@@ -126,9 +116,7 @@ TEST(ValueList, KeepsToItsTypesAndToItsRoom)
     const value_list list = cut(text);
     int ints[3];
     ASSERT_TRUE(value_list_ints(&list, ints, 3));
-    EXPECT_EQ(ints[0], INT_MAX);
-    EXPECT_EQ(ints[1], INT_MIN);
-    EXPECT_EQ(ints[2], INT_MAX);
+    EXPECT_EQ(std::tuple(ints[0], ints[1], ints[2]), std::tuple(INT_MAX, INT_MIN, INT_MAX));
     std::string many;
     for (int i = 0; i < 2000; i++)
         many += "7,";

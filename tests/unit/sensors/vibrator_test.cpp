@@ -32,26 +32,9 @@ void tell(const std::string& what)
     told.push_back(what + " at " + std::to_string(plat_fake_now_us() % 1000000 / 1000));
 }
 
-int fake_stop()
+sample& at(const void* p_buf, int index)
 {
-    tell("stop");
-    return 0;
-}
-
-int fake_start_with_level(int number, int level)
-{
-    tell("start " + std::to_string(number) + " " + std::to_string(level));
-    return level == -2 ? 1 : 0;
-}
-
-float fake_get(const void* p_buf, int index, int axis)
-{
-    return static_cast<const sample*>(p_buf)[index].axis[axis];
-}
-
-void fake_set(void* p_buf, int index, int axis, float value)
-{
-    static_cast<sample*>(p_buf)[index].axis[axis] = value;
+    return static_cast<sample*>(const_cast<void*>(p_buf))[index];
 }
 
 int fake_capture(int count, std::uint32_t period, std::uint32_t mode, void* p_buf)
@@ -59,13 +42,21 @@ int fake_capture(int count, std::uint32_t period, std::uint32_t mode, void* p_bu
     tell("capture " + std::to_string(count) + " " + std::to_string(period) + " " + std::to_string(mode));
     for (int i = 0; i < count && signal_of; i++)
         for (int axis = 0; axis < 4; axis++)
-            fake_set(p_buf, i, axis, signal_of(i, axis));
+            at(p_buf, i).axis[axis] = signal_of(i, axis);
     return signal_of ? 1 : 0;
 }
 
 constexpr vibrator_co whole_co = {
-    nullptr,  fake_stop, fake_start_with_level, [] { return static_cast<int>(sizeof(sample)); },
-    fake_get, fake_set,  fake_capture};
+    nullptr,
+    [] { return tell("stop"), 0; },
+    [](int number, int level) {
+        tell("start " + std::to_string(number) + " " + std::to_string(level));
+        return level == -2 ? 1 : 0;
+    },
+    [] { return static_cast<int>(sizeof(sample)); },
+    [](const void* p_buf, int index, int axis) { return at(p_buf, index).axis[axis]; },
+    [](void* p_buf, int index, int axis, float value) { at(p_buf, index).axis[axis] = value; },
+    fake_capture};
 
 struct Vibration : testing::Test {
     vibrator_co co = whole_co;
@@ -147,15 +138,10 @@ TEST_F(Vibration, WithNothingToCaptureTheMotorIsSwitchedOffAtAnyLevel)
         std::uint32_t samples, skip, period;
         bool captures;
     };
-    // clang-format off
     const row rows[] = {
-        {  256,         0, 500, false },
-        { 1400,       101, 500, false },
-        {  256, 0xFFFFFF80, 500, false },
-        {  256,        10,   0, false },
-        {  149,        10, 500, true  }, // too few to analyse
+        {256, 0, 500, false}, {1400, 101, 500, false}, {256, 0xFFFFFF80, 500, false},
+        {256, 10, 0, false},  {149, 10, 500, true}, // too few to analyse
     };
-    // clang-format on
     for (const row& r : rows) {
         cfg = {7, 1, r.period, r.samples, r.skip};
         told.clear();
@@ -247,14 +233,8 @@ TEST_F(Vibration, OfTwoPeaksTheStrongOneCountsAndOfTwoCloseOnesThatWhichIsPrefer
     };
     // clang-format off
     const row rows[] = {
-        { 100,  60, 1, 20 }, // stands clear
-        { 100,  60, 0, 20 },
-        {  60, 100, 1, 60 },
-        {  60, 100, 0, 60 },
-        { 100,  80, 1, 60 }, // close: the higher frequency
-        { 100,  80, 0, 20 },
-        {  80, 100, 1, 60 },
-        {  80, 100, 0, 20 },
+        {100, 60, 1, 20}, {100, 60, 0, 20}, {60, 100, 1, 60}, {60, 100, 0, 60}, // one stands clear
+        {100, 80, 1, 60}, {100, 80, 0, 20}, {80, 100, 1, 60}, {80, 100, 0, 20}, // close: the one preferred
     };
     // clang-format on
     for (const row& r : rows) {
@@ -287,11 +267,7 @@ TEST_F(Vibration, TheDataFileHasSixColumnsAndNothingOfAnEarlierMeasurement)
     int count = 0;
     for (std::string line; std::getline(lines, line); count++) {
         int number;
-        double x;
-        double y;
-        double z;
-        double fourth;
-        double height;
+        double x, y, z, fourth, height;
         ASSERT_EQ(std::sscanf(line.c_str(), "%d   %lf   %lf   %lf   %lf   %lf", &number, &x, &y, &z, &fourth,
                               &height),
                   6);
