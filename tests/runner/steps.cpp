@@ -265,14 +265,17 @@ std::string which_of_row(const test_case& c, const step& failed, const std::stri
 }
 
 // A real phone isn't fresh for each case: takes what it has said, its greeting above all, and puts the
-// console's settings back.
+// console's settings back. What ends an answer isn't known before that: it is over when the phone is quiet.
 void settle_console(int port)
 {
-    for (const char* line : {"", "case=0\r", "s3=2c,d\r", "s4=0,a,0\r"}) {
+    constexpr int answer_ms = 5000;
+    constexpr int quiet_ms = 200;
+    for (const std::string line : {"", "case=0\r", "s3=2c,d\r", "s4=0,a,0\r"}) {
         std::string said;
         port_send(port, line, said, 1000);
         pollfd p{port, POLLIN, 0};
-        while (poll(&p, 1, 200) > 0 && port_take(port, said)) {
+        while (poll(&p, 1, said.empty() && !line.empty() ? answer_ms : quiet_ms) > 0 &&
+               port_take(port, said)) {
         }
     }
 }
