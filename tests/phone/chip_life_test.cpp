@@ -166,7 +166,7 @@ TEST_F(ChipLife, AKeyLaysAnotherRegisterMapOverItsOwn)
     steps("03<AA 00=E1 02<00 02=E2 01=3"); // what the map lacks stays
     steps("03<CA 00=42 7D<77 02<99");
     EXPECT_EQ(ask("i2c 5 7A 2"), "99\nok\n");
-    steps("03<0A 02=11 03<CA 7D=77");
+    steps("03<0A 02=11 03<CA 7D=77 03<AA 00=E1");
     chip_reset(the_chip());
     steps("00=42 03<CA 7D=01");
 }
