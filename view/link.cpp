@@ -30,6 +30,14 @@ bool send_first(link& l)
            static_cast<ssize_t>(line.size());
 }
 
+// The phone's end is gone, as is found at a request or at its answer.
+void lose(link& l, const char* why)
+{
+    link_down(l, why);
+    if (l.lost)
+        l.lost();
+}
+
 // The first request has its answer; the next is sent before the answer is told.
 void finish(link& l, bool done, std::string text)
 {
@@ -43,7 +51,7 @@ void finish(link& l, bool done, std::string text)
         first.told(answer);
     drop_fd(answer.fd);
     if (!sent)
-        link_down(l, "the control port takes nothing");
+        lose(l, "the control port takes nothing");
 }
 
 // An answer is whole when its last line is "ok" or begins with "error: ".
@@ -87,13 +95,10 @@ bool take(link& l)
 
 void on_ready(link& l)
 {
-    if (!take(l)) {
-        link_down(l, "the phone went off");
-        if (l.lost)
-            l.lost();
-        return;
-    }
-    look_for_end(l);
+    if (!take(l))
+        lose(l, "the phone went off");
+    else
+        look_for_end(l);
 }
 
 } // namespace
@@ -132,7 +137,7 @@ void link_ask(link& l, std::string_view line, link_fn told)
     }
     l.waiting.push_back({std::string(line), std::move(told)});
     if (l.waiting.size() == 1 && !send_first(l))
-        link_down(l, "the control port takes nothing");
+        lose(l, "the control port takes nothing");
 }
 
 void link_down(link& l, const char* why)
