@@ -1,5 +1,5 @@
-"""The machine's control port, for the prompt and for "./hvt phone": the words of the virtual phone's, as far as a machine
-with a kernel of its own has them, and a shell."""
+"""The machine's control port, for the prompt and for "./hvt phone": the words of the virtual phone's, as far as a
+machine with a kernel of its own has them, and a shell."""
 
 import os
 import socketserver
@@ -8,7 +8,7 @@ import time
 
 from machine import Failed
 
-QUIET_SECONDS = 0.15  # a program that waits for its next event, and a line that has been silent for so long: it has answered
+QUIET_SECONDS = 0.15  # a program that waits, on a line that has been silent for so long, has answered
 IDLE_SECONDS = 30
 PSELECT6 = "335 "  # the system call of the program's loop, by its number on this processor
 

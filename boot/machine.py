@@ -1,5 +1,5 @@
-"""The machine of "./hvt boot": a Linux kernel in the emulator's arm board, with the program on it, and what the desk has
-to do with it. Everything that is there while it runs lies in one folder:
+"""The machine of "./hvt boot": a Linux kernel in the emulator's arm board, with the program on it, and what the desk
+has to do with it. Everything that is there while it runs lies in one folder:
 
     ttyGS0      the station's line, a pseudo terminal; its far end inside is that of a real USB gadget
     kmsg        what the kernel and the program's start-up say
@@ -62,7 +62,9 @@ class Machine:
                 os.unlink(self.path(name))
         subprocess.run([shutil.which("mkfs.vfat", path="/sbin:/usr/sbin"), "-C", "card", str(CARD_KIB)],
                        cwd=self.folder, check=True, stdout=subprocess.DEVNULL)
-        self.process = subprocess.Popen(self._command(), cwd=self.folder, stdin=subprocess.DEVNULL)
+        # in a session of its own: Ctrl-C at a prompt is none for the machine
+        self.process = subprocess.Popen(self._command(), cwd=self.folder, stdin=subprocess.DEVNULL,
+                                        start_new_session=True)
         try:
             self._qmp = self._connect("qmp").makefile("rw", encoding="utf-8", newline="\n")
             self._qmp.readline()
