@@ -88,6 +88,7 @@ what is read when the test has just ended is dropped
   # the packet comes while the receiver is being switched off
   phone    fail ioctl /dev/irda 1 slow 50
   send     irrx=0
+  awaits   fail -> ioctl /dev/irda, none left, slow 50, 1 hit
   phone    irda 01020304 -> heard
   after    60 -> IRRX:,OK
   phone    clock run | fail off -> 0 faults were never reached
