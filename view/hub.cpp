@@ -29,7 +29,7 @@ std::vector<page_ref> pages;
 std::unique_ptr<link> watching; // the phone's word of every change
 std::unique_ptr<link> hands;    // touches and keys of all pages
 std::unique_ptr<loop_timer> p_retry;
-std::string state = "phone off";
+std::string state; // what pages are told of the phone; empty until it is known
 pid_t starting = -1;
 
 std::string files_folder()
@@ -109,10 +109,18 @@ void retry()
         return;
     }
     make_folders();
-    set_state("phone on");
-    watch();
-    lamps_renew();
-    screens_renew();
+    // Answered at once: from then on the phone keeps changes for this connection, so a page that has heard
+    // "phone on" misses none.
+    link_ask(*watching, "watch 0", [](const link_answer& answer) {
+        if (!answer.done) {
+            loop_timer_set(*p_retry, retry_ms);
+            return;
+        }
+        set_state("phone on");
+        watch();
+        lamps_renew();
+        screens_renew();
+    });
 }
 
 void went_off()
@@ -220,7 +228,8 @@ void hub_join(const page_ref& p)
 {
     p->requests = std::make_unique<link>(options.dir, "within " + files_folder());
     pages.push_back(p);
-    page_tell(*p, state);
+    if (!state.empty())
+        page_tell(*p, state);
 }
 
 void hub_leave(const page_ref& p)

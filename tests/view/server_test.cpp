@@ -142,6 +142,7 @@ TEST_F(View, WhatAnotherClientChangesIsTold)
 TEST_F(View, AQuietPanelSendsNothingAndAHiddenPageGetsNothing)
 {
     web_page page(*v);
+    EXPECT_EQ(page.text("phone "), "phone on");
     page.send("want screen0");
     EXPECT_EQ(page.picture(), 18 * 60) << "a first picture is whole";
     EXPECT_EQ(page.picture(quiet_ms), -1);
@@ -161,6 +162,7 @@ TEST_F(View, AQuietPanelSendsNothingAndAHiddenPageGetsNothing)
 TEST_F(View, TouchesAndKeysReachTheProgram)
 {
     web_page page(*v);
+    EXPECT_EQ(page.text("phone "), "phone on");
     page.send("hand key 116 tap");
     EXPECT_EQ(page.text("word "), "word key 116 tap");
     page.send("hand touch 250 190 tap");
@@ -172,6 +174,7 @@ TEST_F(View, TouchesAndKeysReachTheProgram)
 TEST_F(View, TheConsoleLeavesAnotherStationItsBytes)
 {
     web_page page(*v);
+    EXPECT_EQ(page.text("phone "), "phone on");
     page.send("want log port");
     ASSERT_NE(page.text("tail port"), "");
     page.send("type case?"); // the fixture has the port open
