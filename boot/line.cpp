@@ -27,8 +27,8 @@ int open_port(const char* path)
     return fd;
 }
 
-// All of it, unless the other end is gone.
-bool send_all(int fd, const char* bytes, ssize_t size)
+// All of it; what is left when the other end is gone, or takes nothing for a second, is lost.
+void send_all(int fd, const char* bytes, ssize_t size)
 {
     while (size > 0) {
         const ssize_t taken = write(fd, bytes, static_cast<std::size_t>(size));
@@ -38,10 +38,9 @@ bool send_all(int fd, const char* bytes, ssize_t size)
             size -= taken;
         } else if (errno != EAGAIN || poll(&room, 1, 1000) <= 0 ||
                    (room.revents & (POLLHUP | POLLERR)) != 0) {
-            return false;
+            return;
         }
     }
-    return true;
 }
 
 // Hands on what there is to read; false when `from` is gone.
