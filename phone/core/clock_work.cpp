@@ -21,6 +21,8 @@ int watchers;           // threads that wait for work_changed
 std::uint64_t activity; // grows with every block and wake, so that a stuck worker can be told from a busy one
 std::vector<thread_mark*> known_threads;
 
+constexpr long long most_run_ns = 200'000'000; // what a step waits for a thread that works without a wait
+
 std::cv_status wait_for_change(std::unique_lock<std::mutex>& lock, std::chrono::microseconds limit)
 {
     watchers++;
@@ -59,6 +61,20 @@ std::set<pid_t> others_locked()
         if (p->blocked)
             tids.erase(p->tid);
     return tids;
+}
+
+std::set<pid_t> met_threads; // those that there were when all that the clock doesn't know had come to rest
+
+// Whether no thread has come since then that the clock doesn't know and that has still to come to its first
+// wait. `look` is the caller's, over all its turns.
+bool newcomers_rest_locked(threads_look& look)
+{
+    std::set<pid_t> now = thread_ids();
+    if (!std::ranges::includes(met_threads, now) && !look.asleep(others_locked()) &&
+        look.run_ns <= most_run_ns)
+        return false;
+    met_threads = std::move(now);
+    return true;
 }
 
 } // namespace
@@ -132,17 +148,17 @@ void clock_inner::work_changed_locked()
 
 void clock_inner::come_to_rest(std::unique_lock<std::mutex>& lock)
 {
-    constexpr long long most_run_ns = 200'000'000;
     const auto bound = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    threads_look look;
+    threads_look look, newcomers;
     std::uint64_t seen = activity;
     const int own = own_mark().known && !own_mark().given_up ? 1 : 0;
     for (;;) {
         const bool works = at_work > own || !ready_locked().empty();
-        if (!works && !loop_has_input_locked())
+        if (!works && !loop_has_input_locked() && newcomers_rest_locked(newcomers))
             return;
         const auto woken = wait_for_change(lock, std::chrono::microseconds(works ? 500 : 50));
-        if (woken != std::cv_status::timeout || !works)
+        const bool too_long = std::chrono::steady_clock::now() > bound;
+        if (!too_long && (woken != std::cv_status::timeout || !works))
             continue;
         if (activity != seen)
             look.first.clear();
@@ -152,9 +168,9 @@ void clock_inner::come_to_rest(std::unique_lock<std::mutex>& lock)
         const int expected = at_work - own + static_cast<int>(tids.size());
         tids.merge(working_locked());
         const bool asleep = look.asleep(tids) && static_cast<int>(tids.size()) == expected;
-        if (asleep && !loop_has_input_locked())
+        if (asleep && !loop_has_input_locked() && newcomers_rest_locked(newcomers))
             return;
-        if (look.run_ns > most_run_ns || std::chrono::steady_clock::now() > bound) {
+        if (look.run_ns > most_run_ns || too_long) {
             go_on_without_locked(tids);
             return;
         }
@@ -178,13 +194,13 @@ void clock_thread(std::function<void()> body)
 
 bool clock_settle()
 {
-    constexpr long long most_run_ns = 1'500'000'000;
+    constexpr long long answer_run_ns = 1'500'000'000;
     const auto bound = std::chrono::steady_clock::now() + std::chrono::seconds(60);
     threads_look look;
     std::unique_lock lock(clock_mutex);
     for (;;) {
         if (loop_idle_locked() && ready_locked().empty()) {
-            if (look.asleep(others_locked()) || look.run_ns > most_run_ns)
+            if (look.asleep(others_locked()) || look.run_ns > answer_run_ns)
                 return true;
         }
         if (std::chrono::steady_clock::now() > bound)

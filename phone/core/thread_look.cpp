@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <dirent.h>
 #include <fcntl.h>
-#include <filesystem>
 #include <string>
 #include <unistd.h>
 
@@ -36,10 +36,12 @@ thread_look look_at(pid_t tid)
 std::set<pid_t> thread_ids()
 {
     std::set<pid_t> tids;
-    std::error_code error;
-    for (std::filesystem::directory_iterator it("/proc/self/task", error), end; !error && it != end;
-         it.increment(error))
-        tids.insert(std::atoi(it->path().filename().c_str()));
+    DIR* const p_dir = ::opendir("/proc/self/task");
+    while (const dirent* const p_entry = p_dir != nullptr ? ::readdir(p_dir) : nullptr)
+        if (p_entry->d_name[0] != '.')
+            tids.insert(std::atoi(p_entry->d_name));
+    if (p_dir != nullptr)
+        ::closedir(p_dir);
     return tids;
 }
 

@@ -1,8 +1,6 @@
 // A download frame by frame: what each container makes the program send, and where the chip's replies lead.
 #include <algorithm>
-#include <chrono>
 #include <filesystem>
-#include <thread>
 
 #include "cfg/cfg.h"
 #include "core/files.h"
@@ -63,20 +61,10 @@ struct Pn65Download : Joint {
         return word;
     }
 
-    // Starts a download. The clock knows a thread from its first wait on, so the three of a download get the
-    // time to come there.
     static void start(std::uint32_t gap_us)
     {
-        constexpr std::ptrdiff_t threads = 3;
-        const std::ptrdiff_t before = entries("/proc/self/task");
         std::uint32_t word = 0;
         ASSERT_EQ(nfc_pn65_fw_dnld(gap_us, &word), 0);
-        for (int turn = 0; turn < 500 && (state() & 7) == NFC_DNLD_RUNNING; turn++) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-            if (entries("/proc/self/task") >= before + threads)
-                break;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
 
     // Runs a download to its end: its state, attempt times 8 and what became of it.

@@ -144,6 +144,34 @@ TEST_F(Waits, WhatAThreadDoesWithARecordBelongsToTheStep)
     EXPECT_EQ(t.ended - start, 15);
 }
 
+// A driver's own thread, of which the clock hears at its first wait: it works for 50 ms of the host's time
+// before, as on a busy desk.
+std::thread unknown_thread(std::atomic<std::int64_t>& ended)
+{
+    return std::thread([&ended] {
+        timespec used{};
+        while (used.tv_nsec < 50'000'000)
+            clock_gettime(CLOCK_THREAD_CPUTIME_ID, &used);
+        const timespec pause{0, 10'000'000};
+        plat_nanosleep(&pause, nullptr);
+        ended = now_ms();
+    });
+}
+
+TEST_F(Waits, AStepWaitsForAThreadThatHasJustBegun)
+{
+    std::atomic<std::int64_t> alone = -1;
+    std::atomic<std::int64_t> joined = -1;
+    const std::int64_t start = now_ms();
+    std::thread first = unknown_thread(alone);
+    ask("clock +1000");
+    EXPECT_EQ(alone - start, 10);
+    worker starter([&] { unknown_thread(joined).join(); }); // and sits in the join
+    ask("clock +1000");
+    EXPECT_EQ(joined - start, 1010);
+    first.join();
+}
+
 // As a library does that knows the host's poll alone: it looks up every 200 ms of the host's time.
 void wait_in_library(int fd)
 {
