@@ -75,6 +75,7 @@ done
 
 # Browser, transcripts, recording, Python.
 if [ -x "$dir/usr/lib/hvt/view/hvt-view" ]; then
+    : >"$dir/view"
     hvt view >"$dir/view" 2>&1 &
     server=$!
     address=
