@@ -21,6 +21,8 @@ std::string word_clock(request& rq)
     }
     if (rq.args.size() == 1 && (rq.args[0] == "hold" || rq.args[0] == "run")) {
         clock_hold(rq.args[0] == "hold");
+        if (rq.args[0] == "hold")
+            clock_step(0); // what is due is done
         return {};
     }
     if (rq.args.size() == 1 && rq.args[0].starts_with('+')) {

@@ -107,8 +107,7 @@ while it runs the power key's reset is late and off; a chip that doesn't take th
 
 the keys are looked for every 20 ms, and each time one event of a node is taken
   send     keyb=2 -> KEYB: ,OK
-  # whatever look is due has been made
-  phone    clock hold | clock +0
+  phone    clock hold
   # two events a change of a key: its own and one that ends the report; 10 looks
   phone    key 30 tap | key 31 tap | key 32 tap
   after    200 -> KEYB:1e,p
