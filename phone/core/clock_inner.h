@@ -78,10 +78,10 @@ extern int at_work; // threads that aren't blocked, and expiries that are counte
 // A thread has begun or ended a wait or a piece of work.
 void work_changed_locked();
 
-// Waits until no other thread is at work and the loop has nothing to read. Threads that wait for something
-// the clock can't see don't count, nor one that has worked for 200 ms without a wait, and after five times
-// that it isn't waited for at all; but it may have to wait for a busy processor as long as it likes, up to a
-// minute.
+// Waits until no other thread is at work, the loop has nothing to read, and each new thread that the clock
+// doesn't know yet has come to its first wait. Threads that wait for something the clock can't see don't
+// count, nor one that has worked for 200 ms without a wait, and after five times that it isn't waited for at
+// all; but it may have to wait for a busy processor as long as it likes, up to a minute.
 void come_to_rest(std::unique_lock<std::mutex>& lock);
 
 // Makes every blocked thread look again.
