@@ -144,14 +144,38 @@ TEST_F(Waits, WhatAThreadDoesWithARecordBelongsToTheStep)
     EXPECT_EQ(t.ended - start, 15);
 }
 
-// A driver's own thread, of which the clock hears at its first wait: it works for 50 ms of the host's time
-// before, as on a busy desk.
+// Work for 50 ms of the host's time, as on a busy desk.
+void work_hard()
+{
+    timespec now{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    const auto ns = [&now] { return now.tv_sec * 1'000'000'000LL + now.tv_nsec; };
+    for (const long long end = ns() + 50'000'000; ns() < end;)
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+}
+
+TEST_F(Waits, AHeldClockStandsWhenWhatWasDueIsDone)
+{
+    std::atomic<bool> woken = false, done = false;
+    worker t([&] {
+        const timespec pause{0, 1'000'000};
+        plat_nanosleep(&pause, nullptr);
+        woken = true;
+        work_hard();
+        done = true;
+    });
+    ask("clock run");
+    while (!woken)
+        std::this_thread::yield();
+    ask("clock hold");
+    EXPECT_TRUE(done);
+}
+
+// A driver's own thread, of which the clock hears at its first wait.
 std::thread unknown_thread(std::atomic<std::int64_t>& ended)
 {
     return std::thread([&ended] {
-        timespec used{};
-        while (used.tv_nsec < 50'000'000)
-            clock_gettime(CLOCK_THREAD_CPUTIME_ID, &used);
+        work_hard();
         const timespec pause{0, 10'000'000};
         plat_nanosleep(&pause, nullptr);
         ended = now_ms();
