@@ -152,7 +152,10 @@ TEST_F(Sensors, TheQueueFillsAtItsBandwidthAndEndsWhenItIsFull)
         SCOPED_TRACE(int{code});
         write(accel, 0x10, static_cast<std::uint8_t>(8 + code));
         write(accel, 0x3E, 0x40);
-        const auto filled = [](nanoseconds us) { return wait_us(us), read_one(accel, 0x0E); };
+        const auto filled = [](nanoseconds us) {
+            wait_us(us);
+            return read_one(accel, 0x0E);
+        };
         EXPECT_EQ(filled(3 * periods_us[code] - 1), 2);
         EXPECT_EQ(filled(1), 3);
         EXPECT_EQ(filled(29 * periods_us[code]), 32);

@@ -133,8 +133,14 @@ int snd_pcm_hw_free(snd_pcm_t* p) { return granted(p, "hw_free"); }
 int snd_pcm_hw_params_malloc(snd_pcm_hw_params_t** pp) { return made(pp, &params, "params_malloc"); }
 void snd_pcm_hw_params_free(snd_pcm_hw_params_t* p) { freed(p, "params_free"); }
 int snd_pcm_hw_params_any(snd_pcm_t* p, snd_pcm_hw_params_t*) { return granted(p, "any"); }
-int snd_pcm_hw_params_set_access(snd_pcm_t* p, snd_pcm_hw_params_t*, snd_pcm_access_t access) { return granted(p, "access " + std::to_string(access)); }
-int snd_pcm_hw_params_set_format(snd_pcm_t* p, snd_pcm_hw_params_t*, snd_pcm_format_t format) { return granted(p, "format " + std::to_string(format)); }
+int snd_pcm_hw_params_set_access(snd_pcm_t* p, snd_pcm_hw_params_t*, snd_pcm_access_t access)
+{
+    return granted(p, "access " + std::to_string(access));
+}
+int snd_pcm_hw_params_set_format(snd_pcm_t* p, snd_pcm_hw_params_t*, snd_pcm_format_t format)
+{
+    return granted(p, "format " + std::to_string(format));
+}
 int snd_pcm_hw_params_set_rate_near(snd_pcm_t* p, snd_pcm_hw_params_t*, unsigned* p_rate, int*)
 {
     const int result = granted(p, "rate " + std::to_string(*p_rate));
@@ -142,7 +148,10 @@ int snd_pcm_hw_params_set_rate_near(snd_pcm_t* p, snd_pcm_hw_params_t*, unsigned
         *p_rate = alsa_fake.granted_rate;
     return result;
 }
-int snd_pcm_hw_params_set_channels(snd_pcm_t* p, snd_pcm_hw_params_t*, unsigned channels) { return granted(p, "channels " + std::to_string(channels)); }
+int snd_pcm_hw_params_set_channels(snd_pcm_t* p, snd_pcm_hw_params_t*, unsigned channels)
+{
+    return granted(p, "channels " + std::to_string(channels));
+}
 int snd_pcm_hw_params_set_buffer_size_near(snd_pcm_t* p, snd_pcm_hw_params_t*, snd_pcm_uframes_t* p_size)
 {
     const int result = granted(p, "ring " + std::to_string(*p_size));
@@ -150,7 +159,11 @@ int snd_pcm_hw_params_set_buffer_size_near(snd_pcm_t* p, snd_pcm_hw_params_t*, s
         *p_size = alsa_fake.granted_ring;
     return result;
 }
-int snd_pcm_hw_params_set_period_size_near(snd_pcm_t* p, snd_pcm_hw_params_t*, snd_pcm_uframes_t* p_size, int*) { return granted(p, "period " + std::to_string(*p_size)); }
+int snd_pcm_hw_params_set_period_size_near(snd_pcm_t* p, snd_pcm_hw_params_t*, snd_pcm_uframes_t* p_size,
+                                           int*)
+{
+    return granted(p, "period " + std::to_string(*p_size));
+}
 int snd_pcm_hw_params(snd_pcm_t* p, snd_pcm_hw_params_t*) { return granted(p, "hw_params"); }
 int snd_pcm_prepare(snd_pcm_t* p) { return granted(p, "prepare"); }
 int snd_pcm_resume(snd_pcm_t* p) { return granted(p, "resume"); }

@@ -93,7 +93,8 @@ TEST(Camera, ASnapshotTakesThePlaceOfTheOneBefore)
         return 1;
     };
     co.prepare_snapshot = [](const camconf_sizeconfig*) {
-        return camera_desk::asked.push_back("prepare_snapshot"), 0;
+        camera_desk::asked.push_back("prepare_snapshot");
+        return 0;
     };
     const camconf_sizeconfig yuv = {0, 64, 48, 0}, direct = {5, 64, 48, 5};
     EXPECT_EQ(camera_take_snapshot(yuv), 1);
