@@ -9,12 +9,14 @@ namespace {
 
 int measured_mv, measured_ma, known_type;
 
-constexpr battery_co spy = {[](int* p) { return *p = measured_mv, 1; },
-                            [](int* p) { return *p = measured_ma, 1; },
-                            nullptr,
-                            [](int* p) { return *p = known_type, 1; },
-                            nullptr,
-                            nullptr};
+template <int& value>
+int tell(int* p)
+{
+    *p = value;
+    return 1;
+}
+constexpr battery_co spy = {tell<measured_mv>, tell<measured_ma>, nullptr,
+                            tell<known_type>,  nullptr,           nullptr};
 
 struct Battery : testing::Test {
     Battery()

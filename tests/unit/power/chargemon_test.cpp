@@ -36,7 +36,8 @@ int open_log(const char* path, int flags, mode_t mode)
 template <int value>
 int give(int* p_out)
 {
-    return *p_out = value, 1;
+    *p_out = value;
+    return 1;
 }
 
 int give_capacity(int* p_percent, int* p_mv, int* p_ma)
@@ -55,17 +56,25 @@ int charger;
 
 int give_mv(int* p_out)
 {
-    return *p_out = mv, 1;
+    *p_out = mv;
+    return 1;
 }
 
 constexpr battery_co battery_spy = {give_mv, nullptr, give_capacity, give<1>, give<25>, nullptr};
-constexpr charge_co charge_spy = {
-    [](int mode) { return settings += std::to_string(mode) + " ", 1; },
-    [](int query, int* p_out) { return *p_out = charger, query == CHARGE_GET_TYPE ? 1 : 0; },
-    [](std::uint32_t battery_ma, std::uint32_t input_ma) {
-        return settings += std::to_string(battery_ma) + "," + std::to_string(input_ma) + " ", 1;
-    },
-    nullptr, nullptr};
+constexpr charge_co charge_spy = {[](int mode) {
+                                      settings += std::to_string(mode) + " ";
+                                      return 1;
+                                  },
+                                  [](int query, int* p_out) {
+                                      *p_out = charger;
+                                      return query == CHARGE_GET_TYPE ? 1 : 0;
+                                  },
+                                  [](std::uint32_t battery_ma, std::uint32_t input_ma) {
+                                      settings +=
+                                          std::to_string(battery_ma) + "," + std::to_string(input_ma) + " ";
+                                      return 1;
+                                  },
+                                  nullptr, nullptr};
 constexpr usb_co usb_spy = {nullptr, nullptr, [](int, int*) { return 0; }};
 
 constexpr light_map_row no_lights[] = {{0, 0, 0}};

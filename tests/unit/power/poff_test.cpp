@@ -17,7 +17,10 @@ std::string lines; // for the shell
 TEST(Poff, WaitsTwoHoursInRoundsAndTheNewestTimeCounts)
 {
     plat_fake_reset();
-    plat_fake_co.system = [](const char* line) { return lines += std::string(line) + ";", 0; };
+    plat_fake_co.system = [](const char* line) {
+        lines += std::string(line) + ";";
+        return 0;
+    };
     line_spy spy;
     tmr_init();
     cfg_init();

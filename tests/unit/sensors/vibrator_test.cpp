@@ -48,7 +48,10 @@ int fake_capture(int count, std::uint32_t period, std::uint32_t mode, void* p_bu
 
 constexpr vibrator_co whole_co = {
     nullptr,
-    [] { return tell("stop"), 0; },
+    [] {
+        tell("stop");
+        return 0;
+    },
     [](int number, int level) {
         tell("start " + std::to_string(number) + " " + std::to_string(level));
         return level == -2 ? 1 : 0;
